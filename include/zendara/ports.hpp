@@ -1,0 +1,42 @@
+// What the component asks of its surroundings besides the record engine. A host may implement these itself.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zendara {
+
+enum class BoxButtons { kOk, kYesNo };
+enum class BoxIcon { kNone, kCritical, kQuestion, kExclamation, kInformation };
+enum class BoxAnswer { kOk, kYes, kNo };
+
+// A message box. Lines are separated by "\n".
+struct Box {
+  std::string text;
+  BoxButtons buttons = BoxButtons::kOk;
+  BoxIcon icon = BoxIcon::kNone;
+  std::string title;       // empty: the application's title
+  int default_button = 1;  // from 1
+};
+
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  // Modal. Yes/No cannot be left without an answer.
+  virtual BoxAnswer Show(const Box& box) = 0;
+  virtual void Beep() = 0;
+};
+
+// Files beside the databases. Folders are separated by "\" or "/", names found whatever their case.
+class Files {
+ public:
+  virtual ~Files() = default;
+  virtual bool Exists(std::string_view path) const = 0;
+  // The first record of a random-access file: exactly `length` bytes, zeros past the end of the file.
+  // Error 53 when the file is missing, 76 when its folder is, 70 when it may not be read.
+  virtual std::string ReadRecord(std::string_view path, std::size_t length) const = 0;
+};
+
+}  // namespace zendara

@@ -1,0 +1,208 @@
+// The record engine: shared database files, tables with indexes, one current record for each recordset.
+//
+// A host implements nothing of this: it opens databases and recordsets through the engine that it was given by
+// zendara/engines.hpp and hands them to the component, which shares them. Handles keep what they need alive; a database
+// or recordset that was closed raises error 3420.
+//
+// Names of tables, columns and indexes are compared without regard to case. Columns have ordinals from 0. Text
+// comparisons, key searches and index orders ignore case and trailing blanks; accents count; the order is Spanish, Null
+// comes first. Errors are RuntimeError with the numbers named at each operation; `detail()` holds the engine's own words.
+//
+// Threads: one thread at a time for an engine and all that was opened through it.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "zendara/value.hpp"
+
+namespace zendara {
+
+enum class ColumnType { kText, kNumber, kDate };
+
+struct ColumnDef {
+  std::string name;
+  ColumnType type = ColumnType::kText;
+  int width = 0;  // characters of a text column; 0 for the other types
+
+  friend bool operator==(const ColumnDef&, const ColumnDef&) = default;
+};
+
+struct IndexDef {
+  std::string name;
+  std::vector<int> columns;  // ordinals
+  bool primary = false;      // unique and without Null
+
+  friend bool operator==(const IndexDef&, const IndexDef&) = default;
+};
+
+struct TableDef {
+  std::string name;
+  std::vector<ColumnDef> columns;
+  std::vector<IndexDef> indexes;
+
+  const IndexDef* Primary() const;
+  // Position in the vector, or -1. Names without regard to case.
+  int ColumnOrdinal(std::string_view name) const;
+  int IndexOrdinal(std::string_view name) const;
+
+  friend bool operator==(const TableDef&, const TableDef&) = default;
+};
+
+// Identifies a row of one table, for all recordsets on it; it survives changes of the row.
+using Bookmark = std::int64_t;
+
+class Recordset;
+
+// One column of a recordset's current record. Short-lived: it refers to the recordset.
+class Field {
+ public:
+  Field(Recordset& owner, int ordinal) : owner_(owner), ordinal_(ordinal) {}
+
+  // During AddNew the new row (unset columns Null), during Edit the changed row, otherwise the current record.
+  // Error 3021 without a current record, 3167 after it was deleted.
+  Value Get() const;
+  // Only during AddNew or Edit (3020). Converts to the column's type: a date or number becomes its text, a text is read
+  // as a number by CDbl or as a date; 3421 if it cannot be, also for the empty text. 3163 when longer than the column.
+  void Set(const Value& value) const;
+  const ColumnDef& Column() const;
+
+ private:
+  Recordset& owner_;
+  int ordinal_;
+};
+
+// A table-type recordset has an index, Seek and writes. A query recordset is a read-only result in the order of the
+// query: its writes are error 3027, its Index and Seek error 3019, its NoMatch stays False.
+//
+// Current record. After opening it is the first row, if any. AddNew, Edit, a move, Seek and setting Index drop a pending
+// change silently; Update after AddNew leaves the record that was current before. After Delete the position stays
+// between its neighbours: reading is 3167, moves go to them. A Seek that finds nothing leaves no current record; Bof and
+// Eof stay as they were.
+class Recordset {
+ public:
+  virtual ~Recordset() = default;
+
+  virtual const std::vector<ColumnDef>& Columns() const = 0;
+  // Error 3265 for a name or ordinal that is not there.
+  Field Fields(int ordinal);
+  Field Fields(std::string_view name);
+
+  // Name of the index in use, empty if none. Setting goes to that index's first record, also when set again; 3015 for a
+  // name that the table does not have.
+  virtual std::string Index() const = 0;
+  virtual void SetIndex(std::string_view name) = 0;
+  // Exact search from the start of the index, with as many keys as it has columns or fewer: first match in its order.
+  // Keys are converted like assignments (3421). Without an index 3019, with too many keys 5.
+  virtual void Seek(const std::vector<Value>& keys) = 0;
+  virtual bool NoMatch() const = 0;
+
+  virtual bool Bof() const = 0;
+  virtual bool Eof() const = 0;
+  // Table-type: exact. Query: 0 if empty, otherwise the rows reached so far, 1 after opening.
+  virtual std::int64_t RecordCount() const = 0;
+
+  // On an empty set, or from no current record, error 3021. MoveNext past the last row makes Eof True; the next one is
+  // 3021. MovePrevious likewise with Bof.
+  virtual void MoveFirst() = 0;
+  virtual void MoveLast() = 0;
+  virtual void MoveNext() = 0;
+  virtual void MovePrevious() = 0;
+
+  virtual void AddNew() = 0;
+  // Reads the current record afresh; 3021 without one, 3167 when it was deleted, also by another program.
+  virtual void Edit() = 0;
+  // Durable when it returns. 3020 without AddNew or Edit; 3022 duplicate key, 3058 Null in the primary key, 3197 the row
+  // was changed by another program since Edit: nothing is written, the pending change stays.
+  virtual void Update() = 0;
+  virtual void CancelUpdate() = 0;
+  virtual void Delete() = 0;
+
+  // Own position over the same rows, no current record at first, no index set; bookmarks serve both.
+  virtual std::shared_ptr<Recordset> Clone() = 0;
+  virtual zendara::Bookmark Bookmark() const = 0;  // 3021 without a current record
+  virtual void GoTo(zendara::Bookmark bookmark) = 0;  // 3167 when the row is gone
+
+  virtual void Close() = 0;
+
+ private:
+  friend class Field;
+  virtual Value GetColumn(int ordinal) const = 0;
+  virtual void SetColumn(int ordinal, const Value& value) = 0;
+};
+
+// A named query of a database. The component keeps one and never runs it.
+class QueryDef {
+ public:
+  QueryDef(std::string name, std::string sql) : name_(std::move(name)), sql_(std::move(sql)) {}
+  const std::string& Name() const { return name_; }
+  const std::string& Sql() const { return sql_; }
+
+ private:
+  std::string name_;
+  std::string sql_;
+};
+
+enum class RecordsetType { kTable = 1, kQuery = 2 };
+
+class Database {
+ public:
+  virtual ~Database() = default;
+
+  // The path as it was given to OpenDatabase.
+  virtual const std::string& Name() const = 0;
+
+  // kTable: `source` is a table, 3011 if it does not exist. kQuery: a table or one SELECT of the dialect, 3078 unknown
+  // table, 3061 unknown column, 3075 anything else that is wrong with the text.
+  virtual std::shared_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) = 0;
+  // kQuery.
+  std::shared_ptr<Recordset> OpenRecordset(std::string_view sql) { return OpenRecordset(sql, RecordsetType::kQuery); }
+  // Runs one DELETE * FROM table [WHERE ...]; any other text is 3075.
+  virtual void Execute(std::string_view sql) = 0;
+
+  // 3012 when a query of that name exists; it stays in the file.
+  virtual std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql = {}) = 0;
+  // 3265 when there is none of that name.
+  virtual std::shared_ptr<QueryDef> QueryDefs(std::string_view name) = 0;
+
+  // Definitions as the file has them, in the order of creation.
+  virtual std::vector<TableDef> Tables() = 0;
+  // 3010 when the table exists.
+  virtual void CreateTable(const TableDef& table) = 0;
+  // One line a fault that the store finds in itself (structure, index entries); empty when it is sound.
+  virtual std::vector<std::string> CheckIntegrity() = 0;
+
+  // Long runs of writes as one: rows are durable, and seen by other programs, when CommitTrans returns. 3034 without
+  // BeginTrans. A transaction that is pending when the last handle goes is undone.
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void Rollback() = 0;
+
+  virtual void Close() = 0;
+};
+
+class Workspace {
+ public:
+  virtual ~Workspace() = default;
+
+  // Shared, read-write. Folders are separated by "\" or "/", names found whatever their case. 3024 missing file, 3044
+  // missing folder, 3343 a file of another kind, 3049 damaged, 3051 no permission, 3055 no name at all.
+  virtual std::shared_ptr<Database> OpenDatabase(std::string_view path) = 0;
+  // A new empty file, opened; 3010 kin: an existing file is never touched (error 3012).
+  virtual std::shared_ptr<Database> CreateDatabase(std::string_view path) = 0;
+};
+
+class Engine {
+ public:
+  virtual ~Engine() = default;
+
+  // 0 is the default workspace; other numbers are error 3265.
+  virtual std::shared_ptr<Workspace> Workspaces(int number) = 0;
+  // Frees read locks: other programs' finished changes are seen from here on.
+  virtual void Idle(int action) = 0;
+};
+
+}  // namespace zendara

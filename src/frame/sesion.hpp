@@ -1,0 +1,67 @@
+// The session globals in one structure. The component holds one instance and hands it down by reference.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "runtime/text.hpp"
+#include "zendara/ports.hpp"
+#include "zendara/record_engine.hpp"
+
+namespace zendara {
+
+// Surroundings of the component, given once by the host. Nothing is owned; all outlive the component's use.
+struct Platform {
+  Engine* engine = nullptr;
+  Dialogs* dialogs = nullptr;
+  Files* files = nullptr;
+  std::string application_folder;  // holds DATOS; without a separator at its end
+};
+
+inline constexpr int kSlots = 500;
+
+struct Sesion {
+  explicit Sesion(Platform platform) : platform(std::move(platform)) {}
+
+  Platform platform;
+
+  // Handles shared with the host. BDEmpresa is the database opened last, not always the company's.
+  std::shared_ptr<Database> BDEmpresa;
+  std::shared_ptr<Database> BDSegunda;
+  std::array<std::shared_ptr<Recordset>, kSlots + 1> Tablas;  // slots 1 to 500
+  std::shared_ptr<Workspace> WsTrabajo;
+  std::shared_ptr<QueryDef> ConsultaQD;
+
+  // From the session object at entry.
+  FixedText<5> CodEmpresa;
+  FixedText<53> NomEmpresa;
+  FixedText<2> AnoTrabajo;
+  FixedText<7> CambioEuro;
+  FixedText<8> ValorSesion8;
+  FixedText<1> ValorSesion1;
+  std::int16_t ValorSesionEntero = 0;
+  std::string CodPrograma;
+  std::string TextoRetorno;  // "P" pesetas, anything else the other currency
+  Date FechaSesion;
+
+  // Folders, with a backslash at their end; set by CargaParametros.
+  std::string DirPrograma;
+  std::string DirDatos;
+
+  // First records of the three parameter files, raw.
+  std::string ParametrosListado;  // IMPM1600.DAT, 256 bytes
+  std::string ParametrosImpresion;  // IMPM0999.DAT, 300 bytes
+  std::string ParametrosNomina;  // NOM00997.DAT, 256 bytes
+
+  // Scratch shared by all routines, meaningless between operations.
+  std::string SqlTexto;
+  std::shared_ptr<Recordset> RsTrabajo;
+  std::shared_ptr<Recordset> RsAuxiliar;
+
+  // The recordset of a slot; error 91 when the host filled nothing in.
+  Recordset& Tabla(int slot) const;
+};
+
+}  // namespace zendara

@@ -1,0 +1,1 @@
+#include "zendara/record_engine.hpp"

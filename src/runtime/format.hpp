@@ -1,0 +1,20 @@
+// The `Format` masks that the system uses: dates and whole numbers with sections.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "zendara/value.hpp"
+
+namespace zendara {
+
+// Date masks are made of d/dd, m/mm, yy/yyyy in any case and separators: a date, a number (serial) or a text that CDate
+// reads is formatted, another text comes back unchanged, the empty text is empty.
+// Numeric masks are made of 0, blanks and up to three sections (positive; negative; zero): a number or a text that
+// reads as one by CDbl is rounded half away from zero and formatted, another text comes back unchanged.
+// Null gives Null.
+Value Format(const Value& value, std::string_view mask);
+// The same where a text is needed: Null is error 94.
+std::string FormatText(const Value& value, std::string_view mask);
+
+}  // namespace zendara

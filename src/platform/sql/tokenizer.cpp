@@ -1,0 +1,150 @@
+#include "platform/sql/tokenizer.hpp"
+
+#include <array>
+#include <charconv>
+#include <optional>
+#include <utility>
+
+#include "runtime/date.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara::sql {
+namespace {
+
+constexpr std::string_view kBadText = "Error de sintaxis en la cadena";
+constexpr std::string_view kBadDate = "Error de sintaxis en la fecha";
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool StartsWord(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+// Three runs of digits between "/" or "-".
+std::optional<std::array<int, 3>> SplitDate(std::string_view text) {
+  std::array<int, 3> parts{};
+  const char* at = text.data();
+  const char* end = at + text.size();
+  for (int i = 0; i < 3; ++i) {
+    while (at != end && *at == ' ') ++at;
+    const auto [next, error] = std::from_chars(at, end, parts[static_cast<std::size_t>(i)]);
+    if (error != std::errc() || next - at > 4 || !IsDigit(*at)) return std::nullopt;
+    at = next;
+    while (at != end && *at == ' ') ++at;
+    if (i < 2 && (at == end || (*at != '/' && *at != '-'))) return std::nullopt;
+    if (i < 2) ++at;
+  }
+  if (at != end) return std::nullopt;
+  return parts;
+}
+
+int WholeYear(int year) { return year < 100 ? FullYear(year) : year; }
+
+// The language's own order, whatever the locale: month first, then year first, then day first.
+std::optional<Date> ReadLiteralDate(std::string_view text) {
+  const auto parts = SplitDate(text);
+  if (!parts) return std::nullopt;
+  const auto [a, b, c] = *parts;
+  if (const auto date = MakeDate(WholeYear(c), a, b)) return date;
+  if (const auto date = MakeDate(WholeYear(a), b, c)) return date;
+  return MakeDate(WholeYear(c), b, a);
+}
+
+class Scanner {
+ public:
+  explicit Scanner(std::string_view sql) : sql_(sql) {}
+
+  std::vector<Token> Run() {
+    std::vector<Token> tokens;
+    for (SkipBlanks(); at_ < sql_.size(); SkipBlanks()) tokens.push_back(Next());
+    tokens.emplace_back();
+    return tokens;
+  }
+
+ private:
+  void SkipBlanks() {
+    while (at_ < sql_.size() && IsBlank(sql_[at_])) ++at_;
+  }
+
+  Token Next() {
+    const char c = sql_[at_];
+    if (c == '\'' || c == '"') return Text(c);
+    if (c == '#') return DateLiteral();
+    if (c == '[') return Bracketed();
+    if (IsDigit(c)) return Number();
+    if (StartsWord(c)) return Word();
+    return Symbol();
+  }
+
+  Token Text(char quote) {
+    std::string text;
+    for (++at_; at_ < sql_.size(); ++at_) {
+      if (sql_[at_] == quote) {
+        if (at_ + 1 == sql_.size() || sql_[at_ + 1] != quote) {
+          ++at_;
+          return {TokenKind::kLiteral, {}, true, Value(std::move(text))};
+        }
+        ++at_;
+      }
+      text += sql_[at_];
+    }
+    FailSyntax(sql_, kBadText);
+  }
+
+  Token DateLiteral() {
+    const std::size_t end = sql_.find('#', at_ + 1);
+    if (end == std::string_view::npos) FailSyntax(sql_, kBadDate);
+    const auto date = ReadLiteralDate(sql_.substr(at_ + 1, end - at_ - 1));
+    if (!date) FailSyntax(sql_, kBadDate);
+    at_ = end + 1;
+    return {TokenKind::kLiteral, {}, true, Value(*date)};
+  }
+
+  Token Bracketed() {
+    const std::size_t end = sql_.find(']', at_);
+    if (end == std::string_view::npos) FailSyntax(sql_);
+    Token token{TokenKind::kWord, std::string(sql_.substr(at_ + 1, end - at_ - 1)), true, {}};
+    at_ = end + 1;
+    return token;
+  }
+
+  Token Number() {
+    double number = 0;
+    const char* begin = sql_.data() + at_;
+    const auto [end, error] = std::from_chars(begin, sql_.data() + sql_.size(), number);
+    if (error != std::errc()) FailSyntax(sql_);
+    at_ += static_cast<std::size_t>(end - begin);
+    return {TokenKind::kLiteral, {}, true, Value(number)};
+  }
+
+  Token Word() {
+    const std::size_t begin = at_;
+    while (at_ < sql_.size() && (StartsWord(sql_[at_]) || IsDigit(sql_[at_]))) ++at_;
+    return {TokenKind::kWord, std::string(sql_.substr(begin, at_ - begin)), false, {}};
+  }
+
+  Token Symbol() {
+    for (const std::string_view symbol : {"<>", "<=", ">=", "=", "<", ">", "(", ")", ",", ".", "*", "-", ";"}) {
+      if (sql_.substr(at_).starts_with(symbol)) {
+        at_ += symbol.size();
+        return {TokenKind::kSymbol, std::string(symbol), false, {}};
+      }
+    }
+    FailSyntax(sql_);
+  }
+
+  std::string_view sql_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace
+
+std::vector<Token> Tokenize(std::string_view sql) { return Scanner(sql).Run(); }
+
+void FailSyntax(std::string_view sql, std::string_view cause) {
+  throw RuntimeError(kQuerySyntax, {std::string(cause), std::string(sql)});
+}
+
+}  // namespace zendara::sql

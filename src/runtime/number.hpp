@@ -1,6 +1,7 @@
 // Numbers and their texts, independent of the machine's locale.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -8,6 +9,10 @@
 #include "zendara/value.hpp"
 
 namespace zendara {
+
+// Texts of every kind go the same way as std::string_view.
+template <typename T>
+concept TextLike = std::convertible_to<const T&, std::string_view>;
 
 // Number to text with 15 significant digits: blank before zero and positive numbers, decimal point, no zero before it.
 std::string Str(double number);
@@ -24,9 +29,17 @@ double Val(std::string_view text);
 double CDbl(std::string_view text);
 // Number or date (its serial) as it is, text as above, Null error 94.
 double CDbl(const Value& value);
+template <TextLike T>
+double CDbl(const T& text) {
+  return CDbl(std::string_view(text));
+}
 // True exactly when CDbl of the text succeeds; Null and dates are no numbers.
 bool IsNumeric(std::string_view text);
 bool IsNumeric(const Value& value);
+template <TextLike T>
+bool IsNumeric(const T& text) {
+  return IsNumeric(std::string_view(text));
+}
 
 // Ties to even; outside of 16 or 32 bits error 6.
 std::int16_t CInt(double number);

@@ -24,6 +24,9 @@ constexpr std::pair<std::string_view, Operator> kComparisons[] = {
     {"=", Operator::kEqual}, {"<>", Operator::kNotEqual}, {"<", Operator::kLess}, {"<=", Operator::kLessEqual},
     {">", Operator::kGreater}, {">=", Operator::kGreaterEqual}};
 
+// Deeper nesting is refused before it exhausts the stack.
+constexpr int kMaxDepth = 200;
+
 // Columns of a select list stand before the tables they belong to, so names are kept and resolved once FROM is read.
 class Parser {
  public:
@@ -203,8 +206,10 @@ class Parser {
   }
 
   Expression Negation() {
-    if (!Accept("not")) return Condition();
-    return {Operation{Operator::kNot, {Negation()}}};
+    if (++depth_ > kMaxDepth) FailSyntax(sql_);
+    Expression result = Accept("not") ? Expression{Operation{Operator::kNot, {Negation()}}} : Condition();
+    --depth_;
+    return result;
   }
 
   Expression Condition() {
@@ -367,6 +372,7 @@ class Parser {
   std::vector<TableRef> tables_;
   std::vector<std::string> unknown_;
   int unnamed_ = 0;
+  int depth_ = 0;
 };
 
 }  // namespace

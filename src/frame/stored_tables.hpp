@@ -35,5 +35,7 @@ const StoredFile* FileWithTable(std::string_view table);
 
 // File name without a folder. `code` has five characters, `year` two digits; each is used where the pattern has it.
 std::string FileName(FileKind kind, std::string_view code, std::string_view year);
+// The same for a name in another spelling, with the marks "<code>" and "<yy>".
+std::string FillFileName(std::string_view pattern, std::string_view code, std::string_view year);
 
 }  // namespace zendara

@@ -26,17 +26,19 @@ int FullYear(int two_digits);
 
 // Nothing when there is no such day or it is out of range.
 std::optional<Date> MakeDate(int year, int month, int day);
+// Error 6 outside of the range, here and wherever a date is taken apart.
 DateParts PartsOf(Date date);
 
 // The permissive reading of texts: the first order of day/month/year, year/month/day, month/day/year, year/day/month
-// that gives a real date wins. Separators "/", "-" or blanks; two parts take the current year. Nothing if no date.
+// that gives a real date wins. Separators "/", "-" or blanks. Two parts are day/month or month/day of the current year,
+// else year/month or month/year from its first day. Nothing if no date.
 std::optional<Date> ReadDate(std::string_view text);
 // Day, month, year only, otherwise as above: 29/02/01 is no date here.
 std::optional<Date> ReadDateStrict(std::string_view text);
 
 bool IsDate(const Value& value);
 // A date as it is; a number is a serial; a text as in ReadDate, then as a plain number that is a serial; otherwise
-// error 13. Null is error 94.
+// error 13. Null is error 94, a number out of the range error 6.
 Date CDate(const Value& value);
 
 // Null in gives Null out; otherwise through CDate.

@@ -15,6 +15,7 @@ template <typename T>
 concept TextLike = std::convertible_to<const T&, std::string_view>;
 
 // Number to text with 15 significant digits: blank before zero and positive numbers, decimal point, no zero before it.
+// What is not finite is error 6.
 std::string Str(double number);
 // The implicit conversion: no blank, decimal comma, zero before it.
 std::string CStr(double number);
@@ -22,10 +23,11 @@ std::string CStr(double number);
 std::string CStr(const Value& value);
 
 // The longest number at the start of the text, blanks skipped anywhere, decimal point only, exponent E or D, &H and &O
-// as 16- or 32-bit integers; 0 if there is none. Error 6 on overflow, 13 on a type mark such as "5.5%".
+// as 16- or 32-bit integers; 0 if there is none. Error 6 on overflow, 13 on the mark of an integer type (% or &) after a
+// point or an exponent, such as "5.5%".
 double Val(std::string_view text);
-// Implicit conversion with the decimal comma; thousands points are ignored at any place before it. Error 13 if the
-// text is no number, 6 on overflow.
+// Implicit conversion with the decimal comma; thousands points are ignored at any place before it. A sign before or
+// after or brackets, "€" or "Pts", an exponent; &H and &O. Error 13 if the text is no number, 6 on overflow.
 double CDbl(std::string_view text);
 // Number or date (its serial) as it is, text as above, Null error 94.
 double CDbl(const Value& value);

@@ -27,7 +27,7 @@ std::string RTrim(std::string_view text);
 std::string UCase(std::string_view text);
 std::string LCase(std::string_view text);
 
-// `count` times the character `c`.
+// `count` times the character `c`; error 5 on a negative count.
 std::string Repeat(char c, int count);
 // Cut on the right to `width` characters, or padded there with blanks.
 std::string Fit(std::string_view text, std::size_t width);

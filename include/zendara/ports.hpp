@@ -17,7 +17,7 @@ struct Box {
   std::string text;
   BoxButtons buttons = BoxButtons::kOk;
   BoxIcon icon = BoxIcon::kNone;
-  std::string title;       // empty: the application's title
+  std::string title{};     // empty: the application's title
   int default_button = 1;  // from 1
 };
 

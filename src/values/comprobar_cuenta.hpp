@@ -1,0 +1,16 @@
+// The control digits of a Spanish bank account.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "zendara/ports.hpp"
+
+namespace zendara {
+
+// The two control digits as a number. A box tells when `dc` differs from them to the letter; nothing is refused.
+// Characters that are no digits count 0, missing ones too.
+std::int16_t ComprobarCuenta(std::string_view entidad, std::string_view oficina, std::string_view dc,
+                             std::string_view numero, Dialogs& dialogs);
+
+}  // namespace zendara

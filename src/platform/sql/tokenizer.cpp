@@ -88,6 +88,7 @@ class Scanner {
         }
         ++at_;
       }
+      if (sql_[at_] == '\0') break;  // engines end a statement there
       text += sql_[at_];
     }
     FailSyntax(sql_, kBadText);

@@ -1,0 +1,180 @@
+#include "adapters/sqlite/statement.hpp"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+#include "runtime/date.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara::sqlite {
+namespace {
+
+constexpr double kSecondsADay = 86400;
+
+int NumberOf(int code) {
+  switch (code) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+      return kDuplicateKey;
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return kNullInKey;
+    case SQLITE_CANTOPEN_ISDIR:
+      return kPathFileAccess;
+    default:
+      break;
+  }
+  switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return kLocked;
+    case SQLITE_FULL:
+      return kNoDiskSpace;
+    case SQLITE_READONLY:
+      return kReadOnly;
+    case SQLITE_NOTADB:
+      return kForeignFile;
+    case SQLITE_CORRUPT:
+      return kDamagedFile;
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+      return kCannotOpenFile;
+    case SQLITE_NOMEM:
+      return kOutOfMemory;
+    case SQLITE_CONSTRAINT:
+      return kDuplicateKey;
+    case SQLITE_MISMATCH:
+      return kDataConversion;
+    default:
+      return kDeviceIoError;
+  }
+}
+
+std::string_view Digits(char* buffer, int number, int width) {
+  for (int i = width - 1; i >= 0; --i, number /= 10) buffer[i] = static_cast<char>('0' + number % 10);
+  return {buffer, static_cast<std::size_t>(width)};
+}
+
+bool ReadDigits(std::string_view text, std::size_t at, std::size_t width, int& number) {
+  if (at + width > text.size()) return false;
+  const char* begin = text.data() + at;
+  const auto [end, error] = std::from_chars(begin, begin + width, number);
+  return error == std::errc() && end == begin + width && *begin != '-';
+}
+
+}  // namespace
+
+void Fail(int code, const std::string& name, const std::string& detail) {
+  throw RuntimeError(NumberOf(code), {name}, detail);
+}
+
+void Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+Statement::Statement(sqlite3* database, const std::string& file, std::string_view sql) : file_(&file) {
+  sqlite3_stmt* prepared = nullptr;
+  const int code = sqlite3_prepare_v3(database, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
+                                      &prepared, nullptr);
+  statement_.reset(prepared);
+  if (code != SQLITE_OK) Fail(sqlite3_extended_errcode(database), file, sqlite3_errmsg(database));
+}
+
+void Statement::Bind(int parameter, const Value& value) {
+  if (value.IsText()) {
+    const std::string& text = value.Text();
+    sqlite3_bind_text64(get(), parameter, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  } else if (value.IsNumber()) {
+    sqlite3_bind_double(get(), parameter, value.Number());
+  } else if (value.IsDate()) {
+    const std::string text = StoredDate(value.AsDate());
+    sqlite3_bind_text64(get(), parameter, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  } else {
+    sqlite3_bind_null(get(), parameter);
+  }
+}
+
+void Statement::Bind(int parameter, std::int64_t number) { sqlite3_bind_int64(get(), parameter, number); }
+
+bool Statement::Step() {
+  const int code = sqlite3_step(get());
+  if (code == SQLITE_ROW) return true;
+  if (code == SQLITE_DONE) return false;
+  sqlite3* database = sqlite3_db_handle(get());
+  const int extended = sqlite3_extended_errcode(database);
+  const std::string detail = sqlite3_errmsg(database);
+  Reset();
+  Fail(extended, *file_, detail);
+}
+
+void Statement::Reset() { sqlite3_reset(get()); }
+
+void Statement::Run() {
+  while (Step()) {
+  }
+  Reset();
+}
+
+bool Statement::IsNull(int column) const { return sqlite3_column_type(get(), column) == SQLITE_NULL; }
+
+std::int64_t Statement::Integer(int column) const { return sqlite3_column_int64(get(), column); }
+
+std::string_view Statement::Text(int column) const {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(get(), column));
+  return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(get(), column)))
+              : std::string_view();
+}
+
+Value Statement::Read(int column, ColumnType type) const {
+  if (IsNull(column)) return {};
+  switch (type) {
+    case ColumnType::kText:
+      return Value(Text(column));
+    case ColumnType::kNumber:
+      return Value(sqlite3_column_double(get(), column));
+    case ColumnType::kDate:
+      return Value(ReadStoredDate(Text(column)));
+  }
+  return {};
+}
+
+std::string StoredDate(Date date) {
+  const double day = std::floor(date.serial);
+  const DateParts parts = PartsOf(Date{day});
+  std::array<char, 4> buffer;
+  std::string text(Digits(buffer.data(), parts.year, 4));
+  text += '-';
+  text += Digits(buffer.data(), parts.month, 2);
+  text += '-';
+  text += Digits(buffer.data(), parts.day, 2);
+  const int seconds = static_cast<int>(std::min(std::round((date.serial - day) * kSecondsADay), kSecondsADay - 1));
+  if (seconds == 0) return text;
+  for (const auto& [separator, number] : {std::pair(' ', seconds / 3600), {':', seconds / 60 % 60}, {':', seconds % 60}}) {
+    text += separator;
+    text += Digits(buffer.data(), number, 2);
+  }
+  return text;
+}
+
+Date ReadStoredDate(std::string_view text) {
+  int year = 0;
+  int month = 0;
+  int day = 0;
+  if (ReadDigits(text, 0, 4, year) && ReadDigits(text, 5, 2, month) && ReadDigits(text, 8, 2, day)) {
+    auto date = MakeDate(year, month, day);
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    if (date && text.size() == 10) return *date;
+    if (date && ReadDigits(text, 11, 2, hour) && ReadDigits(text, 14, 2, minute) && ReadDigits(text, 17, 2, second)) {
+      date->serial += (hour * 3600 + minute * 60 + second) / kSecondsADay;
+      return *date;
+    }
+  }
+  throw RuntimeError(kDataConversion, {}, text);
+}
+
+}  // namespace zendara::sqlite

@@ -5,25 +5,19 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "runtime/text.hpp"
-#include "zendara/ports.hpp"
+#include "zendara/platform.hpp"
 #include "zendara/record_engine.hpp"
 
 namespace zendara {
 
-// Surroundings of the component, given once by the host. Nothing is owned; all outlive the component's use.
-struct Platform {
-  Engine* engine = nullptr;
-  Dialogs* dialogs = nullptr;
-  Files* files = nullptr;
-  std::string application_folder;  // holds DATOS; without a separator at its end
-};
-
 inline constexpr int kSlots = 500;
 
 struct Sesion {
-  explicit Sesion(Platform platform) : platform(std::move(platform)) {}
+  explicit Sesion(Platform surroundings) : platform(std::move(surroundings)) {}
 
   Platform platform;
 
@@ -51,17 +45,19 @@ struct Sesion {
   std::string DirDatos;
 
   // First records of the three parameter files, raw.
-  std::string ParametrosListado;  // IMPM1600.DAT, 256 bytes
+  std::string ParametrosListado;    // IMPM1600.DAT, 256 bytes
   std::string ParametrosImpresion;  // IMPM0999.DAT, 300 bytes
-  std::string ParametrosNomina;  // NOM00997.DAT, 256 bytes
+  std::string ParametrosNomina;     // NOM00997.DAT, 256 bytes
 
   // Scratch shared by all routines, meaningless between operations.
   std::string SqlTexto;
   std::shared_ptr<Recordset> RsTrabajo;
   std::shared_ptr<Recordset> RsAuxiliar;
 
-  // The recordset of a slot; error 91 when the host filled nothing in.
+  // The recordset of a slot; error 91 when the host filled nothing in, 9 when there is no such slot.
   Recordset& Tabla(int slot) const;
+  // AnoTrabajo takes the last two characters, and two-digit years fall in the window of that year if they are a number.
+  void PonEjercicio(std::string_view ejercicio);
 };
 
 }  // namespace zendara

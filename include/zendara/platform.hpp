@@ -1,0 +1,19 @@
+// The surroundings that a host gives to the component, once, before its first call.
+#pragma once
+
+#include <string>
+
+#include "zendara/ports.hpp"
+#include "zendara/record_engine.hpp"
+
+namespace zendara {
+
+// Nothing is owned; all outlive the component's use.
+struct Platform {
+  Engine* engine = nullptr;
+  Dialogs* dialogs = nullptr;
+  Files* files = nullptr;
+  std::string application_folder;  // holds DATOS; without a separator at its end
+};
+
+}  // namespace zendara

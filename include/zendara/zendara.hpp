@@ -1,0 +1,123 @@
+// What a host includes: the public class of the component, and the functions of an in-process component.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "zendara/morlane.hpp"
+#include "zendara/platform.hpp"
+#include "zendara/record_engine.hpp"
+
+namespace zendara {
+
+// Gives the component its surroundings, before the first screen is shown; a later call replaces them.
+// REQUIRES: engine, dialogs and files are set.
+void InstallPlatform(Platform platform);
+
+// The host's open recordsets by slot: the item of index i stands at i - lower_bound. Empty handles are allowed.
+struct RecordsetArray {
+  int lower_bound = 0;
+  std::vector<std::shared_ptr<Recordset>> items;
+
+  // Error 9 outside of the array.
+  const std::shared_ptr<Recordset>& At(int index) const;
+};
+
+// The public class. An instance has no data of its own: all instances share the component's state, and what NumBas
+// stored outlives them. One thread.
+class ClsZendara {
+ public:
+  // Takes over the host's databases, the slots 1 to 500 and the session's values, shows the screen named
+  // "Trabajadores", "MIncidencias", "MIncidenciasESP" or "MIncidenciasVAR" (case counts; another name shows nothing),
+  // waits until the user has closed it, and hands the currency mark back to the session. Databases and recordsets are
+  // shared, never closed. A step that fails is passed over and leaves the earlier value: the caller is told nothing.
+  void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
+                        const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT, Morlane& ObjMorlane) noexcept;
+  // Write only: the number that fich2 reads back.
+  void NumBas(std::int16_t valor) noexcept;
+  // Read only: the number last stored through NumBas of any instance, 0 before.
+  std::int16_t fich2() const noexcept;
+  // Read only: always the empty text.
+  std::string Fch() const;
+};
+
+// An in-process component as a loader sees it: reference-counted objects whose operations stand in a fixed order.
+// Objects delete themselves at the Release that brings their count to 0.
+
+using Result = std::int32_t;
+inline constexpr Result kResultOk = 0;
+inline constexpr Result kResultFalse = 1;
+inline constexpr Result kNoInterface = static_cast<Result>(0x80004002);
+inline constexpr Result kNullPointer = static_cast<Result>(0x80004003);
+inline constexpr Result kOutOfMemoryResult = static_cast<Result>(0x8007000E);
+inline constexpr Result kNoAggregation = static_cast<Result>(0x80040110);
+inline constexpr Result kClassNotAvailable = static_cast<Result>(0x80040111);
+
+struct Guid {
+  std::uint32_t data1 = 0;
+  std::uint16_t data2 = 0;
+  std::uint16_t data3 = 0;
+  std::uint8_t data4[8] = {};
+
+  friend bool operator==(const Guid&, const Guid&) = default;
+};
+
+inline constexpr Guid kUnknownId = {0x00000000, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr Guid kClassFactoryId = {0x00000001, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+// The class ClsZendara and the interface of its instances.
+inline constexpr Guid kZendaraClassId = {0x6C1B83D4, 0x52E7, 0x4F0A, {0x9B, 0x3D, 0x27, 0xE4, 0x5A, 0x90, 0xC8, 0x11}};
+inline constexpr Guid kZendaraId = {0x6C1B83D5, 0x52E7, 0x4F0A, {0x9B, 0x3D, 0x27, 0xE4, 0x5A, 0x90, 0xC8, 0x11}};
+
+class Unknown {
+ public:
+  // The object under another of its interfaces, counted once more. kNoInterface leaves null in `object`, kNullPointer
+  // is for a missing argument.
+  virtual Result QueryInterface(const Guid* id, void** object) noexcept = 0;
+  // Both give the new count.
+  virtual std::uint32_t AddRef() noexcept = 0;
+  virtual std::uint32_t Release() noexcept = 0;
+
+ protected:
+  ~Unknown() = default;
+};
+
+class ClassFactory : public Unknown {
+ public:
+  // A new instance, counted once. `outer` must be null (kNoAggregation).
+  virtual Result CreateInstance(Unknown* outer, const Guid* id, void** object) noexcept = 0;
+  // Keeps the component in memory while locked more often than unlocked.
+  virtual Result LockServer(bool lock) noexcept = 0;
+
+ protected:
+  ~ClassFactory() = default;
+};
+
+// An instance of ClsZendara: its members in their order.
+class ZendaraObject : public Unknown {
+ public:
+  virtual void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
+                                const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT,
+                                Morlane& ObjMorlane) noexcept = 0;
+  virtual void NumBas(std::int16_t valor) noexcept = 0;
+  virtual std::int16_t fich2() const noexcept = 0;
+  virtual std::string Fch() const = 0;
+
+ protected:
+  ~ZendaraObject() = default;
+};
+
+}  // namespace zendara
+
+// The four functions that the component exports. Texts and handles pass in the standard library's types, so the host is
+// built with the same compiler.
+extern "C" {
+
+// The class factory of kZendaraClassId, as kClassFactoryId or kUnknownId. kClassNotAvailable for another class.
+zendara::Result DllGetClassObject(const zendara::Guid* class_id, const zendara::Guid* id, void** object) noexcept;
+// kResultOk when no object lives and no factory is locked, otherwise kResultFalse.
+zendara::Result DllCanUnloadNow() noexcept;
+zendara::Result DllRegisterServer() noexcept;
+zendara::Result DllUnregisterServer() noexcept;
+}

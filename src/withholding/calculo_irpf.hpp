@@ -3,7 +3,7 @@
 
 #include <array>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "zendara/value.hpp"
 
@@ -50,7 +50,7 @@ struct CondicionesIRPF {
 };
 
 // Every step of one calculation, each figure as the text that the calculation holds at that point; for the clerk who
-// asks where a rate comes from.
+// asks where a rate comes from. A zero may stand as the empty text; a base below zero is "0".
 struct DesgloseIRPF {
   std::string rendimiento_neto;
   std::string reduccion_trabajo;
@@ -74,16 +74,22 @@ struct DesgloseIRPF {
   std::string tramo_desde;
   std::string tramo_cuota;
   std::string tramo_tipo;
-  std::string cuota_escala;    // amount that the scale gives
-  std::string limite;          // no-withholding limit with its increase
-  bool bajo_limite = false;    // the remuneration does not exceed the limit
-  std::string tope;            // the cap, empty when it does not apply
+  std::string tramo_resto;         // what of the base exceeds the bracket's start
+  std::string cuota_escala;        // amount that the scale gives
+  std::string limite_sin_aumento;  // from this one the cap is measured
+  std::string limite;              // no-withholding limit with its increase
+  bool bajo_limite = false;        // the remuneration does not exceed the limit
+  std::string tope;                // the cap, empty when there is none for this remuneration
   bool tope_aplicado = false;
-  std::string cuota_retencion; // amount after the cap
-  std::string tipo_calculado;  // rate before the minimum rates
-  std::string tipo_minimo;     // minimum rate of the contract class that was applied, empty if none
-  std::string tipo;            // the result
+  std::string cuota_retencion;  // amount after the cap
+  std::string tipo_sin_ceuta;   // rate before the halving of Ceuta and Melilla; empty for zero
+  std::string tipo_calculado;   // rate before the minimum rates; empty for zero
+  std::string tipo_minimo;      // minimum rate of the contract class that was applied, empty if none
+  std::string tipo;             // the result
 };
+
+// Year in which the working year ends, that of the date 31/12/20 followed by `ano`. Error 13 when that is no date.
+int AnoFin(std::string_view ano);
 
 // `tipo` is the rate: decimal comma, at most two decimals, "0" when nothing is to be withheld. Run-time errors of the
 // calculation go to the caller: 9 when the scale does not start at 0 and the base lies below it, 6 on overflow, 13 when

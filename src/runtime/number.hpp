@@ -23,8 +23,8 @@ std::string CStr(double number);
 std::string CStr(const Value& value);
 
 // The longest number at the start of the text, blanks skipped anywhere, decimal point only, exponent E or D, &H and &O
-// as 16- or 32-bit integers; 0 if there is none. Error 6 on overflow, 13 on the mark of an integer type (% or &) after a
-// point or an exponent, such as "5.5%".
+// as 16- or 32-bit integers; 0 if there is none. Error 6 on overflow, 13 on the mark of an integer type (% or &) after
+// a point or an exponent, such as "5.5%".
 double Val(std::string_view text);
 // Implicit conversion with the decimal comma; thousands points are ignored at any place before it. A sign before or
 // after or brackets, "€" or "Pts", an exponent; &H and &O. Error 13 if the text is no number, 6 on overflow.

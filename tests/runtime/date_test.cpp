@@ -1,0 +1,132 @@
+#include "runtime/date.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <optional>
+#include <string>
+
+#include "error_of.hpp"
+#include "runtime/format.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr int kFirstSerial = -657434;
+constexpr int kLastSerial = 2958465;
+
+std::string Full(const std::optional<Date>& date) { return date ? FormatText(*date, "dd/mm/yyyy") : "no date"; }
+
+class Dates : public testing::Test {
+ protected:
+  void SetUp() override { SetWorkingYear(0); }
+  void TearDown() override { SetWorkingYear(0); }
+};
+
+TEST_F(Dates, ReadsTexts) {
+  struct {
+    const char *text, *date;
+    bool strict;  // in the order day, month, year
+  } rows[] = {
+      // clang-format off
+      {"01/02/03", "01/02/2003", true},     {"1/2/3", "01/02/2003", true},        {"29/02/00", "29/02/2000", true},
+      {"29/02/01", "01/02/2029", false},    {"31/04/01", "01/04/1931", false},    {"30/02/05", "05/02/1930", false},
+      {"10/20/3", "20/10/2003", false},     {"40/20/3", "20/03/1940", false},     {"12/13/01", "13/12/2001", false},
+      {"00/01/02", "02/01/2000", false},    {"  01/02/2003 ", "01/02/2003", true},
+      {"2003/02/01", "01/02/2003", false},  {"1-2-3", "01/02/2003", true},        {"1  2 3", "01/02/2003", true},
+      {"1 / 2 -3", "01/02/2003", true},     {"01/02/29", "01/02/2029", true},     {"01/02/30", "01/02/1930", true},
+      {"01/02/100", "01/02/0100", true},    {"31/12/9999", "31/12/9999", true},   {"257/1/1", "01/01/0257", false},
+      {"30/02", "01/02/1930", false},       {"10/2003", "01/10/2003", false},
+      // clang-format on
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Full(ReadDate(row.text)), row.date) << row.text;
+    EXPECT_EQ(Full(ReadDateStrict(row.text)), row.strict ? row.date : "no date") << row.text;
+    EXPECT_TRUE(IsDate(row.text)) << row.text;
+  }
+  for (const char* text : {"29/02/2001", "13/13/13", "31/11/99", "00/00/00", "10/00/05", "29/02/1900", "12/34/", "//",
+                           "  /  /  ", "", "5", "010203", "1/2/3/4", "1//2", "1/2/3x", "-1/2/3", "1/2/20003"}) {
+    EXPECT_EQ(Full(ReadDate(text)), "no date") << text;
+    EXPECT_EQ(Full(ReadDateStrict(text)), "no date") << text;
+    EXPECT_FALSE(IsDate(text)) << text;
+  }
+}
+
+TEST_F(Dates, TwoNumbersTakeTheCurrentYear) {
+  const int year = PartsOf(Today()).year;
+  EXPECT_EQ(ReadDate("10/02"), MakeDate(year, 2, 10));
+  EXPECT_EQ(ReadDateStrict("10/02"), MakeDate(year, 2, 10));
+  EXPECT_EQ(ReadDate("02/13"), MakeDate(year, 2, 13));
+}
+
+TEST_F(Dates, EveryDayIsReadBack) {
+  DateParts before = PartsOf(Date{kFirstSerial});
+  EXPECT_EQ(before, (DateParts{100, 1, 1}));
+  for (int serial = kFirstSerial; serial <= kLastSerial; serial += serial < 20000 || serial > 50000 ? 29 : 1) {
+    const Date date{static_cast<double>(serial)};
+    const DateParts parts = PartsOf(date);
+    ASSERT_EQ(MakeDate(parts.year, parts.month, parts.day), date);
+    ASSERT_EQ(ReadDateStrict(FormatText(date, "d-m-yyyy")), date);
+    if (parts.year >= 1930 && parts.year <= 2029) {
+      ASSERT_EQ(ReadDate(ShortDate(date)), date) << serial;
+    }
+  }
+  EXPECT_EQ(MakeDate(2001, 2, 1), Date{36923});
+  EXPECT_EQ(PartsOf(Date{kLastSerial}), (DateParts{9999, 12, 31}));
+}
+
+TEST_F(Dates, TheTimeOfDayStaysWithItsDay) {
+  EXPECT_EQ(PartsOf(Date{36923.99}), (DateParts{2001, 2, 1}));
+  EXPECT_EQ(PartsOf(Date{-1.25}), (DateParts{1899, 12, 29}));
+  EXPECT_EQ(ShortDate(Date{36923.99}), "01/02/01");
+  EXPECT_EQ(DateDiffDays(Date{36923.99}, Date{36924.01}), Value(1));
+  EXPECT_EQ(DateDiffDays(Date{36924.01}, "01/02/01"), Value(-1));
+}
+
+TEST_F(Dates, OutOfRange) {
+  EXPECT_FALSE(MakeDate(99, 12, 31) || MakeDate(10000, 1, 1) || MakeDate(2001, 13, 1) || MakeDate(2001, -1, 1) ||
+               MakeDate(2001, 257, 1) || MakeDate(2001, 1, 257) || MakeDate(2001, 1, 0));
+  for (const double serial : {kFirstSerial - 1.0, kLastSerial + 1.0, 1e300, std::nan("")}) {
+    EXPECT_EQ(ErrorOf([&] { CDate(serial); }), kOverflow) << serial;
+    EXPECT_EQ(ErrorOf([&] { PartsOf(Date{serial}); }), kOverflow) << serial;
+  }
+}
+
+TEST_F(Dates, CDateReadsSerialsAndTexts) {
+  EXPECT_EQ(CDate(Date{1.5}), Date{1.5});
+  EXPECT_EQ(CDate(36923), Date{36923});
+  EXPECT_EQ(Full(CDate("010203")), "07/12/1927");
+  EXPECT_EQ(Full(CDate("29/02/01")), "01/02/2029");
+  EXPECT_EQ(CDate("1.000,5"), Date{1000.5});
+  for (const char* text : {"", "abc", "29/02/2001", "9999999"}) {
+    EXPECT_EQ(ErrorOf([&] { CDate(text); }), kTypeMismatch) << text;
+  }
+  EXPECT_EQ(ErrorOf([] { CDate(Null{}); }), kInvalidUseOfNull);
+  EXPECT_FALSE(IsDate(Null{}));
+  EXPECT_FALSE(IsDate(36923));
+  EXPECT_TRUE(IsDate(Date{0}));
+
+  EXPECT_EQ(Year("31/12/99"), Value(1999));
+  EXPECT_EQ(Year(Null{}), Value());
+  EXPECT_EQ(DateDiffDays(Null{}, "1/1/1"), Value());
+  EXPECT_EQ(DateDiffDays("1/1/1", Null{}), Value());
+  EXPECT_EQ(DateDiffDays("28/02/2000", "01/03/2000"), Value(2));
+  EXPECT_EQ(ErrorOf([] { Year("abc"); }), kTypeMismatch);
+}
+
+TEST_F(Dates, TheWindowFollowsTheWorkingYear) {
+  struct {
+    int working_year, first;
+  } rows[] = {{80, 1930}, {99, 1930}, {0, 1930}, {10, 1930}, {11, 1931}, {26, 1946}, {79, 1999}};
+  for (const auto& row : rows) {
+    SetWorkingYear(row.working_year);
+    for (int year = row.first; year < row.first + 100; ++year)
+      ASSERT_EQ(FullYear(year % 100), year) << row.working_year;
+  }
+  SetWorkingYear(26);
+  EXPECT_EQ(Full(ReadDate("01/02/45")), "01/02/2045");
+  EXPECT_EQ(Full(ReadDate("01/02/46")), "01/02/1946");
+}
+
+}  // namespace
+}  // namespace zendara

@@ -1,0 +1,83 @@
+#include "runtime/format.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "error_of.hpp"
+#include "runtime/null.hpp"
+
+namespace zendara {
+namespace {
+
+TEST(Format, Masks) {
+  const Value date = Date{36955};
+  struct {
+    Value value;
+    const char *mask, *text;
+  } rows[] = {
+      // clang-format off
+      {date, "dd/mm/yy", "05/03/01"},     {date, "DD/MM/YY", "05/03/01"},     {date, "mm/dd/yy", "03/05/01"},
+      {date, "dd/MM/yyyy", "05/03/2001"}, {date, "mm/dd/yyyy", "03/05/2001"}, {date, "d-m", "5-3"},
+      {Date{36955.75}, "dd/mm/yy", "05/03/01"},       {36955, "dd/mm/yy", "05/03/01"},
+      {"5/3/1", "dd/mm/yy", "05/03/01"},  {"29/02/01", "dd/mm/yy", "01/02/29"},
+      {"010203", "dd/mm/yy", "07/12/27"}, {"abc", "dd/mm/yy", "abc"},         {"9999999", "dd/mm/yy", "9999999"},
+      {"", "dd/mm/yy", ""},   {7, "00000;; ", "00007"},           {0, "00000;; ", " "},   {-1, "00000;; ", "-00001"},
+      {7, "000;;", "007"},    {0, "000;;", "000"},    {-1, "000;;", "-001"},  {7, "000;", "007"},
+      {0, "000;", "000"},     {-1, "000;", "-001"},   {0, "000;; ", " "},     {-1, "000;; ", "-001"},
+      {7, "00;; ", "07"},     {0, "00;; ", " "},      {0, "00000", "00000"},  {7, "00", "07"},        {-1, "00", "-01"},
+      {123, "00", "123"},     {-123, "0;000", "123"}, {12345, "00-00", "123-45"},         {0.4, "00;; ", " "},
+      {-0.4, "00", "00"},     {0.5, "00", "01"},      {-2.5, "00", "-03"},    {1e20, "00", "100000000000000000000"},
+      {1200, "0", "1200"},    {"7", "00", "07"},      {"1,5", "00", "02"},    {"2,5", "00", "03"},
+      {"1.5", "00", "15"},    {"7a", "00", "7a"},     {"1E400", "00", "1E400"},           {"", "00", ""},
+      {1.5, "", "1,5"},
+      // clang-format on
+  };
+  for (const auto& row : rows) EXPECT_EQ(FormatText(row.value, row.mask), row.text) << row.mask;
+}
+
+TEST(Format, Failures) {
+  EXPECT_TRUE(Format(Null{}, "dd/mm/yy").IsNull());
+  EXPECT_EQ(ErrorOf([] { FormatText(Null{}, "00"); }), kInvalidUseOfNull);
+  EXPECT_EQ(ErrorOf([] { Format(1e300, "dd/mm/yy"); }), kOverflow);
+}
+
+TEST(Null, Comparisons) {
+  constexpr Truth kYes = Truth::kTrue, kNo = Truth::kFalse;
+  struct {
+    Value a, b;
+    Truth equal, less;
+  } rows[] = {
+      // clang-format off
+      {"a", "a", kYes, kNo},        {"a", "A", kNo, kNo},         {"10", "9", kNo, kYes},
+      {"ab", "ab   ", kNo, kYes},   {"1,50", 1.5, kYes, kNo},     {2, "10", kNo, kYes},         {Date{5}, 5, kYes, kNo},
+      {Date{5}, Date{6.5}, kNo, kYes},        {Null{}, Null{}, Truth::kNull, Truth::kNull},
+      {Null{}, "a", Truth::kNull, Truth::kNull},        {1, Null{}, Truth::kNull, Truth::kNull},
+      // clang-format on
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Equal(row.a, row.b), row.equal);
+    EXPECT_EQ(Less(row.a, row.b), row.less);
+    EXPECT_EQ(Equal(row.b, row.a), row.equal);
+  }
+  EXPECT_EQ(ErrorOf([] { Equal("abc", 1); }), kTypeMismatch);
+  EXPECT_EQ(ErrorOf([] { Less(1, ""); }), kTypeMismatch);
+}
+
+TEST(Null, IfTakesNullAsFalseEvenTurnedAround) {
+  EXPECT_EQ(Not(Truth::kTrue), Truth::kFalse);
+  EXPECT_EQ(Not(Truth::kFalse), Truth::kTrue);
+  EXPECT_FALSE(If(Equal(Null{}, Null{})));
+  EXPECT_FALSE(If(Not(Equal(Null{}, Null{}))));
+}
+
+TEST(Null, Join) {
+  EXPECT_EQ(Join("a", Null{}), Value("a"));
+  EXPECT_EQ(Join(Null{}, 1.5), Value("1,5"));
+  EXPECT_EQ(Join(Date{36955}, "x"), Value("05/03/01x"));
+  EXPECT_TRUE(Join(Null{}, Null{}).IsNull());
+  EXPECT_EQ(ErrorOf([] { TextOf(Null{}); }), kInvalidUseOfNull);
+}
+
+}  // namespace
+}  // namespace zendara

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <random>
 #include <string>
@@ -124,6 +126,9 @@ TEST(NumberText, TextAndNumberRoundTrip) {
     const double computed = typed / static_cast<double>(1 + random() % 1000);
     const std::string shown = CStr(computed);
     ASSERT_EQ(CStr(CDbl(shown)), shown);
+    char all_digits[32];
+    *std::to_chars(std::begin(all_digits), std::end(all_digits), computed).ptr = '\0';
+    ASSERT_EQ(Val(all_digits), computed) << all_digits;
     ASSERT_LE(std::abs(CDbl(shown) - computed), std::abs(computed) * 5.1e-15) << shown;
   }
 }

@@ -43,8 +43,6 @@ struct Parts {
   std::size_t count = 0;
 };
 
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // Two or three numbers of up to four digits, "/", "-" or blanks between them.
 std::optional<Parts> Split(std::string_view text) {
   constexpr std::size_t kMostDigits = 4;

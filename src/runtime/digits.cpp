@@ -11,7 +11,6 @@
 namespace zendara {
 namespace {
 
-constexpr int kSignificant = 15;
 constexpr double kIntegerLimit = 1e15;
 
 void DropZeros(Digits& digits) {
@@ -29,7 +28,7 @@ Digits FromScientific(const char* begin, const char* end) {
 
   digits.text[0] = begin[0];
   digits.count = 1;
-  for (const char* c = begin + 2; c < mark && digits.count < kSignificant + 2; ++c) {
+  for (const char* c = begin + 2; c < mark && digits.count < kSignificantDigits + 2; ++c) {
     digits.text[static_cast<std::size_t>(digits.count++)] = *c;
   }
   return digits;
@@ -37,11 +36,11 @@ Digits FromScientific(const char* begin, const char* end) {
 
 // To 15 digits; the 16th alone decides, so the digits must not have been rounded to end in 5 there.
 void Round(Digits& digits) {
-  if (digits.count <= kSignificant) return;
-  const bool up = digits.text[kSignificant] >= '5';
-  digits.count = kSignificant;
+  if (digits.count <= kSignificantDigits) return;
+  const bool up = digits.text[kSignificantDigits] >= '5';
+  digits.count = kSignificantDigits;
   if (up) {
-    std::size_t i = kSignificant;
+    std::size_t i = kSignificantDigits;
     while (i > 0 && digits.text[i - 1] == '9') digits.text[--i] = '0';
     if (i > 0) {
       ++digits.text[i - 1];
@@ -84,7 +83,7 @@ Digits SignificantDigits(double number) {
     digits = FromScientific(buffer.data(), end);
     // The shortest text is the nearest of its length. It lies on the same side of a half as the value itself, unless
     // it is the half.
-    if (digits.count == kSignificant + 1 && digits.text[kSignificant] == '5') digits = Exact(magnitude);
+    if (digits.count == kSignificantDigits + 1 && digits.text[kSignificantDigits] == '5') digits = Exact(magnitude);
     Round(digits);
   }
   digits.negative = number < 0;

@@ -7,11 +7,13 @@
 
 namespace zendara {
 
-// A number as d.ddd... times 10^exponent, of 15 significant digits at most.
+inline constexpr int kSignificantDigits = 15;
+
+// A number as d.ddd... times 10^exponent, of so many significant digits at most.
 struct Digits {
   bool negative = false;
   int exponent = 0;
-  int count = 1;                // 1 to 15; no zero at the end, but zero itself is the one digit 0
+  int count = 1;                // from 1; no zero at the end, but zero itself is the one digit 0
   std::array<char, 24> text{};  // the digits; what follows them means nothing
 
   std::string_view view() const { return {text.data(), static_cast<std::size_t>(count)}; }

@@ -17,7 +17,6 @@ namespace {
 
 // --- Number to text ---
 
-constexpr int kSignificant = 15;
 constexpr std::size_t kLongestNumber = 32;  // sign, digits, 14 zeros or an exponent, mark: 23 at most
 
 class Writer {
@@ -55,7 +54,7 @@ void WriteExponentForm(Writer& out, const Digits& digits, char mark) {
 void WriteMagnitude(Writer& out, const Digits& digits, char mark, bool zero_before_mark) {
   const int exponent = digits.exponent;
   const std::string_view text = digits.view();
-  if (exponent >= kSignificant || (exponent < 0 && digits.count - exponent - 1 > kSignificant)) {
+  if (exponent >= kSignificantDigits || (exponent < 0 && digits.count - exponent - 1 > kSignificantDigits)) {
     WriteExponentForm(out, digits, mark);
   } else if (exponent < 0) {
     if (zero_before_mark) out.Add('0');
@@ -75,7 +74,6 @@ void WriteMagnitude(Writer& out, const Digits& digits, char mark, bool zero_befo
 
 // --- Text to number ---
 
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool IsExponentLetter(char c) { return c == 'E' || c == 'e' || c == 'D' || c == 'd'; }
 constexpr char Capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 

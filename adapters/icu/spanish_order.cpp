@@ -10,9 +10,7 @@
 namespace zendara {
 namespace {
 
-std::string_view WithoutTrailingBlanks(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
-}
+std::string_view WithoutTrailingBlanks(std::string_view text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
 
 }  // namespace
 
@@ -55,8 +53,8 @@ int SpanishOrder::Compare(std::string_view a, std::string_view b) const {
 
 int SpanishOrder::CompareByCollator(std::string_view a, std::string_view b) const {
   UErrorCode status = U_ZERO_ERROR;
-  return ucol_strcollUTF8(collator_, a.data(), static_cast<int32_t>(a.size()), b.data(),
-                          static_cast<int32_t>(b.size()), &status);
+  return ucol_strcollUTF8(collator_, a.data(), static_cast<int32_t>(a.size()), b.data(), static_cast<int32_t>(b.size()),
+                          &status);
 }
 
 }  // namespace zendara

@@ -20,8 +20,9 @@ constexpr int kBusyMilliseconds = 5000;
 constexpr std::string_view kOwnTables = "zendara_";  // prefix of tables that are not the host's
 
 int CompareTexts(void* order, int a_size, const void* a, int b_size, const void* b) {
-  return static_cast<const SpanishOrder*>(order)->Compare({static_cast<const char*>(a), static_cast<std::size_t>(a_size)},
-                                                          {static_cast<const char*>(b), static_cast<std::size_t>(b_size)});
+  return static_cast<const SpanishOrder*>(order)->Compare(
+      {static_cast<const char*>(a), static_cast<std::size_t>(a_size)},
+      {static_cast<const char*>(b), static_cast<std::size_t>(b_size)});
 }
 
 std::string TypeText(const ColumnDef& column) {
@@ -146,7 +147,8 @@ std::unique_ptr<TableInfo> Connection::ReadDefinition(const std::string& table) 
     info->definition.columns.push_back(ReadColumn(std::string(columns.Text(1)), columns.Text(2)));
     info->columns += ", " + QuoteName(columns.Text(1));
   }
-  Statement indexes = Prepare("SELECT name, \"unique\" FROM pragma_index_list(" + QuoteName(table) + ") ORDER BY seq DESC");
+  Statement indexes =
+      Prepare("SELECT name, \"unique\" FROM pragma_index_list(" + QuoteName(table) + ") ORDER BY seq DESC");
   while (indexes.Step()) {
     const std::string stored(indexes.Text(0));
     IndexDef index;

@@ -54,7 +54,8 @@ class OpenDatabase final : public Database {
   std::vector<TableDef> Tables() override {
     Shared()->Acquire(nullptr);
     std::vector<TableDef> tables;
-    for (const std::string& name : connection_->TableNames()) tables.push_back(connection_->FindTable(name)->definition);
+    for (const std::string& name : connection_->TableNames())
+      tables.push_back(connection_->FindTable(name)->definition);
     return tables;
   }
 

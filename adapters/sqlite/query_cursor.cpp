@@ -39,7 +39,8 @@ class Cursor final : public QueryCursor, private Holder {
     for (const sql::SelectItem& item : select.items) columns_.push_back(item.column);
     connection_->Acquire(this);
     // The row number column keeps the places of the columns as in a table's rows.
-    statement_ = connection_->Prepare("SELECT 0, " + Print(select, SqliteDialect()).substr(std::string("SELECT ").size()));
+    statement_ =
+        connection_->Prepare("SELECT 0, " + Print(select, SqliteDialect()).substr(std::string("SELECT ").size()));
   }
 
   ~Cursor() {

@@ -152,7 +152,8 @@ std::string StoredDate(Date date) {
   text += Digits(buffer.data(), parts.day, 2);
   const int seconds = static_cast<int>(std::min(std::round((date.serial - day) * kSecondsADay), kSecondsADay - 1));
   if (seconds == 0) return text;
-  for (const auto& [separator, number] : {std::pair(' ', seconds / 3600), {':', seconds / 60 % 60}, {':', seconds % 60}}) {
+  for (const auto& [separator, number] :
+       {std::pair(' ', seconds / 3600), {':', seconds / 60 % 60}, {':', seconds % 60}}) {
     text += separator;
     text += Digits(buffer.data(), number, 2);
   }

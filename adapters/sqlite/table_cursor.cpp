@@ -29,8 +29,7 @@ struct Step {
 
 class Cursor final : public TableCursor, private Holder {
  public:
-  Cursor(std::shared_ptr<Connection> connection, TableInfo& table)
-      : connection_(std::move(connection)), table_(table) {
+  Cursor(std::shared_ptr<Connection> connection, TableInfo& table) : connection_(std::move(connection)), table_(table) {
     ChooseIndex(-1);
   }
 
@@ -57,7 +56,9 @@ class Cursor final : public TableCursor, private Holder {
     Drop();
     anchor_.assign(keys.begin(), keys.end());
     Start({Step::kEqual, false, static_cast<int>(keys.size())});
-    return Advance();
+    if (scan_->Step()) return true;
+    Drop();
+    return false;
   }
 
   bool GoTo(zendara::Bookmark row) override {
@@ -233,8 +234,9 @@ class Cursor final : public TableCursor, private Holder {
     const TableDef& table = table_.definition;
     const int columns = static_cast<int>(order_.size());
     std::string text = "SELECT " + table_.columns + " FROM " + QuoteName(table.name);
-    text += index_ < 0 ? " NOT INDEXED"
-                       : " INDEXED BY " + QuoteName(table.name + "." + table.indexes[static_cast<std::size_t>(index_)].name);
+    text += index_ < 0
+                ? " NOT INDEXED"
+                : " INDEXED BY " + QuoteName(table.name + "." + table.indexes[static_cast<std::size_t>(index_)].name);
     std::string conditions;
     const auto add = [&conditions](const std::string& condition) {
       conditions += (conditions.empty() ? " WHERE " : " AND ") + condition;

@@ -14,17 +14,17 @@ class Morlane {
  public:
   virtual ~Morlane() = default;
 
-  virtual std::string CodigoEmpresa() = 0;           // company code, five characters
-  virtual Value NombreEmpresa() = 0;                 // company name
-  virtual std::string Retorno() = 0;                 // currency mark: "P" pesetas, anything else the other currency
-  virtual Value Ejercicio() = 0;                     // working year, text or number; its last two characters count
-  virtual void Retorno(const std::string& text) = 0; // receives the currency mark at exit
-  virtual Value Valor8() = 0;                        // kept, not used
-  virtual Value Valor1() = 0;                        // kept, not used
-  virtual Value Cambio() = 0;                        // divisor of amounts that are not in pesetas, such as "166,386"
-  virtual std::int16_t ValorEntero() = 0;            // kept, not used
-  virtual Value FechaTrabajo() = 0;                  // working date
-  virtual std::string Programa() = 0;                // code of the host program; "05" is a host without incidents
+  virtual std::string CodigoEmpresa() = 0;            // company code, five characters
+  virtual Value NombreEmpresa() = 0;                  // company name
+  virtual std::string Retorno() = 0;                  // currency mark: "P" pesetas, anything else the other currency
+  virtual Value Ejercicio() = 0;                      // working year, text or number; its last two characters count
+  virtual void Retorno(const std::string& text) = 0;  // receives the currency mark at exit
+  virtual Value Valor8() = 0;                         // kept, not used
+  virtual Value Valor1() = 0;                         // kept, not used
+  virtual Value Cambio() = 0;                         // divisor of amounts that are not in pesetas, such as "166,386"
+  virtual std::int16_t ValorEntero() = 0;             // kept, not used
+  virtual Value FechaTrabajo() = 0;                   // working date
+  virtual std::string Programa() = 0;                 // code of the host program; "05" is a host without incidents
 };
 
 }  // namespace zendara

@@ -6,7 +6,8 @@
 //
 // Names of tables, columns and indexes are compared without regard to case. Columns have ordinals from 0. Text
 // comparisons, key searches and index orders ignore case and trailing blanks; accents count; the order is Spanish, Null
-// comes first. Errors are RuntimeError with the numbers named at each operation; `detail()` holds the engine's own words.
+// comes first. Errors are RuntimeError with the numbers named at each operation; `detail()` holds the engine's own
+// words.
 //
 // Threads: one thread at a time for an engine and all that was opened through it.
 #pragma once
@@ -78,10 +79,10 @@ class Field {
 // A table-type recordset has an index, Seek and writes. A query recordset is a read-only result in the order of the
 // query: its writes are error 3027, its Index and Seek error 3019, its NoMatch stays False.
 //
-// Current record. After opening it is the first row, if any. AddNew, Edit, a move, Seek and setting Index drop a pending
-// change silently; Update after AddNew leaves the record that was current before. After Delete the position stays
-// between its neighbours: reading is 3167, moves go to them. A Seek that finds nothing leaves no current record; Bof and
-// Eof stay as they were.
+// Current record. After opening it is the first row, if any. AddNew, Edit, a move, Seek and setting Index drop a
+// pending change silently; Update after AddNew leaves the record that was current before. After Delete the position
+// stays between its neighbours: reading is 3167, moves go to them. A Seek that finds nothing leaves no current record;
+// Bof and Eof stay as they were.
 class Recordset {
  public:
   virtual ~Recordset() = default;
@@ -115,15 +116,15 @@ class Recordset {
   virtual void AddNew() = 0;
   // Reads the current record afresh; 3021 without one, 3167 when it was deleted, also by another program.
   virtual void Edit() = 0;
-  // Durable when it returns. 3020 without AddNew or Edit; 3022 duplicate key, 3058 Null in the primary key, 3197 the row
-  // was changed by another program since Edit: nothing is written, the pending change stays.
+  // Durable when it returns. 3020 without AddNew or Edit; 3022 duplicate key, 3058 Null in the primary key, 3197 the
+  // row was changed by another program since Edit: nothing is written, the pending change stays.
   virtual void Update() = 0;
   virtual void CancelUpdate() = 0;
   virtual void Delete() = 0;
 
   // Own position over the same rows, no current record at first, no index set; bookmarks serve both.
   virtual std::shared_ptr<Recordset> Clone() = 0;
-  virtual zendara::Bookmark Bookmark() const = 0;  // 3021 without a current record
+  virtual zendara::Bookmark Bookmark() const = 0;     // 3021 without a current record
   virtual void GoTo(zendara::Bookmark bookmark) = 0;  // 3167 when the row is gone
 
   virtual void Close() = 0;

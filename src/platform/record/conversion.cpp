@@ -1,6 +1,5 @@
 #include "platform/record/conversion.hpp"
 
-
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"

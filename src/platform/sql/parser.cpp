@@ -13,16 +13,16 @@
 namespace zendara::sql {
 namespace {
 
-constexpr std::string_view kKeywords[] = {"select", "from",    "where", "group", "order", "by", "and",    "or",  "not",
-                                          "between", "is",     "null",  "inner", "join",  "on", "as",     "asc", "desc",
-                                          "delete"};
+constexpr std::string_view kKeywords[] = {"select", "from", "where",   "group", "order", "by",    "and",
+                                          "or",     "not",  "between", "is",    "null",  "inner", "join",
+                                          "on",     "as",   "asc",     "desc",  "delete"};
 
 constexpr std::pair<std::string_view, Aggregate> kAggregates[] = {
     {"min", Aggregate::kMin}, {"max", Aggregate::kMax}, {"count", Aggregate::kCount}, {"sum", Aggregate::kSum}};
 
 constexpr std::pair<std::string_view, Operator> kComparisons[] = {
-    {"=", Operator::kEqual}, {"<>", Operator::kNotEqual}, {"<", Operator::kLess}, {"<=", Operator::kLessEqual},
-    {">", Operator::kGreater}, {">=", Operator::kGreaterEqual}};
+    {"=", Operator::kEqual},      {"<>", Operator::kNotEqual}, {"<", Operator::kLess},
+    {"<=", Operator::kLessEqual}, {">", Operator::kGreater},   {">=", Operator::kGreaterEqual}};
 
 // Deeper nesting is refused before it exhausts the stack.
 constexpr int kMaxDepth = 200;
@@ -30,8 +30,7 @@ constexpr int kMaxDepth = 200;
 // Columns of a select list stand before the tables they belong to, so names are kept and resolved once FROM is read.
 class Parser {
  public:
-  Parser(std::string_view sql, const Catalogue& catalogue)
-      : sql_(sql), catalogue_(catalogue), tokens_(Tokenize(sql)) {}
+  Parser(std::string_view sql, const Catalogue& catalogue) : sql_(sql), catalogue_(catalogue), tokens_(Tokenize(sql)) {}
 
   Select ParseSelect() {
     Select select;
@@ -348,8 +347,8 @@ class Parser {
   // Rows without an order, and rows that an order leaves equal, come by primary key; groups come sorted.
   static void CompleteOrder(Select& select) {
     const auto append = [&select](ColumnRef column) {
-      const bool there = std::ranges::any_of(select.order_by,
-                                             [&](const OrderTerm& term) { return Same(term.column, column); });
+      const bool there =
+          std::ranges::any_of(select.order_by, [&](const OrderTerm& term) { return Same(term.column, column); });
       if (!there) select.order_by.push_back({column, false});
     };
     if (!select.group_by.empty()) {

@@ -54,8 +54,7 @@ class Printer {
   std::string Node(ColumnRef ref) const {
     const TableRef& table = from_[static_cast<std::size_t>(ref.table)];
     if (ref.column == kOrderOfWriting) return dialect_.OrderOfWriting(QuoteName(table.alias));
-    return QuoteName(table.alias) + "." +
-           QuoteName(table.table->columns[static_cast<std::size_t>(ref.column)].name);
+    return QuoteName(table.alias) + "." + QuoteName(table.table->columns[static_cast<std::size_t>(ref.column)].name);
   }
 
  private:

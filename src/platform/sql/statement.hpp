@@ -20,7 +20,19 @@ struct ColumnRef {
   int column = 0;  // ordinal
 };
 
-enum class Operator { kAnd, kOr, kNot, kEqual, kNotEqual, kLess, kLessEqual, kGreater, kGreaterEqual, kBetween, kIsNull };
+enum class Operator {
+  kAnd,
+  kOr,
+  kNot,
+  kEqual,
+  kNotEqual,
+  kLess,
+  kLessEqual,
+  kGreater,
+  kGreaterEqual,
+  kBetween,
+  kIsNull
+};
 enum class Aggregate { kMin, kMax, kCount, kSum };
 
 struct Expression;

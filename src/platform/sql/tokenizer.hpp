@@ -18,7 +18,8 @@ struct Token {
   Value literal;        // text, number or date
 };
 
-// The tokens, the last one of kind kEnd. Texts stand in '...' or "..." with the quote doubled inside, names may stand in
+// The tokens, the last one of kind kEnd. Texts stand in '...' or "..." with the quote doubled inside, names may stand
+// in
 // [...], dates in #...#: month first, then year first, then day first. Error 3075 for an open quote, a date that is
 // none, or a character of no token.
 std::vector<Token> Tokenize(std::string_view sql);

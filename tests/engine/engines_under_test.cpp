@@ -1,0 +1,8 @@
+#include "engine/contract.hpp"
+#include "zendara/engines.hpp"
+
+namespace zendara {
+
+std::vector<EngineUnderTest> EnginesUnderTest() { return {{"Sqlite", MakeSqliteEngine}}; }
+
+}  // namespace zendara

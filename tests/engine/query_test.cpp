@@ -1,0 +1,208 @@
+// Query recordsets, the dialect's rules, Execute, query definitions.
+#include "engine/contract.hpp"
+#include "runtime/date.hpp"
+
+namespace zendara {
+namespace {
+
+using testing::ElementsAre;
+
+class QueryContract : public EngineContract {
+ protected:
+  QueryContract() {
+    db->CreateTable(People());
+    db->CreateTable(
+        {"Otra", {{"Campo0", ColumnType::kText, 5}, {"Campo1", ColumnType::kText, 5}}, {{"Icampo0_1", {0, 1}, true}}});
+    auto rs = Open("Gente");
+    Add(*rs, {"00003", "Ñu", *MakeDate(2001, 5, 3), 1});
+    Add(*rs, {"00001", "nube", *MakeDate(2001, 3, 5), 2});
+    Add(*rs, {"00002", "Oso", Null(), 3});
+    Add(*rs, {"00005", "álamo", *MakeDate(1999, 3, 15), Null()});
+    Add(*rs, {"00004", "Alba", *MakeDate(2001, 12, 25), 3});
+    auto other = Open("Otra");
+    for (const auto& [key, value] : {std::pair("00001", "b"), {"00001", "a"}, {"00004", "x"}})
+      Add(*other, {key, value});
+  }
+};
+ZENDARA_FOR_EVERY_ENGINE(QueryContract);
+
+TEST_P(QueryContract, Rows) {
+  struct {
+    const char* where;
+    std::vector<Value> keys;
+  } const cases[] = {
+      {"", {"00001", "00002", "00003", "00004", "00005"}},
+      {" where CAMPO1 = 'ÑU'", {"00003"}},
+      {" where campo1 = \"oso  \"", {"00002"}},
+      {" where campo1='alamo'", {}},
+      {" where Campo1 = 'it''s' or campo0 = '00002'", {"00002"}},
+      {" where [campo0] >= '00002' and not campo0 > '00003'", {"00002", "00003"}},
+      // Dates are read month first, then year first, then day first.
+      {" where campo2 = #05/03/01#", {"00003"}},
+      {" where campo2 = #03/05/2001#", {"00001"}},
+      {" where campo2 = #25/12/01#", {}},
+      {" where campo2 = #12/25/01#", {"00004"}},
+      {" where campo2 = #15/03/99#", {"00005"}},
+      {" where campo2 = #2001-12-25#", {"00004"}},
+      // Null is found by Is Null alone.
+      {" where campo2 = null or campo2 <> Null", {}},
+      {" where Campo2 is null", {"00002"}},
+      {" where not campo2 is not null", {"00002"}},
+      {" where not (campo2 = #12/25/01#)", {"00001", "00003", "00005"}},
+      // Between: both ends, in either order, nothing with Null.
+      {" where campo0 between '00004' and '00002'", {"00002", "00003", "00004"}},
+      {" where campo2 between #3/5/01# and #5/3/01#", {"00001", "00003"}},
+      {" where #4/4/01# between campo2 and #5/3/01#", {"00001", "00005"}},
+      {" where #4/4/01# between campo2 and null", {}},
+      // Spanish order, Null first, primary key among equals.
+      {" order by campo1", {"00005", "00004", "00001", "00003", "00002"}},
+      {" ORDER BY Campo3", {"00005", "00003", "00001", "00002", "00004"}},
+      {" order by campo3 DESC, campo0 desc", {"00004", "00002", "00001", "00003", "00005"}},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Query(std::string("SELECT Campo0 FROM gente") + c.where), c.keys) << c.where;
+  EXPECT_EQ(Query("GENTE").size(), 5U);
+  EXPECT_EQ(Query("  select *\nfrom\tGente;").size(), 5U);
+}
+
+TEST_P(QueryContract, GroupsJoinsAndAggregates) {
+  EXPECT_THAT(Query("select campo3 from gente group by campo3"), ElementsAre(Null(), 1, 2, 3));
+  EXPECT_THAT(Query("select campo3, campo0 from gente group by campo0, campo3 order by campo3"),
+              ElementsAre(Null(), 1, 2, 3, 3));
+  EXPECT_THAT(Query("select otra.campo1 from gente, otra where gente.campo0=otra.campo0 "), ElementsAre("a", "b", "x"));
+  EXPECT_THAT(
+      Query("select gente.campo1 from otra INNER JOIN gente ON otra.campo0 = gente.campo0 order by gente.campo1"),
+      ElementsAre("Alba", "nube", "nube"));
+  auto rs = db->OpenRecordset("SELECT Min(Campo1) as MinCod ,Max(Campo2), Count(*), sum(campo3) FROM Gente");
+  EXPECT_EQ(rs->Fields("mincod").Get(), Value("álamo"));
+  EXPECT_EQ(rs->Fields(1).Get(), Value(*MakeDate(2001, 12, 25)));
+  EXPECT_EQ(rs->Fields(2).Get(), Value(5));
+  EXPECT_EQ(rs->Fields(3).Get(), Value(9));
+  rs = db->OpenRecordset("SELECT Max(Campo2) FROM Gente WHERE Campo0 = '9'");
+  EXPECT_FALSE(rs->Eof());
+  EXPECT_TRUE(rs->Fields(0).Get().IsNull()) << "one row of Null";
+}
+
+TEST_P(QueryContract, ResultsMoveBothWaysAndCountWhatWasReached) {
+  auto rs = db->OpenRecordset("select campo0 from gente");
+  EXPECT_EQ(rs->RecordCount(), 1);
+  rs->MoveNext();
+  rs->MovePrevious();
+  rs->MovePrevious();
+  EXPECT_TRUE(rs->Bof());
+  EXPECT_EQ(ErrorOf([&] { rs->MovePrevious(); }), 3021);
+  rs->MoveLast();
+  EXPECT_EQ(rs->RecordCount(), 5);
+  EXPECT_EQ(rs->Fields("Campo0").Get(), Value("00005"));
+  auto clone = rs->Clone();
+  EXPECT_EQ(ErrorOf([&] { clone->Fields(0).Get(); }), 3021);
+  clone->GoTo(rs->Bookmark());
+  EXPECT_EQ(clone->Fields(0).Get(), Value("00005"));
+  rs->MoveNext();
+  EXPECT_TRUE(rs->Eof());
+  EXPECT_EQ(ErrorOf([&] { rs->Fields(0).Get(); }), 3021);
+  EXPECT_FALSE(rs->NoMatch());
+
+  auto empty = db->OpenRecordset("select campo0 from gente where campo0='x'");
+  EXPECT_TRUE(empty->Bof() && empty->Eof());
+  EXPECT_EQ(empty->RecordCount(), 0);
+  EXPECT_EQ(ErrorOf([&] { empty->MoveFirst(); }), 3021);
+  EXPECT_EQ(ErrorOf([&] { empty->MoveLast(); }), 3021);
+
+  rs->MoveFirst();
+  EXPECT_EQ(ErrorOf([&] { rs->Edit(); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { rs->AddNew(); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { rs->Delete(); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { rs->Seek({"x"}); }), 3019);
+}
+
+TEST_P(QueryContract, AnOpenResultKeepsItsRowsWhileTheTablesChange) {
+  auto rs = db->OpenRecordset("select campo0 from gente");
+  rs->MoveNext();
+  auto table = Open("Gente", "Icampo0");
+  for (table->MoveFirst(); !table->Eof(); table->MoveNext()) {
+    table->Edit();
+    table->Fields(1).Set("x");
+    table->Update();
+  }
+  table->MoveFirst();
+  table->Delete();
+  EXPECT_EQ(rs->Fields(0).Get(), Value("00002"));
+  int rows = 0;
+  for (rs->MoveFirst(); !rs->Eof(); rs->MoveNext()) ++rows;
+  EXPECT_EQ(rows, 5);
+}
+
+TEST_P(QueryContract, RefusedTexts) {
+  struct {
+    const char* sql;
+    int error;
+  } const cases[] = {
+      {"select * from nada", 3078},
+      {"nada", 3078},
+      {"select campo9 from gente", 3061},
+      {"select campo0 from gente where campo9 = 'x'", 3061},
+      {"select campo0 from gente order by x", 3061},
+      {"select campo0 from gente, otra", 3061},  // whose campo0 it is cannot be told
+      {"select otra.campo3 from gente, otra", 3061},
+      {"select * from gente where campo0='O'Brien'", 3075},
+      {"select * from gente where campo0='", 3075},
+      {"select * from gente where campo0=\"x'", 3075},
+      {"select * from gente where campo2=#31/31/31#", 3075},
+      {"select * from gente where campo2=##", 3075},
+      {"select * from gente where campo2=#1/2/01", 3075},
+      {"select * from gente where campo0", 3075},
+      {"select * from gente where (campo0='x'", 3075},
+      {"select * from gente where campo0='x' campo1='y'", 3075},
+      {"select from gente", 3075},
+      {"select * gente", 3075},
+      {"select campo0 from gente group by campo1", 3075},
+      {"select campo0, max(campo1) from gente", 3075},
+      {"select * from gente where campo0=7", 3421},
+      {"select * from gente where campo2='05/03/01'", 3421},
+      {"select * from gente; delete * from gente", 3075},
+      {"delete * from gente", 3075},
+      {"update gente set campo0='x'", 3075},
+      {"insert into gente values ('x')", 3075},
+      {"drop table gente", 3075},
+      {"pragma user_version", 3075},
+      {"", 3075},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ErrorOf([&] { db->OpenRecordset(c.sql); }), c.error) << c.sql;
+  EXPECT_EQ(ErrorOf([&] { db->OpenRecordset("select * from gente where " + std::string(100000, '(')); }), 3075);
+  try {
+    db->OpenRecordset("select campo8, campo9 from gente");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.text(), "Pocos parámetros. Se esperaba 2.");
+  }
+  for (const char* sql : {"select * from gente", "delete from gente", "delete * from gente, otra", "gente",
+                          "delete * from gente; delete * from otra", "drop table gente"}) {
+    EXPECT_EQ(ErrorOf([&] { db->Execute(sql); }), 3075) << sql;
+  }
+  EXPECT_EQ(ErrorOf([&] { db->Execute("delete * from nada"); }), 3078);
+  EXPECT_EQ(ErrorOf([&] { db->OpenRecordset("nada", RecordsetType::kTable); }), 3011);
+  EXPECT_EQ(Open("Gente")->RecordCount(), 5);
+}
+
+TEST_P(QueryContract, DeletesWhatItSays) {
+  auto rs = Open("Gente", "Icampo0");
+  EXPECT_EQ(rs->RecordCount(), 5);
+  db->Execute("DELETE * FROM gente WHERE campo0 > '00003'");
+  EXPECT_EQ(rs->RecordCount(), 3);
+  db->Execute("DELETE * FROM Gente");
+  EXPECT_EQ(rs->RecordCount(), 0);
+  EXPECT_EQ(Open("Otra")->RecordCount(), 3);
+}
+
+TEST_P(QueryContract, QueryDefinitionsStayInTheFile) {
+  EXPECT_EQ(ErrorOf([&] { db->QueryDefs("Consulta"); }), 3265);
+  EXPECT_EQ(db->CreateQueryDef("Consulta")->Name(), "Consulta");
+  EXPECT_EQ(ErrorOf([&] { db->CreateQueryDef("CONSULTA"); }), 3012);
+  auto other = GetParam().make()->Workspaces(0)->OpenDatabase(Path("Prueba.MDB"));
+  EXPECT_EQ(ErrorOf([&] { other->CreateQueryDef("Consulta"); }), 3012);
+  EXPECT_EQ(other->QueryDefs("consulta")->Name(), "Consulta");
+  EXPECT_EQ(db->Tables().size(), 2U) << "they are not among the tables";
+}
+
+}  // namespace
+}  // namespace zendara

@@ -1,0 +1,61 @@
+// The commands of the program `zendara`. Each prints to the console and returns the exit status.
+//
+// CommandError, RuntimeError and OutputError go to the caller.
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "apps/zendara/commands/console.hpp"
+
+namespace zendara {
+
+// The files that a command works on.
+struct CompanyOptions {
+  std::string dir;      // the application's folder, its subfolder DATOS holds the files
+  std::string company;  // five characters
+  std::string year;     // two digits
+};
+
+struct DemoCommandOptions {
+  std::string dir;
+  int workers = 60;
+  std::uint64_t seed = 1;
+};
+int Demo(const DemoCommandOptions& options, Console& console);
+
+enum class RateFormat { kText, kCsv, kJson };
+
+struct RateOptions {
+  CompanyOptions company;
+  std::string currency = "P";
+  std::string worker;  // five characters; empty: all
+  bool explain = false;
+  RateFormat format = RateFormat::kText;
+};
+// 1 when a worker's rate could not be worked out; the others are printed all the same.
+int Rate(const RateOptions& options, Console& console);
+
+struct CreateOptions {
+  CompanyOptions company;
+  std::string name;  // company name for the general tables; empty: no row is written
+};
+int DataCreate(const CreateOptions& options, Console& console);
+
+// 1 when anything is missing or malformed.
+int DataCheck(const CompanyOptions& options, Console& console);
+
+struct TableOptions {
+  CompanyOptions company;
+  std::string table;
+  std::string file;  // name of the database file; empty: the first one that holds the table
+};
+int DataLoad(const TableOptions& options, const std::string& csv_path, Console& console);
+int DataDump(const TableOptions& options, Console& console);
+
+// Runs the command line without the program's name. 2 on wrong usage. `terminal`: `err` is a terminal.
+int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err, bool terminal = false);
+
+}  // namespace zendara

@@ -1,0 +1,166 @@
+#include <algorithm>
+
+#include "apps/zendara/commands/data_folder.hpp"
+#include "platform/record/names.hpp"
+#include "runtime/text.hpp"
+#include "zendara/engines.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara {
+namespace {
+
+// Codes that the screens pad with zeros: a shorter one is another code, which no screen finds.
+struct CodeColumns {
+  std::string_view table;
+  std::vector<int> columns;
+};
+const std::vector<CodeColumns>& CodeTables() {
+  static const std::vector<CodeColumns> tables = {
+      {"TrabajadoresFijo", {0}},
+      {"TrabajadoresVar", {0, 1}},
+      {"TincidenciasIT", {0}},
+      {"TincidenciasESP", {0}},
+      {"TIncidenciasVar", {0, 1, 3, 4}},
+      {"ConTrabajadorConceptos", {0, 1, 2, 3}},
+      {"ConTrabajadorPagas", {0, 1, 2}},
+      {"Historico", {2}},
+      {"FPago", {0}},
+      {"Secciones", {0}},
+      {"Centros", {0}},
+      {"Epigrafes", {0}},
+      {"Calles", {0}},
+      {"EmpresasNom", {0}},
+      {"Contratos", {0}},
+  };
+  return tables;
+}
+
+std::string TypeName(const ColumnDef& column) {
+  switch (column.type) {
+    case ColumnType::kText:
+      return "text " + std::to_string(column.width);
+    case ColumnType::kNumber:
+      return "number";
+    case ColumnType::kDate:
+      return "date";
+  }
+  return {};
+}
+
+std::string IndexText(const IndexDef& index) {
+  std::string text = index.primary ? "primary key on" : "index on";
+  for (const int column : index.columns) text += " " + std::to_string(column);
+  return text;
+}
+
+class Check {
+ public:
+  explicit Check(Console& console) : console_(console) {}
+
+  void File(const DataFolder& folder, Engine& engine, const StoredFile& stored);
+  void Parameters(const DataFolder& folder, const ParameterFile& file);
+
+  int faults() const { return faults_; }
+
+ private:
+  void Table(const std::string& place, const TableDef& stored, const TableDef& wanted);
+  void Codes(const std::string& place, Database& database, const TableDef& table, const std::vector<int>& columns);
+  void Fault(const std::string& place, const std::string& what) {
+    console_.Out(place + ": " + what + "\n");
+    ++faults_;
+  }
+
+  Console& console_;
+  int faults_ = 0;
+};
+
+void Check::File(const DataFolder& folder, Engine& engine, const StoredFile& stored) {
+  const std::string name = folder.FileName(stored.kind);
+  if (!folder.Find(name)) return Fault(name, "missing file");
+  try {
+    const std::shared_ptr<Database> database = folder.Open(engine, stored.kind, console_);
+    for (const std::string& fault : database->CheckIntegrity()) Fault(name, fault);
+    const std::vector<TableDef> tables = database->Tables();
+    for (const TableDef& wanted : stored.tables) {
+      const std::string place = name + ": " + wanted.name;
+      const auto found = std::ranges::find_if(tables, [&](const TableDef& t) { return SameName(t.name, wanted.name); });
+      if (found == tables.end()) {
+        Fault(place, "missing table");
+        continue;
+      }
+      Table(place, *found, wanted);
+      for (const CodeColumns& codes : CodeTables()) {
+        if (SameName(codes.table, wanted.name)) Codes(place, *database, wanted, codes.columns);
+      }
+    }
+  } catch (const RuntimeError& error) {
+    Fault(name, std::string(error.what()) + (error.detail().empty() ? "" : " (" + error.detail() + ")"));
+  }
+}
+
+void Check::Table(const std::string& place, const TableDef& stored, const TableDef& wanted) {
+  for (std::size_t i = 0; i < wanted.columns.size(); ++i) {
+    const ColumnDef& column = wanted.columns[i];
+    if (i >= stored.columns.size()) {
+      Fault(place, "missing column " + column.name);
+    } else if (!SameName(stored.columns[i].name, column.name)) {
+      Fault(place, "column " + std::to_string(i) + " is " + stored.columns[i].name + ", not " + column.name);
+    } else if (stored.columns[i].type != column.type || stored.columns[i].width != column.width) {
+      Fault(place, column.name + " is " + TypeName(stored.columns[i]) + ", not " + TypeName(column));
+    }
+  }
+  for (const IndexDef& index : wanted.indexes) {
+    const int ordinal = stored.IndexOrdinal(index.name);
+    if (ordinal < 0) {
+      Fault(place, "missing index " + index.name);
+      continue;
+    }
+    const IndexDef& found = stored.indexes[static_cast<std::size_t>(ordinal)];
+    if (found.columns != index.columns || found.primary != index.primary) {
+      Fault(place, index.name + " is " + IndexText(found) + ", not " + IndexText(index));
+    }
+  }
+}
+
+void Check::Codes(const std::string& place, Database& database, const TableDef& table,
+                  const std::vector<int>& columns) {
+  console_.Doing("reading " + place);
+  const std::shared_ptr<Recordset> rows = database.OpenRecordset(table.name, RecordsetType::kTable);
+  for (; !rows->Eof(); rows->MoveNext()) {
+    for (const int i : columns) {
+      if (static_cast<std::size_t>(i) >= rows->Columns().size()) continue;
+      const ColumnDef& column = table.columns[static_cast<std::size_t>(i)];
+      const Value code = rows->Fields(i).Get();
+      if (!code.IsText()) continue;
+      const std::size_t length = Len(Trim(code.Text()));
+      if (length == static_cast<std::size_t>(column.width)) continue;
+      Fault(place, column.name + " \"" + code.Text() + "\" has " + std::to_string(length) + " characters, not " +
+                       std::to_string(column.width));
+    }
+  }
+}
+
+void Check::Parameters(const DataFolder& folder, const ParameterFile& file) {
+  const std::string name(file.name);
+  const std::optional<std::filesystem::path> path = folder.Find(name);
+  if (!path) return Fault(name, "missing file");
+  std::error_code error;
+  const std::uintmax_t length = std::filesystem::file_size(*path, error);
+  if (error) return Fault(name, error.message());
+  if (length != file.length) {
+    Fault(name, std::to_string(length) + " bytes, not " + std::to_string(file.length));
+  }
+}
+
+}  // namespace
+
+int DataCheck(const CompanyOptions& options, Console& console) {
+  const std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  const DataFolder folder(options);
+  Check check(console);
+  for (const StoredFile& file : StoredFiles()) check.File(folder, *engine, file);
+  for (const ParameterFile& file : kParameterFiles) check.Parameters(folder, file);
+  return check.faults() == 0 ? 0 : 1;
+}
+
+}  // namespace zendara

@@ -1,0 +1,169 @@
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+#include "apps/zendara/commands/command_error.hpp"
+#include "apps/zendara/commands/csv.hpp"
+#include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/stored_text.hpp"
+#include "platform/record/names.hpp"
+#include "zendara/engines.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara {
+namespace {
+
+struct OpenTable {
+  std::unique_ptr<Engine> engine;
+  std::shared_ptr<Database> database;
+  std::shared_ptr<Recordset> rows;
+  std::string place;  // for messages
+};
+
+const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder) {
+  if (options.file.empty()) {
+    const StoredFile* file = FileWithTable(options.table);
+    if (!file) throw CommandError("no database file holds a table " + options.table);
+    return *file;
+  }
+  for (const StoredFile& file : StoredFiles()) {
+    if (SameName(folder.FileName(file.kind), options.file)) return file;
+  }
+  throw CommandError(options.file + " is no database file of this company and year");
+}
+
+OpenTable Open(const TableOptions& options, Console& console) {
+  const DataFolder folder(options.company);
+  const StoredFile& file = FileFor(options, folder);
+  OpenTable table{.engine = MakeSqliteEngine(), .database = {}, .rows = {}, .place = {}};
+  table.place = folder.FileName(file.kind) + ": " + options.table;
+  table.database = folder.Open(*table.engine, file.kind, console);
+  console.Doing("opening " + table.place);
+  table.rows = table.database->OpenRecordset(options.table, RecordsetType::kTable);
+  return table;
+}
+
+// Undone at the end of its life unless it was committed.
+class Transaction {
+ public:
+  explicit Transaction(Database& database) : database_(&database) { database.BeginTrans(); }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  ~Transaction() {
+    if (!database_) return;
+    try {
+      database_->Rollback();
+    } catch (const RuntimeError&) {
+      // The store undoes it when the file is closed.
+    }
+  }
+  void Commit() {
+    database_->CommitTrans();
+    database_ = nullptr;
+  }
+
+ private:
+  Database* database_;
+};
+
+// Ordinals of the columns that the header names.
+std::vector<int> ReadHeader(CsvReader& reader, const std::vector<ColumnDef>& columns) {
+  std::vector<CsvField> header;
+  if (!reader.Next(header)) throw CsvError(1, "there is no header of column names");
+  std::vector<int> ordinals;
+  for (const CsvField& name : header) {
+    const auto found = std::ranges::find_if(columns, [&](const ColumnDef& c) { return SameName(c.name, name.text); });
+    if (found == columns.end()) throw CsvError(1, "the table has no column \"" + name.text + "\"");
+    const int ordinal = static_cast<int>(found - columns.begin());
+    if (std::ranges::count(ordinals, ordinal) > 0) throw CsvError(1, "column " + found->name + " is named twice");
+    ordinals.push_back(ordinal);
+  }
+  return ordinals;
+}
+
+void SetField(Recordset& rows, int ordinal, const CsvField& field) {
+  const ColumnDef& column = rows.Columns()[static_cast<std::size_t>(ordinal)];
+  const std::optional<Value> value = ReadStored(field, column.type);
+  if (!value) {
+    const std::string wanted = column.type == ColumnType::kDate ? "date as yyyy-mm-dd" : "number with a decimal point";
+    throw CommandError(column.name + ": \"" + field.text + "\" is no " + wanted);
+  }
+  try {
+    rows.Fields(ordinal).Set(*value);
+  } catch (const RuntimeError& error) {
+    throw CommandError(column.name + ": " + error.what());
+  }
+}
+
+std::int64_t LoadRows(CsvReader& reader, Recordset& rows, Console& console) {
+  const std::vector<int> ordinals = ReadHeader(reader, rows.Columns());
+  std::vector<CsvField> row;
+  std::int64_t count = 0;
+  while (reader.Next(row)) {
+    const bool blank_line = row.size() == 1 && row[0].IsNull() && ordinals.size() > 1;
+    if (blank_line) continue;
+    if (row.size() != ordinals.size()) {
+      throw CsvError(reader.Line(),
+                     std::to_string(row.size()) + " fields, the header has " + std::to_string(ordinals.size()));
+    }
+    try {
+      rows.AddNew();
+      for (std::size_t i = 0; i < ordinals.size(); ++i) SetField(rows, ordinals[i], row[i]);
+      rows.Update();
+    } catch (const CommandError& error) {
+      throw CsvError(reader.Line(), error.what());
+    } catch (const RuntimeError& error) {
+      throw CsvError(reader.Line(), error.what());
+    }
+    ++count;
+    console.Progress("rows loaded", count);
+  }
+  return count;
+}
+
+}  // namespace
+
+int DataLoad(const TableOptions& options, const std::string& csv_path, Console& console) {
+  std::ifstream file(csv_path, std::ios::binary);
+  if (!file) throw CommandError("opening " + csv_path + ": " + std::strerror(errno));
+  const OpenTable table = Open(options, console);
+  console.Doing("loading " + table.place);
+  try {
+    Transaction transaction(*table.database);
+    CsvReader reader(file);
+    const std::int64_t count = LoadRows(reader, *table.rows, console);
+    transaction.Commit();
+    console.Out(table.place + ": " + std::to_string(count) + (count == 1 ? " row" : " rows") + " loaded\n");
+  } catch (const CsvError& error) {
+    throw CommandError(csv_path + ": line " + std::to_string(error.line()) + ": " + error.what() +
+                       "; no row was loaded");
+  }
+  return 0;
+}
+
+int DataDump(const TableOptions& options, Console& console) {
+  const OpenTable table = Open(options, console);
+  console.Doing("reading " + table.place);
+  Recordset& rows = *table.rows;
+  const std::vector<ColumnDef>& columns = rows.Columns();
+  std::string line;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (i > 0) line += ',';
+    AppendCsvText(columns[i].name, line);
+  }
+  console.Out(line += kCsvLineEnd);
+  std::int64_t count = 0;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    line.clear();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (i > 0) line += ',';
+      AppendStored(rows.Fields(static_cast<int>(i)).Get(), line);
+    }
+    console.Out(line += kCsvLineEnd);
+    console.Progress("rows dumped", ++count);
+  }
+  return 0;
+}
+
+}  // namespace zendara

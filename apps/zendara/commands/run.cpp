@@ -1,0 +1,229 @@
+#include <CLI/CLI.hpp>
+#include <cerrno>
+#include <cstring>
+#include <functional>
+#include <map>
+
+#include "apps/demo/demo_company.hpp"
+#include "apps/zendara/commands/command_error.hpp"
+#include "apps/zendara/commands/commands.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+constexpr std::size_t kCodeWidth = 5;
+
+bool AreDigits(const std::string& text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+// A company or worker number, padded with zeros; the error of a validator is its text, empty when all is well.
+std::string PadCode(std::string& code) {
+  if (!AreDigits(code) || code.size() > kCodeWidth) return "\"" + code + "\" is no number of one to five digits";
+  code.insert(0, kCodeWidth - code.size(), '0');
+  return {};
+}
+
+// "01" as it stands, a year of four digits without its century.
+std::string CutYear(std::string& year) {
+  const bool two = AreDigits(year) && year.size() == 2;
+  const bool four = AreDigits(year) && year.size() == 4 && year >= "1980" && year <= "2079";
+  if (!two && !four) return "\"" + year + "\" is no year such as 01 or 2001";
+  year = year.substr(year.size() - 2);
+  return {};
+}
+
+std::string RefuseSeed(std::string& seed) { return AreDigits(seed) ? "" : "\"" + seed + "\" is no whole number"; }
+
+CLI::Validator Transform(std::string (*function)(std::string&)) {
+  return CLI::Validator([function](std::string& text) { return function(text); }, "");
+}
+
+// The options of one run, and the command that the words chose.
+struct CommandLine {
+  DemoCommandOptions demo;
+  RateOptions rate;
+  CreateOptions create;
+  CompanyOptions check;
+  TableOptions load;
+  std::string csv;
+  TableOptions dump;
+  std::function<int(Console&)> chosen;
+};
+
+void AddCompany(CLI::App* command, CompanyOptions& options) {
+  command->add_option("--dir", options.dir, "The application's folder; its subfolder DATOS holds the files")
+      ->required()
+      ->type_name("DIR");
+  command->add_option("--company", options.company, "Company number")
+      ->required()
+      ->type_name("CODE")
+      ->transform(Transform(PadCode));
+  command->add_option("--year", options.year, "Working year, such as 01")
+      ->required()
+      ->type_name("YY")
+      ->transform(Transform(CutYear));
+}
+
+void AddTable(CLI::App* command, TableOptions& options) {
+  AddCompany(command, options.company);
+  command->add_option("--file", options.file, "Database file, when the table is in several (default: the first)")
+      ->type_name("NAME");
+  command->add_option("TABLE", options.table, "Name of the table")->required()->type_name("");
+}
+
+void AddDemo(CLI::App& app, CommandLine& line) {
+  CLI::App* demo = app.add_subcommand("demo", "Write a demonstration company");
+  demo->add_option("DIR", line.demo.dir, "The application's folder; the files go to its subfolder DATOS")
+      ->required()
+      ->type_name("");
+  demo->add_option("--workers", line.demo.workers, "Number of workers (default: 60)")
+      ->type_name("N")
+      ->check(CLI::Range(1, kMaxDemoWorkers).description(""));
+  demo->add_option("--seed", line.demo.seed, "Another seed gives other data (default: 1)")
+      ->type_name("S")
+      ->check(Transform(RefuseSeed));
+  demo->callback([&line] { line.chosen = [&line](Console& console) { return Demo(line.demo, console); }; });
+}
+
+void AddRate(CLI::App& app, CommandLine& line) {
+  static const std::map<std::string, RateFormat> formats = {
+      {"text", RateFormat::kText}, {"csv", RateFormat::kCsv}, {"json", RateFormat::kJson}};
+  CLI::App* rate = app.add_subcommand("rate", "Work out the withholding rate of stored workers");
+  AddCompany(rate, line.rate.company);
+  rate->add_option("--currency", line.rate.currency, "P for pesetas (default), anything else for the other currency")
+      ->type_name("MARK");
+  rate->add_option("--worker", line.rate.worker, "Worker number (default: all workers)")
+      ->type_name("N")
+      ->transform(Transform(PadCode));
+  rate->add_flag("--explain", line.rate.explain, "Give the steps of each calculation");
+  rate->add_option_function<std::string>(
+          "--format", [&line](const std::string& name) { line.rate.format = formats.at(name); },
+          "text (default), csv or json")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"text", "csv", "json"}).description(""));
+  rate->callback([&line] { line.chosen = [&line](Console& console) { return Rate(line.rate, console); }; });
+}
+
+void AddData(CLI::App& app, CommandLine& line) {
+  CLI::App* data = app.add_subcommand("data", "Make, check, fill and read the stored tables");
+  data->require_subcommand(1);
+
+  CLI::App* create = data->add_subcommand("create", "Make the files that are missing; none is overwritten");
+  AddCompany(create, line.create.company);
+  create->add_option("--name", line.create.name, "Company name, entered in the general tables")->type_name("N");
+  create->callback([&line] { line.chosen = [&line](Console& console) { return DataCreate(line.create, console); }; });
+
+  CLI::App* check = data->add_subcommand("check", "Tell what is missing or malformed, a line each; status 1 if any");
+  AddCompany(check, line.check);
+  check->callback([&line] { line.chosen = [&line](Console& console) { return DataCheck(line.check, console); }; });
+
+  CLI::App* load = data->add_subcommand("load", "Add the rows of a CSV file to a table, all or none");
+  AddTable(load, line.load);
+  load->add_option("CSV", line.csv, "Text in UTF-8 with a header of column names")->required()->type_name("");
+  load->callback([&line] { line.chosen = [&line](Console& c) { return DataLoad(line.load, line.csv, c); }; });
+
+  CLI::App* dump = data->add_subcommand("dump", "Print a table as CSV");
+  AddTable(dump, line.dump);
+  dump->callback([&line] { line.chosen = [&line](Console& console) { return DataDump(line.dump, console); }; });
+
+  for (CLI::App* command : {load, dump}) {
+    command->footer(
+        "CSV as in RFC 4180: an unquoted empty field is Null, a quoted one the empty text,\n"
+        "dates are yyyy-mm-dd or yyyy-mm-ddThh:mm:ss, numbers have a decimal point.");
+  }
+}
+
+// The command that the words lead to, as far as they name one; "" or the first word that does not.
+struct Reached {
+  const CLI::App* command;
+  std::string name;
+  std::string unknown;
+};
+Reached Follow(const CLI::App& app, const std::vector<std::string>& words) {
+  Reached reached{&app, app.get_name(), {}};
+  for (const std::string& word : words) {
+    if (reached.command->get_subcommands({}).empty()) break;
+    const auto named = reached.command->get_subcommands([&](const CLI::App* c) { return c->get_name() == word; });
+    if (named.empty()) {
+      reached.unknown = word;
+      break;
+    }
+    reached.command = named.front();
+    reached.name += " " + word;
+  }
+  return reached;
+}
+
+std::string UsageError(const CLI::App& app, const std::vector<std::string>& words, const CLI::ParseError& error) {
+  const Reached reached = Follow(app, words);
+  std::string cause = error.what();
+  if (!reached.unknown.empty() && !reached.unknown.starts_with("-")) cause = "there is no command " + reached.unknown;
+  return cause + " (see " + reached.name + " --help)";
+}
+
+std::string OneLine(const RuntimeError& error) {
+  return error.detail().empty() ? error.what() : std::string(error.what()) + " (" + error.detail() + ")";
+}
+
+// What the failed command printed so far goes out before its error line.
+int Fail(Console& console, const std::string& cause) {
+  try {
+    console.Flush();
+  } catch (const OutputError&) {
+    // The cause says more.
+  }
+  console.Error(cause);
+  return kFailed;
+}
+
+int RunCommand(const std::function<int(Console&)>& command, Console& console) {
+  try {
+    const int status = command(console);
+    console.Doing("");
+    console.Flush();
+    return status;
+  } catch (const OutputError& error) {
+    // A reader such as `head` that wants no more is no fault to tell of.
+    if (error.system_error != EPIPE)
+      console.Error("standard output: " + std::string(std::strerror(error.system_error)));
+    return kFailed;
+  } catch (const RuntimeError& error) {
+    return Fail(console, console.Doing() + ": " + OneLine(error));
+  } catch (const CommandError& error) {
+    return Fail(console, error.what());
+  } catch (const std::exception& error) {
+    return Fail(console, console.Doing() + ": " + error.what());
+  }
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err, bool terminal) {
+  CLI::App app("Withholding rates and stored tables of a Spanish payroll", "zendara");
+  app.require_subcommand(1);
+  app.get_formatter()->label("REQUIRED", "(required)");
+  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  app.get_formatter()->label("Subcommands", "Commands");
+  app.footer("Exit status: 0 done, 1 failed (one line on standard error tells why), 2 wrong usage.");
+  CommandLine line;
+  AddDemo(app, line);
+  AddRate(app, line);
+  AddData(app, line);
+
+  Console console(out, err, terminal);
+  try {
+    app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::CallForHelp&) {
+    return RunCommand([&](Console& c) { return c.Out(app.help()), 0; }, console);
+  } catch (const CLI::ParseError& error) {
+    console.Error(UsageError(app, arguments, error));
+    return kWrongUsage;
+  }
+  return RunCommand(line.chosen, console);
+}
+
+}  // namespace zendara

@@ -1,0 +1,21 @@
+// Stored values as the fields of a CSV file: Null unquoted and empty, dates as yyyy-mm-dd, with a time of day
+// yyyy-mm-ddThh:mm:ss, numbers with a decimal point. What is written reads back as the same value.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "apps/zendara/commands/csv.hpp"
+#include "zendara/record_engine.hpp"
+
+namespace zendara {
+
+void AppendStored(const Value& value, std::string& row);
+// Nothing when the field is no value of that type.
+std::optional<Value> ReadStored(const CsvField& field, ColumnType type);
+
+std::string IsoDate(Date date);
+std::optional<Date> ReadIsoDate(std::string_view text);
+
+}  // namespace zendara

@@ -99,12 +99,13 @@ class Cursor final : public TableCursor, private Holder {
       BindRow(table_.replace, row);
       table_.replace.Bind(static_cast<int>(row.size()) + 1, row_.id());
       table_.replace.Run();
-      ReadRow(row_.id());
       if (own) connection_->Commit();
     } catch (...) {
       if (own) connection_->Rollback();
       throw;
     }
+    // Only now: after a failure the row as Refresh read it is what a second try is compared with.
+    ReadRow(row_.id());
   }
 
   bool Erase() override {

@@ -3,8 +3,10 @@
 #include <benchmark/benchmark.h>
 
 #include <random>
+#include <string>
 #include <vector>
 
+#include "tests/withholding/parametros.hpp"
 #include "values/formato_valor.hpp"
 #include "withholding/calculo_irpf.hpp"
 
@@ -16,29 +18,12 @@ struct Caso {
   CondicionesIRPF condiciones;
 };
 
-ParametrosIRPF Parametros(bool pesetas) {
-  constexpr double kScale[][3] = {{0, 0, 18},
-                                  {612000, 110160, 24},
-                                  {2142000, 477360, 28.3},
-                                  {4182000, 1054680, 37.2},
-                                  {6732000, 2003280, 45},
-                                  {11220000, 4022880, 48}};
-  ParametrosIRPF row{};
-  std::size_t column = 0;
-  for (const auto& bracket : kScale) {
-    for (std::size_t i = 0; i < 3; ++i) row[column + i] = bracket[i];
-    column += 4;
-  }
-  constexpr double kFrom32[] = {1250000, 1250000, 1250000, 1250000, 1650000, 1450000, 1300000, 2025000, 1500000,
-                                100000,  200000,  2,       18,      0,       1350000, 500000,  1350000, 2000000,
-                                0.1923,  0,       0,       375000,  2.75,    1.75,    2.25,    550000,  650000,
-                                850000,  1150000, 200000,  300000,  25000,   50000,   300000,  600000,  100000,
-                                300000,  600000,  100000,  200000,  100000,  3000000, 35};
-  for (std::size_t i = 0; i < std::size(kFrom32); ++i) row[32 + i] = kFrom32[i];
-  if (pesetas) return row;
+// The same figures in a currency with decimals.
+ParametrosIRPF ParametrosConDecimales() {
   const auto is_ratio = [](std::size_t i) {
     return (i < 32 && i % 4 == 2) || i == 43 || i == 44 || i == 50 || (i >= 54 && i <= 56) || i == 74;
   };
+  ParametrosIRPF row = Parametros();
   for (std::size_t i = 0; i < row.size(); ++i) {
     if (!is_ratio(i)) row[i] /= 166.386;
   }
@@ -75,7 +60,7 @@ std::vector<Caso> Casos(std::size_t count) {
 
 void CalculaTipo(benchmark::State& state) {
   const std::vector<Caso> casos = Casos(1024);
-  const ParametrosIRPF parametros[] = {Parametros(false), Parametros(true)};
+  const ParametrosIRPF parametros[] = {ParametrosConDecimales(), Parametros()};
   std::size_t next = 0;
   for (auto _ : state) {
     const Caso& caso = casos[next++ % casos.size()];
@@ -88,3 +73,5 @@ BENCHMARK(CalculaTipo);
 
 }  // namespace
 }  // namespace zendara
+
+BENCHMARK_MAIN();

@@ -1,0 +1,180 @@
+// The record engine against the same work done directly on the store's C interface, on the same files.
+#include <sqlite3.h>
+
+#include <array>
+#include <cstdlib>
+#include <iostream>
+#include <random>
+#include <string>
+
+#include "adapters/icu/spanish_order.hpp"
+#include "bench/ratio_reporter.hpp"
+#include "frame/stored_tables.hpp"
+#include "tests/support/temp_folder.hpp"
+#include "zendara/engines.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr int kRows = 100000;
+
+std::string Key(int worker) {
+  std::string key = std::to_string(worker);
+  return std::string(5 - key.size(), '0') + key;
+}
+
+void Fill(Recordset& rs, int worker) {
+  rs.AddNew();
+  rs.Fields(0).Set(Key(worker));
+  for (int i = 1; i < 19; ++i) rs.Fields(i).Set(i < 4 ? "Nombre" : "7");
+  rs.Fields(19).Set(Date{20000.0 + worker % 9000});
+  for (int i = 20; i < 91; ++i) rs.Fields(i).Set(i == 75 ? "2500000" : "0");
+}
+
+// A company file with a worker table of that many rows, open through the engine and directly.
+class Fixture {
+ public:
+  Fixture(const std::string& name, int rows) : path_(folder_ / name) {
+    base_ = engine_->Workspaces(0)->CreateDatabase(path_);
+    base_->CreateTable(*StoredTable(FileKind::kCompany, "TrabajadoresFijo"));
+    workers = base_->OpenRecordset("TrabajadoresFijo", RecordsetType::kTable);
+    workers->SetIndex("Icampo0");
+    base_->BeginTrans();
+    for (int i = 0; i < rows; ++i) {
+      Fill(*workers, i);
+      workers->Update();
+    }
+    base_->CommitTrans();
+    Check(sqlite3_open_v2(path_.c_str(), &raw_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr));
+    Check(sqlite3_create_collation_v2(
+        raw_, "es", SQLITE_UTF8, &order_,
+        [](void* order, int a_size, const void* a, int b_size, const void* b) {
+          return static_cast<SpanishOrder*>(order)->Compare(
+              {static_cast<const char*>(a), static_cast<std::size_t>(a_size)},
+              {static_cast<const char*>(b), static_cast<std::size_t>(b_size)});
+        },
+        nullptr));
+    Check(sqlite3_exec(raw_, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr));
+  }
+  ~Fixture() { sqlite3_close_v2(raw_); }
+
+  sqlite3_stmt* Prepare(const std::string& sql) {
+    sqlite3_stmt* statement = nullptr;
+    Check(sqlite3_prepare_v3(raw_, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr));
+    return statement;
+  }
+
+  std::shared_ptr<Recordset> workers;
+
+ private:
+  void Check(int code) {
+    if (code == SQLITE_OK) return;
+    std::cerr << "engine_bench: " << sqlite3_errmsg(raw_) << '\n';
+    std::exit(1);
+  }
+
+  TempFolder folder_;
+  std::string path_;
+  SpanishOrder order_;
+  std::unique_ptr<Engine> engine_ = MakeSqliteEngine();
+  std::shared_ptr<Database> base_;
+  sqlite3* raw_ = nullptr;
+};
+
+Fixture& Large() {
+  static Fixture fixture("Nom00001.MDB", kRows);
+  return fixture;
+}
+
+std::string_view Text(sqlite3_stmt* statement, int column) {
+  return {reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+          static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+// Each look-up and each step reads the surname, so that both sides have come to the row.
+void SeekZendara(benchmark::State& state) {
+  Recordset& rs = *Large().workers;
+  rs.SetIndex("Icampo0");
+  std::mt19937 random(1);
+  for (auto _ : state) {
+    rs.Seek({Key(static_cast<int>(random() % kRows))});
+    benchmark::DoNotOptimize(rs.Fields(1).Get());
+  }
+}
+BENCHMARK(SeekZendara)->Name("Seek/zendara");
+
+void SeekRaw(benchmark::State& state) {
+  sqlite3_stmt* statement = Large().Prepare("SELECT * FROM TrabajadoresFijo WHERE Campo0 = ?");
+  std::mt19937 random(1);
+  for (auto _ : state) {
+    const std::string key = Key(static_cast<int>(random() % kRows));
+    sqlite3_bind_text(statement, 1, key.data(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+    sqlite3_step(statement);
+    benchmark::DoNotOptimize(Text(statement, 1));
+    sqlite3_reset(statement);
+  }
+  sqlite3_finalize(statement);
+}
+BENCHMARK(SeekRaw)->Name("Seek/raw");
+
+void MoveNextZendara(benchmark::State& state) {
+  Recordset& rs = *Large().workers;
+  rs.SetIndex("Icampo0");
+  for (auto _ : state) {
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) benchmark::DoNotOptimize(rs.Fields(1).Get());
+  }
+}
+BENCHMARK(MoveNextZendara)->Name("MoveNext/zendara")->Unit(benchmark::kMillisecond);
+
+void MoveNextRaw(benchmark::State& state) {
+  sqlite3_stmt* statement = Large().Prepare("SELECT * FROM TrabajadoresFijo ORDER BY Campo0");
+  for (auto _ : state) {
+    while (sqlite3_step(statement) == SQLITE_ROW) benchmark::DoNotOptimize(Text(statement, 1));
+    sqlite3_reset(statement);
+  }
+  sqlite3_finalize(statement);
+}
+BENCHMARK(MoveNextRaw)->Name("MoveNext/raw")->Unit(benchmark::kMillisecond);
+
+// Both write the same rows into an empty table of their own, each row durable.
+void AddNewZendara(benchmark::State& state) {
+  Fixture fixture("Nom00002.MDB", 0);
+  int worker = 0;
+  for (auto _ : state) {
+    Fill(*fixture.workers, worker++);
+    fixture.workers->Update();
+  }
+}
+BENCHMARK(AddNewZendara)->Name("AddNew/zendara")->Iterations(2000);
+
+void AddNewRaw(benchmark::State& state) {
+  Fixture fixture("Nom00002.MDB", 0);
+  std::string places = "?";
+  for (int i = 1; i < 91; ++i) places += ",?";
+  sqlite3_stmt* statement = fixture.Prepare("INSERT INTO TrabajadoresFijo VALUES (" + places + ")");
+  int worker = 0;
+  for (auto _ : state) {
+    const std::string key = Key(worker++);
+    sqlite3_bind_text(statement, 1, key.data(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+    for (int i = 1; i < 19; ++i) sqlite3_bind_text(statement, i + 1, i < 4 ? "Nombre" : "7", -1, SQLITE_TRANSIENT);
+    sqlite3_bind_text(statement, 20, "1960-01-01", 10, SQLITE_TRANSIENT);
+    for (int i = 20; i < 91; ++i) sqlite3_bind_text(statement, i + 1, i == 75 ? "2500000" : "0", -1, SQLITE_TRANSIENT);
+    sqlite3_step(statement);
+    sqlite3_reset(statement);
+  }
+  sqlite3_finalize(statement);
+}
+BENCHMARK(AddNewRaw)->Name("AddNew/raw")->Iterations(2000);
+
+// Nothing changed since the last count: the two tables must cost the same.
+void RecordCount(benchmark::State& state) {
+  static Fixture small("Nom00003.MDB", 100);
+  Recordset& rs = state.range(0) == kRows ? *Large().workers : *small.workers;
+  for (auto _ : state) benchmark::DoNotOptimize(rs.RecordCount());
+}
+BENCHMARK(RecordCount)->Arg(100)->Arg(kRows);
+
+}  // namespace
+}  // namespace zendara
+
+int main(int argc, char** argv) { return zendara::RunWithRatios(argc, argv); }

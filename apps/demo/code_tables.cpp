@@ -7,9 +7,9 @@ namespace zendara {
 namespace {
 
 constexpr Code kCallesRows[] = {
-    {"AV", "Avenida"},   {"CJ", "Callejón"},  {"CL", "Calle"},        {"CM", "Camino"},
-    {"CR", "Carretera"}, {"GTA", "Glorieta"}, {"PZ", "Plaza"},        {"PS", "Paseo"},
-    {"RD", "Ronda"},     {"TR", "Travesía"},  {"UR", "Urbanización"},
+    {"AVD", "Avenida"},   {"CJN", "Callejón"}, {"CLL", "Calle"},        {"CMN", "Camino"},
+    {"CRA", "Carretera"}, {"GTA", "Glorieta"}, {"PZA", "Plaza"},        {"PSO", "Paseo"},
+    {"RDA", "Ronda"},     {"TRV", "Travesía"}, {"URB", "Urbanización"},
 };
 
 constexpr Code kFormasPagoRows[] = {

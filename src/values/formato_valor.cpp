@@ -81,7 +81,7 @@ std::string FormatoValor(int width, double value, std::string_view mask_text) {
 
   Digits digits = SignificantDigits(value);
   const bool point = HasPoint(digits);
-  // Rounding works on the 15 digits of the sum, not on those of the value: both are part of the published figures.
+  // The sum is seen through 15 digits again: a half that lies just below its text still goes up.
   if (point && mask.rounding != 0) digits = SignificantDigits(value + mask.rounding);
 
   Line line(mask.padding);

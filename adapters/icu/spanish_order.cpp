@@ -28,7 +28,7 @@ SpanishOrder::SpanishOrder() {
   std::uint8_t rank = 0;
   for (std::size_t i = 0; i < order.size(); ++i) {
     if (i == 0 || CompareByCollator(std::string_view(&order[i - 1], 1), std::string_view(&order[i], 1)) != 0) ++rank;
-    rank_[static_cast<std::size_t>(order[i])] = rank;
+    rank_[static_cast<unsigned char>(order[i])] = rank;
   }
 }
 

@@ -54,9 +54,9 @@ std::string StoredIndexName(std::string_view table, std::string_view index) {
 
 }  // namespace
 
-Connection::Connection(const std::filesystem::path& path, const std::string& name,
-                       std::shared_ptr<const SpanishOrder> order, int flags)
-    : name_(name), order_(std::move(order)) {
+Connection::Connection(const std::filesystem::path& path, std::string name, std::shared_ptr<const SpanishOrder> order,
+                       int flags)
+    : name_(std::move(name)), order_(std::move(order)) {
   const int code = sqlite3_open_v2(path.c_str(), &database_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   try {
     if (code != SQLITE_OK) Fail(code, name_, database_ ? sqlite3_errmsg(database_) : "");

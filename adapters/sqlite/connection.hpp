@@ -81,8 +81,7 @@ class Connection {
   bool InTransaction() const { return in_transaction_; }
 
  private:
-  Connection(const std::filesystem::path& path, const std::string& name, std::shared_ptr<const SpanishOrder> order,
-             int flags);
+  Connection(const std::filesystem::path& path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
 
   std::unique_ptr<TableInfo> ReadDefinition(const std::string& table);
 

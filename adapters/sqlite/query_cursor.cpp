@@ -7,6 +7,7 @@
 
 #include "adapters/sqlite/row_buffer.hpp"
 #include "platform/sql/printer.hpp"
+#include "runtime/iso_date.hpp"
 
 namespace zendara::sqlite {
 namespace {
@@ -20,7 +21,7 @@ class SqliteDialect final : public sql::Dialect {
       return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value.Number()).ptr};
     }
     std::string text = "'";
-    for (const char c : value.IsDate() ? StoredDate(value.AsDate()) : value.Text()) text.append(c == '\'' ? 2 : 1, c);
+    for (const char c : value.IsDate() ? IsoDate(value.AsDate()) : value.Text()) text.append(c == '\'' ? 2 : 1, c);
     return text + "'";
   }
 
@@ -43,7 +44,7 @@ class Cursor final : public QueryCursor, private Holder {
         connection_->Prepare("SELECT 0, " + Print(select, SqliteDialect()).substr(std::string("SELECT ").size()));
   }
 
-  ~Cursor() {
+  ~Cursor() override {
     statement_ = Statement();
     connection_->Release(this);
   }

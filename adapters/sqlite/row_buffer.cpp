@@ -43,7 +43,7 @@ bool RowBuffer::SameAs(const Statement& statement) const {
 Value RowBuffer::Read(int column, ColumnType type) const {
   const Cell& cell = cells_[static_cast<std::size_t>(column)];
   if (cell.null) return {};
-  if (type == ColumnType::kDate && !cell.number) return Value(ReadStoredDate(TextOf(cell)));
+  if (type == ColumnType::kDate && !cell.number) return Value(ReadDate(TextOf(cell)));
   if (cell.number) return Value(cell.value);
   return Value(TextOf(cell));
 }

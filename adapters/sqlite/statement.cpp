@@ -2,19 +2,11 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <utility>
-
-#include "runtime/date.hpp"
+#include "runtime/iso_date.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara::sqlite {
 namespace {
-
-constexpr double kSecondsADay = 86400;
 
 int NumberOf(int code) {
   switch (code) {
@@ -55,19 +47,13 @@ int NumberOf(int code) {
   }
 }
 
-std::string_view Digits(char* buffer, int number, int width) {
-  for (int i = width - 1; i >= 0; --i, number /= 10) buffer[i] = static_cast<char>('0' + number % 10);
-  return {buffer, static_cast<std::size_t>(width)};
-}
-
-bool ReadDigits(std::string_view text, std::size_t at, std::size_t width, int& number) {
-  if (at + width > text.size()) return false;
-  const char* begin = text.data() + at;
-  const auto [end, error] = std::from_chars(begin, begin + width, number);
-  return error == std::errc() && end == begin + width && *begin != '-';
-}
-
 }  // namespace
+
+Date ReadDate(std::string_view text) {
+  const auto date = ReadIsoDate(text);
+  if (!date) throw RuntimeError(kDataConversion, {}, text);
+  return *date;
+}
 
 void Fail(int code, const std::string& name, const std::string& detail) {
   throw RuntimeError(NumberOf(code), {name}, detail);
@@ -90,7 +76,7 @@ void Statement::Bind(int parameter, const Value& value) {
   } else if (value.IsNumber()) {
     sqlite3_bind_double(get(), parameter, value.Number());
   } else if (value.IsDate()) {
-    const std::string text = StoredDate(value.AsDate());
+    const std::string text = IsoDate(value.AsDate());
     sqlite3_bind_text64(get(), parameter, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
   } else {
     sqlite3_bind_null(get(), parameter);
@@ -136,46 +122,9 @@ Value Statement::Read(int column, ColumnType type) const {
     case ColumnType::kNumber:
       return Value(sqlite3_column_double(get(), column));
     case ColumnType::kDate:
-      return Value(ReadStoredDate(Text(column)));
+      return Value(ReadDate(Text(column)));
   }
   return {};
-}
-
-std::string StoredDate(Date date) {
-  const double day = std::floor(date.serial);
-  const DateParts parts = PartsOf(Date{day});
-  std::array<char, 4> buffer;
-  std::string text(Digits(buffer.data(), parts.year, 4));
-  text += '-';
-  text += Digits(buffer.data(), parts.month, 2);
-  text += '-';
-  text += Digits(buffer.data(), parts.day, 2);
-  const int seconds = static_cast<int>(std::min(std::round((date.serial - day) * kSecondsADay), kSecondsADay - 1));
-  if (seconds == 0) return text;
-  for (const auto& [separator, number] :
-       {std::pair(' ', seconds / 3600), {':', seconds / 60 % 60}, {':', seconds % 60}}) {
-    text += separator;
-    text += Digits(buffer.data(), number, 2);
-  }
-  return text;
-}
-
-Date ReadStoredDate(std::string_view text) {
-  int year = 0;
-  int month = 0;
-  int day = 0;
-  if (ReadDigits(text, 0, 4, year) && ReadDigits(text, 5, 2, month) && ReadDigits(text, 8, 2, day)) {
-    auto date = MakeDate(year, month, day);
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    if (date && text.size() == 10) return *date;
-    if (date && ReadDigits(text, 11, 2, hour) && ReadDigits(text, 14, 2, minute) && ReadDigits(text, 17, 2, second)) {
-      date->serial += (hour * 3600 + minute * 60 + second) / kSecondsADay;
-      return *date;
-    }
-  }
-  throw RuntimeError(kDataConversion, {}, text);
 }
 
 }  // namespace zendara::sqlite

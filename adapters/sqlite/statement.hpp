@@ -48,9 +48,7 @@ class Statement {
   const std::string* file_ = nullptr;
 };
 
-// The form in which dates are stored: yyyy-mm-dd, with hh:mm:ss behind a blank when there is a time of day.
-std::string StoredDate(Date date);
-// 3421 when the text is none.
-Date ReadStoredDate(std::string_view text);
+// A stored date; 3421 when the text is none.
+Date ReadDate(std::string_view text);
 
 }  // namespace zendara::sqlite

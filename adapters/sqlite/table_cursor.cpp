@@ -33,7 +33,7 @@ class Cursor final : public TableCursor, private Holder {
     ChooseIndex(-1);
   }
 
-  ~Cursor() {
+  ~Cursor() override {
     if (scan_) scan_->Reset();
     connection_->Release(this);
   }

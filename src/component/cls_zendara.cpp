@@ -71,10 +71,7 @@ void ClsZendara::Carga_Formulario(const std::string& NombreForm, const std::shar
     Paso([&] { sesion.Tablas[static_cast<std::size_t>(slot)] = MiT.At(slot); });
   }
   LeeSesion(sesion, ObjMorlane);
-  Paso([&] {
-    const std::string nombre = NombreForm;  // the caller's text may change while the screen is open
-    MuestraPantalla(componente, nombre);
-  });
+  Paso([&] { MuestraPantalla(componente, NombreForm); });
   Paso([&] { ObjMorlane.Retorno(sesion.TextoRetorno); });
 }
 

@@ -58,7 +58,7 @@ class Instance final : public Counted<ZendaraObject, kZendaraId> {
 // Makes an object and hands it out under `id`; what is asked for and not there goes again at once.
 template <typename Object>
 Result Make(const Guid* id, void** object) noexcept {
-  Object* made = new (std::nothrow) Object;
+  auto* made = new (std::nothrow) Object;
   if (!made) return kOutOfMemoryResult;
   const Result result = made->QueryInterface(id, object);
   made->Release();

@@ -11,6 +11,7 @@
 #include "runtime/text.hpp"
 #include "withholding/calculo_irpf.hpp"
 #include "withholding/entradas_registro.hpp"
+#include "withholding/explicacion.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -120,22 +121,37 @@ class TablePrinter : public RatePrinter {
   std::vector<Row> rows_ = {{"Worker", "Name", "Rate"}};
 };
 
+// A block of steps a worker: what, how much, where it comes from.
 class ExplainPrinter : public RatePrinter {
  public:
-  explicit ExplainPrinter(Console& console) : console_(console) {}
+  ExplainPrinter(Console& console, const ParametrosIRPF& parameters, const CondicionesIRPF& conditions)
+      : console_(console), parameters_(parameters), conditions_(conditions) {}
 
   void Worker(const Rated& rated) override {
-    console_.Out((first_ ? "" : "\n") + rated.worker + "  " + rated.name + "  " + rated.steps.tipo + "\n");
-    for (const Step& step : kSteps) console_.Out("  " + Fit(step.name, 20) + rated.steps.*step.text + "\n");
+    console_.Out((first_ ? "" : "\n") + rated.worker + "  " + rated.name + "\n");
     first_ = false;
+    const std::vector<LineaExplicacion> lines = ExplicaTipoIRPF(rated.steps, rated.inputs, parameters_, conditions_);
+    std::size_t concept_width = 0;
+    std::size_t amount_width = 0;
+    for (const LineaExplicacion& line : lines) {
+      concept_width = std::max(concept_width, Len(line.concepto));
+      amount_width = std::max(amount_width, Len(line.importe));
+    }
+    for (const LineaExplicacion& line : lines) {
+      const std::string amount = std::string(amount_width - Len(line.importe), ' ') + line.importe;
+      console_.Out(RTrim("  " + Fit(line.concepto, concept_width) + "  " + amount + "  " + line.detalle) + "\n");
+    }
   }
 
  private:
   Console& console_;
+  const ParametrosIRPF& parameters_;
+  const CondicionesIRPF& conditions_;
   bool first_ = true;
 };
 
-std::unique_ptr<RatePrinter> MakePrinter(const RateOptions& options, Console& console) {
+std::unique_ptr<RatePrinter> MakePrinter(const RateOptions& options, const ParametrosIRPF& parameters,
+                                         const CondicionesIRPF& conditions, Console& console) {
   switch (options.format) {
     case RateFormat::kCsv:
       return std::make_unique<CsvPrinter>(console, options.explain);
@@ -144,7 +160,7 @@ std::unique_ptr<RatePrinter> MakePrinter(const RateOptions& options, Console& co
     case RateFormat::kText:
       break;
   }
-  if (options.explain) return std::make_unique<ExplainPrinter>(console);
+  if (options.explain) return std::make_unique<ExplainPrinter>(console, parameters, conditions);
   return std::make_unique<TablePrinter>(console);
 }
 
@@ -184,7 +200,7 @@ int Rate(const RateOptions& options, Console& console) {
 
   const CondicionesIRPF conditions{.ano = options.company.year, .pesetas = options.currency == "P"};
   const std::int64_t all = options.worker.empty() ? workers->RecordCount() : 1;
-  const std::unique_ptr<RatePrinter> printer = MakePrinter(options, console);
+  const std::unique_ptr<RatePrinter> printer = MakePrinter(options, parameters, conditions, console);
   bool failed = false;
   printer->Begin();
   for (std::int64_t done = 0; !workers->Eof() && done < all; ++done) {

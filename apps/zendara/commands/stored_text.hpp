@@ -4,7 +4,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "apps/zendara/commands/csv.hpp"
 #include "zendara/record_engine.hpp"
@@ -14,8 +13,5 @@ namespace zendara {
 void AppendStored(const Value& value, std::string& row);
 // Nothing when the field is no value of that type.
 std::optional<Value> ReadStored(const CsvField& field, ColumnType type);
-
-std::string IsoDate(Date date);
-std::optional<Date> ReadIsoDate(std::string_view text);
 
 }  // namespace zendara

@@ -11,6 +11,8 @@ namespace zendara {
 
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
+  RatioReporter() : ConsoleReporter(OO_Tabular) {}
+
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
       if (run.aggregate_name == "median") medians_[run.run_name.function_name] = run.GetAdjustedRealTime();

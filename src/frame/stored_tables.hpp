@@ -11,13 +11,13 @@
 namespace zendara {
 
 enum class FileKind {
-  kCompany,       // Nom<code>.MDB, one per company
-  kYear,          // N<code><yy>.MDB, one per company and year
-  kDocuments,     // DOC<code>.MDB, one per company
-  kOfficial,      // Nom00a<yy>.MDB, one per year
-  kTaxReturns,    // HACIEN<yy>.MDB, one per year
-  kEmpresa,       // Empresa.MDB, general tables as the catalogue opens them
-  kEmpresas,      // Empresas.mdb, general tables as the screens read them
+  kCompany,     // Nom<code>.MDB, one per company
+  kYear,        // N<code><yy>.MDB, one per company and year
+  kDocuments,   // DOC<code>.MDB, one per company
+  kOfficial,    // Nom00a<yy>.MDB, one per year
+  kTaxReturns,  // HACIEN<yy>.MDB, one per year
+  kEmpresa,     // Empresa.MDB, general tables as the catalogue opens them
+  kEmpresas,    // Empresas.mdb, general tables as the screens read them
 };
 
 struct StoredFile {

@@ -1,0 +1,366 @@
+// The controls of a screen as a model: state and events, no toolkit. A front end shows the state and passes keys and
+// clicks to the form; everything that follows from them happens here.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zendara {
+
+class Form;
+class Control;
+
+// Red, green and blue from the lowest byte up.
+using Color = std::int32_t;
+inline constexpr Color kWhite = 16777215;
+inline constexpr Color kGrey = 8421504;
+inline constexpr Color kBlack = 0;
+
+// Index of a control that belongs to no array.
+inline constexpr int kNoIndex = -1;
+
+// Key codes and shift states as the routines test them.
+namespace key {
+inline constexpr int kBack = 8, kTab = 9, kEnter = 13, kEsc = 27, kSpace = 32, kPageUp = 33, kPageDown = 34, kEnd = 35,
+                     kHome = 36, kLeft = 37, kUp = 38, kRight = 39, kDown = 40, kInsert = 45, kDelete = 46, kF1 = 112,
+                     kF2 = 113;
+inline constexpr int kShift = 1, kControl = 2, kAlt = 4;
+}  // namespace key
+
+// A key as it is pressed. `text` is what it types, one character of UTF-8, empty for keys that type nothing.
+struct Key {
+  int code = 0;
+  int shift = 0;
+  std::string text;
+};
+
+// Handlers of a control, or of all controls of an array, which get the index of the one concerned. A handler sets a key
+// or character to 0 to cancel it.
+struct Events {
+  std::function<void(int index)> got_focus;
+  std::function<void(int index)> lost_focus;
+  std::function<void(int index)> click;   // buttons, images, lists, check and option buttons, pages turned by the user
+  std::function<void(int index)> change;  // the text or value changed, by whatever cause
+  std::function<void(int index)> mouse_move;
+  std::function<void(int index, int& code, int shift)> key_down;
+  std::function<void(int index, int& character)> key_press;
+  std::function<void(int index, int code, int shift)> key_up;
+  std::function<void(int index)> selection;  // a grid's current cell moved
+};
+
+enum class ControlKind {
+  kTextBox,
+  kComboBox,
+  kCheckBox,
+  kOptionButton,
+  kButton,
+  kTabs,
+  kGrid,
+  kFrame,
+  kLabel,
+  kPicture,
+  kImage
+};
+
+class Control {
+ public:
+  Control(Form& form, ControlKind kind, std::string_view name, int index = kNoIndex);
+  virtual ~Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  ControlKind Kind() const { return kind_; }
+  const std::string& Name() const { return name_; }
+  int Index() const { return index_; }
+  std::string Id() const;  // "Text1(7)", "Grabar"
+  Form& Owner() const { return form_; }
+  Events& On() { return *events_; }
+  const Events& On() const { return *events_; }
+
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+  bool Enabled() const { return enabled_; }
+  void SetEnabled(bool enabled);
+  // The words beside a field, or on a button, frame, check or option button; "&" stands before the access key.
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string_view caption);
+  const std::string& ToolTipText() const { return hint_; }
+  void SetToolTipText(std::string_view hint);
+  Color BackColor() const { return back_color_; }
+  void SetBackColor(Color color);
+  Color ForeColor() const { return fore_color_; }
+  void SetForeColor(Color color);
+
+  // In tab order, and reached by a click: fields, lists, buttons, grids, unless hidden or disabled, themselves or a
+  // frame around them. Pages that are not in front do not count: the focus brings them up.
+  bool CanFocus() const;
+  bool HasFocus() const;
+  // Error 5 when the control cannot have it. See Form::SetFocus.
+  void SetFocus();
+
+  // Where it stands, set by the layout.
+  Control* Container() const { return container_; }  // frame or tabs, nullptr for the form itself
+  int Page() const { return page_; }                       // of the tabs that contain it
+  void PutInto(Control* container, int page = 0) {
+    container_ = container;
+    page_ = page;
+  }
+
+ protected:
+  void Changed() const;  // tells the view
+
+ private:
+  template <typename T>
+  friend class ControlArray;
+
+  Form& form_;
+  ControlKind kind_;
+  std::string name_;
+  int index_;
+  Events own_events_;
+  Events* events_ = &own_events_;  // those of the array for its members
+  bool visible_ = true;
+  bool enabled_ = true;
+  std::string caption_;
+  std::string hint_;
+  Color back_color_ = kWhite;
+  Color fore_color_ = kBlack;
+  Control* container_ = nullptr;
+  int page_ = 0;
+};
+
+enum class Alignment { kLeft, kRight, kCenter };
+
+// A line of text. Positions count characters.
+class TextBox : public Control {
+ public:
+  TextBox(Form& form, std::string_view name, int index = kNoIndex)
+      : Control(form, ControlKind::kTextBox, name, index) {}
+
+  const std::string& Text() const { return text_; }
+  // Cut to MaxLength. The caret goes to the start, as after any text set by code.
+  void SetText(std::string_view text);
+  int MaxLength() const { return max_length_; }  // 0: any
+  void SetMaxLength(int length) { max_length_ = length; }
+  zendara::Alignment Alignment() const { return alignment_; }
+  void SetAlignment(zendara::Alignment alignment);
+  bool Locked() const { return locked_; }  // shows and selects, does not type
+  void SetLocked(bool locked) { locked_ = locked; }
+  // Characters that the field shows; 0: as many as its maximum length.
+  int Width() const { return width_ ? width_ : max_length_; }
+  void SetWidth(int characters) { width_ = characters; }
+
+  int SelStart() const { return sel_start_; }
+  int SelLength() const { return sel_length_; }
+  // Both are brought into the text.
+  void Select(int start, int length);
+  // The end of the selection that moves, for a front end's caret.
+  int Caret() const { return caret_at_start_ ? sel_start_ : sel_start_ + sel_length_; }
+
+  // Editing by keys, after the handlers. Each answers whether it did something.
+  void Type(std::string_view character);  // in place of the selection, unless the text is full
+  void Backspace();
+  void Delete();
+  bool MoveCaret(int code, int shift);  // Left, Right, Home, End, with Shift selecting
+
+ private:
+  void Replace(int start, int length, std::string_view text, int caret);
+
+  std::string text_;
+  int max_length_ = 0;
+  int width_ = 0;
+  zendara::Alignment alignment_ = zendara::Alignment::kLeft;
+  bool locked_ = false;
+  int sel_start_ = 0;
+  int sel_length_ = 0;
+  bool caret_at_start_ = false;
+};
+
+// A list of which one entry shows. Not editable: the text is that of the entry, typing picks the next entry that begins
+// with the character. Editable: the text is free.
+class ComboBox : public Control {
+ public:
+  ComboBox(Form& form, std::string_view name, int index = kNoIndex)
+      : Control(form, ControlKind::kComboBox, name, index) {}
+
+  const std::vector<std::string>& Items() const { return items_; }
+  void SetItems(std::vector<std::string> items);
+  bool Editable() const { return editable_; }
+  void SetEditable(bool editable) { editable_ = editable; }
+  int ListIndex() const { return list_index_; }  // -1: none
+  // Error 380 for no entry. Fires click, as picking by the user does.
+  void SetListIndex(int index);
+  const std::string& Text() const { return text_; }
+  // Error 380 when not editable and no entry has that text; the empty text is no entry.
+  void SetText(std::string_view text);
+  void Type(std::string_view character);
+
+ private:
+  std::vector<std::string> items_;
+  bool editable_ = false;
+  int list_index_ = -1;
+  std::string text_;
+};
+
+class CheckBox : public Control {
+ public:
+  CheckBox(Form& form, std::string_view name, int index = kNoIndex)
+      : Control(form, ControlKind::kCheckBox, name, index) {}
+  int Value() const { return value_; }  // 0, 1, 2 (greyed)
+  void SetValue(int value);             // error 380 for others; fires click when it changes
+
+ private:
+  int value_ = 0;
+};
+
+// Options in one container exclude each other.
+class OptionButton : public Control {
+ public:
+  OptionButton(Form& form, std::string_view name, int index = kNoIndex)
+      : Control(form, ControlKind::kOptionButton, name, index) {}
+  bool Value() const { return value_; }
+  void SetValue(bool value);  // true clears the others and fires click
+
+ private:
+  bool value_ = false;
+};
+
+class Button : public Control {
+ public:
+  Button(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kButton, name, index) {}
+  // True while its click runs because the user pressed it.
+  bool Value() const { return pressed_; }
+
+ private:
+  friend class Form;
+  bool pressed_ = false;
+};
+
+// A lookup image: it is clicked, never focused. Its button mark is that of the last mouse movement over it.
+class Image : public Control {
+ public:
+  Image(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kImage, name, index) {}
+};
+
+class Label : public Control {
+ public:
+  Label(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kLabel, name, index) {}
+};
+
+class Frame : public Control {
+ public:
+  Frame(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kFrame, name, index) {}
+};
+
+// A surface that a drawing routine paints on; sizes in twips.
+class Picture : public Control {
+ public:
+  Picture(Form& form, std::string_view name, int index = kNoIndex)
+      : Control(form, ControlKind::kPicture, name, index) {}
+};
+
+class Tabs : public Control {
+ public:
+  Tabs(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kTabs, name, index) {}
+  const std::vector<std::string>& Titles() const { return titles_; }
+  void SetTitles(std::vector<std::string> titles);
+  int Tab() const { return tab_; }
+  // By code: no event. Error 380 for no page.
+  void SetTab(int page);
+
+ private:
+  std::vector<std::string> titles_;
+  int tab_ = 0;
+};
+
+// Cells of text with fixed rows and columns at the top and left. Widths in twips before scaling.
+class Grid : public Control {
+ public:
+  struct Column {
+    int width = 960;
+    zendara::Alignment alignment = zendara::Alignment::kLeft;
+  };
+
+  Grid(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kGrid, name, index) {}
+
+  // Empties all cells. The current cell is the first that is not fixed.
+  void Resize(int rows, int columns, int fixed_rows, int fixed_columns);
+  int Rows() const { return rows_; }
+  int Columns() const { return static_cast<int>(columns_.size()); }
+  int FixedRows() const { return fixed_rows_; }
+  int FixedColumns() const { return fixed_columns_; }
+  Column& ColumnAt(int column);
+  const Column& ColumnAt(int column) const;
+
+  // Error 9 outside of the grid.
+  const std::string& Cell(int row, int column) const;
+  void SetCell(int row, int column, std::string_view text);
+  void Clear();  // all cells
+
+  int Row() const { return row_; }
+  int Col() const { return col_; }
+  // The current cell; fires selection when it moves. Error 380 for a fixed cell or none.
+  void SetRow(int row);
+  void SetCol(int column);
+  void SetCurrent(int row, int column);
+  const std::string& Text() const { return Cell(row_, col_); }
+  void SetText(std::string_view text) { SetCell(row_, col_, text); }
+
+ private:
+  std::size_t At(int row, int column) const;
+
+  int rows_ = 0;
+  int fixed_rows_ = 0;
+  int fixed_columns_ = 0;
+  std::vector<Column> columns_;
+  std::vector<std::string> cells_;
+  int row_ = 0;
+  int col_ = 0;
+};
+
+// Controls of one name and kind by index, with handlers in common.
+template <typename T>
+class ControlArray {
+ public:
+  ControlArray(Form& form, std::string_view name) : form_(form), name_(name) {}
+
+  T& Add(int index) {
+    auto control = std::make_unique<T>(form_, name_, index);
+    control->events_ = &events_;
+    return *(members_[index] = std::move(control));
+  }
+  // Error 9 for an index that the array does not have.
+  T& operator()(int index) const;
+  T* Find(int index) const {
+    const auto member = members_.find(index);
+    return member == members_.end() ? nullptr : member->second.get();
+  }
+  int UBound() const { return members_.empty() ? -1 : members_.rbegin()->first; }
+  Events& On() { return events_; }
+
+  auto begin() const { return members_.begin(); }
+  auto end() const { return members_.end(); }
+
+ private:
+  Form& form_;
+  std::string name_;
+  Events events_;
+  std::map<int, std::unique_ptr<T>> members_;
+};
+
+[[noreturn]] void FailNoMember();
+
+template <typename T>
+T& ControlArray<T>::operator()(int index) const {
+  T* member = Find(index);
+  if (!member) FailNoMember();
+  return *member;
+}
+
+}  // namespace zendara

@@ -1,0 +1,152 @@
+// A screen: its controls, its focus, and what becomes of keys and clicks.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/form/control.hpp"
+#include "platform/form/layout.hpp"
+#include "zendara/ports.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara {
+
+// The place that shows forms. Nothing is owned.
+class FormHost {
+ public:
+  virtual ~FormHost() = default;
+
+  // Shows the form over the others and returns when it was unloaded. The form's focus is on its first control that can
+  // have it, unless its load has put it elsewhere.
+  virtual void ShowModal(Form& form) = 0;
+  // Lets pending events run: repaints, and clicks that wait.
+  virtual void DoEvents() = 0;
+  // F1 on a form with a help context.
+  virtual void ShowHelp(const std::string& file, int context) = 0;
+  // Box of a run-time error that no routine trapped, and boxes and beeps of the screens.
+  virtual Dialogs& Boxes() = 0;
+  // Title of boxes that give none.
+  virtual std::string ApplicationTitle() const = 0;
+  // The window of a form that is shown, for neighbours that paint beside it; 0 if there are no windows.
+  virtual std::int32_t WindowHandle(const Form& form) const = 0;
+
+  // State of the Insert key, one for all forms: off at first, so that typing replaces.
+  bool insert_on = false;
+};
+
+// Who is told that something has to be shown anew.
+class FormView {
+ public:
+  virtual ~FormView() = default;
+  virtual void ControlChanged(const Control& control) = 0;
+  virtual void FocusMoved() = 0;
+  virtual void FormChanged() = 0;  // pointer, title, unloaded
+};
+
+enum class MousePointer { kDefault = 0, kHourglass = 11 };
+
+class Form {
+ public:
+  Form(FormHost& host, std::string_view name);
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& Name() const { return name_; }
+  const std::string& Title() const { return title_; }
+  void SetTitle(std::string_view title);
+  FormHost& Host() const { return host_; }
+  MousePointer Pointer() const { return pointer_; }
+  void SetPointer(MousePointer pointer);
+  // Fixed size in twips, 15 to the pixel before scaling.
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+  void SetSize(int width, int height) {
+    width_ = width;
+    height_ = height;
+  }
+  std::string HelpFile;
+  int HelpContext = 0;  // 0: none
+
+  // Controls in the order of creation, which is the tab order unless SetTabOrder says another.
+  const std::vector<Control*>& Controls() const { return controls_; }
+  Control* Find(std::string_view id) const;  // "Text1(7)"; case counts; nullptr if there is none
+  void SetTabOrder(std::vector<Control*> order) { tab_order_ = std::move(order); }
+  const Layout& GetLayout() const { return layout_; }
+  // Also tells the controls what they stand in.
+  void SetLayout(Layout layout);
+
+  // Life. Show loads the form if it is not loaded, and is modal. Unload ends the show.
+  void Show();
+  void Unload();
+  bool Loaded() const { return loaded_; }
+
+  // Focus. Moving it: the control that has it runs its lost_focus first; if that sets the focus, there it goes, and the
+  // control first aimed at gets no event. A control that takes its own focus back runs got_focus again. The page of
+  // the control that gains the focus comes to the front. nullptr: none yet.
+  Control* Focus() const { return focus_; }
+  void SetFocus(Control& control);
+  void FocusNext(bool backwards = false);
+
+  // What a front end passes in. Each runs as an event: a run-time error that escapes it shows a box and ends it.
+  void Press(const Key& key);
+  void Click(Control& control);                       // mouse; the focus moves there first
+  void PointTo(TextBox& box, int start, int length);  // mouse in a text, once the focus is there
+  void Pick(ComboBox& combo, int item);
+  void TurnTo(Tabs& tabs, int page);
+  void PointTo(Grid& grid, int row, int column);
+  void Paste(std::string_view text);  // into the text box with the focus, character by character as typed
+  void MouseOver(Control& control, bool right_button_only = false);
+  // The user closes the window.
+  void Close();
+  // Runs a routine as an event.
+  void Run(const std::function<void()>& event);
+
+  // 0 if the last mouse movement over an image was with the right button alone held, otherwise 1; 0 at start.
+  int ImageButtonMark() const { return image_button_mark_; }
+
+  void SetView(FormView* view) { view_ = view; }
+  FormView* View() const { return view_; }
+
+ protected:
+  virtual void OnLoad() {}
+  virtual void OnUnload() {}
+  // The user closes the window: the button that leaves the screen decides.
+  virtual void OnClose() { Unload(); }
+  // The form sees keys before the control that has the focus. Setting them to 0 cancels them.
+  virtual void OnKeyDown(int& code, int shift);
+  virtual void OnKeyPress(int& character);
+
+ private:
+  friend class Control;
+
+  void Add(Control& control) { controls_.push_back(&control); }
+  void Enter(Control& control);
+  void MoveFocusAndClick(Control& control);
+  bool PressAccessKey(const Key& key);
+  void Character(int character);
+  static void BringUp(const Control& control);
+  bool InFrontPage(const Control& control) const;
+  static void PutInto(const Layout& layout, Control* container, int page);
+
+  FormHost& host_;
+  std::string name_;
+  std::string title_;
+  MousePointer pointer_ = MousePointer::kDefault;
+  int width_ = 0;
+  int height_ = 0;
+  std::vector<Control*> controls_;
+  std::vector<Control*> tab_order_;
+  Layout layout_;
+  bool loaded_ = false;
+  Control* focus_ = nullptr;
+  bool leaving_ = false;      // lost_focus of the control with the focus is running
+  Control* aimed_ = nullptr;  // where that handler has set it
+  int image_button_mark_ = 0;
+  FormView* view_ = nullptr;
+};
+
+}  // namespace zendara

@@ -1,0 +1,59 @@
+#include "platform/form/control.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara {
+
+void Grid::Resize(int rows, int columns, int fixed_rows, int fixed_columns) {
+  rows_ = rows;
+  columns_.assign(static_cast<std::size_t>(columns), {});
+  cells_.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns), {});
+  fixed_rows_ = fixed_rows;
+  fixed_columns_ = fixed_columns;
+  row_ = fixed_rows;
+  col_ = fixed_columns;
+  Changed();
+}
+
+std::size_t Grid::At(int row, int column) const {
+  if (row < 0 || row >= rows_ || column < 0 || column >= Columns()) throw RuntimeError(kSubscriptOutOfRange);
+  return static_cast<std::size_t>(row) * columns_.size() + static_cast<std::size_t>(column);
+}
+
+Grid::Column& Grid::ColumnAt(int column) {
+  At(0, column);
+  return columns_[static_cast<std::size_t>(column)];
+}
+
+const Grid::Column& Grid::ColumnAt(int column) const {
+  At(0, column);
+  return columns_[static_cast<std::size_t>(column)];
+}
+
+const std::string& Grid::Cell(int row, int column) const { return cells_[At(row, column)]; }
+
+void Grid::SetCell(int row, int column, std::string_view text) {
+  cells_[At(row, column)] = text;
+  Changed();
+}
+
+void Grid::Clear() {
+  for (std::string& cell : cells_) cell.clear();
+  Changed();
+}
+
+void Grid::SetRow(int row) { SetCurrent(row, col_); }
+
+void Grid::SetCol(int column) { SetCurrent(row_, column); }
+
+void Grid::SetCurrent(int row, int column) {
+  if (row < fixed_rows_ || row >= rows_ || column < fixed_columns_ || column >= Columns()) {
+    throw RuntimeError(kInvalidPropertyValue);
+  }
+  if (row == row_ && column == col_) return;
+  row_ = row;
+  col_ = column;
+  Changed();
+  if (On().selection) On().selection(Index());
+}
+
+}  // namespace zendara

@@ -8,11 +8,15 @@
 
 namespace zendara {
 
+class FormHost;
+
 // Nothing is owned; all outlive the component's use.
 struct Platform {
   Engine* engine = nullptr;
   Dialogs* dialogs = nullptr;
   Files* files = nullptr;
+  FormHost* forms = nullptr;  // shows the screens
+  Shell* shell = nullptr;
   std::string application_folder;  // holds DATOS; without a separator at its end
 };
 

@@ -39,4 +39,16 @@ class Files {
   virtual std::string ReadRecord(std::string_view path, std::size_t length) const = 0;
 };
 
+// Programs beside the host's.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+  // Window of that class and title, 0 if there is none.
+  virtual int FindWindow(std::string_view class_name, std::string_view title) = 0;
+  // Starts a program with its window in front; the number of its task. Error 53 when there is no such program.
+  virtual int Start(std::string_view program) = 0;
+  virtual void Activate(int task) = 0;
+  virtual void Activate(std::string_view title) = 0;
+};
+
 }  // namespace zendara

@@ -14,6 +14,8 @@
 
 namespace zendara {
 
+class Form;
+
 inline constexpr int kSlots = 500;
 
 struct Sesion {
@@ -48,6 +50,9 @@ struct Sesion {
   std::string ParametrosListado;    // IMPM1600.DAT, 256 bytes
   std::string ParametrosImpresion;  // IMPM0999.DAT, 300 bytes
   std::string ParametrosNomina;     // NOM00997.DAT, 256 bytes
+
+  // The form that opened a listing, or the worker screen; nullptr once a screen has been left.
+  Form* FormActivo = nullptr;
 
   // Scratch shared by all routines, meaningless between operations.
   std::string SqlTexto;

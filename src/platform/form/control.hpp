@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/text_field.hpp"
+
 namespace zendara {
 
 class Form;
@@ -138,14 +140,15 @@ class Control {
 enum class Alignment { kLeft, kRight, kCenter };
 
 // A line of text. Positions count characters.
-class TextBox : public Control {
+class TextBox : public Control, public TextField {
  public:
   TextBox(Form& form, std::string_view name, int index = kNoIndex)
       : Control(form, ControlKind::kTextBox, name, index) {}
 
-  const std::string& Text() const { return text_; }
+  std::string Text() const override { return text_; }
   // Cut to MaxLength. The caret goes to the start, as after any text set by code.
-  void SetText(std::string_view text);
+  void SetText(const std::string& text) override;
+  void SetFocus() override { Control::SetFocus(); }
   int MaxLength() const { return max_length_; }  // 0: any
   void SetMaxLength(int length) { max_length_ = length; }
   zendara::Alignment Alignment() const { return alignment_; }
@@ -156,7 +159,7 @@ class TextBox : public Control {
   int Width() const { return width_ ? width_ : max_length_; }
   void SetWidth(int characters) { width_ = characters; }
 
-  int SelStart() const { return sel_start_; }
+  int SelStart() const override { return sel_start_; }
   int SelLength() const { return sel_length_; }
   // Both are brought into the text.
   void Select(int start, int length);

@@ -5,8 +5,8 @@
 
 namespace zendara {
 
-void TextBox::SetText(std::string_view text) {
-  const std::string cut = max_length_ ? Left(text, max_length_) : std::string(text);
+void TextBox::SetText(const std::string& text) {
+  const std::string cut = max_length_ ? Left(text, max_length_) : text;
   const bool same = cut == text_;
   text_ = cut;
   sel_start_ = sel_length_ = 0;

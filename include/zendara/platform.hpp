@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
 #include "zendara/record_engine.hpp"
 
@@ -17,7 +18,8 @@ struct Platform {
   Files* files = nullptr;
   FormHost* forms = nullptr;  // shows the screens
   Shell* shell = nullptr;
-  std::string application_folder;  // holds DATOS; without a separator at its end
+  std::string application_folder;          // holds DATOS; without a separator at its end
+  const Components* components = nullptr;  // pick list, banner, listing viewer; null: none of them is there
 };
 
 }  // namespace zendara

@@ -1,0 +1,117 @@
+// The closed classes beside the component, created by their name at run time: pick list, banner, listing viewer. A host
+// registers its own, or the ones of the front end in use; the class that is missing is error 429 at the place of use.
+//
+// An object is created anew for each use and released afterwards. Errors that its operations throw reach the screen,
+// which shows them.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "zendara/record_engine.hpp"
+
+namespace zendara {
+
+class Form;
+
+// Place of a column in the row that a list returns, in characters: start from 1.
+struct RowPlace {
+  int start = 0;
+  int width = 0;
+
+  friend bool operator==(const RowPlace&, const RowPlace&) = default;
+};
+
+// A modal box with a title and rows, from which the user takes one or none. Both operations return when the user has
+// chosen or given up. `marca_boton` is 0 when the last mouse movement over a look-up image had the right button alone
+// held (and before the first one), otherwise 1.
+class PickList {
+ public:
+  virtual ~PickList() = default;
+
+  // The rows of a query. Eight arguments: columns, query, two that the calling convention leaves free, file, title,
+  // mark and result. `columnas`: the row's columns in their order, codes of three digits: two for N of the column
+  // CampoN, one for its kind, 0 text, 1 code, 2 date. An element with two codes, "032,042", is the first of them that
+  // the query has. `lugares`: stands in the first free argument; the place of each element of `columnas` in the
+  // returned row. `motor`: stands in the second; the engine that opens the file `base`. `resultado`: the chosen row,
+  // each text padded with blanks to its width or cut to it, dates as dd/mm/yy, Null as blanks; empty if nothing was
+  // chosen.
+  virtual void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
+                             const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base,
+                             const std::string& titulo, std::int16_t marca_boton, std::string& resultado) = 0;
+
+  // Fixed rows; `resultado` is the chosen one to the letter.
+  virtual void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t marca_boton,
+                            std::string& resultado) = 0;
+};
+
+// Left, top, width and height of the banner's place, in twips of the form.
+struct BannerPlace {
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+
+  friend bool operator==(const BannerPlace&, const BannerPlace&) = default;
+};
+
+// Paints on a part of a screen. `handle` is the window of the form.
+class Banner {
+ public:
+  virtual ~Banner() = default;
+  virtual void PosicionBanner(std::int32_t handle, BannerPlace& lugar) = 0;
+  // The form closes.
+  virtual void AvisoCierre(std::int32_t handle) = 0;
+};
+
+// Number of columns n in decimal; then for each column its title, its alignment (0 text, 1 number) and its width in
+// twips in decimal; then the title of the listing, and False but for a listing of pending incidents. 3n + 3 elements.
+using ListingDescription = std::vector<std::variant<std::string, std::int16_t, bool>>;
+
+// Prints the rows of a staging table, in the order in which they were written. The properties are set first.
+class ListingViewer {
+ public:
+  virtual ~ListingViewer() = default;
+  virtual void Visualiza(ListingDescription& descripcion) = 0;
+  virtual void FicheroDatos(const std::string& ruta) = 0;  // full path of the database
+  virtual void TablaDatos(const std::string& tabla) = 0;
+  virtual void FormularioPadre(Form* formulario) = 0;  // on whose behalf the listing runs; not owned
+};
+
+inline constexpr std::string_view kPickListClass = "ObjLista";
+inline constexpr std::string_view kBannerClass = "Ravelin.clsRavelin";
+inline constexpr std::string_view kListingViewerClass = "ClsVisorListado";
+
+// The classes that can be created, by name without regard to case.
+class Components {
+ public:
+  template <typename T>
+  using Factory = std::function<std::unique_ptr<T>()>;
+
+  // A later registration of the same name replaces the earlier one; an empty factory removes it.
+  void Register(std::string_view name, Factory<PickList> factory);
+  void Register(std::string_view name, Factory<Banner> factory);
+  void Register(std::string_view name, Factory<ListingViewer> factory);
+
+ private:
+  friend std::unique_ptr<PickList> CreatePickList(const Components*, std::string_view);
+  friend std::unique_ptr<Banner> CreateBanner(const Components*, std::string_view);
+  friend std::unique_ptr<ListingViewer> CreateListingViewer(const Components*, std::string_view);
+
+  std::map<std::string, std::variant<Factory<PickList>, Factory<Banner>, Factory<ListingViewer>>> factories_;
+};
+
+// A new object of that class, never null. Error 429 when there is none of that name and kind; without `components`
+// nothing is registered.
+std::unique_ptr<PickList> CreatePickList(const Components* components, std::string_view name = kPickListClass);
+std::unique_ptr<Banner> CreateBanner(const Components* components, std::string_view name = kBannerClass);
+std::unique_ptr<ListingViewer> CreateListingViewer(const Components* components,
+                                                   std::string_view name = kListingViewerClass);
+
+}  // namespace zendara

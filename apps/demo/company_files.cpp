@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <stdexcept>
+#include <ranges>
 #include <system_error>
 #include <utility>
 
@@ -130,7 +131,7 @@ void CompanyFiles::Remove() noexcept {
   for (const fs::path& path : moved_) fs::remove(path, none);
   if (!staging_.empty()) fs::remove_all(staging_, none);
   // Those that were made here, unless something else has come into them.
-  for (auto folder = made_folders_.rbegin(); folder != made_folders_.rend(); ++folder) fs::remove(*folder, none);
+  for (const fs::path& folder : std::views::reverse(made_folders_)) fs::remove(folder, none);
 }
 
 }  // namespace zendara

@@ -35,7 +35,8 @@ inline constexpr int kBack = 8, kTab = 9, kEnter = 13, kEsc = 27, kSpace = 32, k
 inline constexpr int kShift = 1, kControl = 2, kAlt = 4;
 }  // namespace key
 
-// A key as it is pressed. `text` is what it types, one character of UTF-8, empty for keys that type nothing.
+// A key as it is pressed. `text` is what it types, one character of UTF-8, empty for keys that type nothing; `code` may
+// be 0 for keys that only type.
 struct Key {
   int code = 0;
   int shift = 0;
@@ -108,7 +109,7 @@ class Control {
 
   // Where it stands, set by the layout.
   Control* Container() const { return container_; }  // frame or tabs, nullptr for the form itself
-  int Page() const { return page_; }                       // of the tabs that contain it
+  int Page() const { return page_; }                 // of the tabs that contain it
   void PutInto(Control* container, int page = 0) {
     container_ = container;
     page_ = page;

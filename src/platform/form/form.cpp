@@ -65,12 +65,17 @@ Control* Form::Find(std::string_view id) const {
 
 void Form::SetLayout(Layout layout) {
   layout_ = std::move(layout);
+  tab_order_.clear();
   PutInto(layout_, nullptr, 0);
 }
 
 void Form::PutInto(const Layout& layout, Control* container, int page) {
-  if (layout.control) layout.control->PutInto(container, page);
-  for (Control* control : layout.attached) control->PutInto(container, page);
+  const auto put = [&](Control* control) {
+    control->PutInto(container, page);
+    tab_order_.push_back(control);
+  };
+  if (layout.control) put(layout.control);
+  for (Control* control : layout.attached) put(control);
   const bool contains = layout.kind == LayoutKind::kFrame || layout.kind == LayoutKind::kTabs;
   for (std::size_t i = 0; i < layout.children.size(); ++i) {
     const int child_page = layout.kind == LayoutKind::kTabs ? static_cast<int>(i) : contains ? 0 : page;
@@ -165,9 +170,8 @@ bool Form::InFrontPage(const Control& control) const {
 
 void Form::FocusNext(bool backwards) {
   std::vector<Control*> order = tab_order_.empty() ? controls_ : tab_order_;
-  std::erase_if(order, [](const Control* control) {
-    return !control->CanFocus() || control->Kind() == ControlKind::kTabs;
-  });
+  std::erase_if(order,
+                [](const Control* control) { return !control->CanFocus() || control->Kind() == ControlKind::kTabs; });
   if (order.empty()) return;
   const std::size_t count = order.size();
   const auto here = static_cast<std::size_t>(std::ranges::find(order, focus_) - order.begin());
@@ -193,8 +197,9 @@ void Form::Press(const Key& pressed) {
     Control* control = focus_;
     int code = pressed.code;
     OnKeyDown(code, pressed.shift);
-    if (code && control) Fire(control->On().key_down, control->Index(), code, pressed.shift);
-    if (!code || !loaded_) return;
+    const auto cancelled = [&] { return code == 0 && pressed.code != 0; };
+    if (!cancelled() && control) Fire(control->On().key_down, control->Index(), code, pressed.shift);
+    if (cancelled() || !loaded_) return;
     if (code == key::kF1 && HelpContext) return host_.ShowHelp(HelpFile, HelpContext);
     if (PressAccessKey(pressed) || !control) return;
     if (code == key::kEnter && control->Kind() == ControlKind::kButton) return MoveFocusAndClick(*control);

@@ -71,12 +71,12 @@ class Form {
   std::string HelpFile;
   int HelpContext = 0;  // 0: none
 
-  // Controls in the order of creation, which is the tab order unless SetTabOrder says another.
+  // Controls in the order of creation. The tab order is that of the layout, unless SetTabOrder says another.
   const std::vector<Control*>& Controls() const { return controls_; }
   Control* Find(std::string_view id) const;  // "Text1(7)"; case counts; nullptr if there is none
   void SetTabOrder(std::vector<Control*> order) { tab_order_ = std::move(order); }
   const Layout& GetLayout() const { return layout_; }
-  // Also tells the controls what they stand in.
+  // Also tells the controls what they stand in, and makes the tab order.
   void SetLayout(Layout layout);
 
   // Life. Show loads the form if it is not loaded, and is modal. Unload ends the show.
@@ -130,7 +130,7 @@ class Form {
   void Character(int character);
   static void BringUp(const Control& control);
   bool InFrontPage(const Control& control) const;
-  static void PutInto(const Layout& layout, Control* container, int page);
+  void PutInto(const Layout& layout, Control* container, int page);
 
   FormHost& host_;
   std::string name_;

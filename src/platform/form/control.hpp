@@ -17,6 +17,8 @@ namespace zendara {
 
 class Form;
 class Control;
+class Screen;
+class DrawingSurface;
 
 // Red, green and blue from the lowest byte up.
 using Color = std::int32_t;
@@ -262,11 +264,22 @@ class Frame : public Control {
   Frame(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kFrame, name, index) {}
 };
 
-// A surface that a drawing routine paints on; sizes in twips.
+// A surface that a routine of the screen paints on, as often as the front end has to show it.
 class Picture : public Control {
  public:
+  using Painter = std::function<void(const Screen& screen, DrawingSurface& surface)>;
+
   Picture(Form& form, std::string_view name, int index = kNoIndex)
       : Control(form, ControlKind::kPicture, name, index) {}
+
+  const Painter& GetPainter() const { return painter_; }
+  void SetPainter(Painter painter) {
+    painter_ = std::move(painter);
+    Changed();
+  }
+
+ private:
+  Painter painter_;
 };
 
 class Tabs : public Control {

@@ -1,0 +1,182 @@
+#include "common/pantalla_base.hpp"
+
+#include <utility>
+
+#include "common/vertical.hpp"
+#include "runtime/text.hpp"
+#include "values/filtro_tecla.hpp"
+#include "values/muestra_error.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr std::string_view kAyuda = "\\Quelvat.hlp";
+constexpr std::string_view kColorInicial = "16744576";
+constexpr std::string_view kColorFinal = "12632319";
+
+// Panels of the title row and of the banner.
+enum Panel { kPanelCodigo = 6, kPanelNombre = 7, kPanelAno = 8, kPanelAnuncio = 25 };
+enum CampoTitulo { kTituloCodigo = 1, kTituloNombre = 2, kTituloAno = 3 };
+
+// Design places of the banner's panel on the form and of the picture box in it, in twips.
+constexpr BannerPlace kSitioPanel = {60, 6480, 9420, 600};
+constexpr BannerPlace kSitioAniGIF1 = {60, 60, 9300, 480};
+
+}  // namespace
+
+PantallaBase::PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco)
+    : Form(*sesion.platform.forms, marco.nombre), sesion_(sesion), pantallas_(pantallas), marco_(std::move(marco)) {
+  SetTitle(marco_.leyenda);
+  const struct {
+    Panel panel;
+    CampoTitulo campo;
+    std::string_view rotulo;
+    int ancho;
+  } titulos[] = {{kPanelCodigo, kTituloCodigo, "Código", 5},
+                 {kPanelNombre, kTituloNombre, "Nombre Empresa", 53},
+                 {kPanelAno, kTituloAno, "Año", 2}};
+  for (const auto& titulo : titulos) {
+    SSPanel1.Add(titulo.panel).SetCaption(titulo.rotulo);
+    TextBox& campo = Titulo.Add(titulo.campo);
+    campo.SetCaption(titulo.rotulo);
+    campo.SetWidth(titulo.ancho);
+    campo.SetEnabled(false);
+  }
+  SSPanel1.Add(kPanelAnuncio);
+  Salir.SetCaption("&Salir");
+  Calculadora.SetCaption("Calculadora");
+  Salir.On().click = [this](int) { Guarda([this] { AlSalir(); }); };
+  Calculadora.On().click = [this](int) { Guarda([this] { AbreCalculadora(); }); };
+}
+
+// Load.
+
+void PantallaBase::CreaAnuncio() {
+  anuncio_ = CreateBanner(sesion_.platform.components);
+  BannerPlace sitio = {kSitioAniGIF1.left + kSitioPanel.left, kSitioAniGIF1.top + kSitioPanel.top,
+                       kSitioPanel.width - 2 * kSitioAniGIF1.left, kSitioAniGIF1.height};
+  anuncio_->PosicionBanner(Host().WindowHandle(*this), sitio);
+}
+
+void PantallaBase::PintaLeyenda() {
+  Picture25.SetPainter([this](const Screen& screen, DrawingSurface& surface) {
+    PintaVertical(screen, surface, marco_.leyenda, kColorInicial, kColorFinal);
+  });
+}
+
+void PantallaBase::PonAyuda() {
+  HelpFile = sesion_.platform.application_folder + std::string(kAyuda);
+  HelpContext = marco_.contexto_ayuda;
+}
+
+void PantallaBase::PonTitulos() {
+  Titulo(kTituloCodigo).SetText(sesion_.CodEmpresa.str());
+  Titulo(kTituloNombre).SetText(Trim(sesion_.NomEmpresa.str()));
+  Titulo(kTituloAno).SetText(sesion_.AnoTrabajo.str());
+}
+
+void PantallaBase::ConectaMarco() {
+  for (const auto& [indice, campo] : Text1) campo->SetBackColor(kGrey);
+  Text1.On().got_focus = [this](int indice) {
+    CampoActivo = indice;
+    TextBox& campo = Text1(indice);
+    campo.SetBackColor(kWhite);
+    EntradaCampo(indice);
+    campo.Select(static_cast<int>(Len(campo.Text())), 0);
+  };
+  Text1.On().lost_focus = [this](int indice) {
+    Text1(indice).SetBackColor(kGrey);
+    SalidaCampo(indice);
+  };
+  Text1.On().key_press = [this](int indice, int& caracter) { TeclaDeCampo(indice, caracter); };
+  Text1.On().key_down = [this](int indice, int& code, int /*shift*/) {
+    if (code == key::kF2 && Image1.Find(indice)) AbreLista(indice);
+  };
+  Image1.On().click = [this](int indice) { AbreLista(indice); };
+  for (Control* control : Controls()) {
+    if (control->Kind() != ControlKind::kButton) continue;
+    control->On().mouse_move = [this, control](int) {
+      const auto pista = marco_.pistas.find(control->Name());
+      PonPista(pista == marco_.pistas.end() ? std::string() : pista->second, *control);
+    };
+  }
+}
+
+void PantallaBase::Guarda(const std::function<void()>& rutina) {
+  try {
+    rutina();
+  } catch (const RuntimeError& error) {
+    MuestraError(error, Host().Boxes());
+  }
+}
+
+void PantallaBase::Mensaje(const std::string& texto, BoxIcon icono) {
+  Host().Boxes().Show({.text = texto, .icon = icono});
+}
+
+// Keys.
+
+void PantallaBase::OnKeyDown(int& code, int shift) {
+  if (code == key::kUp || code == key::kDown) {
+    const bool atras = code == key::kUp;
+    code = 0;
+    FocusNext(atras);
+    return;
+  }
+  if (shift != key::kAlt) return;
+  const std::pair<int, Button*> ciclo[] = {
+      {key::kEnd, fin_}, {key::kHome, inicio_}, {key::kLeft, anterior_}, {key::kRight, siguiente_}};
+  for (const auto& [tecla, boton] : ciclo) {
+    if (code != tecla || !boton) continue;
+    code = 0;
+    boton->On().click(boton->Index());
+    return;
+  }
+}
+
+void PantallaBase::OnKeyPress(int& character) {
+  if (character == key::kEnter) {
+    character = 0;
+    FocusNext();
+  } else if (character == key::kEsc) {
+    character = 0;
+    Click(EscSale() || !grabar_ ? Salir : *grabar_);
+  }
+}
+
+void PantallaBase::TeclaDeCampo(int indice, int& caracter) {
+  TextBox& campo = Text1(indice);
+  if (campo.Alignment() == Alignment::kRight) FiltroTecla(caracter, campo);
+  if (caracter < key::kSpace || Host().insert_on || campo.SelLength() != 0) return;
+  if (campo.SelStart() < static_cast<int>(Len(campo.Text()))) campo.Select(campo.SelStart(), 1);
+}
+
+// The calculator is asked for by a class name that no window has, so as a rule it is started anew.
+void PantallaBase::AbreCalculadora() {
+  SetPointer(MousePointer::kHourglass);
+  if (!sesion_.platform.shell) throw RuntimeError(kCannotCreateObject);
+  Shell& shell = *sesion_.platform.shell;
+  const int ventana = shell.FindWindow("0", "Calculadora");
+  Text1(CampoActivo).SetFocus();
+  if (ventana == 0) {
+    shell.Activate(shell.Start("Calc.exe"));
+  } else {
+    shell.Activate("calculadora");
+  }
+  SetPointer(MousePointer::kDefault);
+}
+
+// Leaving.
+
+void PantallaBase::AlSalir() {
+  Host().DoEvents();
+  Unload();
+  sesion_.FormActivo = nullptr;
+}
+
+void PantallaBase::OnUnload() {
+  if (anuncio_) anuncio_->AvisoCierre(Host().WindowHandle(*this));
+  pantallas_.Descarga(Name());
+}
+
+}  // namespace zendara

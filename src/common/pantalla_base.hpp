@@ -1,0 +1,94 @@
+// The frame that every screen has: title row, keys, focus shown by colour, overtyping, hints, calculator, help, banner,
+// side caption, leaving. A screen derives from it and tells what is its own.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "frame/registro_pantallas.hpp"
+#include "frame/sesion.hpp"
+#include "platform/form/form.hpp"
+#include "zendara/neighbours.hpp"
+
+namespace zendara {
+
+// What differs from screen to screen in the frame.
+struct Marco {
+  std::string nombre;   // of the form
+  std::string leyenda;  // caption of the side band
+  int contexto_ayuda = 0;
+  // Hints of the buttons by name; a button that is not here takes the default of its name.
+  std::map<std::string, std::string> pistas;
+};
+
+// Default hint of a button by its name, or nothing. On the form "MConGeneral" `Borrar` has its own.
+std::string_view PistaPorDefecto(std::string_view control, std::string_view formulario);
+
+class PantallaBase : public Form, public Pantalla {
+ public:
+  PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco);
+
+  void Mostrar() override { Show(); }
+
+  // A mouse movement over a button: the text, or with an empty one the default of its name.
+  void PonPista(std::string_view texto, Control& control);
+
+ protected:
+  // Steps of the load, in the order that each screen needs. A missing banner class is error 429 and ends the load
+  // there.
+  void CreaAnuncio();  // banner, placed on SSPanel1(25)
+  void PintaLeyenda();
+  void PonAyuda();
+  void PonTitulos();
+  void PonTamano() { SetSize(9600, 7200); }
+
+  // A routine that guards itself: a run-time error is shown and ends it. The pointer stays as it is.
+  void Guarda(const std::function<void()>& rutina);
+  // A plain box, or one with an icon.
+  void Mensaje(const std::string& texto, BoxIcon icono = BoxIcon::kNone);
+  // Copies Text1 and Image1 handlers onto the frame's rules; call it once all controls stand.
+  void ConectaMarco();
+
+  // What a screen tells.
+  virtual void EntradaCampo(int /*indice*/) {}   // before the caret goes to the end
+  virtual void SalidaCampo(int /*indice*/) {}    // after the field is grey again
+  virtual void AbreLista(int /*indice*/) {}      // look-up image or F2
+  virtual bool EscSale() const { return true; }  // otherwise Esc presses Grabar
+  virtual void AlSalir();                        // click of Salir: events, unload, FormActivo to nothing
+
+  void OnKeyDown(int& code, int shift) override;
+  void OnKeyPress(int& character) override;
+  void OnClose() override { Click(Salir); }
+  void OnUnload() override;  // tells the banner
+
+  Sesion& sesion_;
+  RegistroPantallas& pantallas_;
+  Marco marco_;
+  int CampoActivo = 0;  // index of the Text1 that last had the focus
+
+  ControlArray<Label> SSPanel1{*this, "SSPanel1"};
+  ControlArray<TextBox> Titulo{*this, "Titulo"};
+  Picture Picture25{*this, "Picture25"};
+  ControlArray<TextBox> Text1{*this, "Text1"};
+  ControlArray<Image> Image1{*this, "Image1"};
+  Label Informa{*this, "Informa"};
+  Button Salir{*this, "Salir"};
+  Button Calculadora{*this, "Calculadora"};
+  // Set by screens that have them; Esc and the Alt keys reach them through here.
+  Button* grabar_ = nullptr;
+  Button* inicio_ = nullptr;
+  Button* anterior_ = nullptr;
+  Button* siguiente_ = nullptr;
+  Button* fin_ = nullptr;
+
+ private:
+  void AbreCalculadora();
+  void TeclaDeCampo(int indice, int& caracter);
+
+  std::unique_ptr<Banner> anuncio_;
+};
+
+}  // namespace zendara

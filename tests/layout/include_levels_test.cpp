@@ -34,8 +34,11 @@ const std::map<std::string, int> kLevels = {
     {"include/zendara/engines.hpp", 8},
     {"adapters/host/", 8},
     {"adapters/icu/", 8},
+    {"adapters/csv/", 8},
     {"adapters/sqlite/", 9},
-    {"apps/", 10},
+    {"adapters/headless/", 9},
+    {"adapters/qt/", 10},
+    {"apps/", 11},
 };
 
 struct Area {

@@ -110,6 +110,7 @@ void Form::Close() {
 
 void Form::Run(const std::function<void()>& event) {
   const auto show = [this](int number, const std::string& text) {
+    host_.Untrapped(number, text);
     host_.Boxes().Show({.text = "Error en tiempo de ejecución '" + std::to_string(number) + "':\n" + text});
   };
   try {

@@ -26,6 +26,8 @@ class FormHost {
   virtual void DoEvents() = 0;
   // F1 on a form with a help context.
   virtual void ShowHelp(const std::string& file, int context) = 0;
+  // Told of a run-time error that no routine trapped, before its box.
+  virtual void Untrapped(int /*number*/, const std::string& /*text*/) {}
   // Box of a run-time error that no routine trapped, and boxes and beeps of the screens.
   virtual Dialogs& Boxes() = 0;
   // Title of boxes that give none.

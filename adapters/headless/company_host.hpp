@@ -1,0 +1,48 @@
+// The part of a host application: a company's files open, a session, and the call of the component.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "frame/sesion.hpp"
+#include "zendara/platform.hpp"
+#include "zendara/record_engine.hpp"
+#include "zendara/zendara.hpp"
+
+namespace zendara {
+
+struct SessionValues {
+  std::string company;  // five characters
+  std::string year;     // two digits
+  std::string name;
+  std::string currency = "P";
+  std::string exchange = "166,386";
+  std::string program = "01";
+  std::string date;  // dd/mm/yy; empty: the last day of the working year
+};
+
+class CompanyHost {
+ public:
+  // The platform is the one that was installed.
+  explicit CompanyHost(Platform platform);
+
+  // Opens the files and fills the slots, in place of those of an earlier session. RuntimeError as AbreEmpresa, 13 for a
+  // date that is none; the host has no session then.
+  void Open(const SessionValues& values);
+  bool HasSession() const { return has_session_; }
+  // Carga_Formulario: returns when the screen was closed.
+  void Show(const std::string& screen);
+  // A database file of DATOS, whatever the case of its name.
+  std::shared_ptr<Database> OpenDatabase(std::string_view file) const;
+  // Any database file, by the path that a routine gives.
+  std::shared_ptr<Database> OpenPath(std::string_view path) const;
+
+ private:
+  Platform platform_;
+  SessionValues values_;
+  Sesion files_;
+  bool has_session_ = false;
+};
+
+}  // namespace zendara

@@ -1,0 +1,121 @@
+// Plays a script on the screens of the component and prints one line for every event, the same for every front end.
+//
+// The front end's ports tell the player what happens and ask it what to answer:
+//
+//   FormHost::ShowModal      Modal, between showing the window and hiding it
+//   FormHost::ShowHelp       Help
+//   FormHost::Untrapped      Error
+//   Dialogs, Shell           those of the player, or around them: Answer, Beep
+//   PickList                 Choose
+//   ListingViewer            Listing
+//
+// Once the script has ended, by its last line or by an error, the forms that are open are unloaded as they come to
+// hand: nothing is printed any more, boxes get their default button and forms that are shown are closed at once.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <exception>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "adapters/headless/company_host.hpp"
+#include "adapters/headless/script.hpp"
+#include "adapters/headless/script_driver.hpp"
+#include "zendara/neighbours.hpp"
+#include "zendara/ports.hpp"
+
+namespace zendara {
+
+// Title of boxes that give none.
+inline constexpr std::string_view kApplicationTitle = "Zendara";
+
+// How a run ended: 0 played to the end, 1 an `expect` that differs or something that could not be opened, 2 a fault of
+// the script. `message` is one line that begins with the number of the script's line; empty for 0.
+struct ScriptResult {
+  int status = 0;
+  std::string message;
+};
+
+class ScriptPlayer : public Shell {
+ public:
+  // Takes one line with its line feed. What it throws stops the script and is thrown again by Run.
+  using Sink = std::function<void(std::string_view line)>;
+
+  // Nothing is owned.
+  ScriptPlayer(Script script, ScriptDriver& driver, CompanyHost& company, Sink out);
+
+  // Plays all of it. The component's platform is installed, with ports that end in this player.
+  ScriptResult Run();
+
+  // Of FormHost::ShowModal: prints that the screen is open, plays on it until it unloads, and prints that it closed.
+  // Unloads it if the script ends before.
+  void Modal(Form& form);
+  // Of Dialogs::Show: prints the box and gives its answer.
+  BoxAnswer Answer(const Box& box);
+  void Beep();
+  void Help(int context);
+  void Error(int number, const std::string& text);
+  // Of a pick list: the row to take, from 0, nothing to leave without. `row(i)` is what the list returns for a row.
+  std::optional<std::size_t> Choose(const std::string& title, std::size_t rows,
+                                    const std::function<std::string(std::size_t)>& row);
+  // Of ListingViewer::Visualiza: prints the listing from its table.
+  void Listing(const ListingDescription& description, const std::string& file, const std::string& table);
+  // The script has ended: windows need not be shown any more.
+  bool Ended() const { return ended_; }
+
+  // Programs are printed, never started.
+  int FindWindow(std::string_view class_name, std::string_view title) override;
+  int Start(std::string_view program) override;
+  void Activate(int task) override;
+  void Activate(std::string_view title) override;
+
+ private:
+  struct Closed {};
+  using PickChoice = std::variant<Closed, std::size_t, std::string>;  // none, row from 1, text
+
+  void Play(const Form* form);
+  void Execute(const ScriptCommand& command);
+  void Stop(int status, const std::string& reason);
+  void Print(const std::string& line);
+  void PrintFocus();
+  void PrintValue(const std::string& id, const std::string& text);
+
+  Form& Top(const ScriptCommand& command) const;
+  Control& Find(const std::string& id) const;
+  template <typename T>
+  T& FindKind(const std::string& id, ControlKind kind, std::string_view what) const;
+
+  void OpenSession(const ScriptCommand& command);
+  void OpenScreen(const ScriptCommand& command);
+  void Type(const std::string& text);
+  void Check(const ScriptCommand& command);
+  void QueuePick(const ScriptCommand& command);
+  void Show(const ScriptCommand& command);
+  void Expect(const ScriptCommand& command);
+  void Sql(const ScriptCommand& command);
+
+  Script script_;
+  std::size_t next_ = 0;  // command to play
+  int line_ = 0;          // of the command that plays
+  ScriptDriver& driver_;
+  CompanyHost& company_;
+  Sink out_;
+  bool ended_ = false;
+  ScriptResult result_;
+  std::exception_ptr output_failure_;
+
+  std::vector<Form*> forms_;  // the last is on top
+  Control* told_focus_ = nullptr;
+  int screens_shown_ = 0;
+  std::deque<BoxAnswer> answers_;
+  std::deque<PickChoice> picks_;
+  std::vector<std::string> tasks_;
+};
+
+}  // namespace zendara

@@ -5,12 +5,12 @@ namespace {
 
 constexpr EntradaCatalogo kEmpresaTablas[] = {
     {kTrabajadoresFijo, "TrabajadoresFijo", "Icampo0"},
-    {419, "TincidenciasIT", "Icampo0_3"},
-    {420, "TincidenciasESP", "Icampo0_3"},
+    {kTincidenciasIT, "TincidenciasIT", "Icampo0_3"},
+    {kTincidenciasESP, "TincidenciasESP", "Icampo0_3"},
     {424, "FPago", "Icampo0"},
-    {426, "Secciones", "Icampo0"},
+    {kSecciones, "Secciones", "Icampo0"},
     {427, "FormulasEmp", "Icampo0"},
-    {433, "ConEmpresaConceptos", "Icampo0_2_4"},
+    {kConEmpresaConceptos, "ConEmpresaConceptos", "Icampo0_2_4"},
     {434, "ConEmpresaPagas", "Icampo0_2_4"},
     {kTrabajadoresVar, "TrabajadoresVar", "Icampo0_1"},
     {451, "Mta2", "Icampo0_1_2_3_4"},
@@ -20,12 +20,12 @@ constexpr EntradaCatalogo kEmpresaTablas[] = {
 constexpr EntradaCatalogo kAnoTablas[] = {
     {417, "ConTrabajadorPagas", "Icampo0_1_2"},
     {399, "ListadosTRA", "Icampo0_1"},
-    {418, "ConTrabajadorConceptos", "Icampo0_1_2"},
-    {421, "TIncidenciasVar", "Icampo0_1_3_4"},
+    {kConTrabajadorConceptos, "ConTrabajadorConceptos", "Icampo0_1_2"},
+    {kTIncidenciasVar, "TIncidenciasVar", "Icampo0_1_3_4"},
     {425, "Historico", "Icampo0_1_2_3"},
     {415, "HistoricoTc", "ICampo0_1_2_3_7"},
     {435, "HistoricoCon", "Icampo0_1_2_3_4"},
-    {428, "Centros", "Icampo0"},
+    {kCentros, "Centros", "Icampo0"},
     {450, "Nomina", "Icampo0_1_2_3"},
 };
 
@@ -42,17 +42,21 @@ constexpr EntradaCatalogo kDocumentosTablas[] = {
 };
 
 constexpr EntradaCatalogo kOficialTablas[] = {
-    {406, "Contratos", "Icampo0_1"}, {403, "Cotizacion", "Icampo0"}, {413, "CotizacionEuros", "Icampo0"},
-    {414, "IRPFE", "Icampo0"},       {kIRPF, "IRPF", "Icampo0"},     {493, "ListadosCON", "Icampo0"},
+    {kContratos, "Contratos", "Icampo0_1"},
+    {403, "Cotizacion", "Icampo0"},
+    {413, "CotizacionEuros", "Icampo0"},
+    {414, "IRPFE", "Icampo0"},
+    {kIRPF, "IRPF", "Icampo0"},
+    {493, "ListadosCON", "Icampo0"},
 };
 
 constexpr EntradaCatalogo kGeneralTablas[] = {
     {429, "Delegaciones", "Icampo0"},
     {414, "Calles", "Icampo0"},
     {400, "Empresas", "Icampo0"},
-    {422, "Epigrafes", "Icampo0"},
+    {kEpigrafes, "Epigrafes", "Icampo0"},
     {410, "ConceptosNOM", "Icampo0"},
-    {406, "Contratos", "Icampo0_1"},
+    {kContratos, "Contratos", "Icampo0_1"},
     {430, "ConGeneralConceptos", "Icampo0_2_4"},
     {431, "ConGeneralPagas", "Icampo0"},
     {432, "FormulasGen", "Icampo0_1"},

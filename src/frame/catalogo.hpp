@@ -12,6 +12,15 @@ namespace zendara {
 inline constexpr int kTiposVia = 2;  // street types; filled by the host, no group has it
 inline constexpr int kTrabajadoresFijo = 402;
 inline constexpr int kIRPF = 404;
+inline constexpr int kContratos = 406;
+inline constexpr int kConTrabajadorConceptos = 418;
+inline constexpr int kTincidenciasIT = 419;
+inline constexpr int kTincidenciasESP = 420;
+inline constexpr int kTIncidenciasVar = 421;
+inline constexpr int kEpigrafes = 422;
+inline constexpr int kSecciones = 426;
+inline constexpr int kCentros = 428;
+inline constexpr int kConEmpresaConceptos = 433;
 inline constexpr int kTrabajadoresVar = 442;
 
 struct EntradaCatalogo {

@@ -54,6 +54,10 @@ struct Sesion {
   // The form that opened a listing, or the worker screen; nullptr once a screen has been left.
   Form* FormActivo = nullptr;
 
+  // 0 if the last mouse movement over a look-up image was with the right button alone held, and before the first one;
+  // otherwise 1.
+  std::int16_t MarcaBoton = 0;
+
   // Scratch shared by all routines, meaningless between operations.
   std::string SqlTexto;
   std::shared_ptr<Recordset> RsTrabajo;

@@ -24,7 +24,7 @@ struct SessionValues {
 
 class CompanyHost {
  public:
-  // The platform is the one that was installed.
+  // Installs the platform.
   explicit CompanyHost(Platform platform);
 
   // Opens the files and fills the slots, in place of those of an earlier session. RuntimeError as AbreEmpresa, 13 for a

@@ -48,10 +48,10 @@ class ScriptPlayer : public Shell {
   using Sink = std::function<void(std::string_view line)>;
 
   // Nothing is owned.
-  ScriptPlayer(Script script, ScriptDriver& driver, CompanyHost& company, Sink out);
+  ScriptPlayer(Script script, ScriptDriver& driver, Sink out);
 
-  // Plays all of it. The component's platform is installed, with ports that end in this player.
-  ScriptResult Run();
+  // Plays all of it. The ports of the company's platform end in this player.
+  ScriptResult Run(CompanyHost& company);
 
   // Of FormHost::ShowModal: prints that the screen is open, plays on it until it unloads, and prints that it closed.
   // Unloads it if the script ends before.
@@ -104,7 +104,7 @@ class ScriptPlayer : public Shell {
   std::size_t next_ = 0;  // command to play
   int line_ = 0;          // of the command that plays
   ScriptDriver& driver_;
-  CompanyHost& company_;
+  CompanyHost* company_ = nullptr;
   Sink out_;
   bool ended_ = false;
   ScriptResult result_;

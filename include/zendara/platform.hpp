@@ -16,9 +16,9 @@ struct Platform {
   Engine* engine = nullptr;
   Dialogs* dialogs = nullptr;
   Files* files = nullptr;
-  FormHost* forms = nullptr;  // shows the screens
-  Shell* shell = nullptr;
   std::string application_folder;          // holds DATOS; without a separator at its end
+  FormHost* forms = nullptr;               // shows the screens
+  Shell* shell = nullptr;                  // programs beside
   const Components* components = nullptr;  // pick list, banner, listing viewer; null: none of them is there
 };
 

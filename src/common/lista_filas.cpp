@@ -116,8 +116,9 @@ std::string ListaFilas::Row(std::size_t fila) const {
 
 std::optional<std::size_t> ListaFilas::Find(std::size_t columna, std::string_view texto, std::size_t desde) {
   const std::string buscado = Plain(texto);
+  const int largo = static_cast<int>(Len(texto));
   for (std::size_t fila = desde; Reach(fila); ++fila) {
-    if (Plain(Cell(fila, columna)).starts_with(buscado)) return fila;
+    if (Plain(Left(Cell(fila, columna), largo)) == buscado) return fila;
   }
   return std::nullopt;
 }

@@ -26,7 +26,7 @@ int Pixels(double twips, double twips_per_pixel) {
 }
 
 // a x b / c, rounded half away from zero; positive figures.
-int MulDiv(int a, int b, int c) { return CLng(Int((static_cast<double>(a) * b + c / 2) / c)); }
+int MulDiv(int a, int b, int c) { return CLng(Int(static_cast<double>(a) * b / c + 0.5)); }
 
 }  // namespace
 

@@ -24,8 +24,11 @@ struct SessionValues {
 
 class CompanyHost {
  public:
-  // Installs the platform.
+  // Installs the platform; it is taken away when the host ends.
   explicit CompanyHost(Platform platform);
+  ~CompanyHost();
+  CompanyHost(const CompanyHost&) = delete;
+  CompanyHost& operator=(const CompanyHost&) = delete;
 
   // Opens the files and fills the slots, in place of those of an earlier session. RuntimeError as AbreEmpresa, 13 for a
   // date that is none; the host has no session then.

@@ -17,7 +17,6 @@
 #include <deque>
 #include <exception>
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,6 +26,7 @@
 #include "adapters/headless/company_host.hpp"
 #include "adapters/headless/script.hpp"
 #include "adapters/headless/script_driver.hpp"
+#include "common/lista_filas.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
 
@@ -61,9 +61,8 @@ class ScriptPlayer : public Shell {
   void Beep();
   void Help(int context);
   void Error(int number, const std::string& text);
-  // Of a pick list: the row to take, from 0, nothing to leave without. `row(i)` is what the list returns for a row.
-  std::optional<std::size_t> Choose(const std::string& title, std::size_t rows,
-                                    const std::function<std::string(std::size_t)>& row);
+  // Of a pick list: the row to take, nothing to leave without.
+  std::optional<std::size_t> Choose(const std::string& title, ListaFilas& rows);
   // Of ListingViewer::Visualiza: prints the listing from its table.
   void Listing(const ListingDescription& description, const std::string& file, const std::string& table);
   // The script has ended: windows need not be shown any more.
@@ -76,33 +75,31 @@ class ScriptPlayer : public Shell {
   void Activate(std::string_view title) override;
 
  private:
-  struct Closed {};
-  using PickChoice = std::variant<Closed, std::size_t, std::string>;  // none, row from 1, text
+  // The choice for a list: nothing to take, a row from 1, or the first row that holds a text.
+  using PickChoice = std::variant<std::monostate, std::size_t, std::string>;
 
+  // Until the form unloads; without a form to the end of the script.
   void Play(const Form* form);
   void Execute(const ScriptCommand& command);
+  void Act(const ScriptCommand& command);
+  void ActOn(Form& form, const ScriptCommand& command);
   void Stop(int status, const std::string& reason);
   void Print(const std::string& line);
   void PrintFocus();
-  void PrintValue(const std::string& id, const std::string& text);
-
-  Form& Top(const ScriptCommand& command) const;
-  Control& Find(const std::string& id) const;
-  template <typename T>
-  T& FindKind(const std::string& id, ControlKind kind, std::string_view what) const;
+  std::optional<std::size_t> Chosen(ListaFilas& rows);
 
   void OpenSession(const ScriptCommand& command);
-  void OpenScreen(const ScriptCommand& command);
-  void Type(const std::string& text);
-  void Check(const ScriptCommand& command);
-  void QueuePick(const ScriptCommand& command);
-  void Show(const ScriptCommand& command);
-  void Expect(const ScriptCommand& command);
-  void Sql(const ScriptCommand& command);
+  void OpenScreen(const std::string& name);
+  void Type(Form& form, const std::string& text);
+  void Check(Form& form, Control& control, int value);
+  void QueuePick(const ScriptWord& word);
+  void Show(const Form& form, const std::string& id);
+  void ShowAll(const Form& form);
+  void Sql(const std::string& file, const std::string& query);
 
   Script script_;
   std::size_t next_ = 0;  // command to play
-  int line_ = 0;          // of the command that plays
+  int line_ = 0;          // of the command played last
   ScriptDriver& driver_;
   CompanyHost* company_ = nullptr;
   Sink out_;
@@ -111,7 +108,7 @@ class ScriptPlayer : public Shell {
   std::exception_ptr output_failure_;
 
   std::vector<Form*> forms_;  // the last is on top
-  Control* told_focus_ = nullptr;
+  const Control* told_focus_ = nullptr;
   int screens_shown_ = 0;
   std::deque<BoxAnswer> answers_;
   std::deque<PickChoice> picks_;

@@ -1,4 +1,4 @@
-#include "apps/zendara/commands/csv.hpp"
+#include "adapters/csv/csv.hpp"
 
 #include <gmock/gmock.h>
 
@@ -6,7 +6,7 @@
 #include <limits>
 #include <sstream>
 
-#include "apps/zendara/commands/stored_text.hpp"
+#include "adapters/csv/stored_text.hpp"
 #include "runtime/date.hpp"
 
 namespace zendara {

@@ -55,6 +55,13 @@ struct TableOptions {
 int DataLoad(const TableOptions& options, const std::string& csv_path, Console& console);
 int DataDump(const TableOptions& options, Console& console);
 
+struct RunOptions {
+  std::string dir;
+  std::string script;  // path
+};
+// 1 when an expectation fails or something cannot be opened, 2 for a fault of the script.
+int RunScript(const RunOptions& options, Console& console);
+
 // Runs the command line without the program's name. 2 on wrong usage. `terminal`: `err` is a terminal.
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err, bool terminal = false);
 

@@ -3,10 +3,10 @@
 #include <cstring>
 #include <fstream>
 
+#include "adapters/csv/csv.hpp"
+#include "adapters/csv/stored_text.hpp"
 #include "apps/zendara/commands/command_error.hpp"
-#include "apps/zendara/commands/csv.hpp"
 #include "apps/zendara/commands/data_folder.hpp"
-#include "apps/zendara/commands/stored_text.hpp"
 #include "platform/record/names.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"

@@ -3,8 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <span>
 
+#include "adapters/csv/csv.hpp"
 #include "apps/zendara/commands/command_error.hpp"
-#include "apps/zendara/commands/csv.hpp"
 #include "apps/zendara/commands/data_folder.hpp"
 #include "runtime/date.hpp"
 #include "runtime/null.hpp"

@@ -51,13 +51,18 @@ struct CommandLine {
   TableOptions load;
   std::string csv;
   TableOptions dump;
+  RunOptions run;
   std::function<int(Console&)> chosen;
 };
 
-void AddCompany(CLI::App* command, CompanyOptions& options) {
-  command->add_option("--dir", options.dir, "The application's folder; its subfolder DATOS holds the files")
+void AddDir(CLI::App* command, std::string& dir) {
+  command->add_option("--dir", dir, "The application's folder; its subfolder DATOS holds the files")
       ->required()
       ->type_name("DIR");
+}
+
+void AddCompany(CLI::App* command, CompanyOptions& options) {
+  AddDir(command, options.dir);
   command->add_option("--company", options.company, "Company number")
       ->required()
       ->type_name("CODE")
@@ -137,6 +142,18 @@ void AddData(CLI::App& app, CommandLine& line) {
   }
 }
 
+void AddRun(CLI::App& app, CommandLine& line) {
+  CLI::App* run = app.add_subcommand("run", "Play a script on the screens, without windows");
+  run->add_option("SCRIPT", line.run.script, "The script; a line for every event goes to standard output")
+      ->required()
+      ->type_name("");
+  AddDir(run, line.run.dir);
+  run->footer(
+      "Exit status: 0 played to the end, 1 a value differs from the expected or a file cannot be opened,\n"
+      "2 a fault of the script.");
+  run->callback([&line] { line.chosen = [&line](Console& console) { return RunScript(line.run, console); }; });
+}
+
 // The command that the words lead to, as far as they name one; "" or the first word that does not.
 struct Reached {
   const CLI::App* command;
@@ -213,6 +230,7 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   AddDemo(app, line);
   AddRate(app, line);
   AddData(app, line);
+  AddRun(app, line);
 
   Console console(out, err, terminal);
   try {

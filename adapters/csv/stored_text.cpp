@@ -1,4 +1,4 @@
-#include "apps/zendara/commands/stored_text.hpp"
+#include "adapters/csv/stored_text.hpp"
 
 #include <array>
 #include <charconv>

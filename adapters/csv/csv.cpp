@@ -1,4 +1,4 @@
-#include "apps/zendara/commands/csv.hpp"
+#include "adapters/csv/csv.hpp"
 
 #include <algorithm>
 

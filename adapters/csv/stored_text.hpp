@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "apps/zendara/commands/csv.hpp"
+#include "adapters/csv/csv.hpp"
 #include "zendara/record_engine.hpp"
 
 namespace zendara {

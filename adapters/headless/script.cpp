@@ -1,0 +1,187 @@
+#include "adapters/headless/script.hpp"
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+
+#include "adapters/headless/script_keys.hpp"
+
+namespace zendara {
+namespace {
+
+// What stands behind each command, a letter a word: w a plain word, t a text in quotes, a either, n a whole number,
+// k a key, p a choice from a list, b an answer to a box, s a value of the session. "+": the last one any number of
+// times.
+struct CommandForm {
+  std::string_view name;
+  std::string_view words;
+  std::string_view usage;
+};
+constexpr CommandForm kCommands[] = {
+    {"session", "s+", "session company=00001 year=01 ..."},
+    {"open", "w", "open NAME"},
+    {"focus", "w", "focus CONTROL"},
+    {"type", "t", "type \"text\""},
+    {"key", "k", "key NAME"},
+    {"click", "w", "click CONTROL"},
+    {"choose", "wt", "choose CONTROL \"item\""},
+    {"check", "wn", "check CONTROL 0"},
+    {"cell", "wnn", "cell GRID row column"},
+    {"page", "wn", "page TABS number"},
+    {"answer", "b+", "answer yes no ok"},
+    {"pick", "p", "pick 2, pick \"text\" or pick none"},
+    {"show", "w+", "show CONTROL... or show all"},
+    {"expect", "wt", "expect CONTROL \"text\""},
+    {"sql", "at", "sql FILE \"SELECT ...\""},
+};
+
+constexpr std::string_view kSessionNames[] = {"company", "year", "name", "currency", "exchange", "program", "date"};
+constexpr std::string_view kAnswers[] = {"yes", "no", "ok"};
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+
+class LineReader {
+ public:
+  explicit LineReader(std::string_view line) : line_(line) {}
+
+  // False at the end of the line or at a comment.
+  bool Next(ScriptWord& word) {
+    while (!AtEnd() && IsBlank(line_[at_])) ++at_;
+    if (AtEnd() || line_[at_] == '#') return false;
+    word = {};
+    if (line_[at_] != '"') ReadPlain(word);
+    if (!AtEnd() && line_[at_] == '"') ReadQuoted(word);
+    return true;
+  }
+
+ private:
+  bool AtEnd() const { return at_ == line_.size(); }
+
+  // Stops at a blank, at a comment, or at the quotes of name="text".
+  void ReadPlain(ScriptWord& word) {
+    for (; !AtEnd() && !IsBlank(line_[at_]) && line_[at_] != '#'; ++at_) {
+      if (line_[at_] == '"') {
+        if (word.name.empty() || !word.text.empty()) throw ScriptError("a quote stands inside a word");
+        return;
+      }
+      if (line_[at_] == '=' && word.name.empty()) {
+        word.name = std::move(word.text);
+        word.text.clear();
+        if (word.name.empty()) throw ScriptError("\"=\" stands behind no name");
+      } else {
+        word.text += line_[at_];
+      }
+    }
+  }
+
+  void ReadQuoted(ScriptWord& word) {
+    word.quoted = true;
+    for (++at_; !AtEnd() && line_[at_] != '"'; ++at_) {
+      if (line_[at_] != '\\') {
+        word.text += line_[at_];
+        continue;
+      }
+      ++at_;
+      const char escaped = AtEnd() ? '\0' : line_[at_];
+      if (escaped != '"' && escaped != '\\' && escaped != 'n') {
+        throw ScriptError("a backslash stands before none of \" \\ n");
+      }
+      word.text += escaped == 'n' ? '\n' : escaped;
+    }
+    if (AtEnd()) throw ScriptError("a quote is not closed");
+    ++at_;
+    if (!AtEnd() && !IsBlank(line_[at_]) && line_[at_] != '#') throw ScriptError("text follows a closing quote");
+  }
+
+  std::string_view line_;
+  std::size_t at_ = 0;
+};
+
+bool IsNumber(const std::string& text) {
+  int number = 0;
+  const char* end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  return read.ec == std::errc() && read.ptr == end && number >= 0;
+}
+
+bool Fits(const ScriptWord& word, char kind) {
+  const bool plain = !word.quoted && word.name.empty();
+  switch (kind) {
+    case 't':
+      return word.quoted && word.name.empty();
+    case 'a':
+      return word.name.empty();
+    case 'n':
+      return plain && IsNumber(word.text);
+    case 'p':
+      return word.name.empty() && (word.quoted || word.text == "none" || (IsNumber(word.text) && word.text != "0"));
+    case 's':
+      return !word.name.empty();
+    default:
+      return plain;
+  }
+}
+
+template <typename Names>
+void CheckName(const Names& names, const std::string& name, std::string_view what) {
+  if (std::ranges::find(names, name) == std::end(names)) {
+    throw ScriptError("unknown " + std::string(what) + " " + Quoted(name));
+  }
+}
+
+void CheckCommand(const ScriptCommand& command) {
+  const auto* form = std::ranges::find(kCommands, command.name, &CommandForm::name);
+  if (form == std::end(kCommands)) throw ScriptError("unknown command " + Quoted(command.name));
+  const bool repeats = form->words.back() == '+';
+  const std::string_view kinds = repeats ? form->words.substr(0, form->words.size() - 1) : form->words;
+  const bool count = repeats ? command.words.size() >= kinds.size() : command.words.size() == kinds.size();
+  if (!count) throw ScriptError("wrong number of words, not " + std::string(form->usage));
+  for (std::size_t i = 0; i < command.words.size(); ++i) {
+    const ScriptWord& word = command.words[i];
+    const char kind = kinds[std::min(i, kinds.size() - 1)];
+    if (!Fits(word, kind)) throw ScriptError("not " + std::string(form->usage));
+    if (kind == 's') CheckName(kSessionNames, word.name, "value of a session");
+    if (kind == 'b') CheckName(kAnswers, word.text, "answer");
+    if (kind == 'k' && !KeyByName(word.text)) throw ScriptError("unknown key " + Quoted(word.text));
+  }
+}
+
+}  // namespace
+
+Script ReadScript(std::string_view text) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  Script script;
+  for (int line = 1; !text.empty(); ++line) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    try {
+      LineReader reader(text.substr(0, end));
+      ScriptCommand command{.line = line, .name = {}, .words = {}};
+      if (ScriptWord word; reader.Next(word)) {
+        command.name = word.name.empty() ? word.text : word.name;
+        while (reader.Next(word)) command.words.push_back(word);
+        CheckCommand(command);
+        script.push_back(std::move(command));
+      }
+    } catch (const ScriptError& error) {
+      throw ScriptError(std::to_string(line) + ": " + error.what());
+    }
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return script;
+}
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') quoted += '\\';
+    if (c == '\n') {
+      quoted += "\\n";
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted += '"';
+}
+
+}  // namespace zendara

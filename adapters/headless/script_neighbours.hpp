@@ -1,0 +1,13 @@
+// Pick list, banner and listing viewer that ask and tell a script's player; a front end that shows the first in a
+// window registers its own after them.
+#pragma once
+
+#include "adapters/headless/script_player.hpp"
+#include "zendara/neighbours.hpp"
+
+namespace zendara {
+
+// The player outlives the components.
+void RegisterScriptNeighbours(Components& components, ScriptPlayer& player);
+
+}  // namespace zendara

@@ -1,0 +1,374 @@
+#include "adapters/headless/script_player.hpp"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "adapters/csv/csv.hpp"
+#include "adapters/csv/stored_text.hpp"
+#include "adapters/headless/script_keys.hpp"
+#include "adapters/headless/script_values.hpp"
+#include "runtime/text.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr std::array<std::string_view, 5> kIconNames = {"none", "critical", "question", "exclamation", "information"};
+constexpr std::array<std::string_view, 3> kAnswerNames = {"ok", "yes", "no"};
+
+std::string_view AnswerName(BoxAnswer answer) { return kAnswerNames[static_cast<std::size_t>(answer)]; }
+
+BoxAnswer AnswerByName(std::string_view name) {
+  return static_cast<BoxAnswer>(std::ranges::find(kAnswerNames, name) - kAnswerNames.begin());
+}
+
+BoxAnswer DefaultAnswer(const Box& box) {
+  if (box.buttons == BoxButtons::kOk) return BoxAnswer::kOk;
+  return box.default_button == 2 ? BoxAnswer::kNo : BoxAnswer::kYes;
+}
+
+std::string BoxLine(const Box& box, BoxAnswer answer) {
+  std::string line = "box icon=" + std::string(kIconNames[static_cast<std::size_t>(box.icon)]);
+  line += box.buttons == BoxButtons::kOk ? " buttons=ok" : " buttons=yesno";
+  if (DefaultAnswer(box) == BoxAnswer::kNo) line += " default=no";
+  line += " title=" + Quoted(box.title.empty() ? kApplicationTitle : box.title);
+  return line + " text=" + Quoted(box.text) + " -> " + std::string(AnswerName(answer));
+}
+
+std::string FileNameOf(std::string_view path) {
+  const std::size_t separator = path.find_last_of("\\/");
+  return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
+}
+
+std::string RowText(Recordset& rows, int columns) {
+  std::string line;
+  for (int i = 0; i < columns; ++i) {
+    if (i > 0) line += ',';
+    AppendStored(rows.Fields(i).Get(), line);
+  }
+  return line;
+}
+
+int ToNumber(const ScriptWord& word) { return std::stoi(word.text); }
+
+std::string OneLine(const RuntimeError& error) {
+  return error.detail().empty() ? error.what() : std::string(error.what()) + " (" + error.detail() + ")";
+}
+
+template <typename T>
+T& FindKind(const Form& form, const ScriptWord& word, ControlKind kind, std::string_view what) {
+  Control& control = FindControl(form, word.text);
+  if (control.Kind() != kind) throw ScriptError(word.text + " is no " + std::string(what));
+  return static_cast<T&>(control);
+}
+
+int ItemOf(const ComboBox& combo, const std::string& text) {
+  const auto same = [&](const std::string& item) { return RTrim(item) == RTrim(text); };
+  const auto item = std::ranges::find_if(combo.Items(), same);
+  if (item == combo.Items().end()) throw ScriptError(combo.Id() + " has no item " + Quoted(text));
+  return static_cast<int>(item - combo.Items().begin());
+}
+
+}  // namespace
+
+ScriptPlayer::ScriptPlayer(Script script, ScriptDriver& driver, Sink out)
+    : script_(std::move(script)), driver_(driver), out_(std::move(out)) {}
+
+// Playing.
+
+ScriptResult ScriptPlayer::Run(CompanyHost& company) {
+  company_ = &company;
+  Play(nullptr);
+  if (output_failure_) std::rethrow_exception(output_failure_);
+  return result_;
+}
+
+void ScriptPlayer::Play(const Form* form) {
+  while (!ended_ && (!form || form->Loaded())) {
+    PrintFocus();
+    if (next_ == script_.size()) {
+      ended_ = true;
+    } else if (!ended_) {
+      Execute(script_[next_++]);
+    }
+  }
+}
+
+void ScriptPlayer::Modal(Form& form) {
+  forms_.push_back(&form);
+  ++screens_shown_;
+  told_focus_ = nullptr;
+  Print("screen " + form.Name() + " open");
+  Play(&form);
+  form.Unload();
+  Print("screen " + form.Name() + " closed");
+  forms_.pop_back();
+  told_focus_ = nullptr;
+}
+
+void ScriptPlayer::Execute(const ScriptCommand& command) {
+  line_ = command.line;
+  try {
+    Act(command);
+    driver_.Settle();
+  } catch (const ScriptError& error) {
+    Stop(error.status(), error.what());
+  } catch (const RuntimeError& error) {
+    Stop(1, OneLine(error));
+  }
+}
+
+void ScriptPlayer::Stop(int status, const std::string& reason) {
+  if (ended_) return;
+  ended_ = true;
+  result_ = {status, std::to_string(line_) + ": " + reason};
+}
+
+void ScriptPlayer::Print(const std::string& line) {
+  if (ended_) return;
+  try {
+    out_(line + "\n");
+  } catch (...) {
+    // Kept from the routines of the screens, which are below on the stack.
+    output_failure_ = std::current_exception();
+    ended_ = true;
+  }
+}
+
+void ScriptPlayer::PrintFocus() {
+  if (forms_.empty() || forms_.back()->Focus() == told_focus_) return;
+  told_focus_ = forms_.back()->Focus();
+  if (told_focus_) Print("focus " + told_focus_->Id());
+}
+
+// Commands.
+
+void ScriptPlayer::Act(const ScriptCommand& command) {
+  const auto& [line, name, words] = command;
+  if (name == "session") return OpenSession(command);
+  if (name == "open") return OpenScreen(words[0].text);
+  if (name == "pick") return QueuePick(words[0]);
+  if (name == "sql") return Sql(words[0].text, words[1].text);
+  if (name == "answer") {
+    for (const ScriptWord& word : words) answers_.push_back(AnswerByName(word.text));
+    return;
+  }
+  if (forms_.empty()) throw ScriptError("no screen is open");
+  ActOn(*forms_.back(), command);
+}
+
+void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
+  const auto& [line, name, words] = command;
+  if (name == "type") return Type(form, words[0].text);
+  if (name == "key") return driver_.Press(form, *KeyByName(words[0].text));
+  if (name == "show") {
+    if (words.size() == 1 && words[0].text == "all") return ShowAll(form);
+    for (const ScriptWord& word : words) Show(form, word.text);
+    return;
+  }
+  if (name == "expect") {
+    const std::string text = ValueOf(form, words[0].text);
+    if (text == words[1].text) return;
+    throw ScriptError(words[0].text + " is " + Quoted(text) + ", not " + Quoted(words[1].text), 1);
+  }
+  if (name == "choose") {
+    auto& combo = FindKind<ComboBox>(form, words[0], ControlKind::kComboBox, "list");
+    return driver_.Pick(form, combo, ItemOf(combo, words[1].text));
+  }
+  if (name == "cell") {
+    auto& grid = FindKind<Grid>(form, words[0], ControlKind::kGrid, "grid");
+    const int row = ToNumber(words[1]);
+    const int column = ToNumber(words[2]);
+    if (row < grid.FixedRows() || row >= grid.Rows() || column < grid.FixedColumns() || column >= grid.Columns()) {
+      throw ScriptError(grid.Id() + " has no cell " + words[1].text + " " + words[2].text + " to click");
+    }
+    return driver_.PointTo(form, grid, row, column);
+  }
+  if (name == "page") {
+    auto& tabs = FindKind<Tabs>(form, words[0], ControlKind::kTabs, "set of pages");
+    const int page = ToNumber(words[1]);
+    if (static_cast<std::size_t>(page) >= tabs.Titles().size()) {
+      throw ScriptError(tabs.Id() + " has no page " + words[1].text);
+    }
+    return driver_.TurnTo(form, tabs, page);
+  }
+  Control& control = FindControl(form, words[0].text);
+  if (name == "check") return Check(form, control, ToNumber(words[1]));
+  if (name == "click") return driver_.Click(form, control);
+  if (!TakesFocus(control)) throw ScriptError(control.Id() + " never has the focus");
+  driver_.Focus(form, control);
+}
+
+void ScriptPlayer::OpenSession(const ScriptCommand& command) {
+  if (!forms_.empty()) throw ScriptError("a screen is open");
+  SessionValues values;
+  const std::array<std::pair<std::string_view, std::string*>, 7> places = {{{"company", &values.company},
+                                                                            {"year", &values.year},
+                                                                            {"name", &values.name},
+                                                                            {"currency", &values.currency},
+                                                                            {"exchange", &values.exchange},
+                                                                            {"program", &values.program},
+                                                                            {"date", &values.date}}};
+  for (const ScriptWord& word : command.words) {
+    *std::ranges::find(places, word.name, &std::pair<std::string_view, std::string*>::first)->second = word.text;
+  }
+  const auto digits = [](const std::string& text, std::size_t most) {
+    return !text.empty() && text.size() <= most && text.find_first_not_of("0123456789") == std::string::npos;
+  };
+  if (!digits(values.company, 5)) throw ScriptError("company=00001 is missing, or no number of one to five digits");
+  if (!digits(values.year, 2) || values.year.size() != 2) throw ScriptError("year=01 is missing, or no two digits");
+  values.company.insert(0, 5 - values.company.size(), '0');
+  company_->Open(values);
+}
+
+void ScriptPlayer::OpenScreen(const std::string& name) {
+  if (!forms_.empty()) throw ScriptError("screen " + forms_.back()->Name() + " is open");
+  if (!company_->HasSession()) throw ScriptError("there is no session yet");
+  const int shown = screens_shown_;
+  company_->Show(name);
+  if (shown == screens_shown_) throw ScriptError("there is no screen " + name + ", or it does not open");
+}
+
+void ScriptPlayer::Type(Form& form, const std::string& text) {
+  for (int i = 1; i <= static_cast<int>(Len(text)); ++i) {
+    if (ended_ || !form.Loaded()) return;
+    driver_.Press(form, KeyOfCharacter(Mid(text, i, 1)));
+  }
+}
+
+void ScriptPlayer::Check(Form& form, Control& control, int value) {
+  if (control.Kind() == ControlKind::kOptionButton) {
+    if (value != 1) throw ScriptError(control.Id() + " is an option: only 1 can be chosen");
+    if (!static_cast<OptionButton&>(control).Value()) driver_.Click(form, control);
+    return;
+  }
+  if (control.Kind() != ControlKind::kCheckBox) throw ScriptError(control.Id() + " is no check box or option");
+  if (value > 1) throw ScriptError("a check box is set to 0 or 1");
+  const auto& box = static_cast<CheckBox&>(control);
+  // A greyed box is empty after one click, ticked after two.
+  const bool twice = box.Value() == 2 && value == 1;
+  if (box.Value() != value) driver_.Click(form, control);
+  if (twice && form.Loaded()) driver_.Click(form, control);
+}
+
+void ScriptPlayer::QueuePick(const ScriptWord& word) {
+  if (word.quoted) {
+    picks_.emplace_back(word.text);
+  } else if (word.text == "none") {
+    picks_.emplace_back(std::monostate());
+  } else {
+    picks_.emplace_back(static_cast<std::size_t>(ToNumber(word)));
+  }
+}
+
+void ScriptPlayer::Show(const Form& form, const std::string& id) {
+  const auto tell = [this](const std::string& name, const std::string& text) {
+    Print("value " + name + "=" + Quoted(text));
+  };
+  Control* control = form.Find(id);
+  if (control && control->Kind() == ControlKind::kGrid) return ForEachValue(*control, tell);
+  tell(id, ValueOf(form, id));
+}
+
+void ScriptPlayer::ShowAll(const Form& form) {
+  for (Control* control : form.Controls()) {
+    if (!IsEntered(*control)) continue;
+    ForEachValue(*control, [&](const std::string& id, const std::string& text) {
+      if (!IsEmptyValue(*control, text)) Print("value " + id + "=" + Quoted(text));
+    });
+  }
+}
+
+void ScriptPlayer::Sql(const std::string& file, const std::string& query) {
+  const auto database = company_->OpenDatabase(file);
+  const auto rows = database->OpenRecordset(query);
+  const int columns = static_cast<int>(rows->Columns().size());
+  for (; !rows->Eof(); rows->MoveNext()) Print(RowText(*rows, columns));
+}
+
+// Events.
+
+BoxAnswer ScriptPlayer::Answer(const Box& box) {
+  BoxAnswer answer = DefaultAnswer(box);
+  if (ended_) return answer;
+  if (!answers_.empty()) {
+    const BoxAnswer queued = answers_.front();
+    answers_.pop_front();
+    if ((queued == BoxAnswer::kOk) != (box.buttons == BoxButtons::kOk)) {
+      Stop(2, "the box " + Quoted(box.text) + " has no button " + std::string(AnswerName(queued)));
+      return answer;
+    }
+    answer = queued;
+  }
+  Print(BoxLine(box, answer));
+  return answer;
+}
+
+void ScriptPlayer::Beep() { Print("beep"); }
+
+void ScriptPlayer::Help(int context) { Print("help " + std::to_string(context)); }
+
+void ScriptPlayer::Error(int number, const std::string& text) {
+  Print("error " + std::to_string(number) + " " + Quoted(text));
+}
+
+std::optional<std::size_t> ScriptPlayer::Choose(const std::string& title, ListaFilas& rows) {
+  if (ended_) return std::nullopt;
+  std::optional<std::size_t> chosen;
+  try {
+    chosen = Chosen(rows);
+  } catch (const ScriptError& error) {
+    Stop(error.status(), "the list " + Quoted(title) + " has no row " + error.what());
+    return std::nullopt;
+  }
+  Print("list title=" + Quoted(title) + " rows=" + std::to_string(rows.Total()) + " -> " +
+        (chosen ? Quoted(rows.Row(*chosen)) : "none"));
+  return chosen;
+}
+
+std::optional<std::size_t> ScriptPlayer::Chosen(ListaFilas& rows) {
+  const PickChoice choice = picks_.empty() ? PickChoice() : picks_.front();
+  if (!picks_.empty()) picks_.pop_front();
+  if (const auto* number = std::get_if<std::size_t>(&choice)) {
+    if (!rows.Reach(*number - 1)) throw ScriptError(std::to_string(*number));
+    return *number - 1;
+  }
+  if (const auto* text = std::get_if<std::string>(&choice)) {
+    for (std::size_t row = 0; rows.Reach(row); ++row) {
+      if (rows.Row(row).find(*text) != std::string::npos) return row;
+    }
+    throw ScriptError("that holds " + Quoted(*text));
+  }
+  return std::nullopt;
+}
+
+void ScriptPlayer::Listing(const ListingDescription& description, const std::string& file, const std::string& table) {
+  if (ended_) return;
+  // 3n + 3 elements, the title before the last.
+  const int columns = static_cast<int>(description.size()) / 3 - 1;
+  const auto* title = columns < 1 ? nullptr : std::get_if<std::string>(&description[description.size() - 2]);
+  if (!title) throw RuntimeError(kInvalidCall);
+  const auto database = company_->OpenPath(file);
+  const auto rows = database->OpenRecordset(table, RecordsetType::kTable);
+  Print("print title=" + Quoted(*title) + " file=" + Quoted(FileNameOf(file)) + " table=" + Quoted(table) +
+        " columns=" + std::to_string(columns) + " rows=" + std::to_string(rows->RecordCount()));
+  for (; !rows->Eof(); rows->MoveNext()) Print(RowText(*rows, columns));
+}
+
+int ScriptPlayer::FindWindow(std::string_view, std::string_view) { return 0; }
+
+int ScriptPlayer::Start(std::string_view program) {
+  Print("start " + Quoted(program));
+  tasks_.emplace_back(program);
+  return static_cast<int>(tasks_.size());
+}
+
+void ScriptPlayer::Activate(int task) {
+  if (task < 1 || static_cast<std::size_t>(task) > tasks_.size()) throw RuntimeError(kInvalidCall);
+  Activate(tasks_[static_cast<std::size_t>(task - 1)]);
+}
+
+void ScriptPlayer::Activate(std::string_view title) { Print("activate " + Quoted(title)); }
+
+}  // namespace zendara

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 #include <utility>
 
 #include "adapters/csv/csv.hpp"
@@ -272,8 +273,10 @@ void ScriptPlayer::Show(const Form& form, const std::string& id) {
 }
 
 void ScriptPlayer::ShowAll(const Form& form) {
-  for (Control* control : form.Controls()) {
-    if (!IsEntered(*control)) continue;
+  std::vector<Control*> controls = form.Controls();
+  std::erase_if(controls, [](const Control* control) { return !IsEntered(*control); });
+  std::ranges::sort(controls, {}, [](const Control* control) { return std::tuple(control->Name(), control->Index()); });
+  for (Control* control : controls) {
     ForEachValue(*control, [&](const std::string& id, const std::string& text) {
       if (!IsEmptyValue(*control, text)) Print("value " + id + "=" + Quoted(text));
     });

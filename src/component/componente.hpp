@@ -9,6 +9,11 @@
 namespace zendara {
 
 struct Componente {
+  // With all screens registered.
+  Componente();
+  Componente(const Componente&) = delete;
+  Componente& operator=(const Componente&) = delete;
+
   Sesion sesion{Platform{}};
   RegistroPantallas pantallas;
   std::int16_t numero_bas = 0;

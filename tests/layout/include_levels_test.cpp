@@ -29,6 +29,7 @@ const std::map<std::string, int> kLevels = {
     {"src/frame/", 4},
     {"src/common/", 5},
     {"src/withholding/", 6},
+    {"src/workers/", 6},
     {"include/zendara/zendara.hpp", 7},
     {"src/component/", 7},
     {"include/zendara/engines.hpp", 8},

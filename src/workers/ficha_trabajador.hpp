@@ -1,0 +1,44 @@
+// The fields of the worker screen as the record they show: values put into and taken out of the controls by index.
+#pragma once
+
+#include "platform/form/form.hpp"
+#include "workers/campos_trabajador.hpp"
+#include "zendara/value.hpp"
+
+namespace zendara {
+
+// The arrays that share the index space; the screen owns them.
+class FichaTrabajador {
+ public:
+  FichaTrabajador(ControlArray<TextBox>& text1, ControlArray<ComboBox>& combo1, ControlArray<CheckBox>& check1,
+                  ControlArray<Grid>& grid1)
+      : Text1(text1), Combo1(combo1), Check1(check1), Grid1(grid1) {}
+
+  // Adds the controls of the table, with labels and lengths, and the two grids.
+  void CreaControles();
+
+  // A column's value in its field or cell; Null is the empty text. A list keeps its entry when the value is blank, and
+  // takes a value that is none of its codes as one more, so that saving does not lose it. Error 380 for a mark that is
+  // not 0 to 2.
+  void Pon(int indice, const Value& valor);
+  // Empties fields by index; cells are passed over.
+  void LimpiarCampos(int desde, int hasta);
+  // Both grids anew, with headers and row labels.
+  void PreparaGrids();
+  void LimpiarGrid();
+
+  // The field of that index, of whatever kind; nullptr for a cell or no field.
+  Control* Campo(int indice) const;
+  // A date as it is edited: its six digits.
+  static std::string SeisDigitos(const std::string& fecha);
+
+ private:
+  void PonEntrada(ComboBox& lista, const std::string& codigo);
+
+  ControlArray<TextBox>& Text1;
+  ControlArray<ComboBox>& Combo1;
+  ControlArray<CheckBox>& Check1;
+  ControlArray<Grid>& Grid1;
+};
+
+}  // namespace zendara

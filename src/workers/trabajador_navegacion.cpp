@@ -1,0 +1,80 @@
+// From worker to worker, and from the worker to the incidents.
+#include "frame/catalogo.hpp"
+#include "workers/trabajadores.hpp"
+
+namespace zendara {
+
+using namespace campo;
+
+void Trabajadores::IrAInicio() {
+  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
+  if (tabla.RecordCount() == 0) return;
+  tabla.MoveFirst();
+  MuestraActual();
+}
+
+void Trabajadores::IrAAnterior() {
+  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
+  if (tabla.RecordCount() == 0) return;
+  if (!tabla.Bof()) {
+    tabla.MovePrevious();
+    if (tabla.Bof()) tabla.MoveFirst();
+  }
+  MuestraActual();
+}
+
+void Trabajadores::IrASiguiente() {
+  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
+  if (tabla.RecordCount() == 0) return;
+  if (!tabla.Eof()) {
+    tabla.MoveNext();
+    if (tabla.Eof()) tabla.MoveLast();
+  }
+  Text1(kNumero).SetFocus();
+  MuestraActual();
+}
+
+void Trabajadores::IrAFin() {
+  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
+  if (tabla.RecordCount() == 0) return;
+  tabla.MoveLast();
+  MuestraActual();
+}
+
+void Trabajadores::MuestraActual() {
+  sesion_.platform.engine->Idle(1);
+  MostrarTrabajador();
+}
+
+bool Trabajadores::VerificarTrabajador() {
+  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
+  tabla.Seek({TextoRecortado(kNumero)});
+  if (!tabla.NoMatch()) return true;
+  Mensaje("El trabajador seleccionado no esta registrado", BoxIcon::kExclamation);
+  return false;
+}
+
+bool Trabajadores::VerificarSituacion() {
+  Recordset& tabla = sesion_.Tabla(kTrabajadoresVar);
+  tabla.SetIndex("Icampo0_1");
+  tabla.Seek({TextoRecortado(kNumero), TextoRecortado(kSituacion)});
+  if (!tabla.NoMatch()) return true;
+  Mensaje("El trabajador seleccionado no esta registrado", BoxIcon::kExclamation);
+  return false;
+}
+
+void Trabajadores::AbreIncidencias(std::string_view pantalla, bool con_situacion) {
+  if (TextoRecortado(kNumero).empty() || (con_situacion && TextoRecortado(kSituacion).empty())) {
+    Mensaje("Debe seleccionar antes un trabajador", BoxIcon::kExclamation);
+    return;
+  }
+  if (!VerificarTrabajador()) return;
+  if (con_situacion && !VerificarSituacion()) return;
+  TrabajadorElegido = TextoRecortado(kNumero);
+  if (con_situacion) SituacionElegida = TextoRecortado(kSituacion);
+  pantallas_.Muestra(pantalla);
+  TrabajadorElegido.clear();
+  if (con_situacion) SituacionElegida = " 0";
+}
+
+}  // namespace zendara

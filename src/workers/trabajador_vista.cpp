@@ -1,0 +1,59 @@
+// What the worker screen shows.
+#include "frame/catalogo.hpp"
+#include "runtime/text.hpp"
+#include "values/valor_numero.hpp"
+#include "workers/trabajadores.hpp"
+
+namespace zendara {
+
+using namespace campo;
+
+void Trabajadores::AbreEnEmpresa(const std::string& nombre) {
+  sesion_.WsTrabajo = sesion_.platform.engine->Workspaces(0);
+  sesion_.BDEmpresa = sesion_.WsTrabajo->OpenDatabase(sesion_.DirDatos + nombre);
+}
+
+void Trabajadores::AbreFicheroEmpresa() { AbreEnEmpresa("Nom" + sesion_.CodEmpresa.str() + ".MDB"); }
+
+void Trabajadores::ValoresIniciales() {
+  Tab1.SetTab(0);
+  for (const int lista : {kTipoIdentificacion, kSituacionPerceptor, kClaseContrato, kMinusvalia}) {
+    Combo1(lista).SetListIndex(0);
+  }
+  Check1(kPrestaciones).SetValue(1);
+  Grid1(kHijos).SetCurrent(1, kPrimeraColumna);
+  Text1(kSituacion).SetText("001");
+
+  AbreEnEmpresa("EMPRESAS.MDB");
+  const auto empresas = sesion_.BDEmpresa->OpenRecordset("SELECT Campo2 FROM EMPRESASNOM WHERE Campo0 = '" +
+                                                         sesion_.CodEmpresa.str() + "' ");
+  if (empresas->Eof()) return;
+  ConvenioEmpresa = TextoNoNulo(empresas->Fields("Campo2").Get());
+  Text1(kConvenio).SetText(ConvenioEmpresa);
+}
+
+void Trabajadores::MostrarTrabajador() {
+  Guarda([this] {
+    ficha_.LimpiarCampos(kNumero, kUltimoTexto);
+    Recordset& fijo = sesion_.Tabla(kTrabajadoresFijo);
+    for (int indice = kNumero; indice <= kUltimoFijo; ++indice)
+      ficha_.Pon(indice, fijo.Fields(ColumnaDe(indice)).Get());
+
+    AbreFicheroEmpresa();
+    const auto situaciones = sesion_.BDEmpresa->OpenRecordset("SELECT * FROM TRABAJADORESVAR WHERE Campo0 = '" +
+                                                              TextoRecortado(kNumero) + "' ORDER BY Campo3 ");
+    if (situaciones->Eof()) return;
+    situaciones->MoveLast();
+    PonSituacion(*situaciones);
+  });
+}
+
+void Trabajadores::MostrarSituacion() { PonSituacion(sesion_.Tabla(kTrabajadoresVar)); }
+
+void Trabajadores::PonSituacion(Recordset& fila) {
+  for (int indice = kPrimeroVar; indice <= kUltimoVar; ++indice) {
+    ficha_.Pon(indice, fila.Fields(ColumnaDe(indice)).Get());
+  }
+}
+
+}  // namespace zendara

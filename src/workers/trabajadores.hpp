@@ -1,0 +1,112 @@
+// The worker screen: one worker, and of his situaciones the one with the latest start, or another one by its number.
+// Slots 402 and 442 are the tables, by key; the situaciones of a worker are read from the company's file.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "common/pantalla_base.hpp"
+#include "common/seleccion_trabajador.hpp"
+#include "workers/ficha_trabajador.hpp"
+
+namespace zendara {
+
+inline constexpr std::string_view kPantallaTrabajadores = "Trabajadores";
+
+class Trabajadores : public PantallaBase, public SeleccionTrabajador {
+ public:
+  Trabajadores(Sesion& sesion, RegistroPantallas& pantallas);
+
+ protected:
+  void OnLoad() override;
+  void OnKeyPress(int& character) override;
+  void EntradaCampo(int indice) override;
+  void SalidaCampo(int indice) override;
+  void AbreLista(int indice) override;
+  bool EscSale() const override;
+
+ private:
+  // Construction.
+  void PonRotulos();
+  void Conecta();
+  Layout Disposicion();
+
+  // Display.
+  void ValoresIniciales();
+  void MostrarTrabajador();  // the row on which slot 402 stands
+  void MostrarSituacion();   // the row on which slot 442 stands
+  // A situación's row, from its first column that is a field.
+  void PonSituacion(Recordset& fila);
+  void PonDescripcionIdentificacion();
+
+  // Navigation.
+  void IrAInicio();
+  void IrAAnterior();
+  void IrASiguiente();
+  void IrAFin();
+  void MuestraActual();
+  bool VerificarTrabajador();
+  bool VerificarSituacion();
+  void AbreIncidencias(std::string_view pantalla, bool con_situacion);
+
+  // Leaving fields.
+  void RellenaCeros(int indice);
+  void SalidaNumero();
+  void SalidaSituacion();
+  // Number of the worker's situación with the latest start; error 3021 when he has none.
+  std::string UltimaSituacion(const std::string& trabajador);
+
+  // Opens a file of DirDatos, which takes the place of BDEmpresa.
+  void AbreEnEmpresa(const std::string& nombre);
+  void AbreFicheroEmpresa();
+  std::string Texto(int indice) const { return Text1(indice).Text(); }
+  std::string TextoRecortado(int indice) const;
+
+  ControlArray<ComboBox> Combo1{*this, "Combo1"};
+  ControlArray<CheckBox> Check1{*this, "Check1"};
+  ControlArray<Grid> Grid1{*this, "Grid1"};
+  ControlArray<TextBox> Text2{*this, "Text2"};  // figures of a regularisation
+  FichaTrabajador ficha_{Text1, Combo1, Check1, Grid1};
+  Label lbDescripcion{*this, "lbDescripcion"};
+
+  Tabs Tab1{*this, "Tab1"};
+  Tabs Tab2{*this, "Tab2"};
+  Frame FrameTrabajador{*this, "FrameTrabajador"};
+  Frame FrameIRPF{*this, "FrameIRPF"};
+  Frame Frame16{*this, "Frame16"};
+  Frame FrameCuenta{*this, "FrameCuenta"};
+  Frame FrameDescripcion{*this, "FrameDescripcion"};
+  Frame FrameContrato{*this, "FrameContrato"};
+  Frame FrameParcial{*this, "FrameParcial"};
+  Frame FramePorIRPF{*this, "FramePorIRPF"};
+  Frame FrameCentro{*this, "FrameCentro"};
+  Frame Frame2{*this, "Frame2"};                  // lasting result of a regularisation
+  Frame Regularizacion{*this, "Regularizacion"};  // figures while one is worked out
+  ControlArray<Frame> Grupo{*this, "Grupo"};      // the other titled groups of fields
+
+  Button Inicio{*this, "Inicio"};
+  Button Anterior{*this, "Anterior"};
+  Button Siguiente{*this, "Siguiente"};
+  Button Fin{*this, "Fin"};
+  Button CmdIncidenciasIT{*this, "CmdIncidenciasIT"};
+  Button CmdIncidenciasESP{*this, "CmdIncidenciasESP"};
+  Button CmdIncidenciasVar{*this, "CmdIncidenciasVar"};
+  Button Pendientes{*this, "Pendientes"};
+  Button Grabar{*this, "Grabar"};
+  Button Borrar{*this, "Borrar"};
+  Button Cancela{*this, "Cancela"};
+  Button CmdNuevo{*this, "CmdNuevo"};
+  Button CmdBorrar{*this, "CmdBorrar"};
+  Button CmdCalcular{*this, "CmdCalcular"};
+  Button Regulariza{*this, "Regulariza"};
+  Button CalcularRegula{*this, "CalcularRegula"};
+
+  std::optional<BoxAnswer> RespuestaNueva;  // a new situación awaits saving while it is Yes
+  std::string TrabajadorAnterior;           // number when its field gained the focus
+  std::string SituacionAnterior;
+  std::string ConvenioEmpresa;  // the company's own agreement
+  int TablaActiva = 0;          // slot in work
+};
+
+}  // namespace zendara

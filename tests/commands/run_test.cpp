@@ -34,6 +34,8 @@ TEST_F(RunTest, WrongUsageIsStatusTwoAndOneLine) {
       {{"data", "load", "--dir", "x", "--company", "1", "--year", "01", "IRPF"}, "CSV is required"},
       {{"demo", "x", "--workers", "0"}, "--workers"},
       {{"demo", "x", "--seed", "-1"}, "--seed"},
+      {{"run", "--dir", "x"}, "SCRIPT is required"},
+      {{"run", "x.zs"}, "--dir is required (see zendara run --help)"},
   };
   for (const auto& c : cases) {
     const Outcome run = RunWords(c.words);
@@ -47,7 +49,8 @@ TEST_F(RunTest, WrongUsageIsStatusTwoAndOneLine) {
 
 TEST_F(RunTest, HelpOfEveryCommand) {
   const std::vector<std::vector<std::string>> commands = {
-      {}, {"demo"}, {"rate"}, {"data"}, {"data", "create"}, {"data", "check"}, {"data", "load"}, {"data", "dump"}};
+      {},     {"demo"}, {"rate"}, {"data"}, {"data", "create"}, {"data", "check"}, {"data", "load"}, {"data", "dump"},
+      {"run"}};
   for (std::vector<std::string> words : commands) {
     words.push_back("--help");
     const Outcome run = RunWords(words);
@@ -61,6 +64,30 @@ TEST_F(RunTest, AnErrorOfTheStoreIsOneLineWithItsNumber) {
   const Outcome run = RunHere({"rate"});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, testing::MatchesRegex("zendara: opening .*Nom00a01.MDB: 3044  .*\n"));
+}
+
+TEST_F(RunTest, AScriptEndsWithItsStatusAndOneLine) {
+  const std::string path = (dir_ / "a.zs").string();
+  const struct {
+    std::string script;
+    int status;
+    std::string reason;
+  } cases[] = {{"# nothing\n", 0, ""},
+               {"\njump", 2, ":2: unknown command \"jump\"\n"},
+               {"\nshow all", 2, ":2: no screen is open\n"},
+               {"sql a.mdb \"SELECT * FROM a\"", 1, ":1: 3044  "}};
+  for (const auto& c : cases) {
+    WriteFile(path, c.script);
+    const Outcome run = RunWords({"run", path, "--dir", dir_.string()});
+    EXPECT_EQ(run.status, c.status) << c.script;
+    EXPECT_THAT(run.err, testing::StartsWith(c.status == 0 ? "" : "zendara: " + path + c.reason)) << c.script;
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), c.status == 0 ? 0 : 1) << run.err;
+  }
+  for (const std::string& unreadable : {dir_.string(), (dir_ / "none.zs").string()}) {
+    const Outcome run = RunWords({"run", unreadable, "--dir", dir_.string()});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, testing::MatchesRegex("zendara: " + unreadable + ": [A-Z].*\n"));
+  }
 }
 
 class FailingBuffer : public std::streambuf {

@@ -93,6 +93,7 @@ void PantallaBase::ConectaMarco() {
     if (code == key::kF2 && Image1.Find(indice)) AbreLista(indice);
   };
   Image1.On().click = [this](int indice) { AbreLista(indice); };
+  Image1.On().mouse_move = [this](int) { sesion_.MarcaBoton = static_cast<std::int16_t>(ImageButtonMark()); };
   for (Control* control : Controls()) {
     if (control->Kind() != ControlKind::kButton) continue;
     control->On().mouse_move = [this, control](int) {

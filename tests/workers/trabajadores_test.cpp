@@ -370,6 +370,11 @@ TEST_F(TrabajadoresTest, LookUpsFillTheirFields) {
     for (const auto& [indice, texto] : caso.campos) EXPECT_EQ(Mostrado(indice), texto) << caso.indice;
   }
   EXPECT_EQ(El<Label>("lbDescripcion").Caption(), "N.I.E");
+  EXPECT_EQ(asked.marca, 0) << "no mouse has moved over an image yet";
+  elegida = -1;
+  pantalla->MouseOver(El<Image>("Image1(5)"));
+  pantalla->Click(El<Image>("Image1(5)"));
+  EXPECT_EQ(asked.marca, 1);
 
   // Those of a query: the field and its neighbours are what stands under that key in the table.
   const struct {
@@ -400,7 +405,7 @@ TEST_F(TrabajadoresTest, ACancelledListLeavesEverything) {
   elegida = -1;
   for (const ConsultaTrabajador& consulta : ConsultasTrabajador()) {
     std::vector<std::string> antes, despues;
-    pantalla->Click(El<Button>("Salir").CanFocus() ? El<Control>("Tab1") : El<Control>("Tab2"));
+    El<Tabs>("Tab1").SetFocus();  // dates in the form in which they are shown
     for (int i = 1; i <= 144; ++i) antes.push_back(Mostrado(i));
     pantalla->Click(El<Image>("Image1(" + std::to_string(consulta.indice) + ")"));
     El<Tabs>("Tab1").SetFocus();

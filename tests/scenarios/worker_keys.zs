@@ -1,0 +1,45 @@
+# Enter and the arrows walk the fields; typing goes over the text while Insert is off.
+session company=00001 year=01
+open Trabajadores
+key Enter
+key Down
+key Up
+key Shift+Tab
+type "00005"
+key Down
+show Text1(2)
+
+# Over the text from its start, then with Insert on between the letters.
+key Home
+type "ETX"
+show Text1(2)
+key Home
+key Insert
+type "An"
+show Text1(2)
+key Delete
+key End
+key Backspace
+show Text1(2)
+key Insert
+
+# No more than the field holds.
+focus Text1(12)
+key Home
+type "123456"
+show Text1(12)
+
+# Amounts stand on the right and take figures: a point is a comma, one comma, a minus only in front.
+focus Text1(79)
+type "1a2.5,0-"
+show Text1(79)
+focus Text1(80)
+type "-1-2"
+show Text1(80)
+
+# Help and calculator.
+key F1
+click Calculadora
+click Siguiente
+show Text1(1)
+click Salir

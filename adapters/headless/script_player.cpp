@@ -220,7 +220,12 @@ void ScriptPlayer::OpenSession(const ScriptCommand& command) {
   if (!digits(values.company, 5)) throw ScriptError("company=00001 is missing, or no number of one to five digits");
   if (!digits(values.year, 2) || values.year.size() != 2) throw ScriptError("year=01 is missing, or no two digits");
   values.company.insert(0, 5 - values.company.size(), '0');
-  company_->Open(values);
+  try {
+    company_->Open(values);
+  } catch (const RuntimeError& error) {
+    if (error.number() == kTypeMismatch) throw ScriptError("date=" + Quoted(values.date) + " is no date");
+    throw;
+  }
 }
 
 void ScriptPlayer::OpenScreen(const std::string& name) {

@@ -133,7 +133,7 @@ TEST_F(PlayerTest, FaultsOfARunEndItWithTheirLine) {
   } cases[] = {
       {"session year=01", 2, "1: company=00001 is missing"},
       {"session company=1 year=2001", 2, "1: year=01 is missing"},
-      {"session company=1 year=01 date=hoy", 1, "1: 13  "},
+      {"session company=1 year=01 date=hoy", 2, "1: date=\"hoy\" is no date"},
       {"session company=9 year=01", 1, "1: 3024  "},
       {"open Trabajadores", 2, "1: there is no session yet"},
       {"session company=1 year=01\nopen Nada", 2, "2: there is no screen Nada"},

@@ -177,6 +177,8 @@ void PantallaBase::AlSalir() {
 
 void PantallaBase::OnUnload() {
   if (anuncio_) anuncio_->AvisoCierre(Host().WindowHandle(*this));
+  // However it closes, nobody may reach it any more.
+  if (sesion_.FormActivo == this) sesion_.FormActivo = nullptr;
   pantallas_.Descarga(Name());
 }
 

@@ -5,7 +5,8 @@
 //   FormHost::ShowModal      Modal, between showing the window and hiding it
 //   FormHost::ShowHelp       Help
 //   FormHost::Untrapped      Error
-//   Dialogs, Shell           those of the player, or around them: Answer, Beep
+//   Dialogs                  Answer, Beep
+//   Shell                    the player itself
 //   PickList                 Choose
 //   ListingViewer            Listing
 //

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <fstream>
-#include <stdexcept>
 #include <ranges>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 

@@ -23,6 +23,7 @@ class RegistroPantallas {
 
   // A second factory of the same name takes the place of the first.
   void Registra(std::string nombre, Fabrica fabrica);
+  bool Tiene(std::string_view nombre) const { return pantallas_.contains(nombre); }
 
   // The screen's object, created at its first use; it lives until the screen unloads. Nothing for a name that no screen
   // has. Errors of the factory go to the caller.

@@ -1,0 +1,23 @@
+// Turns the structure of a form's layout into widgets.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "adapters/qt/form_window.hpp"
+
+namespace zendara {
+
+// Property of a frame's widget that has neither title nor border, and so no margin.
+inline constexpr char kBare[] = "bare";
+
+// The view of a control by its kind.
+std::unique_ptr<ControlView> MakeView(FormWindow& window, Control& control, QWidget& parent);
+
+using Keep = std::function<void(std::unique_ptr<ControlView> view, Control& control)>;
+void BuildLayout(FormWindow& window, const Layout& layout, QWidget& content, const Keep& keep);
+
+// Distances follow the font.
+void RescaleSpacing(QWidget& content);
+
+}  // namespace zendara

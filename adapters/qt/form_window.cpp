@@ -1,0 +1,266 @@
+#include "adapters/qt/form_window.hpp"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <utility>
+
+#include "adapters/qt/form_layout.hpp"
+#include "adapters/qt/keys.hpp"
+#include "adapters/qt/look.hpp"
+#include "adapters/qt/script_hands.hpp"
+#include "adapters/qt/text.hpp"
+#include "runtime/text.hpp"
+
+namespace zendara {
+
+// Views.
+
+ControlView::ControlView(FormWindow& window, Control& control, QWidget* widget)
+    : window_(window), control_(control), widget_(widget) {
+  // Reached by the model alone: neither a click nor Tab moves the focus by itself.
+  widget->setFocusPolicy(control.CanFocus() || control.Kind() == ControlKind::kTextBox ? Qt::TabFocus : Qt::NoFocus);
+  widget->setMouseTracking(true);
+  widget->setObjectName(ToQt(control.Id()));
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
+  Watch(widget);
+}
+
+void ControlView::Watch(QWidget* widget) {
+  window_.watched_[widget] = this;
+  widget->installEventFilter(&window_);
+}
+
+void ControlView::Sync() {
+  widget_->setVisible(control_.Visible());
+  widget_->setEnabled(control_.Enabled());
+  if (label_) label_->setVisible(control_.Visible());
+  const QString hint = ToQt(control_.ToolTipText()).trimmed();
+  if (widget_->toolTip() != hint) {
+    widget_->setToolTip(hint);
+    widget_->setAccessibleDescription(hint);
+  }
+  const QString name = PlainCaption(control_.Caption());
+  if (!name.isEmpty() && widget_->accessibleName() != name) widget_->setAccessibleName(name);
+}
+
+bool ControlView::Handle(QObject* /*watched*/, QEvent* event) {
+  if (event->type() != QEvent::MouseMove) return false;
+  const auto* mouse = static_cast<QMouseEvent*>(event);
+  window_.Pass([&] { window_.Shown().MouseOver(control_, mouse->buttons() == Qt::RightButton); });
+  return false;
+}
+
+void ControlView::ClickOn(int /*row*/, int /*column*/) { ClickWidget(*widget_, widget_->rect().center()); }
+
+// Window.
+
+FormWindow::FormWindow(Form& form, QWidget* parent) : QWidget(parent, Qt::Window), form_(form) {
+  setWindowModality(Qt::ApplicationModal);
+  Build();
+  form_.SetView(this);
+  for (const auto& [control, view] : views_) changed_.insert(control);
+  Flush();
+  Rescale();
+  zoom::Watch(this, [this] {
+    Rescale();
+    Fit();
+  });
+}
+
+FormWindow::~FormWindow() {
+  if (form_.View() == this) form_.SetView(nullptr);
+}
+
+void FormWindow::Build() {
+  scroll_ = new QScrollArea(this);
+  scroll_->setWidgetResizable(true);
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setFocusPolicy(Qt::NoFocus);
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins(0, 0, 0, 0);
+  outer->addWidget(scroll_);
+  auto* content = new QWidget;
+  BuildLayout(*this, form_.GetLayout(), *content,
+              [this](std::unique_ptr<ControlView> view, Control& control) { views_[&control] = std::move(view); });
+  scroll_->setWidget(content);
+}
+
+ControlView* FormWindow::ViewOf(const Control& control) const {
+  const auto view = views_.find(&control);
+  return view == views_.end() ? nullptr : view->second.get();
+}
+
+void FormWindow::Rescale() {
+  for (const auto& [control, view] : views_) view->Rescale();
+  RescaleSpacing(*scroll_->widget());
+  scroll_->widget()->layout()->activate();
+}
+
+void FormWindow::Fit() {
+  const QRect area = screen()->availableGeometry();
+  const QSize wanted = scroll_->widget()->sizeHint();
+  QSize size = wanted;
+  // What does not fit on the screen is scrolled, and the bar needs its own place.
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2;
+  if (wanted.height() > area.height()) size.rwidth() += bar;
+  if (wanted.width() > area.width()) size.rheight() += bar;
+  size = size.boundedTo(area.size());
+  setMinimumSize(size.boundedTo(QSize(320, 240)));
+  resize(size);
+  move(area.center() - QPoint(size.width() / 2, size.height() / 2));
+}
+
+// In.
+
+void FormWindow::Pass(const std::function<void()>& call) {
+  call();
+  Flush();
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  const auto found = watched_.find(watched);
+  if (found == watched_.end()) return false;
+  ControlView* view = found->second;
+  if (view->Handle(watched, event)) return true;
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      event->accept();
+      return true;
+    case QEvent::KeyPress:
+      return PressKeys(*static_cast<QKeyEvent*>(event));
+    case QEvent::KeyRelease:
+      return true;
+    case QEvent::Wheel:  // would change lists and pages on the way
+      event->ignore();
+      return true;
+    case QEvent::FocusIn: {
+      const auto reason = static_cast<QFocusEvent*>(event)->reason();
+      const bool given_back = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+      if (syncing_ || given_back || &view->Shown() == form_.Focus()) return false;
+      // Set from outside, by a screen reader for one: the model decides whether it stays there.
+      focus_moved_ = true;
+      QMetaObject::invokeMethod(
+          this,
+          [this, view] {
+            focus_moved_ = true;
+            Pass([&] {
+              form_.Run([&] {
+                if (view->Shown().CanFocus()) form_.SetFocus(view->Shown());
+              });
+            });
+          },
+          Qt::QueuedConnection);
+      return false;
+    }
+    default:
+      return false;
+  }
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) { PressKeys(*event); }
+
+bool FormWindow::PressKeys(const QKeyEvent& event) {
+  if (HandleZoomKey(event) || HandleClipboard(event)) return true;
+  for (const Key& key : KeysOf(event)) {
+    if (form_.Loaded()) Pass([&] { form_.Press(key); });
+  }
+  return true;
+}
+
+bool FormWindow::HandleClipboard(const QKeyEvent& event) {
+  if (!form_.Focus() || form_.Focus()->Kind() != ControlKind::kTextBox) return false;
+  auto& box = static_cast<TextBox&>(*form_.Focus());
+  QClipboard* clipboard = QGuiApplication::clipboard();
+  const bool cut = event.matches(QKeySequence::Cut);
+  if (event.matches(QKeySequence::Paste)) {
+    const std::string text = FromQt(clipboard->text());
+    Pass([&] { form_.Paste(text); });
+  } else if (event.matches(QKeySequence::SelectAll)) {
+    Pass([&] { form_.PointTo(box, 0, static_cast<int>(Len(box.Text()))); });
+  } else if (cut || event.matches(QKeySequence::Copy)) {
+    if (box.SelLength() == 0) return true;
+    clipboard->setText(ToQt(Mid(box.Text(), box.SelStart() + 1, box.SelLength())));
+    if (cut) Pass([&] { form_.Press({.code = key::kDelete, .shift = 0, .text = {}}); });
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // the form says whether it goes
+  Pass([&] { form_.Close(); });
+}
+
+bool FormWindow::focusNextPrevChild(bool /*next*/) { return false; }
+
+// Out.
+
+void FormWindow::ControlChanged(const Control& control) {
+  changed_.insert(&control);
+  Queue();
+}
+
+void FormWindow::FocusMoved() {
+  focus_moved_ = true;
+  Queue();
+}
+
+void FormWindow::FormChanged() {
+  form_changed_ = true;
+  Queue();
+  if (!form_.Loaded() && unloaded_) unloaded_();
+}
+
+void FormWindow::Queue() {
+  if (queued_) return;
+  queued_ = true;
+  QMetaObject::invokeMethod(
+      this, [this] { Flush(); }, Qt::QueuedConnection);
+}
+
+void FormWindow::Flush() {
+  queued_ = false;
+  if (syncing_) return;
+  syncing_ = true;
+  if (std::exchange(form_changed_, false)) {
+    setWindowTitle(ToQt(form_.Title().empty() ? form_.Name() : form_.Title()));
+    // The hourglass takes no input away.
+    if (form_.Pointer() == MousePointer::kHourglass) {
+      setCursor(Qt::WaitCursor);
+    } else {
+      unsetCursor();
+    }
+  }
+  bool pages_moved = false;
+  while (!changed_.empty()) {
+    for (const Control* control : std::exchange(changed_, {})) {
+      if (ControlView* view = ViewOf(*control)) view->Sync();
+      pages_moved = pages_moved || control->Kind() == ControlKind::kTabs || control->Kind() == ControlKind::kFrame;
+    }
+  }
+  if (std::exchange(focus_moved_, false) || pages_moved) ShowFocus();
+  syncing_ = false;
+}
+
+void FormWindow::ShowFocus() {
+  const Control* focus = form_.Focus();
+  ControlView* view = focus ? ViewOf(*focus) : nullptr;
+  QWidget* target = view ? view->FocusTarget() : this;
+  if (focusWidget() != target || !target->hasFocus()) target->setFocus(Qt::OtherFocusReason);
+  if (view) {
+    view->Sync();
+    scroll_->ensureWidgetVisible(view->Widget());
+  }
+}
+
+}  // namespace zendara

@@ -1,0 +1,110 @@
+// The window of one form: shows the model, passes keys and mouse in, decides nothing.
+#pragma once
+
+#include <QEvent>
+#include <QLabel>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "platform/form/form.hpp"
+
+class QScrollArea;
+
+namespace zendara {
+
+class FormWindow;
+
+// One control and the widget that shows it.
+class ControlView {
+ public:
+  ControlView(FormWindow& window, Control& control, QWidget* widget);
+  virtual ~ControlView() = default;
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
+
+  Control& Shown() const { return control_; }
+  QWidget* Widget() const { return widget_; }
+  // What has the keyboard when the control has the focus.
+  virtual QWidget* FocusTarget() const { return widget_; }
+  // Shown and hidden with the control.
+  void SetLabel(QLabel* label) { label_ = label; }
+
+  // Brings the widget in step with the model.
+  virtual void Sync();
+  // The font has another size.
+  virtual void Rescale() {}
+  // An event of the widget or of one that it watches. True: done, the widget does not see it.
+  virtual bool Handle(QObject* watched, QEvent* event);
+  // As the mouse would, for scripts. REQUIRES: the widget is to be seen.
+  virtual void ClickOn(int row, int column);
+
+ protected:
+  // Events of this widget come to Handle as well.
+  void Watch(QWidget* widget);
+
+  FormWindow& window_;
+  Control& control_;
+  QWidget* widget_;
+
+ private:
+  QPointer<QLabel> label_;
+};
+
+class FormWindow : public QWidget, public FormView {
+ public:
+  explicit FormWindow(Form& form, QWidget* parent = nullptr);
+  ~FormWindow() override;
+
+  Form& Shown() const { return form_; }
+  ControlView* ViewOf(const Control& control) const;
+
+  // Runs what an event means to the form, then shows what became of it.
+  void Pass(const std::function<void()>& call);
+  // Shows at once what has changed. Otherwise it waits for the end of the event.
+  void Flush();
+  // True while the widgets are brought in step, when what they tell is no user's doing.
+  bool Syncing() const { return syncing_; }
+  // Called when the form was unloaded.
+  void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }
+
+  // Size of the content, within the screen, and centred.
+  void Fit();
+
+  void ControlChanged(const Control& control) override;
+  void FocusMoved() override;
+  void FormChanged() override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  friend class ControlView;
+
+  void Build();
+  void Rescale();
+  void Queue();
+  bool PressKeys(const QKeyEvent& event);
+  bool HandleClipboard(const QKeyEvent& event);
+  void ShowFocus();
+
+  Form& form_;
+  QScrollArea* scroll_ = nullptr;
+  std::map<const Control*, std::unique_ptr<ControlView>> views_;
+  std::map<QObject*, ControlView*> watched_;
+  std::set<const Control*> changed_;
+  bool focus_moved_ = true;
+  bool form_changed_ = true;
+  bool queued_ = false;
+  bool syncing_ = false;
+  std::function<void()> unloaded_;
+};
+
+}  // namespace zendara

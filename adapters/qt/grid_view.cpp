@@ -1,0 +1,195 @@
+#include "adapters/qt/grid_view.hpp"
+
+#include <QAbstractTableModel>
+#include <QApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTableView>
+#include <algorithm>
+
+#include "adapters/qt/look.hpp"
+#include "adapters/qt/script_hands.hpp"
+#include "adapters/qt/text.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+constexpr int kMostRowsShown = 14;
+// Height of a line of the font that design widths are meant for.
+constexpr double kDesignFontHeight = 13;
+
+class Cells : public QAbstractTableModel {
+ public:
+  Cells(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {}
+
+  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : rows_; }
+  int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : columns_; }
+
+  QVariant data(const QModelIndex& index, int role) const override {
+    const int row = index.row();
+    const int column = index.column();
+    if (row >= grid_.Rows() || column >= grid_.Columns()) return {};
+    const bool fixed = row < grid_.FixedRows() || column < grid_.FixedColumns();
+    switch (role) {
+      case Qt::DisplayRole:
+        return ToQt(grid_.Cell(row, column));
+      case Qt::BackgroundRole:
+        return fixed ? QVariant(tone::kHeading) : QVariant();
+      case Qt::TextAlignmentRole: {
+        const Alignment side = grid_.ColumnAt(column).alignment;
+        const auto horizontal = side == Alignment::kRight    ? Qt::AlignRight
+                                : side == Alignment::kCenter ? Qt::AlignHCenter
+                                                             : Qt::AlignLeft;
+        return QVariant::fromValue(Qt::Alignment(horizontal | Qt::AlignVCenter));
+      }
+      default:
+        return {};
+    }
+  }
+
+  Qt::ItemFlags flags(const QModelIndex& index) const override {
+    const bool fixed = index.row() < grid_.FixedRows() || index.column() < grid_.FixedColumns();
+    return fixed ? Qt::ItemIsEnabled : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  }
+
+  // True if the grid has another shape than before.
+  bool Renew() {
+    if (rows_ == grid_.Rows() && columns_ == grid_.Columns()) {
+      if (rows_ > 0 && columns_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+      return false;
+    }
+    beginResetModel();
+    rows_ = grid_.Rows();
+    columns_ = grid_.Columns();
+    endResetModel();
+    return true;
+  }
+
+ private:
+  Grid& grid_;
+  int rows_ = 0;
+  int columns_ = 0;
+};
+
+class GridView : public ControlView {
+ public:
+  GridView(FormWindow& window, Grid& grid, QWidget& parent)
+      : ControlView(window, grid, new QTableView(&parent)),
+        grid_(grid),
+        table_(static_cast<QTableView*>(widget_)),
+        cells_(new Cells(grid, table_)) {
+    table_->setModel(cells_);
+    table_->horizontalHeader()->hide();
+    table_->verticalHeader()->hide();
+    table_->horizontalHeader()->setMinimumSectionSize(0);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setTabKeyNavigation(false);
+    table_->setWordWrap(false);
+    table_->setTextElideMode(Qt::ElideRight);
+    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    table_->viewport()->setFocusPolicy(Qt::NoFocus);
+    Watch(table_->viewport());
+  }
+
+  void Sync() override {
+    ControlView::Sync();
+    if (cells_->Renew()) {
+      Rescale();
+    } else {
+      SetWidths();
+    }
+    const QModelIndex current = cells_->index(grid_.Row(), grid_.Col());
+    if (table_->currentIndex() != current) {
+      table_->setCurrentIndex(current);
+      table_->scrollTo(current);
+    }
+    if (!grid_.HasFocus()) {
+      table_->clearSelection();
+    } else if (current.isValid()) {
+      table_->selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
+    }
+  }
+
+  void Rescale() override {
+    const QFontMetrics metrics(QApplication::font());
+    const int height = metrics.height() + metrics.height() / 3;
+    table_->verticalHeader()->setMinimumSectionSize(height);
+    table_->verticalHeader()->setDefaultSectionSize(height);
+    const int rows = std::min(grid_.Rows(), kMostRowsShown);
+    table_->setFixedHeight(rows * height + 2 * table_->frameWidth());
+    SetWidths();
+  }
+
+  bool Handle(QObject* watched, QEvent* event) override {
+    if (watched == table_->viewport()) {
+      const bool press = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+      if (press) PressMouse(*static_cast<QMouseEvent*>(event));
+      if (event->type() == QEvent::Wheel && grid_.Rows() > kMostRowsShown) {
+        QCoreApplication::sendEvent(table_->verticalScrollBar(), event);
+        return true;
+      }
+      return press || event->type() == QEvent::MouseButtonRelease || ControlView::Handle(watched, event);
+    }
+    return ControlView::Handle(watched, event);
+  }
+
+  void ClickOn(int row, int column) override {
+    ClickWidget(*table_->viewport(), table_->visualRect(cells_->index(row, column)).center());
+  }
+
+ private:
+  void PressMouse(const QMouseEvent& event) {
+    const QModelIndex cell = table_->indexAt(event.position().toPoint());
+    const bool fixed = !cell.isValid() || cell.row() < grid_.FixedRows() || cell.column() < grid_.FixedColumns();
+    window_.Pass([&] {
+      if (fixed) {
+        window_.Shown().Click(grid_);
+      } else {
+        window_.Shown().PointTo(grid_, cell.row(), cell.column());
+      }
+    });
+  }
+
+  // As designed, but no heading is cut off.
+  int WidthOf(int column, double scale, const QFontMetrics& metrics) const {
+    const int designed = static_cast<int>(grid_.ColumnAt(column).width * scale / kTwipsPerPixel);
+    if (designed <= 0) return 0;
+    int width = designed;
+    const int rows = column < grid_.FixedColumns() ? grid_.Rows() : grid_.FixedRows();
+    for (int row = 0; row < rows; ++row) {
+      width = std::max(width, metrics.horizontalAdvance(ToQt(grid_.Cell(row, column))) + metrics.height() * 2 / 3);
+    }
+    return width;
+  }
+
+  void SetWidths() {
+    const QFontMetrics metrics(QApplication::font());
+    const double scale = metrics.height() / kDesignFontHeight;
+    int all = 2 * table_->frameWidth();
+    for (int column = 0; column < grid_.Columns(); ++column) {
+      const int width = WidthOf(column, scale, metrics);
+      table_->setColumnHidden(column, width <= 0);
+      if (width <= 0) continue;
+      if (table_->columnWidth(column) != width) table_->setColumnWidth(column, width);
+      all += width;
+    }
+    if (grid_.Rows() > kMostRowsShown) all += table_->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    if (table_->width() != all) table_->setFixedWidth(all);
+  }
+
+  Grid& grid_;
+  QTableView* table_;
+  Cells* cells_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeGridView(FormWindow& window, Grid& grid, QWidget& parent) {
+  return std::make_unique<GridView>(window, grid, parent);
+}
+
+}  // namespace zendara

@@ -1,0 +1,140 @@
+#include "adapters/qt/picture_view.hpp"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPalette>
+#include <utility>
+
+#include "adapters/qt/look.hpp"
+#include "adapters/qt/text.hpp"
+#include "platform/drawing.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr double kTwips = 15;
+constexpr double kDegrees = 10;  // escapements are in tenths
+
+QColor ToRgb(std::uint32_t color) { return ToQt(static_cast<Color>(color & 0xFFFFFF)); }
+
+class QtScreen : public Screen {
+ public:
+  double TwipsPerPixel() const override { return kTwips; }
+  std::uint32_t TranslateColor(std::int32_t color) const override {
+    if (color >= 0) return static_cast<std::uint32_t>(color);
+    // The system colours that forms are made of; the others look like the window.
+    constexpr std::pair<std::uint8_t, QPalette::ColorRole> kRoles[] = {
+        {5, QPalette::Base},    {8, QPalette::WindowText},       {13, QPalette::Highlight},
+        {15, QPalette::Button}, {14, QPalette::HighlightedText}, {18, QPalette::ButtonText},
+    };
+    QPalette::ColorRole role = QPalette::Window;
+    for (const auto& [index, named] : kRoles) {
+      if (index == (color & 0xFF)) role = named;
+    }
+    const QColor found = QApplication::palette().color(role);
+    return static_cast<std::uint32_t>(found.red() | found.green() << 8 | found.blue() << 16);
+  }
+};
+
+class Surface : public DrawingSurface {
+ public:
+  Surface(QPixmap& pixmap, const QFont& font) : pixmap_(pixmap), font_(font), painter_(&pixmap) {
+    painter_.setRenderHint(QPainter::TextAntialiasing);
+  }
+
+  double Width() const override { return pixmap_.width() / pixmap_.devicePixelRatio() * kTwips; }
+  double Height() const override { return pixmap_.height() / pixmap_.devicePixelRatio() * kTwips; }
+  PictureFont Font() const override {
+    return {.name = font_.family().toStdString(), .size = font_.pointSizeF(), .bold = font_.bold()};
+  }
+  int VerticalPixelsPerInch() const override { return QPixmap(1, 1).logicalDpiY(); }
+
+  void FillRect(int left, int top, int right, int bottom, std::uint32_t color) override {
+    painter_.fillRect(left, top, right - left, bottom - top, ToRgb(color));
+  }
+
+  void TextOut(const LogicalFont& font, int alignment, int x, int y, std::string_view text) override {
+    QFont drawn(ToQt(font.face));
+    drawn.setPixelSize(std::max(std::abs(font.height), 1));
+    drawn.setBold(font.weight >= 700);
+    drawn.setItalic(font.italic);
+    drawn.setUnderline(font.underline);
+    drawn.setStrikeOut(font.strikeout);
+    const QFontMetricsF metrics(drawn);
+    const QString words = ToQt(text);
+    painter_.save();
+    painter_.setFont(drawn);
+    painter_.setPen(Qt::black);
+    painter_.translate(x, y);
+    painter_.rotate(-font.escapement / kDegrees);
+    const double left = alignment == kAlignCentre ? -metrics.horizontalAdvance(words) / 2 : 0;
+    painter_.drawText(QPointF(left, metrics.ascent()), words);
+    painter_.restore();
+  }
+
+  void Refresh() override {}
+
+ private:
+  QPixmap& pixmap_;
+  QFont font_;
+  QPainter painter_;
+};
+
+class PictureWidget : public QWidget {
+ public:
+  PictureWidget(Picture& picture, QWidget* parent) : QWidget(parent), picture_(picture) {
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  }
+
+  void Renew() {
+    pixmap_ = {};
+    update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    const QSize wanted = size() * devicePixelRatioF();
+    if (pixmap_.size() != wanted) Draw(wanted);
+    QPainter(this).drawPixmap(0, 0, pixmap_);
+  }
+
+ private:
+  void Draw(QSize wanted) {
+    pixmap_ = QPixmap(wanted);
+    pixmap_.setDevicePixelRatio(devicePixelRatioF());
+    pixmap_.fill(tone::kWindow);
+    if (!picture_.GetPainter()) return;
+    QFont caption = QApplication::font();
+    caption.setBold(true);
+    Surface surface(pixmap_, caption);
+    picture_.GetPainter()(QtScreen(), surface);
+  }
+
+  Picture& picture_;
+  QPixmap pixmap_;
+};
+
+class PictureView : public ControlView {
+ public:
+  PictureView(FormWindow& window, Picture& picture, QWidget& parent)
+      : ControlView(window, picture, new PictureWidget(picture, &parent)) {}
+
+  void Sync() override {
+    ControlView::Sync();
+    static_cast<PictureWidget*>(widget_)->Renew();
+  }
+  void Rescale() override {
+    // A caption on it begins its size in points left of the middle.
+    widget_->setFixedWidth(static_cast<int>(QApplication::font().pointSizeF() * 3));
+    static_cast<PictureWidget*>(widget_)->Renew();
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakePictureView(FormWindow& window, Picture& picture, QWidget& parent) {
+  return std::make_unique<PictureView>(window, picture, parent);
+}
+
+}  // namespace zendara

@@ -1,0 +1,88 @@
+#include "adapters/qt/script_hands.hpp"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "adapters/qt/form_window.hpp"
+#include "adapters/qt/keys.hpp"
+
+namespace zendara {
+namespace {
+
+void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button, Qt::MouseButtons held) {
+  QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &event);
+}
+
+}  // namespace
+
+void ClickWidget(QWidget& widget, QPoint place) {
+  const QPointer<QWidget> alive(&widget);
+  SendMouse(widget, QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton);
+  if (alive) SendMouse(widget, QEvent::MouseButtonPress, place, Qt::LeftButton, Qt::LeftButton);
+  if (alive) SendMouse(widget, QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
+}
+
+void PressKey(QWidget& widget, const Key& key) {
+  const QtKey sent = QtKeyOf(key);
+  const QPointer<QWidget> alive(&widget);
+  QKeyEvent press(QEvent::KeyPress, sent.key, sent.modifiers, sent.text);
+  QApplication::sendEvent(&widget, &press);
+  if (!alive) return;
+  QKeyEvent release(QEvent::KeyRelease, sent.key, sent.modifiers, sent.text);
+  QApplication::sendEvent(&widget, &release);
+}
+
+void ScriptHands::Press(Form& form, const Key& key) {
+  FormWindow* window = window_of_(form);
+  if (!window) return;
+  window->Flush();
+  QWidget* focus = window->focusWidget();
+  PressKey(focus ? *focus : *window, key);
+}
+
+void ScriptHands::Focus(Form& form, Control& control) {
+  form.Run([&] {
+    if (control.CanFocus()) form.SetFocus(control);
+  });
+}
+
+bool ScriptHands::ClickOn(Form& form, Control& control, int row, int column) {
+  FormWindow* window = window_of_(form);
+  if (!window) return false;
+  window->Flush();
+  ControlView* view = window->ViewOf(control);
+  // On a page behind, or hidden: nothing to point at.
+  if (!view || !view->Widget()->isVisible() || !view->Widget()->isEnabled()) return false;
+  view->ClickOn(row, column);
+  return true;
+}
+
+void ScriptHands::Click(Form& form, Control& control) {
+  // Fields keep the caret that their entering rules give, lists stay closed.
+  const bool pointed = control.Kind() == ControlKind::kButton || control.Kind() == ControlKind::kCheckBox ||
+                       control.Kind() == ControlKind::kOptionButton || control.Kind() == ControlKind::kImage;
+  if (pointed && ClickOn(form, control)) return;
+  form.MouseOver(control);
+  form.Click(control);
+}
+
+void ScriptHands::Pick(Form& form, ComboBox& combo, int item) {
+  if (!ClickOn(form, combo, item)) form.Pick(combo, item);
+}
+
+void ScriptHands::PointTo(Form& form, Grid& grid, int row, int column) {
+  if (!ClickOn(form, grid, row, column)) form.PointTo(grid, row, column);
+}
+
+void ScriptHands::TurnTo(Form& form, Tabs& tabs, int page) {
+  if (!ClickOn(form, tabs, page)) form.TurnTo(tabs, page);
+}
+
+void ScriptHands::Settle() {
+  QApplication::processEvents();
+  if (settled_) settled_();
+}
+
+}  // namespace zendara

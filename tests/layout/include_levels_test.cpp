@@ -38,6 +38,7 @@ const std::map<std::string, int> kLevels = {
     {"adapters/csv/", 8},
     {"adapters/sqlite/", 9},
     {"adapters/headless/", 9},
+    {"include/zendara/windows.hpp", 10},
     {"adapters/qt/", 10},
     {"apps/", 11},
 };

@@ -1,0 +1,150 @@
+// What a clerk waits for on the worker screen of a large company: windows drawn offscreen, each to its paint.
+//
+// Usage: screen_bench FOLDER [benchmark options]; FOLDER holds a company "00001" with the year 01.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QTimer>
+#include <chrono>
+#include <functional>
+#include <iostream>
+
+#include "adapters/qt/form_window.hpp"
+#include "adapters/qt/look.hpp"
+#include "adapters/qt/qt_host.hpp"
+#include "common/consulta.hpp"
+#include "frame/parametros.hpp"
+#include "frame/sesion_anfitrion.hpp"
+#include "workers/trabajadores.hpp"
+#include "zendara/engines.hpp"
+
+namespace zendara {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+std::string company_folder;
+
+// Shows a form, lets the body work on its window, and closes it.
+class BenchHost : public QtHost {
+ public:
+  std::function<void(Form&, FormWindow&)> body;
+
+  void ShowModal(Form& form) override {
+    FormWindow window(form);
+    window.show();
+    Paint(window);
+    body(form, window);
+    form.Unload();
+  }
+
+  static void Paint(FormWindow& window) {
+    window.Flush();
+    QApplication::processEvents();
+    window.repaint();
+  }
+};
+
+struct Company {
+  Company() {
+    sesion.platform.forms = &host;
+    sesion.platform.components = &host.Neighbours();
+    AbreEmpresa(sesion, "00001", "01");
+  }
+
+  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Files> files = MakeHostFiles();
+  BenchHost host;
+  Sesion sesion{Platform{.engine = engine.get(),
+                         .dialogs = &host,
+                         .files = files.get(),
+                         .application_folder = company_folder,
+                         .forms = nullptr,
+                         .shell = &host,
+                         .components = nullptr}};
+  RegistroPantallas pantallas;
+};
+
+Company& Open() {
+  static Company company;
+  return company;
+}
+
+void OnWorkerScreen(const std::function<void(Form&, FormWindow&)>& body) {
+  Company& company = Open();
+  company.host.body = body;
+  Trabajadores screen(company.sesion, company.pantallas);
+  screen.Show();
+}
+
+void FirstPaint(benchmark::State& state) {
+  Open();
+  for (auto _ : state) OnWorkerScreen([](Form&, FormWindow&) {});
+}
+BENCHMARK(FirstPaint)->Unit(benchmark::kMillisecond);
+
+void NextWorker(benchmark::State& state) {
+  OnWorkerScreen([&](Form& form, FormWindow& window) {
+    form.Click(*form.Find("Inicio"));
+    for (auto _ : state) {
+      form.Click(*form.Find("Siguiente"));
+      BenchHost::Paint(window);
+    }
+  });
+}
+BENCHMARK(NextWorker)->Unit(benchmark::kMillisecond);
+
+// A letter into the surname and the backspace that takes it out again: two keys to their paint.
+void TwoKeys(benchmark::State& state) {
+  OnWorkerScreen([&](Form& form, FormWindow& window) {
+    Control& surname = *form.Find("Text1(2)");
+    form.Click(surname);
+    QWidget& widget = *window.ViewOf(surname)->FocusTarget();
+    for (auto _ : state) {
+      for (const Key& key : {Key{0, 0, "ñ"}, Key{key::kBack, 0, {}}}) {
+        PressKey(widget, key);
+        BenchHost::Paint(window);
+      }
+    }
+  });
+}
+BENCHMARK(TwoKeys)->Unit(benchmark::kMillisecond);
+
+// From the call of the worker list to its rows on the screen.
+void OpenList(benchmark::State& state) {
+  for (auto _ : state) {
+    const auto begin = Clock::now();
+    Clock::time_point painted;
+    QTimer::singleShot(0, [&] {
+      QWidget* list = QApplication::activeModalWidget();
+      if (!list) return;
+      list->repaint();
+      painted = Clock::now();
+      PressKey(*list, {key::kEsc, 0, {}});
+    });
+    if (!Consulta(Open().sesion, kListaFichaTrabajadores)) state.SkipWithError("the list did not open");
+    state.SetIterationTime(std::chrono::duration<double>(painted - begin).count());
+  }
+}
+BENCHMARK(OpenList)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace zendara
+
+int main(int argc, char** argv) {
+  if (argc < 2) {
+    std::cerr << "usage: screen_bench FOLDER [benchmark options]\n";
+    return 2;
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_LOGGING_RULES", "default.warning=false");
+  zendara::company_folder = argv[1];
+  argv[1] = argv[0];
+  ++argv;
+  --argc;
+  QApplication application(argc, argv);
+  zendara::InstallLook();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

@@ -1,6 +1,6 @@
 #include "adapters/qt/field_view.hpp"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -48,7 +48,7 @@ class FieldView : public ControlView {
   }
 
   void Rescale() override {
-    const QFontMetrics metrics(edit_->font());
+    const QFontMetrics metrics(QApplication::font());
     const int characters = box_.Width() == 0 ? kWidthOfFreeText : std::min(box_.Width(), kWidest);
     const int frame = 2 * edit_->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, edit_);
     edit_->setFixedWidth(TextWidth(metrics, characters) + metrics.height() / 2 + frame);

@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
+#include <algorithm>
 #include <utility>
 
 #include "adapters/qt/form_layout.hpp"
@@ -19,6 +20,12 @@
 #include "runtime/text.hpp"
 
 namespace zendara {
+namespace {
+
+// Room for the words before a field that is scrolled to, in heights of a line.
+constexpr int kLinesOfLabel = 12;
+
+}  // namespace
 
 // Views.
 
@@ -92,6 +99,7 @@ void FormWindow::Build() {
   BuildLayout(*this, form_.GetLayout(), *content,
               [this](std::unique_ptr<ControlView> view, Control& control) { views_[&control] = std::move(view); });
   scroll_->setWidget(content);
+  content->installEventFilter(this);
 }
 
 ControlView* FormWindow::ViewOf(const Control& control) const {
@@ -108,6 +116,8 @@ void FormWindow::Rescale() {
 void FormWindow::Fit() {
   const QRect area = screen()->availableGeometry();
   const QSize wanted = scroll_->widget()->sizeHint();
+  // Scrolled, never squeezed.
+  scroll_->widget()->setMinimumSize(wanted);
   QSize size = wanted;
   // What does not fit on the screen is scrolled, and the bar needs its own place.
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2;
@@ -119,6 +129,12 @@ void FormWindow::Fit() {
   move(area.center() - QPoint(size.width() / 2, size.height() / 2));
 }
 
+void FormWindow::Grow() {
+  const QSize needed = scroll_->widget()->sizeHint();
+  const QSize had = scroll_->widget()->minimumSize();
+  if (needed.width() > had.width() || needed.height() > had.height()) Fit();
+}
+
 // In.
 
 void FormWindow::Pass(const std::function<void()>& call) {
@@ -127,6 +143,11 @@ void FormWindow::Pass(const std::function<void()>& call) {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  // What the content needs more than it had, by a wider text in a grid for one.
+  if (watched == scroll_->widget()) {
+    if (event->type() == QEvent::LayoutRequest && isVisible() && !isMaximized()) Grow();
+    return false;
+  }
   const auto found = watched_.find(watched);
   if (found == watched_.end()) return false;
   ControlView* view = found->second;
@@ -259,7 +280,12 @@ void FormWindow::ShowFocus() {
   if (focusWidget() != target || !target->hasFocus()) target->setFocus(Qt::OtherFocusReason);
   if (view) {
     view->Sync();
-    scroll_->ensureWidgetVisible(view->Widget());
+    // With the words before it.
+    const int label = fontMetrics().height() * kLinesOfLabel;
+    const QPoint corner = view->Widget()->mapTo(scroll_->widget(), QPoint(0, 0));
+    const QSize size = view->Widget()->size();
+    scroll_->ensureVisible(corner.x() + size.width(), corner.y() + size.height());
+    scroll_->ensureVisible(std::max(corner.x() - label, 0), corner.y());
   }
 }
 

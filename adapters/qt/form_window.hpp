@@ -90,6 +90,7 @@ class FormWindow : public QWidget, public FormView {
 
   void Build();
   void Rescale();
+  void Grow();
   void Queue();
   bool PressKeys(const QKeyEvent& event);
   bool HandleClipboard(const QKeyEvent& event);

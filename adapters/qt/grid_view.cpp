@@ -154,14 +154,14 @@ class GridView : public ControlView {
     });
   }
 
-  // As designed, but no heading is cut off.
+  // As designed, but no text is cut off.
   int WidthOf(int column, double scale, const QFontMetrics& metrics) const {
     const int designed = static_cast<int>(grid_.ColumnAt(column).width * scale / kTwipsPerPixel);
     if (designed <= 0) return 0;
     int width = designed;
-    const int rows = column < grid_.FixedColumns() ? grid_.Rows() : grid_.FixedRows();
-    for (int row = 0; row < rows; ++row) {
-      width = std::max(width, metrics.horizontalAdvance(ToQt(grid_.Cell(row, column))) + metrics.height() * 2 / 3);
+    for (int row = 0; row < grid_.Rows(); ++row) {
+      const std::string& text = grid_.Cell(row, column);
+      if (!text.empty()) width = std::max(width, metrics.horizontalAdvance(ToQt(text)) + metrics.height() * 2 / 3);
     }
     return width;
   }

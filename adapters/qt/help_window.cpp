@@ -22,7 +22,7 @@ namespace zendara {
 namespace {
 
 const QString kPages = QStringLiteral("qrc:/help/");
-constexpr int kCharactersAcross = 100;
+constexpr int kCharactersAcross = 110;
 
 class Browser : public QTextBrowser {
  public:
@@ -40,6 +40,7 @@ class Browser : public QTextBrowser {
       QTextTableFormat format = table->format();
       format.setCellPadding(em / 4.0);
       format.setCellSpacing(0);
+      format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
       format.setBorderCollapse(true);
       format.setBorder(1);
       format.setBorderBrush(tone::kLine);
@@ -84,7 +85,7 @@ HelpWindow::HelpWindow(int context, QWidget* parent) : QDialog(parent) {
   const PaginaAyuda& page = PaginaDeContexto(context);
   setWindowTitle(QStringLiteral("Ayuda: ") + ToQt(page.titulo));
   const QRect area = screen()->availableGeometry();
-  resize(QSize(fontMetrics().averageCharWidth() * kCharactersAcross, area.height() * 4 / 5).boundedTo(area.size()));
+  resize(QSize(TextWidth(fontMetrics(), kCharactersAcross), area.height() * 4 / 5).boundedTo(area.size()));
   Open(kPages + ToQt(page.fichero));
   browser_->setFocus();
 }

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <QToolTip>
 #include <algorithm>
 #include <iterator>
@@ -20,6 +21,14 @@ constexpr int kSteps[] = {80, 90, 100, 110, 125, 150, 175, 200, 225, zoom::kMost
 class Style : public QProxyStyle {
  public:
   Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override {
+    const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type != CT_PushButton || !option) return plain;
+    const int line = option->fontMetrics.height();
+    return plain + QSize(line / 2, line / 5);
+  }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override {
@@ -74,6 +83,14 @@ std::vector<Watcher>& Watchers() {
   return watchers;
 }
 
+void Tell() {
+  std::erase_if(Watchers(), [](const Watcher& watcher) { return !watcher.owner; });
+  const auto watchers = Watchers();
+  for (const Watcher& watcher : watchers) {
+    if (watcher.owner) watcher.changed();
+  }
+}
+
 }  // namespace
 
 void InstallLook() {
@@ -91,11 +108,8 @@ void Set(int percent) {
   percent_now = std::clamp(percent, *std::begin(kSteps), kMost);
   QApplication::setFont(FontOf(percent_now));
   QToolTip::setFont(FontOf(percent_now));
-  std::erase_if(Watchers(), [](const Watcher& watcher) { return !watcher.owner; });
-  const auto watchers = Watchers();
-  for (const Watcher& watcher : watchers) {
-    if (watcher.owner) watcher.changed();
-  }
+  // The widgets get their font by an event.
+  QMetaObject::invokeMethod(qApp, Tell, Qt::QueuedConnection);
 }
 
 void Larger() {

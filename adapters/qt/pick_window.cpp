@@ -261,7 +261,9 @@ void PickWindow::Rescale() {
   for (int column = 0; column < model_->columnCount({}); ++column) table_->setColumnWidth(column, 0);
   const int rows = std::clamp(model_->rowCount({}), 4, kRowsShown);
   const int highest = screen()->availableGeometry().height() * 3 / 4;
-  table_->setMinimumHeight(std::min(rows * height + 2 * table_->frameWidth(), highest));
+  const int wanted = std::min(rows * height + 2 * table_->frameWidth(), highest);
+  table_->setMinimumHeight(wanted);
+  table_->setMaximumHeight(model_->rowCount({}) > kRowsShown ? QWIDGETSIZE_MAX : wanted);
   Widen();
   adjustSize();
 }

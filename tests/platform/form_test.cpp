@@ -95,6 +95,19 @@ TEST_F(FormTest, TheFocusBringsItsPageUp) {
   EXPECT_EQ(Focus(), "Text1(1)") << "from the pages into the one in front";
 }
 
+TEST_F(FormTest, PageKeysTurnThePagesAroundTheFocus) {
+  Press(key::kPageUp, key::kControl);  // there is none before
+  EXPECT_EQ(form.Pages.Tab(), 0);
+  Press(key::kPageDown, key::kControl);
+  EXPECT_EQ(form.Pages.Tab(), 1);
+  EXPECT_EQ(Focus(), "Tab1");
+  Press(key::kTab);
+  EXPECT_EQ(Focus(), "Text1(3)");
+  form.combo.SetFocus();  // no pages around it: the first ones turn
+  Press(key::kPageUp, key::kControl);
+  EXPECT_THAT(form.log, ElementsAre("out1", "page1", "in3", "out3", "page0"));
+}
+
 TEST_F(FormTest, LeavingDecidesWhereTheFocusGoes) {
   form.on_leave = [&](int i) {
     if (i == 1) form.Text1(3).SetFocus();

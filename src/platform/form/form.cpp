@@ -1,6 +1,7 @@
 #include "platform/form/form.hpp"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "runtime/text.hpp"
@@ -169,6 +170,23 @@ bool Form::InFrontPage(const Control& control) const {
   return false;
 }
 
+void Form::TurnPage(int step) {
+  const auto turn = [&](Control* control) {
+    if (!control || control->Kind() != ControlKind::kTabs || !control->CanFocus()) return false;
+    auto& tabs = static_cast<Tabs&>(*control);
+    const int page = tabs.Tab() + step;
+    if (page < 0 || static_cast<std::size_t>(page) >= tabs.Titles().size()) return false;
+    TurnTo(tabs, page);
+    return true;
+  };
+  bool inside = false;
+  for (Control* outer = focus_; outer; outer = outer->Container()) {
+    inside = inside || outer->Kind() == ControlKind::kTabs;
+    if (turn(outer)) return;
+  }
+  if (!inside) std::ignore = std::ranges::find_if(controls_, turn);
+}
+
 void Form::FocusNext(bool backwards) {
   std::vector<Control*> order = tab_order_.empty() ? controls_ : tab_order_;
   std::erase_if(order,
@@ -202,7 +220,11 @@ void Form::Press(const Key& pressed) {
     if (!cancelled() && control) Fire(control->On().key_down, control->Index(), code, pressed.shift);
     if (cancelled() || !loaded_) return;
     if (code == key::kF1 && HelpContext) return host_.ShowHelp(HelpFile, HelpContext);
-    if (PressAccessKey(pressed) || !control) return;
+    if (PressAccessKey(pressed)) return;
+    if (pressed.shift == key::kControl && (code == key::kPageUp || code == key::kPageDown)) {
+      return TurnPage(code == key::kPageUp ? -1 : 1);
+    }
+    if (!control) return;
     if (code == key::kEnter && control->Kind() == ControlKind::kButton) return MoveFocusAndClick(*control);
 
     const bool typed = !pressed.text.empty() && !(pressed.shift & (key::kControl | key::kAlt));

@@ -94,6 +94,7 @@ class Form {
   void FocusNext(bool backwards = false);
 
   // What a front end passes in. Each runs as an event: a run-time error that escapes it shows a box and ends it.
+  // Ctrl with Page Up or Page Down turns pages, as a click on them.
   void Press(const Key& key);
   void Click(Control& control);                       // mouse; the focus moves there first
   void PointTo(TextBox& box, int start, int length);  // mouse in a text, once the focus is there
@@ -129,6 +130,9 @@ class Form {
   void Enter(Control& control);
   void MoveFocusAndClick(Control& control);
   bool PressAccessKey(const Key& key);
+  // The next or previous page of the innermost tabs around the focus that have one; of the first tabs when there are
+  // none around it.
+  void TurnPage(int step);
   void Character(int character);
   static void BringUp(const Control& control);
   bool InFrontPage(const Control& control) const;

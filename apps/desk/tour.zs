@@ -1,0 +1,31 @@
+# A walk through the worker screen, for pictures of every page where there is no display.
+session company=00001 year=01 name="Empresa de prueba"
+open Trabajadores
+
+# A worker by number: Enter leaves the field and shows the worker.
+type "00012"
+key Enter
+page Tab1 1
+page Tab1 2
+page Tab1 3
+page Tab1 4
+page Tab2 1
+page Tab2 2
+page Tab2 3
+page Tab2 4
+
+# Looking codes up: the workers with F2, a street with the image beside the field.
+focus Text1(1)
+pick "Óscar"
+key F2
+pick none
+click Image1(10)
+page Tab1 1
+pick none
+click Image1(23)
+
+# The next worker, help on the screen, and out.
+key Alt+Right
+key F1
+page Tab1 0
+click Salir

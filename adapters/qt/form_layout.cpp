@@ -240,6 +240,16 @@ void BuildLayout(FormWindow& window, const Layout& layout, QWidget& content, con
   Builder(window, keep).Fill(content, layout);
 }
 
+void RenewSizes(QWidget& content) {
+  const QList<QWidget*> widgets = content.findChildren<QWidget*>();
+  // From the innermost out.
+  std::for_each(widgets.crbegin(), widgets.crend(), [](QWidget* widget) {
+    if (widget->layout()) widget->layout()->invalidate();
+    widget->updateGeometry();
+  });
+  content.layout()->invalidate();
+}
+
 void RescaleSpacing(QWidget& content) {
   const int em = QFontMetrics(QApplication::font()).height();
   if (content.layout()) Rescale(*content.layout(), em);

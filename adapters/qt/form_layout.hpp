@@ -17,6 +17,9 @@ std::unique_ptr<ControlView> MakeView(FormWindow& window, Control& control, QWid
 using Keep = std::function<void(std::unique_ptr<ControlView> view, Control& control)>;
 void BuildLayout(FormWindow& window, const Layout& layout, QWidget& content, const Keep& keep);
 
+// What is hidden, as are the pages behind, does not tell its container of a new size by itself.
+void RenewSizes(QWidget& content);
+
 // Distances follow the font.
 void RescaleSpacing(QWidget& content);
 

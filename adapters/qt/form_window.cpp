@@ -110,11 +110,11 @@ ControlView* FormWindow::ViewOf(const Control& control) const {
 void FormWindow::Rescale() {
   for (const auto& [control, view] : views_) view->Rescale();
   RescaleSpacing(*scroll_->widget());
-  scroll_->widget()->layout()->activate();
 }
 
 void FormWindow::Fit() {
   const QRect area = screen()->availableGeometry();
+  RenewSizes(*scroll_->widget());
   const QSize wanted = scroll_->widget()->sizeHint();
   // Scrolled, never squeezed.
   scroll_->widget()->setMinimumSize(wanted);

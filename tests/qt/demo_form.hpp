@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,15 +17,17 @@
 namespace zendara {
 
 inline void NeedApplication() {
-  static const auto application = [] {
+  // Never deleted: the toolkit's own statics may go before it would.
+  static QApplication* const application = [] {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;
     static char name[] = "qt_tests";
     static char* argv[] = {name, nullptr};
-    auto made = std::make_unique<QApplication>(argc, argv);
+    auto* made = new QApplication(argc, argv);
     InstallLook();
     return made;
   }();
+  ASSERT_NE(application, nullptr);
 }
 
 // A header field, pages in pages, a frame, a grid, a look-up image, a picture.

@@ -36,7 +36,6 @@ class Style : public QProxyStyle {
       case SH_UnderlineShortcut:  // access keys are always to be seen
         return 1;
       case SH_DialogButtonLayout:  // buttons in the order in which they are given
-        return 0;
       case SH_ComboBox_Popup:
         return 0;
       default:

@@ -249,7 +249,11 @@ void PickWindow::Widen() {
   }
   const QMargins margins = layout()->contentsMargins();
   const int widest = screen()->availableGeometry().width() * 9 / 10;
-  table_->setMinimumWidth(std::min(std::max(all, typed_label_->sizeHint().width()), widest));
+  const int shown = std::min(std::max(all, typed_label_->sizeHint().width()), widest);
+  table_->setMinimumWidth(shown);
+  // The mark of the current row goes to the edge.
+  const int last_column = model_->columnCount({}) - 1;
+  if (all < shown) table_->setColumnWidth(last_column, table_->columnWidth(last_column) + shown - all);
   if (width() < table_->minimumWidth() + margins.left() + margins.right()) adjustSize();
 }
 

@@ -277,6 +277,7 @@ void FormWindow::ShowFocus() {
   const Control* focus = form_.Focus();
   ControlView* view = focus ? ViewOf(*focus) : nullptr;
   QWidget* target = view ? view->FocusTarget() : this;
+  setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style always marks it
   if (focusWidget() != target || !target->hasFocus()) target->setFocus(Qt::OtherFocusReason);
   if (view) {
     view->Sync();

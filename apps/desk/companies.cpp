@@ -44,8 +44,8 @@ std::map<std::string, std::string> Names(Engine& engine, const std::filesystem::
 std::vector<Company> FindCompanies(Engine& engine, const std::string& folder) {
   const auto data = FindPath(folder + "/DATOS");
   if (!data) return {};
-  static const std::regex company("nom(\\d{5})\\.mdb", std::regex::icase);
-  static const std::regex year("n(\\d{5})(\\d{2})\\.mdb", std::regex::icase);
+  static const std::regex company(R"(nom(\d{5})\.mdb)", std::regex::icase);
+  static const std::regex year(R"(n(\d{5})(\d{2})\.mdb)", std::regex::icase);
   std::map<std::string, std::set<std::string>> years;
   std::set<std::string> codes;
   std::error_code error;

@@ -16,6 +16,7 @@
 #include <map>
 #include <memory>
 #include <sstream>
+#include <utility>
 
 #include "adapters/headless/company_host.hpp"
 #include "adapters/qt/look.hpp"
@@ -111,7 +112,7 @@ class Album {
 
 class Desk {
  public:
-  explicit Desk(const Options& options) : options_(options), engine_(MakeSqliteEngine()), files_(MakeHostFiles()) {
+  explicit Desk(Options options) : options_(std::move(options)), engine_(MakeSqliteEngine()), files_(MakeHostFiles()) {
     if (!options_.screenshots.empty()) {
       album_.emplace(options_.screenshots);
       host_.SetPhotographer([this](QWidget& window, const std::string& name) { album_->Take(window, name); });
@@ -247,13 +248,7 @@ int Main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Zendara"));
   InstallLook();
   zoom::Set(options.zoom);
-  try {
-    return Desk(options).Run();
-  } catch (const RuntimeError& error) {
-    return Fail(kFailed, Line(error));
-  } catch (const std::exception& error) {
-    return Fail(kFailed, error.what());
-  }
+  return Desk(std::move(options)).Run();
 }
 
 }  // namespace
@@ -262,5 +257,11 @@ int Main(int argc, char** argv) {
 int main(int argc, char** argv) {
   // A reader that goes away is told by the failing write.
   std::signal(SIGPIPE, SIG_IGN);
-  return zendara::Main(argc, argv);
+  try {
+    return zendara::Main(argc, argv);
+  } catch (const zendara::RuntimeError& error) {
+    return zendara::Fail(zendara::kFailed, zendara::Line(error));
+  } catch (const std::exception& error) {
+    return zendara::Fail(zendara::kFailed, error.what());
+  }
 }

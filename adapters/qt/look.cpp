@@ -30,6 +30,20 @@ class Style : public QProxyStyle {
     return plain + QSize(line / 2, line / 5);
   }
 
+  // Marks of check boxes and options grow with the text.
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    const int plain = QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+      case PM_IndicatorWidth:
+      case PM_IndicatorHeight:
+      case PM_ExclusiveIndicatorWidth:
+      case PM_ExclusiveIndicatorHeight:
+        return widget ? std::max(plain, widget->fontMetrics().height() * 4 / 5) : plain;
+      default:
+        return plain;
+    }
+  }
+
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override {
     switch (hint) {

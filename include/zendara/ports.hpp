@@ -12,6 +12,13 @@ enum class BoxButtons { kOk, kYesNo };
 enum class BoxIcon { kNone, kCritical, kQuestion, kExclamation, kInformation };
 enum class BoxAnswer { kOk, kYes, kNo };
 
+// A row of what stands behind a box: what it is, its figure as text, and where the figure comes from.
+struct BoxDetail {
+  std::string label;
+  std::string figure{};
+  std::string source{};
+};
+
 // A message box. Lines are separated by "\n".
 struct Box {
   std::string text;
@@ -19,6 +26,9 @@ struct Box {
   BoxIcon icon = BoxIcon::kNone;
   std::string title{};     // empty: the application's title
   int default_button = 1;  // from 1
+  // How the figure that the box tells came about, step by step; the last row is the result. Empty: there is nothing to
+  // tell. A front end that can shows it when the user asks for it, which answers nothing. Never part of a script's run.
+  std::vector<BoxDetail> detail{};
 };
 
 class Dialogs {

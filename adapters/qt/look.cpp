@@ -30,7 +30,7 @@ class Style : public QProxyStyle {
     return plain + QSize(line / 2, line / 5);
   }
 
-  // Marks of check boxes and options grow with the text.
+  // Marks of check boxes and options grow with the text, and so does the room beside the headings of columns.
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
     const int plain = QProxyStyle::pixelMetric(metric, option, widget);
     switch (metric) {
@@ -39,6 +39,8 @@ class Style : public QProxyStyle {
       case PM_ExclusiveIndicatorWidth:
       case PM_ExclusiveIndicatorHeight:
         return widget ? std::max(plain, widget->fontMetrics().height() * 4 / 5) : plain;
+      case PM_HeaderMargin:
+        return widget ? plain + widget->fontMetrics().height() / 3 : plain;
       default:
         return plain;
     }

@@ -185,6 +185,12 @@ BoxAnswer QtHost::Show(const Box& box) {
     shown.open();
     QApplication::processEvents();
     Photograph(shown, QStringLiteral("Aviso ") + ToQt(box.text).left(40));
+    if (photographer_ && !box.detail.empty()) {
+      DetailWindow& detail = shown.ShowDetail();
+      QApplication::processEvents();
+      Photograph(detail, detail.windowTitle());
+      detail.close();
+    }
     answer = player_->Answer(box);
     shown.Give(answer);
   }

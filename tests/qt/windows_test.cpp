@@ -1,8 +1,11 @@
 // Boxes, pick lists and help.
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTextBrowser>
 
 #include "adapters/headless/script_keys.hpp"
@@ -52,6 +55,52 @@ TEST_F(WindowsTest, BoxesAnswerByTheirButtons) {
     box->buttons().front()->click();
   });
   host.Show({.text = "<b>1</b>\ndos"});
+}
+
+TEST_F(WindowsTest, TheDetailOfAQuestionIsReadWithoutAnsweringIt) {
+  Box question{.text = "¿Quiere aplicarlo?", .buttons = BoxButtons::kYesNo, .title = "Tipo", .default_button = 2};
+  const auto top = [] { return QApplication::activeModalWidget(); };
+  const auto press = [&](const std::vector<Key>& keys) {
+    for (const Key& key : keys) PressKey(*top()->focusWidget(), key);
+    QApplication::processEvents();
+  };
+  const Key copy{.code = 'C', .shift = key::kControl, .text = {}};
+  Soon([&] {
+    press({Code(key::kF1)});
+    EXPECT_EQ(top()->windowTitle(), "Tipo");
+    EXPECT_EQ(top()->findChildren<QPushButton*>().size(), 2);
+    press({Code(key::kTab), Code(key::kTab), Code(key::kEnter)});
+  });
+  EXPECT_EQ(host.Show(question), BoxAnswer::kNo);
+
+  QString words;
+  for (int i = 0; i < 100; ++i) words += "palabra ";
+  question.detail = {{"Base", "582300", "sueldo"}, {"Cuota", "104814", words.toStdString()}, {"Tipo", "2,01", "cuota"}};
+  Soon([&] {
+    QWidget* box = top();
+    for (const Key& closes : {Code(key::kEsc), Code(key::kEnter)}) {
+      const QWidget* focus = box->focusWidget();
+      press({Code(closes.code == key::kEsc ? key::kF1 : key::kEnter)});
+      const auto* table = top()->findChild<QTableWidget*>();
+      ASSERT_NE(table, nullptr);
+      ASSERT_EQ(table->rowCount(), 3);
+      const QFontMetrics metrics = table->fontMetrics();
+      EXPECT_GE(table->rowHeight(1) * table->columnWidth(2), metrics.horizontalAdvance(words) * metrics.height());
+      EXPECT_FALSE(table->horizontalScrollBar()->isVisible());
+      press({copy});
+      const QString all = QApplication::clipboard()->text();
+      EXPECT_EQ(all, "Base\t582300\tsueldo\nCuota\t104814\t" + words + "\nTipo\t2,01\tcuota");
+      press({Code(key::kDown), copy});
+      EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Cuota\t104814\tpalabra"));
+      press({closes});
+      ASSERT_EQ(top(), box);
+      EXPECT_EQ(box->focusWidget(), focus);
+      // The button comes behind the answers, and Enter on it gives none.
+      if (closes.code == key::kEsc) press({Code(key::kTab)});
+    }
+    press({Sign("s")});
+  });
+  EXPECT_EQ(host.Show(question), BoxAnswer::kYes);
 }
 
 TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "frame/catalogo.hpp"
+#include "platform/sql/literal.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
@@ -374,7 +375,7 @@ std::string ConsultaDe(const Lista& lista, const std::vector<std::string>& param
   for (const std::string& parametro : parametros) {
     const std::size_t marca = resto.find(kParametroLista);
     sql += resto.substr(0, marca);
-    for (const char c : parametro) sql.append(c == '\'' ? 2 : 1, c);
+    sql += SqlText(parametro);
     resto.remove_prefix(marca + kParametroLista.size());
   }
   return sql += resto;

@@ -88,7 +88,7 @@ void PantallaBase::ConectaMarco() {
     Text1(indice).SetBackColor(kGrey);
     SalidaCampo(indice);
   };
-  Text1.On().key_press = [this](int indice, int& caracter) { TeclaDeCampo(indice, caracter); };
+  Text1.On().key_press = [this](int indice, int& caracter) { TeclaDeTexto(Text1(indice), caracter); };
   Text1.On().key_down = [this](int indice, int& code, int /*shift*/) {
     if (code == key::kF2 && Image1.Find(indice)) AbreLista(indice);
   };
@@ -145,8 +145,7 @@ void PantallaBase::OnKeyPress(int& character) {
   }
 }
 
-void PantallaBase::TeclaDeCampo(int indice, int& caracter) {
-  TextBox& campo = Text1(indice);
+void PantallaBase::TeclaDeTexto(TextBox& campo, int& caracter) {
   if (campo.Alignment() == Alignment::kRight) FiltroTecla(caracter, campo);
   if (caracter < key::kSpace || Host().insert_on || campo.SelLength() != 0) return;
   if (campo.SelStart() < static_cast<int>(Len(campo.Text()))) campo.Select(campo.SelStart(), 1);
@@ -171,6 +170,7 @@ void PantallaBase::AbreCalculadora() {
 
 void PantallaBase::AlSalir() {
   Host().DoEvents();
+  AntesDeSalir();
   Unload();
   sesion_.FormActivo = nullptr;
 }

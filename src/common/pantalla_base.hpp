@@ -49,6 +49,8 @@ class PantallaBase : public Form, public Pantalla {
   void Guarda(const std::function<void()>& rutina);
   // A plain box, or one with an icon.
   void Mensaje(const std::string& texto, BoxIcon icono = BoxIcon::kNone);
+  // A character typed into a field: the filter of amounts, and going over the text while Insert is off.
+  void TeclaDeTexto(TextBox& campo, int& caracter);
   // Copies Text1 and Image1 handlers onto the frame's rules; call it once all controls stand.
   void ConectaMarco();
 
@@ -57,7 +59,7 @@ class PantallaBase : public Form, public Pantalla {
   virtual void SalidaCampo(int /*indice*/) {}    // after the field is grey again
   virtual void AbreLista(int /*indice*/) {}      // look-up image or F2
   virtual bool EscSale() const { return true; }  // otherwise Esc presses Grabar
-  virtual void AlSalir();                        // click of Salir: events, unload, FormActivo to nothing
+  virtual void AntesDeSalir() {}                 // click of Salir, before the screen unloads whatever it does
 
   void OnKeyDown(int& code, int shift) override;
   void OnKeyPress(int& character) override;
@@ -86,7 +88,7 @@ class PantallaBase : public Form, public Pantalla {
 
  private:
   void AbreCalculadora();
-  void TeclaDeCampo(int indice, int& caracter);
+  void AlSalir();
 
   std::unique_ptr<Banner> anuncio_;
 };

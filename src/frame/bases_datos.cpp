@@ -25,6 +25,12 @@ void PonConsulta(Sesion& sesion, Database& db) {
 
 }  // namespace
 
+void AbreFichero(Sesion& sesion, FileKind fichero) { AbreFichero(sesion, fichero, sesion.AnoTrabajo.str()); }
+
+void AbreFichero(Sesion& sesion, FileKind fichero, std::string_view ano) {
+  Abre(sesion, sesion.BDEmpresa, FileName(fichero, sesion.CodEmpresa.str(), ano));
+}
+
 bool AbreBaseDatos(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) try {
   Abre(sesion, db, nombre);
   return true;

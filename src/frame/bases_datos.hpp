@@ -9,6 +9,11 @@
 
 namespace zendara {
 
+// Opens a file of the company, by default of the working year, in the place of BDEmpresa. Errors of the engine go to
+// the caller and leave BDEmpresa.
+void AbreFichero(Sesion& sesion, FileKind fichero);
+void AbreFichero(Sesion& sesion, FileKind fichero, std::string_view ano);
+
 // Opens DirDatos + `nombre` into `db`, replacing the handle that stood there; the first workspace goes to WsTrabajo.
 // A failure shows MuestraError, leaves `db` and gives false.
 bool AbreBaseDatos(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre);

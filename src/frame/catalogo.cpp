@@ -7,7 +7,7 @@ constexpr EntradaCatalogo kEmpresaTablas[] = {
     {kTrabajadoresFijo, "TrabajadoresFijo", "Icampo0"},
     {kTincidenciasIT, "TincidenciasIT", "Icampo0_3"},
     {kTincidenciasESP, "TincidenciasESP", "Icampo0_3"},
-    {424, "FPago", "Icampo0"},
+    {kFPago, "FPago", "Icampo0"},
     {kSecciones, "Secciones", "Icampo0"},
     {427, "FormulasEmp", "Icampo0"},
     {kConEmpresaConceptos, "ConEmpresaConceptos", "Icampo0_2_4"},
@@ -18,7 +18,7 @@ constexpr EntradaCatalogo kEmpresaTablas[] = {
 };
 
 constexpr EntradaCatalogo kAnoTablas[] = {
-    {417, "ConTrabajadorPagas", "Icampo0_1_2"},
+    {kConTrabajadorPagas, "ConTrabajadorPagas", "Icampo0_1_2"},
     {399, "ListadosTRA", "Icampo0_1"},
     {kConTrabajadorConceptos, "ConTrabajadorConceptos", "Icampo0_1_2"},
     {kTIncidenciasVar, "TIncidenciasVar", "Icampo0_1_3_4"},

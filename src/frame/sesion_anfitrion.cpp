@@ -12,17 +12,11 @@ void PonEmpresa(Sesion& sesion, std::string_view codigo, std::string_view ano) {
   PonCarpetas(sesion);
   sesion.CodEmpresa = codigo;
   sesion.PonEjercicio(ano);
-  sesion.WsTrabajo = sesion.platform.engine->Workspaces(0);
-}
-
-std::shared_ptr<Database> AbreFichero(Sesion& sesion, FileKind fichero) {
-  return sesion.WsTrabajo->OpenDatabase(sesion.DirDatos +
-                                        FileName(fichero, sesion.CodEmpresa.str(), sesion.AnoTrabajo.str()));
 }
 
 std::shared_ptr<Database> AbreGrupo(Sesion& sesion, int numero) {
   const GrupoCatalogo& grupo = Grupo(numero);
-  sesion.BDEmpresa = AbreFichero(sesion, grupo.fichero);
+  AbreFichero(sesion, grupo.fichero);
   LlenaRanuras(sesion, grupo);
   return sesion.BDEmpresa;
 }
@@ -35,7 +29,8 @@ void AbreEmpresa(Sesion& sesion, std::string_view codigo, std::string_view ano) 
   for (const int grupo : {2, 3, 4, 6}) AbreGrupo(sesion, grupo);
   sesion.BDSegunda = AbreGrupo(sesion, 5);
   // The lookup of street types asks slot 2 whether it is worth opening the list, which comes from this file.
-  sesion.Tablas[kTiposVia] = AbreFichero(sesion, FileKind::kEmpresas)->OpenRecordset("Calles", RecordsetType::kTable);
+  AbreFichero(sesion, FileKind::kEmpresas);
+  sesion.Tablas[kTiposVia] = sesion.BDEmpresa->OpenRecordset("Calles", RecordsetType::kTable);
   sesion.BDEmpresa = empresa;
 }
 

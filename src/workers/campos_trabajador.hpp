@@ -118,13 +118,15 @@ enum Indice : int {
 // Which array the control belongs to: Text1, Combo1 or Check1. The cells of Grid1 are not in the table.
 enum class TipoCampo { kTexto, kLista, kMarca };
 
-// What leaving and entering a field does; the rules of single fields stand beside the routine.
+// What leaving and entering a field does; rules that single fields have are in reglas_trabajador.hpp.
 enum ReglaCampo : unsigned {
   kSinRegla = 0,
-  kFecha = 1,    // dd/mm/yy, six digits while it has the focus
-  kCeros = 2,    // filled with zeros on the left
-  kVista = 4,    // shows what a code stands for; leaving it does nothing
-  kImporte = 8,  // numeric typing, on the right
+  kFecha = 1,      // dd/mm/yy, six digits while it has the focus
+  kCeros = 2,      // filled with zeros on the left
+  kVista = 4,      // shows what a code stands for; leaving it does nothing
+  kImporte = 8,    // numeric typing, on the right
+  kCodigo = 16,    // of a table, which tells what the fields after it show; empty, the next one is emptied
+  kContrato = 32,  // type of a contract; empty, the five fields of its block are emptied
 };
 
 struct CampoTrabajador {

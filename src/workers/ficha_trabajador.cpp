@@ -114,6 +114,22 @@ void FichaTrabajador::Pon(int indice, const Value& valor) {
   }
 }
 
+std::string FichaTrabajador::Texto(int indice) const {
+  if (const TextBox* texto = Text1.Find(indice)) return texto->Text();
+  if (const ComboBox* lista = Combo1.Find(indice)) return lista->Text();
+  if (const CheckBox* marca = Check1.Find(indice)) return std::to_string(marca->Value());
+  const CeldaTrabajador celda = CeldaDe(indice);
+  return Grid1(celda.rejilla).Cell(celda.fila, celda.columna);
+}
+
+Value FichaTrabajador::Valor(int indice) const {
+  const CampoTrabajador* campo = CampoDe(indice);
+  if (!campo) return Texto(indice);
+  const std::string texto = Trim(Texto(indice));
+  if (!campo->Tiene(kFecha)) return texto;
+  return texto.empty() ? Value() : FormatText(texto, "DD/MM/YY");
+}
+
 void FichaTrabajador::PonEntrada(ComboBox& lista, const std::string& codigo) {
   std::vector<std::string> codigos = Codigos(lista.Index());
   if (std::ranges::find(codigos, codigo) == codigos.end()) codigos.push_back(codigo);

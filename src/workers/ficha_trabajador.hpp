@@ -21,6 +21,10 @@ class FichaTrabajador {
   // takes a value that is none of its codes as one more, so that saving does not lose it. Error 380 for a mark that is
   // not 0 to 2.
   void Pon(int indice, const Value& valor);
+  // The other way: what the column takes of a field or cell. Texts of fields are trimmed, an empty date is Null.
+  Value Valor(int indice) const;
+  // What stands in a field or cell, to the letter.
+  std::string Texto(int indice) const;
   // Empties fields by index; cells are passed over.
   void LimpiarCampos(int desde, int hasta);
   // Both grids anew, with headers and row labels.

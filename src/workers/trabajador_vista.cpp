@@ -1,5 +1,7 @@
 // What the worker screen shows.
+#include "frame/bases_datos.hpp"
 #include "frame/catalogo.hpp"
+#include "platform/sql/literal.hpp"
 #include "runtime/text.hpp"
 #include "values/valor_numero.hpp"
 #include "workers/trabajadores.hpp"
@@ -7,13 +9,6 @@
 namespace zendara {
 
 using namespace campo;
-
-void Trabajadores::AbreEnEmpresa(const std::string& nombre) {
-  sesion_.WsTrabajo = sesion_.platform.engine->Workspaces(0);
-  sesion_.BDEmpresa = sesion_.WsTrabajo->OpenDatabase(sesion_.DirDatos + nombre);
-}
-
-void Trabajadores::AbreFicheroEmpresa() { AbreEnEmpresa("Nom" + sesion_.CodEmpresa.str() + ".MDB"); }
 
 void Trabajadores::ValoresIniciales() {
   Tab1.SetTab(0);
@@ -24,9 +19,9 @@ void Trabajadores::ValoresIniciales() {
   Grid1(kHijos).SetCurrent(1, kPrimeraColumna);
   Text1(kSituacion).SetText("001");
 
-  AbreEnEmpresa("EMPRESAS.MDB");
+  AbreFichero(sesion_, FileKind::kEmpresas);
   const auto empresas = sesion_.BDEmpresa->OpenRecordset("SELECT Campo2 FROM EMPRESASNOM WHERE Campo0 = '" +
-                                                         sesion_.CodEmpresa.str() + "' ");
+                                                         SqlText(sesion_.CodEmpresa.str()) + "' ");
   if (empresas->Eof()) return;
   ConvenioEmpresa = TextoNoNulo(empresas->Fields("Campo2").Get());
   Text1(kConvenio).SetText(ConvenioEmpresa);
@@ -39,12 +34,17 @@ void Trabajadores::MostrarTrabajador() {
     for (int indice = kNumero; indice <= kUltimoFijo; ++indice)
       ficha_.Pon(indice, fijo.Fields(ColumnaDe(indice)).Get());
 
-    AbreFicheroEmpresa();
+    AbreFichero(sesion_, FileKind::kCompany);
     const auto situaciones = sesion_.BDEmpresa->OpenRecordset("SELECT * FROM TRABAJADORESVAR WHERE Campo0 = '" +
-                                                              TextoRecortado(kNumero) + "' ORDER BY Campo3 ");
-    if (situaciones->Eof()) return;
-    situaciones->MoveLast();
-    PonSituacion(*situaciones);
+                                                              SqlText(TextoRecortado(kNumero)) + "' ORDER BY Campo3 ");
+    if (!situaciones->Eof()) {
+      situaciones->MoveLast();
+      PonSituacion(*situaciones);
+    }
+    // What is written later on the situación shown is written where its table stands.
+    Recordset& var = sesion_.Tabla(kTrabajadoresVar);
+    var.SetIndex("Icampo0_1");
+    var.Seek({TextoRecortado(kNumero), TextoRecortado(kSituacion)});
   });
 }
 

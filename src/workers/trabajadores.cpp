@@ -5,6 +5,8 @@
 #include "frame/catalogo.hpp"
 #include "frame/parametros.hpp"
 #include "runtime/text.hpp"
+#include "workers/familia.hpp"
+#include "workers/reglas_trabajador.hpp"
 #include "workers/trabajador_consultas.hpp"
 
 namespace zendara {
@@ -14,10 +16,6 @@ using namespace campo;
 
 constexpr std::string_view kProgramaSinIncidencias = "05";
 constexpr int kContextoAyuda = 20004;
-
-// Esc leaves the screen while one of these is empty.
-constexpr int kObligatorios[] = {kNumero,   kIdentificacion, kSituacion,      kFechaInicio, kFechaAlta,
-                                 kConvenio, kEpigrafe,       kNumeroContrato, kTipo1,       kCentro};
 
 // Where the focus goes when a page is turned, by page; kNoIndex: nowhere.
 constexpr int kFocoDeTab1[] = {kNoIndex, kSituacionPerceptor, kRetribuciones, kEntidad, kNoIndex};
@@ -63,10 +61,6 @@ void Trabajadores::Conecta() {
   const auto guardado = [this](void (Trabajadores::*rutina)()) {
     return [this, rutina](int) { Guarda([&] { (this->*rutina)(); }); };
   };
-  Inicio.On().click = guardado(&Trabajadores::IrAInicio);
-  Anterior.On().click = guardado(&Trabajadores::IrAAnterior);
-  Siguiente.On().click = guardado(&Trabajadores::IrASiguiente);
-  Fin.On().click = guardado(&Trabajadores::IrAFin);
 
   const auto incidencias = [this](std::string_view pantalla, bool con_situacion) {
     return [this, pantalla, con_situacion](int) { Guarda([&] { AbreIncidencias(pantalla, con_situacion); }); };
@@ -74,6 +68,19 @@ void Trabajadores::Conecta() {
   CmdIncidenciasIT.On().click = incidencias("MIncidencias", false);
   CmdIncidenciasESP.On().click = incidencias("MIncidenciasESP", false);
   CmdIncidenciasVar.On().click = incidencias("MIncidenciasVAR", true);
+  const std::pair<Button*, void (Trabajadores::*)()> ordenes[] = {
+      {&Inicio, &Trabajadores::IrAInicio},         {&Anterior, &Trabajadores::IrAAnterior},
+      {&Siguiente, &Trabajadores::IrASiguiente},   {&Fin, &Trabajadores::IrAFin},
+      {&Grabar, &Trabajadores::GrabaFicha},        {&Borrar, &Trabajadores::BorraTrabajador},
+      {&Cancela, &Trabajadores::CancelaFicha},     {&CmdNuevo, &Trabajadores::NuevaSituacionEnPantalla},
+      {&CmdBorrar, &Trabajadores::BorraSituacion},
+  };
+  for (const auto& [boton, rutina] : ordenes) boton->On().click = guardado(rutina);
+  // These three guard themselves against nothing.
+  CmdCalcular.On().click = [this](int) { CalculaTipo(); };
+  Regulariza.On().click = [this](int) { MuestraRegularizacion(); };
+  CalcularRegula.On().click = [this](int) { CalculaRegularizacion(); };
+
   Pendientes.On().click = [this](int) { Guarda([this] { pantallas_.Muestra("ListadoTrabajador"); }); };
 
   const auto foco = [this](int indice) {
@@ -90,6 +97,13 @@ void Trabajadores::Conecta() {
   Combo1.On().key_down = [this](int indice, int& code, int) {
     if (code == key::kF2) AbreLista(indice);
   };
+  ConectaRejillas();
+  ConectaRegularizacion();
+}
+
+void Trabajadores::ConectaRejillas() {
+  Grid1.On().key_press = [this](int indice, int& caracter) { EscribeFamilia(Grid1(indice), caracter); };
+  Grid1.On().key_up = [this](int indice, int tecla, int) { BorraFamilia(Grid1(indice), tecla); };
   // The labels of the rows cannot be the current cell.
   Grid1.On().selection = [this](int indice) {
     if (Grid1(indice).Col() == kColumnaRotulo) Grid1(indice).SetCol(kPrimeraColumna);
@@ -129,11 +143,18 @@ void Trabajadores::OnKeyPress(int& character) {
     FocusNext(atras);
     return;
   }
+  const bool en_rejilla = Focus() && Focus()->Kind() == ControlKind::kGrid;
+  if (character == key::kEnter && en_rejilla && PulsaIntro(static_cast<Grid&>(*Focus()))) {
+    character = 0;
+    return;
+  }
   PantallaBase::OnKeyPress(character);
 }
 
 bool Trabajadores::EscSale() const {
-  return std::ranges::any_of(kObligatorios, [this](int indice) { return Texto(indice).empty(); });
+  return std::ranges::any_of(CamposObligatorios(), [this](const CampoObligatorio& campo) {
+    return CampoDe(campo.indice)->tipo == TipoCampo::kTexto && Texto(campo.indice).empty();
+  });
 }
 
 std::string Trabajadores::TextoRecortado(int indice) const { return Trim(Texto(indice)); }

@@ -5,18 +5,23 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/pantalla_base.hpp"
 #include "common/seleccion_trabajador.hpp"
+#include "withholding/entradas_irpf.hpp"
 #include "workers/ficha_trabajador.hpp"
 
 namespace zendara {
 
 inline constexpr std::string_view kPantallaTrabajadores = "Trabajadores";
 
-class Trabajadores : public PantallaBase, public SeleccionTrabajador {
+class Trabajadores : public PantallaBase, public SeleccionTrabajador, public PantallaIRPF {
  public:
   Trabajadores(Sesion& sesion, RegistroPantallas& pantallas);
+
+  std::string TextoColumna(int ordinal) const override;
+  std::string TextoCifra(CifraRegularizacion cifra) const override;
 
  protected:
   void OnLoad() override;
@@ -25,6 +30,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador {
   void SalidaCampo(int indice) override;
   void AbreLista(int indice) override;
   bool EscSale() const override;
+  void AntesDeSalir() override;
 
  private:
   // Construction.
@@ -54,14 +60,55 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador {
   void RellenaCeros(int indice);
   void SalidaNumero();
   void SalidaSituacion();
+  void CompletaOtrosCampos(int indice);
+  bool RechazaValor(int indice);  // shown, and the routine of leaving ends there
+  bool RechazaDias();
+  void CompruebaFechaFin();
+  void BuscaCodigo(int indice);
+  void BuscaCategoria();
+  void BuscarContrato(int indice);
+  std::string BuscarDescripcion(int ranura, const std::string& clave, int columna, std::string_view indice);
+  void Vacia(int desde, int hasta);
+
+  // Situaciones.
   // Number of the worker's situación with the latest start; error 3021 when he has none.
   std::string UltimaSituacion(const std::string& trabajador);
+  void NuevaSituacionEnPantalla();
+  void BorraSituacion();
+  bool ValidarFechasContratos();
+  bool ValidarIntervaloSituacion();
 
-  // Opens a file of DirDatos, which takes the place of BDEmpresa.
-  void AbreEnEmpresa(const std::string& nombre);
-  void AbreFicheroEmpresa();
+  // Saving.
+  bool ValidarTrabajador();
+  bool EstanRellenos(int desde, int hasta);
+  bool TieneFechaBonificacion();
+  bool CompruebaGrids();
+  void GrabaFicha();
+  void GrabarTrabajador();
+  void GrabaFila(int ranura, std::string_view indice, const std::vector<Value>& claves);
+  void PonerCamposFijo(Recordset& fila);
+  void PonerCamposVar(Recordset& fila);
+  bool CopiaConceptos();  // false when an error ended it, which was shown
+  void BorraTrabajador();
+  void CancelaFicha();
+
+  // Withholding rate.
+  void ConectaRegularizacion();
+  void CalculaTipo();
+  void MuestraRegularizacion();
+  void SumaHistorico(Recordset& fila);
+  void CalculaRegularizacion();
+  void GrabaRegularizacion(const std::string& tipo);
+  // Asks whether to apply a rate, which it works out.
+  std::optional<std::string> TipoAceptado(bool regularizacion);
+  TextBox& Cifra(CifraRegularizacion cifra) const { return Text2(static_cast<int>(cifra)); }
+
+  // The families' grids.
+  void ConectaRejillas();
+
   std::string Texto(int indice) const { return Text1(indice).Text(); }
   std::string TextoRecortado(int indice) const;
+  bool Vacio(int indice) const { return TextoRecortado(indice).empty(); }
 
   ControlArray<ComboBox> Combo1{*this, "Combo1"};
   ControlArray<CheckBox> Check1{*this, "Check1"};

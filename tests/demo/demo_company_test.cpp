@@ -15,7 +15,7 @@
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
-#include "withholding/entradas_registro.hpp"
+#include "withholding/entradas_irpf.hpp"
 #include "zendara/engines.hpp"
 
 namespace zendara {

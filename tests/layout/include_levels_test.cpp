@@ -28,7 +28,7 @@ const std::map<std::string, int> kLevels = {
     {"include/zendara/morlane.hpp", 4},
     {"src/frame/", 4},
     {"src/common/", 5},
-    {"src/withholding/", 6},
+    {"src/withholding/", 5},
     {"src/workers/", 6},
     {"include/zendara/zendara.hpp", 7},
     {"src/component/", 7},

@@ -500,8 +500,8 @@ TEST_F(TrabajadoresTest, KeysOfItsOwn) {
   Abre();
   Rellena(1, "1");
   Tecla(key::kEsc);
-  EXPECT_TRUE(pantalla->Loaded()) << "all filled: it would save";
-  EXPECT_EQ(Foco(), "Grabar");
+  EXPECT_TRUE(pantalla->Loaded()) << "all filled: it saves";
+  EXPECT_EQ(Foco() + Texto(1), "Text1(1)");
 
   std::set<std::string> teclas;
   for (const Control* control : pantalla->Controls()) {

@@ -10,7 +10,7 @@
 #include "runtime/null.hpp"
 #include "runtime/text.hpp"
 #include "withholding/calculo_irpf.hpp"
-#include "withholding/entradas_registro.hpp"
+#include "withholding/entradas_irpf.hpp"
 #include "withholding/explicacion.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"

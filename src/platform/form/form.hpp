@@ -22,7 +22,7 @@ class FormHost {
   // Shows the form over the others and returns when it was unloaded. The form's focus is on its first control that can
   // have it, unless its load has put it elsewhere.
   virtual void ShowModal(Form& form) = 0;
-  // Lets pending events run: repaints, and clicks that wait.
+  // Lets pending events run, so that what has changed is seen before a long action; keys and clicks wait for its end.
   virtual void DoEvents() = 0;
   // F1 on a form with a help context.
   virtual void ShowHelp(const std::string& file, int context) = 0;

@@ -1,4 +1,4 @@
-#include "withholding/entradas_registro.hpp"
+#include "withholding/entradas_irpf.hpp"
 
 #include <gtest/gtest.h>
 

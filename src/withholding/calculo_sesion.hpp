@@ -1,0 +1,27 @@
+// The withholding rate as the screens ask for it: inputs and parameters from the session.
+#pragma once
+
+#include <vector>
+
+#include "frame/sesion.hpp"
+#include "withholding/calculo_irpf.hpp"
+#include "zendara/ports.hpp"
+
+namespace zendara {
+
+struct CalculoSesion {
+  EntradasIRPF entradas;
+  ParametrosIRPF parametros;
+  CondicionesIRPF condiciones;
+  DesgloseIRPF desglose;  // desglose.tipo is the rate
+
+  // The steps of the calculation as the detail of a box.
+  std::vector<BoxDetail> Detalle() const;
+};
+
+// The parameters are the row on which slot 404 stands. The inputs are those of FormActivo where it shows a worker
+// (PantallaIRPF), otherwise the row on which slot 402 stands. Writes nothing. Errors go to the caller: 91 when
+// FormActivo is nothing, 3021 without a row, and those of the calculation.
+CalculoSesion CalculaTipoIRPF(const Sesion& sesion, bool regularizacion);
+
+}  // namespace zendara

@@ -1,0 +1,88 @@
+#include "withholding/entradas_irpf.hpp"
+
+#include <functional>
+
+#include "runtime/format.hpp"
+#include "values/valor_numero.hpp"
+
+namespace zendara {
+namespace {
+
+// Columns of TrabajadoresFijo, by ordinal.
+enum ColumnaTrabajador {
+  kSituacionPerceptor = 20,
+  kTipoContrato = 21,
+  kSituacionFamiliar = 22,
+  kGradoMinusvalia = 24,
+  kHijos = 25,         // ten rows of year of birth, por entero, grade
+  kAscendientes = 55,  // ten rows of convivencia, grade
+  kFechaNacimiento = 19,
+  kRetribucionesAnuales = 75,
+  kRentasIrregulares = 76,
+  kGastosAnuales = 77,
+  kAnualidades = 79,
+  kAnualidadesRegistro = 48,
+  kCeutaMelilla = 80,
+  kRetribucionesAcumuladas = 81,
+  kRetencionAcumulada = 82,
+};
+
+// What both ways have in common.
+EntradasIRPF Lee(const std::function<std::string(int ordinal)>& campo, std::string_view ano) {
+  EntradasIRPF entradas;
+  entradas.SituacionPerceptor = campo(kSituacionPerceptor);
+  entradas.TipoContrato = campo(kTipoContrato);
+  if (entradas.SituacionPerceptor == "P" || entradas.SituacionPerceptor == "D") entradas.TipoContrato.clear();
+  entradas.SituacionFamiliar = campo(kSituacionFamiliar);
+  entradas.GradoMinusvalia = campo(kGradoMinusvalia);
+  entradas.RetribucionesAnuales = campo(kRetribucionesAnuales);
+  entradas.RentasIrregulares = campo(kRentasIrregulares);
+  entradas.GastosAnuales = campo(kGastosAnuales);
+  entradas.CeutaMelilla = campo(kCeutaMelilla);
+  entradas.FechaNacimiento = campo(kFechaNacimiento);
+
+  const int ano_fin = AnoFin(ano);
+  for (std::size_t r = 0; r < kFilasFamilia; ++r) {
+    const int hijo = kHijos + 3 * static_cast<int>(r);
+    entradas.Hijos[r] = {
+        .edad = ano_fin - ValorNumero(campo(hijo)), .por_entero = campo(hijo + 1), .grado = campo(hijo + 2)};
+    const int ascendiente = kAscendientes + 2 * static_cast<int>(r);
+    entradas.Ascendientes[r] = {.convivencia = campo(ascendiente), .grado = campo(ascendiente + 1)};
+  }
+  return entradas;
+}
+
+}  // namespace
+
+ParametrosIRPF LeeParametrosIRPF(Recordset& irpf) {
+  ParametrosIRPF parametros;
+  for (std::size_t i = 0; i < parametros.size(); ++i) {
+    parametros[i] = ValorNumero(TextoNoNulo(irpf.Fields(static_cast<int>(i)).Get()));
+  }
+  return parametros;
+}
+
+EntradasIRPF LeeDatosRegistro(Recordset& trabajadores_fijo, std::string_view ano) {
+  const auto campo = [&](int ordinal) { return TextoNoNulo(trabajadores_fijo.Fields(ordinal).Get()); };
+  EntradasIRPF entradas = Lee(campo, ano);
+  entradas.Anualidades = campo(kAnualidadesRegistro);  // not Campo79, where the screen saves them
+  entradas.RetribucionesAcumuladas = campo(kRetribucionesAcumuladas);
+  entradas.RetencionAcumulada = campo(kRetencionAcumulada);
+  return entradas;
+}
+
+EntradasIRPF LeeDatosPantalla(const PantallaIRPF& pantalla, std::string_view ano, bool regularizacion) {
+  EntradasIRPF entradas = Lee([&](int ordinal) { return pantalla.TextoColumna(ordinal); }, ano);
+  entradas.FechaNacimiento = Format(entradas.FechaNacimiento, "dd/mm/yyyy");
+  entradas.Anualidades = pantalla.TextoColumna(kAnualidades);
+  if (!regularizacion) return entradas;
+  using Cifra = CifraRegularizacion;
+  entradas.RetribucionesAnuales = pantalla.TextoCifra(Cifra::kRetribuciones);
+  entradas.RentasIrregulares = pantalla.TextoCifra(Cifra::kReduccion);
+  entradas.GastosAnuales = pantalla.TextoCifra(Cifra::kGastos);
+  entradas.RetribucionesAcumuladas = pantalla.TextoCifra(Cifra::kRetribucionesAcumuladas);
+  entradas.RetencionAcumulada = pantalla.TextoCifra(Cifra::kRetencionAcumulada);
+  return entradas;
+}
+
+}  // namespace zendara

@@ -1,0 +1,129 @@
+#include "workers/conceptos.hpp"
+
+#include <memory>
+#include <string_view>
+
+#include "frame/bases_datos.hpp"
+#include "frame/catalogo.hpp"
+#include "platform/sql/literal.hpp"
+#include "runtime/format.hpp"
+#include "runtime/number.hpp"
+#include "runtime/text.hpp"
+#include "values/valor_numero.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr int kTodosLosGrupos = 0;
+constexpr int kColumnaFinSituacion = 4;  // of TrabajadoresVar
+constexpr std::string_view kIndiceMes = "Icampo0_1_2";
+
+// Columns of both tables of a month, by ordinal; what follows is copied blindly.
+enum ColumnaMes { kMes, kTrabajador, kSituacion, kPrimeraCopiada };
+
+struct TablaMes {
+  int ranura;
+  std::string_view nombre;
+  int ultima;  // column copied
+};
+constexpr TablaMes kConceptos = {kConTrabajadorConceptos, "contrabajadorConceptos", 19};
+constexpr TablaMes kPagas = {kConTrabajadorPagas, "contrabajadorPagas", 110};
+
+std::string MesDe(const std::string& fecha) { return Mid(fecha, 4, 2); }
+std::string AnoDe(const std::string& fecha) { return Right(fecha, 2); }
+
+class Transferencia {
+ public:
+  Transferencia(Sesion& sesion, const NuevaSituacion& nueva)
+      : sesion_(sesion),
+        nueva_(nueva),
+        ano_trabajo_(sesion.AnoTrabajo.str()),
+        ano_nuevo_(AnoDe(nueva.inicio)),
+        anterior_(FormatText(Val(nueva.numero) - 1, "000;")) {}
+
+  void Ejecuta() {
+    if (ano_nuevo_ != ano_trabajo_ && TieneAno(ano_nuevo_)) CambiaRanuras(ano_nuevo_);
+    AbreFichero(sesion_, FileKind::kYear);
+    if (LeeAnterior()) {
+      if (EnOtroAno()) {
+        if (!TieneAno(ano_anterior_)) return;
+        AbreFichero(sesion_, FileKind::kYear, ano_anterior_);
+      }
+      if (FaltaEn(kConceptos)) {
+        sesion_.RsTrabajo = FilasAnteriores(kConceptos);
+        for (; !sesion_.RsTrabajo->Eof(); sesion_.RsTrabajo->MoveNext()) Copia(kConceptos, *sesion_.RsTrabajo);
+      }
+      if (FaltaEn(kPagas)) {
+        sesion_.RsAuxiliar = FilasAnteriores(kPagas);
+        if (!sesion_.RsAuxiliar->Eof()) Copia(kPagas, *sesion_.RsAuxiliar);
+      }
+    }
+    if (ano_nuevo_ != ano_trabajo_ && TieneAno(ano_trabajo_)) CambiaRanuras(ano_anterior_);
+  }
+
+ private:
+  bool EnOtroAno() const { return ano_anterior_ != ano_trabajo_; }
+
+  bool TieneAno(const std::string& ano) const {
+    return sesion_.platform.files->Exists(sesion_.DirDatos + FileName(FileKind::kYear, sesion_.CodEmpresa.str(), ano));
+  }
+
+  void CambiaRanuras(const std::string& ano) { AbreTablas(sesion_, kTodosLosGrupos, sesion_.CodEmpresa.str(), ano); }
+
+  // Where the previous situación ended; an open one gives empty texts.
+  bool LeeAnterior() {
+    Recordset& situaciones = sesion_.Tabla(kTrabajadoresVar);
+    situaciones.SetIndex("ICampo0_1");
+    if (situaciones.RecordCount() > 0) {
+      situaciones.Seek({nueva_.trabajador, anterior_});
+      if (situaciones.NoMatch()) return false;
+    }
+    const std::string fin = TextoNoNulo(Format(situaciones.Fields(kColumnaFinSituacion).Get(), "dd/mm/yy"));
+    mes_anterior_ = MesDe(fin);
+    ano_anterior_ = AnoDe(fin);
+    return true;
+  }
+
+  bool FaltaEn(const TablaMes& tabla) {
+    Recordset& filas = sesion_.Tabla(tabla.ranura);
+    filas.SetIndex(kIndiceMes);
+    filas.Seek({MesDe(nueva_.inicio), nueva_.trabajador, nueva_.numero});
+    return filas.NoMatch();
+  }
+
+  // The rows come from the year of the previous situación; from here on the slots are those of the working year.
+  std::shared_ptr<Recordset> FilasAnteriores(const TablaMes& tabla) {
+    if (EnOtroAno()) AbreFichero(sesion_, FileKind::kYear, ano_anterior_);
+    auto filas = sesion_.BDEmpresa->OpenRecordset("Select * from " + std::string(tabla.nombre) + " where campo0='" +
+                                                  mes_anterior_ + "'  And campo1='" + SqlText(nueva_.trabajador) +
+                                                  "' and campo2 = '" + SqlText(anterior_) + "' ");
+    if (EnOtroAno()) CambiaRanuras(ano_trabajo_);
+    return filas;
+  }
+
+  void Copia(const TablaMes& tabla, Recordset& fila) {
+    Recordset& destino = sesion_.Tabla(tabla.ranura);
+    destino.AddNew();
+    destino.Fields(kMes).Set(MesDe(nueva_.inicio));
+    destino.Fields(kTrabajador).Set(fila.Fields(kTrabajador).Get());
+    destino.Fields(kSituacion).Set(nueva_.numero);
+    for (int columna = kPrimeraCopiada; columna <= tabla.ultima; ++columna) {
+      destino.Fields(columna).Set(fila.Fields(columna).Get());
+    }
+    destino.Update();
+  }
+
+  Sesion& sesion_;
+  const NuevaSituacion& nueva_;
+  const std::string ano_trabajo_;
+  const std::string ano_nuevo_;
+  const std::string anterior_;
+  std::string mes_anterior_;
+  std::string ano_anterior_;
+};
+
+}  // namespace
+
+void TransfiereConceptos(Sesion& sesion, const NuevaSituacion& nueva) { Transferencia(sesion, nueva).Ejecuta(); }
+
+}  // namespace zendara

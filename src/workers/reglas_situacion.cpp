@@ -1,0 +1,73 @@
+#include "workers/reglas_situacion.hpp"
+
+#include <algorithm>
+#include <string_view>
+
+#include "runtime/date.hpp"
+#include "runtime/number.hpp"
+#include "workers/campos_trabajador.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr std::string_view kLaNueva = "No se puede registrar la nueva situacion, la situación ";
+constexpr std::string_view kUnaNueva = "No se puede registrar una nueva situacion, la situación ";
+constexpr std::string_view kInicioDentro =
+    "La fecha de inicio de la situación no es valida, ya que estaria dentro del intervalo correspondiente a la "
+    "situación ";
+constexpr std::string_view kFinDentro =
+    "La fecha de fin de la situación no es valida, ya que estaria dentro del intervalo correspondiente a la situación ";
+constexpr std::string_view kAbarca =
+    "El intervalo de la situación no es valido ya que abarcaria al intervalo correspondiente a la situación ";
+
+// Days from `desde` to `hasta`.
+double Dias(const std::string& desde, const std::string& hasta) { return CDbl(DateDiffDays(desde, hasta)); }
+
+FaltaSituacion Falta(std::string_view mensaje, const IntervaloSituacion& otra, int campo) {
+  return {std::string(mensaje) + otra.numero, BoxIcon::kExclamation, campo};
+}
+
+FaltaSituacion SinFinalizar(std::string_view principio, const IntervaloSituacion& otra) {
+  return {std::string(principio) + otra.numero + " no esta finalizada", BoxIcon::kInformation, kSinCampo};
+}
+
+std::optional<FaltaSituacion> ComparaConAbierta(const IntervaloSituacion& nueva, const IntervaloSituacion& otra) {
+  if (Dias(nueva.inicio, otra.inicio) <= 0) return SinFinalizar(kLaNueva, otra);
+  if (!nueva.fin.empty() && Dias(nueva.fin, otra.inicio) <= 0) return SinFinalizar(kUnaNueva, otra);
+  return std::nullopt;
+}
+
+std::optional<FaltaSituacion> ComparaConCerrada(const IntervaloSituacion& nueva, const IntervaloSituacion& otra) {
+  const auto dentro = [&](const std::string& fecha) {
+    return Dias(fecha, otra.inicio) <= 0 && Dias(fecha, otra.fin) >= 0;
+  };
+  if (dentro(nueva.inicio)) return Falta(kInicioDentro, otra, campo::kFechaInicio);
+  if (nueva.fin.empty()) return std::nullopt;
+  if (dentro(nueva.fin)) return Falta(kFinDentro, otra, campo::kFechaFin);
+  if (Dias(nueva.inicio, otra.inicio) >= 0 && Dias(nueva.fin, otra.fin) <= 0) {
+    return Falta(kAbarca, otra, campo::kFechaInicio);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<FaltaSituacion> ComparaIntervalos(const IntervaloSituacion& nueva, const IntervaloSituacion& otra) {
+  if (otra.numero == nueva.numero || otra.inicio == nueva.inicio) return std::nullopt;
+  return otra.fin.empty() ? ComparaConAbierta(nueva, otra) : ComparaConCerrada(nueva, otra);
+}
+
+FaltaContratos CompruebaFechasContratos(const FechasContratos& fechas) {
+  const auto ultima = fechas.end() - 1;
+  const auto vacia = std::find(fechas.begin(), ultima, std::string());
+  if (std::any_of(vacia, ultima, [](const std::string& fecha) { return !fecha.empty(); })) {
+    return FaltaContratos::kAnteriorAbierto;
+  }
+  for (auto fecha = fechas.begin(); fecha != ultima; ++fecha) {
+    const std::string& siguiente = *(fecha + 1);
+    if (!fecha->empty() && !siguiente.empty() && Dias(*fecha, siguiente) <= 0) return FaltaContratos::kSolapados;
+  }
+  return FaltaContratos::kNinguna;
+}
+
+}  // namespace zendara

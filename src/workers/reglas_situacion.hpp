@@ -1,0 +1,38 @@
+// What the dates of a situación and of its contracts must satisfy, apart from any screen. Dates are texts, dd/mm/yy; a
+// text that is no date is error 13.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "zendara/ports.hpp"
+
+namespace zendara {
+
+struct IntervaloSituacion {
+  std::string numero;
+  std::string inicio;
+  std::string fin;  // empty: open
+};
+
+inline constexpr int kSinCampo = 0;
+
+// What is wrong, for the box, and the field to correct.
+struct FaltaSituacion {
+  std::string mensaje;
+  BoxIcon icono = BoxIcon::kNone;
+  int campo = kSinCampo;
+};
+
+// Whether `nueva` may stand beside `otra`, another situación of the worker; all bounds include equality. Its own number
+// and rows of the same start are not compared, nor is an open `nueva` with a closed row that begins later.
+std::optional<FaltaSituacion> ComparaIntervalos(const IntervaloSituacion& nueva, const IntervaloSituacion& otra);
+
+// Start and end of the three bonuses, in order.
+using FechasContratos = std::array<std::string, 6>;
+enum class FaltaContratos { kNinguna, kAnteriorAbierto, kSolapados };
+// No date after one that is missing (the last one is not looked at), and each later than the one before it.
+FaltaContratos CompruebaFechasContratos(const FechasContratos& fechas);
+
+}  // namespace zendara

@@ -142,7 +142,7 @@ void QtHost::ShowModal(Form& form) {
 
 void QtHost::DoEvents() {
   FlushAll();
-  QApplication::processEvents();
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void QtHost::ShowHelp(const std::string& /*file*/, int context) {

@@ -1,103 +1,15 @@
-// A disk that fills up after any number of writes, and one that is read-only, put under the store.
-#include <sqlite3.h>
-
-#include <cstring>
-
+// A disk that fills up after any number of writes, and one that is read-only.
 #include "engine/contract.hpp"
+#include "support/test_disk.hpp"
 #include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
 
-// Passes everything on to the machine's files, but for the writes that do not fit any more.
-struct Disk {
-  int writes_left = -1;  // -1: as many as wanted
-  bool read_only = false;
-};
-Disk disk;
-
-struct File {
-  sqlite3_file base;
-  sqlite3_io_methods methods;
-  sqlite3_file* real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
-  static File* Of(sqlite3_file* file) { return reinterpret_cast<File*>(file); }
-};
-
-sqlite3_vfs* Machine() { return sqlite3_vfs_find("unix"); }
-
-// The methods of a real file take that file; these find it behind ours.
-template <auto Method, typename... Args>
-int Pass(sqlite3_file* file, Args... args) {
-  sqlite3_file* real = File::Of(file)->real();
-  return (real->pMethods->*Method)(real, args...);
-}
-
-template <auto Method, typename Result, typename... Args>
-auto Passing(Result (*)(sqlite3_file*, Args...)) {
-  return +[](sqlite3_file* file, Args... args) -> Result {
-    sqlite3_file* real = File::Of(file)->real();
-    return (real->pMethods->*Method)(real, args...);
-  };
-}
-
-int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 at) {
-  if (disk.writes_left == 0) return SQLITE_FULL;
-  if (disk.writes_left > 0) --disk.writes_left;
-  return Pass<&sqlite3_io_methods::xWrite>(file, data, size, at);
-}
-
-#define ZENDARA_PASS(name) f->methods.name = Passing<&sqlite3_io_methods::name>(real.name)
-
-int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out_flags) {
-  File* f = File::Of(file);
-  std::memset(static_cast<void*>(f), 0, sizeof *f);
-  if (disk.read_only && (flags & SQLITE_OPEN_READWRITE)) {
-    flags = (flags & ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) | SQLITE_OPEN_READONLY;
-  }
-  const int code = Machine()->xOpen(Machine(), name, f->real(), flags, out_flags);
-  if (code != SQLITE_OK) return code;
-  const sqlite3_io_methods& real = *f->real()->pMethods;
-  f->methods = real;
-  ZENDARA_PASS(xClose);
-  ZENDARA_PASS(xRead);
-  ZENDARA_PASS(xTruncate);
-  ZENDARA_PASS(xSync);
-  ZENDARA_PASS(xFileSize);
-  ZENDARA_PASS(xLock);
-  ZENDARA_PASS(xUnlock);
-  ZENDARA_PASS(xCheckReservedLock);
-  ZENDARA_PASS(xFileControl);
-  ZENDARA_PASS(xSectorSize);
-  ZENDARA_PASS(xDeviceCharacteristics);
-  ZENDARA_PASS(xShmMap);
-  ZENDARA_PASS(xShmLock);
-  ZENDARA_PASS(xShmBarrier);
-  ZENDARA_PASS(xShmUnmap);
-  ZENDARA_PASS(xFetch);
-  ZENDARA_PASS(xUnfetch);
-  f->methods.xWrite = Write;
-  f->base.pMethods = &f->methods;
-  return SQLITE_OK;
-}
-
-class DiskTest : public testing::Test {
+class DiskTest : public TestDisk, public testing::Test {
  protected:
-  DiskTest() {
-    disk = {};
-    vfs_ = *Machine();
-    vfs_.zName = "disk";
-    vfs_.szOsFile += static_cast<int>(sizeof(File));
-    vfs_.pNext = nullptr;
-    vfs_.xOpen = zendara::Open;
-    sqlite3_vfs_register(&vfs_, 1);
-  }
-  ~DiskTest() override { sqlite3_vfs_unregister(&vfs_); }
-
   TempFolder folder;
   const std::string path = folder / "Prueba.MDB";
-
- private:
-  sqlite3_vfs vfs_;
 };
 
 struct Opened {

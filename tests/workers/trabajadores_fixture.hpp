@@ -1,0 +1,115 @@
+// The worker screen on a copy of the demonstration company, and a clerk's hands on it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "apps/demo/demo_company.hpp"
+#include "common/lists_fixture.hpp"
+#include "frame/catalogo.hpp"
+#include "runtime/text.hpp"
+#include "support/fake_form_host.hpp"
+#include "support/temp_folder.hpp"
+#include "workers/trabajadores.hpp"
+#include "zendara/engines.hpp"
+
+namespace zendara {
+
+inline constexpr int kTrabajadoresDemo = kDemoCases + 2;
+
+struct NoBanner : Banner {
+  void PosicionBanner(std::int32_t, BannerPlace&) override {}
+  void AvisoCierre(std::int32_t) override {}
+};
+
+class TrabajadoresTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    modelo = std::make_unique<TempFolder>();
+    const auto engine = MakeSqliteEngine();
+    WriteDemoCompany(*engine, {.folder = modelo->path().string(), .workers = kTrabajadoresDemo});
+  }
+  static void TearDownTestSuite() { modelo.reset(); }
+
+  TrabajadoresTest() {
+    std::filesystem::copy(modelo->path(), folder.path(), std::filesystem::copy_options::recursive);
+    components.Register(kBannerClass, [] { return std::make_unique<NoBanner>(); });
+    components.Register(kPickListClass, [this] { return std::make_unique<TestPickList>(asked, elegida); });
+    Platform& platform = sesion.platform;
+    platform.engine = engine.get();
+    platform.dialogs = &host;
+    platform.files = files.get();
+    platform.forms = &host;
+    platform.components = &components;
+    platform.application_folder = folder.path().string();
+    AbreEmpresa(sesion, "00001", "01");
+    sesion.NomEmpresa = "Compañía";
+    pantallas.Registra("Trabajadores", [this] { return std::make_shared<Trabajadores>(sesion, pantallas); });
+  }
+
+  // Loads the screen; it stays loaded.
+  void Abre() {
+    pantalla = std::dynamic_pointer_cast<Trabajadores>(pantallas.Objeto("Trabajadores"));
+    pantalla->Mostrar();
+  }
+
+  template <typename T>
+  T& El(const std::string& id) {
+    auto* control = dynamic_cast<T*>(pantalla->Find(id));
+    if (!control) throw std::out_of_range(id);
+    return *control;
+  }
+  TextBox& Campo(int indice) { return El<TextBox>("Text1(" + std::to_string(indice) + ")"); }
+  std::string Texto(int indice) { return Campo(indice).Text(); }
+  void Pulsa(const std::string& boton) { pantalla->Click(El<Button>(boton)); }
+  void Escribe(const std::string& texto) {
+    for (std::size_t i = 1; i <= Len(texto); ++i) pantalla->Press({0, 0, Mid(texto, static_cast<int>(i), 1)});
+  }
+  void Tecla(int code, int shift = 0) { pantalla->Press({code, shift, ""}); }
+  // Types into a field and leaves it by Enter.
+  void Rellena(int indice, const std::string& texto) {
+    pantalla->PointTo(Campo(indice), 0, 99);
+    texto.empty() ? Tecla(key::kDelete) : Escribe(texto);
+    Tecla(key::kEnter);
+  }
+  std::string Foco() { return pantalla->Focus() ? pantalla->Focus()->Id() : ""; }
+  std::string Paginas() {
+    return std::to_string(El<Tabs>("Tab1").Tab()) + "/" + std::to_string(El<Tabs>("Tab2").Tab());
+  }
+
+  // What stands in a field or cell, whatever its control.
+  std::string Mostrado(int indice) {
+    if (indice >= campo::kPrimeraCelda && indice <= campo::kUltimaCelda) {
+      const CeldaTrabajador celda = CeldaDe(indice);
+      return El<Grid>("Grid1(" + std::to_string(celda.rejilla) + ")").Cell(celda.fila, celda.columna);
+    }
+    const std::string i = "(" + std::to_string(indice) + ")";
+    if (Control* lista = pantalla->Find("Combo1" + i)) return static_cast<ComboBox*>(lista)->Text();
+    if (Control* marca = pantalla->Find("Check1" + i)) return std::to_string(static_cast<CheckBox*>(marca)->Value());
+    return Texto(indice);
+  }
+  void VaciaTabla(int ranura) {
+    Recordset& tabla = sesion.Tabla(ranura);
+    if (tabla.RecordCount() == 0) return;
+    for (tabla.MoveFirst(); !tabla.Eof(); tabla.MoveNext()) tabla.Delete();
+  }
+  std::string PathOf(const std::string& nombre) { return folder / ("DATOS/" + nombre); }
+
+  static inline std::unique_ptr<TempFolder> modelo;
+  TempFolder folder;
+  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Files> files = MakeHostFiles();
+  Components components;
+  PickAsked asked;
+  int elegida = 0;
+  FakeFormHost host;
+  RegistroPantallas pantallas;
+  Sesion sesion{Platform{}};
+  std::shared_ptr<Trabajadores> pantalla;
+};
+
+}  // namespace zendara

@@ -8,6 +8,9 @@
 namespace zendara::sqlite {
 namespace {
 
+// What the store says of a table that another program has dropped since its definition was read.
+constexpr std::string_view kTableGone = "no such table: ";
+
 int NumberOf(int code) {
   switch (code) {
     case SQLITE_CONSTRAINT_UNIQUE:
@@ -56,6 +59,9 @@ Date ReadDate(std::string_view text) {
 }
 
 void Fail(int code, const std::string& name, const std::string& detail) {
+  if (detail.starts_with(kTableGone)) {
+    throw RuntimeError(kInputTableNotFound, {detail.substr(kTableGone.size())}, detail);
+  }
   throw RuntimeError(NumberOf(code), {name}, detail);
 }
 

@@ -34,12 +34,13 @@ std::string AnoDe(const std::string& fecha) { return Right(fecha, 2); }
 
 class Transferencia {
  public:
-  Transferencia(Sesion& sesion, const NuevaSituacion& nueva)
+  Transferencia(Sesion& sesion, CopiaPendiente& copia)
       : sesion_(sesion),
-        nueva_(nueva),
+        nueva_(copia.nueva),
+        copiados_(copia.copiados),
         ano_trabajo_(sesion.AnoTrabajo.str()),
-        ano_nuevo_(AnoDe(nueva.inicio)),
-        anterior_(FormatText(Val(nueva.numero) - 1, "000;")) {}
+        ano_nuevo_(AnoDe(nueva_.inicio)),
+        anterior_(FormatText(Val(nueva_.numero) - 1, "000;")) {}
 
   void Ejecuta() {
     if (ano_nuevo_ != ano_trabajo_ && TieneAno(ano_nuevo_)) CambiaRanuras(ano_nuevo_);
@@ -49,9 +50,13 @@ class Transferencia {
         if (!TieneAno(ano_anterior_)) return;
         AbreFichero(sesion_, FileKind::kYear, ano_anterior_);
       }
-      if (FaltaEn(kConceptos)) {
+      if (copiados_ > 0 || FaltaEn(kConceptos)) {
         sesion_.RsTrabajo = FilasAnteriores(kConceptos);
-        for (; !sesion_.RsTrabajo->Eof(); sesion_.RsTrabajo->MoveNext()) Copia(kConceptos, *sesion_.RsTrabajo);
+        for (int fila = 0; !sesion_.RsTrabajo->Eof(); sesion_.RsTrabajo->MoveNext(), ++fila) {
+          if (fila < copiados_) continue;
+          Copia(kConceptos, *sesion_.RsTrabajo);
+          ++copiados_;
+        }
       }
       if (FaltaEn(kPagas)) {
         sesion_.RsAuxiliar = FilasAnteriores(kPagas);
@@ -115,6 +120,7 @@ class Transferencia {
 
   Sesion& sesion_;
   const NuevaSituacion& nueva_;
+  int& copiados_;
   const std::string ano_trabajo_;
   const std::string ano_nuevo_;
   const std::string anterior_;
@@ -124,6 +130,6 @@ class Transferencia {
 
 }  // namespace
 
-void TransfiereConceptos(Sesion& sesion, const NuevaSituacion& nueva) { Transferencia(sesion, nueva).Ejecuta(); }
+void TransfiereConceptos(Sesion& sesion, CopiaPendiente& copia) { Transferencia(sesion, copia).Ejecuta(); }
 
 }  // namespace zendara

@@ -11,6 +11,14 @@ struct NuevaSituacion {
   std::string trabajador;  // five characters
   std::string numero;      // three; the one before it in number is copied
   std::string inicio;      // dd/mm/yy
+
+  bool operator==(const NuevaSituacion&) const = default;
+};
+
+// A transfer and how far it came.
+struct CopiaPendiente {
+  NuevaSituacion nueva;
+  int copiados = 0;  // rows of concepts
 };
 
 // Copies the rows of the previous situación, of the month in which it ended, to the new one in the month in which it
@@ -21,7 +29,7 @@ struct NuevaSituacion {
 // back to the year of the previous situación, not to the working year, and not at all when that year has no file: so
 // they can stay in another year.
 //
-// Errors go to the caller; rows copied until then stay.
-void TransfiereConceptos(Sesion& sesion, const NuevaSituacion& nueva);
+// Errors go to the caller; rows copied until then stay, and are counted: another call goes on behind them.
+void TransfiereConceptos(Sesion& sesion, CopiaPendiente& copia);
 
 }  // namespace zendara

@@ -1,7 +1,8 @@
 // Saving, removing and dropping the worker on the screen, and leaving it.
+#include <utility>
+
 #include "frame/catalogo.hpp"
 #include "runtime/text.hpp"
-#include "workers/conceptos.hpp"
 #include "workers/familia.hpp"
 #include "workers/reglas_trabajador.hpp"
 #include "workers/trabajadores.hpp"
@@ -78,9 +79,12 @@ void Trabajadores::GrabaFicha() {
 }
 
 bool Trabajadores::CopiaConceptos() {
+  NuevaSituacion nueva = {TextoRecortado(kNumero), TextoRecortado(kSituacion), Texto(kFechaInicio)};
+  if (nueva != copia_.nueva) copia_ = {std::move(nueva)};
   bool copiados = false;
   Guarda([&] {
-    TransfiereConceptos(sesion_, {TextoRecortado(kNumero), TextoRecortado(kSituacion), Texto(kFechaInicio)});
+    TransfiereConceptos(sesion_, copia_);
+    copia_ = {};
     copiados = true;
   });
   return copiados;

@@ -10,6 +10,7 @@
 #include "common/pantalla_base.hpp"
 #include "common/seleccion_trabajador.hpp"
 #include "withholding/entradas_irpf.hpp"
+#include "workers/conceptos.hpp"
 #include "workers/ficha_trabajador.hpp"
 
 namespace zendara {
@@ -150,6 +151,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   Button CalcularRegula{*this, "CalcularRegula"};
 
   std::optional<BoxAnswer> RespuestaNueva;  // a new situación awaits saving while it is Yes
+  CopiaPendiente copia_;                    // of its concepts, that an error ended
   std::string TrabajadorAnterior;           // number when its field gained the focus
   std::string SituacionAnterior;
   std::string ConvenioEmpresa;  // the company's own agreement

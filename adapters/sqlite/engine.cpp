@@ -40,7 +40,13 @@ class OpenDatabase final : public Database {
     Statement insert = connection_->Prepare("INSERT INTO zendara_queries VALUES (?, ?)");
     insert.Bind(1, Value(name));
     insert.Bind(2, Value(sql));
-    insert.Run();
+    try {
+      insert.Run();
+    } catch (const RuntimeError& error) {
+      // Another program was faster.
+      if (error.number() == kDuplicateKey) throw RuntimeError(kObjectExists, {std::string(name)});
+      throw;
+    }
     return std::make_shared<QueryDef>(std::string(name), std::string(sql));
   }
 

@@ -1,4 +1,6 @@
-// A disk that fills up after any number of writes, and one that is read-only.
+// A disk that fills up after any number of writes, one that is read-only, and what happens while the store waits.
+#include <utility>
+
 #include "engine/contract.hpp"
 #include "support/test_disk.hpp"
 #include "zendara/engines.hpp"
@@ -84,6 +86,20 @@ TEST_F(DiskTest, ANewFileThatDoesNotFitLeavesNothingBehind) {
     EXPECT_EQ(ErrorOf([&] { engine->Workspaces(0)->CreateDatabase(path); }), 3026) << writes;
     EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << writes;
   }
+}
+
+TEST_F(DiskTest, AQueryThatAnotherProgramCreatesMeanwhileExists) {
+  Create(path);
+  const Opened open(path);
+  const Opened other(path);
+  other.base->BeginTrans();
+  other.base->CreateQueryDef("Consulta");
+  bool waited = false;
+  disk.while_waiting = [&] {
+    if (!std::exchange(waited, true)) other.base->CommitTrans();
+  };
+  EXPECT_EQ(ErrorOf([&] { open.base->CreateQueryDef("Consulta"); }), 3012);
+  EXPECT_TRUE(waited);
 }
 
 TEST_F(DiskTest, AReadOnlyFileIsReadAndRefusesWrites) {

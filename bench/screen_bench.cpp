@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QTimer>
 #include <chrono>
+#include <cstdlib>
 #include <functional>
 #include <iostream>
 
@@ -25,6 +26,13 @@ using Clock = std::chrono::steady_clock;
 
 std::string company_folder;
 
+// Workers are called up far apart, so that their rows are not on the same pages of the file.
+constexpr std::int64_t kWorkersApart = 997;
+constexpr std::int64_t kWorkersLeft = 100;
+// A worker of the demonstration who has several situaciones and contracts.
+constexpr std::int64_t kFullWorker = 13;
+constexpr std::int64_t kSituations = 4;
+
 // Shows a form, lets the body work on its window, and closes it.
 class BenchHost : public QtHost {
  public:
@@ -36,6 +44,12 @@ class BenchHost : public QtHost {
     Paint(window);
     body(form, window);
     form.Unload();
+  }
+
+  // Nothing that is measured asks or complains.
+  BoxAnswer Show(const Box& box) override {
+    std::cerr << "screen_bench: " << box.text << '\n';
+    std::exit(1);
   }
 
   static void Paint(FormWindow& window) {
@@ -109,6 +123,66 @@ void TwoKeys(benchmark::State& state) {
   });
 }
 BENCHMARK(TwoKeys)->Unit(benchmark::kMillisecond);
+
+TextBox& Enter(Form& form, int field) {
+  auto& box = static_cast<TextBox&>(*form.Find("Text1(" + std::to_string(field) + ")"));
+  form.Run([&] { form.SetFocus(box); });
+  return box;
+}
+
+double SecondsOf(FormWindow& window, const std::function<void()>& action) {
+  const auto begin = Clock::now();
+  action();
+  BenchHost::Paint(window);
+  return std::chrono::duration<double>(Clock::now() - begin).count();
+}
+
+void ShowWorker(Form& form, std::int64_t number) {
+  Enter(form, campo::kNumero).SetText(std::to_string(number));
+  form.Press({key::kEnter, 0, {}});
+}
+
+// From the key that leaves a field to the paint of what it did: the fields whose leaving does most.
+void LeaveField(benchmark::State& state) {
+  const int field = static_cast<int>(state.range(0));
+  OnWorkerScreen([&](Form& form, FormWindow& window) {
+    ShowWorker(form, kFullWorker);
+    std::int64_t number = 0;
+    for (auto _ : state) {
+      number = number % kWorkersLeft + 1;
+      TextBox& box = Enter(form, field);
+      if (field == campo::kNumero) box.SetText(std::to_string(number * kWorkersApart));
+      if (field == campo::kSituacion) box.SetText(std::to_string(number % kSituations + 1));
+      state.SetIterationTime(SecondsOf(window, [&] { form.Press({key::kEnter, 0, {}}); }));
+    }
+  });
+}
+BENCHMARK(LeaveField)
+    ->ArgName("Text1")
+    ->Arg(campo::kNumero)
+    ->Arg(campo::kSituacion)
+    ->Arg(campo::kFechaAlta)
+    ->Arg(campo::kCategoria)
+    ->Arg(campo::kTipo1)
+    ->Arg(campo::kCentro)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+// From the key that saves a worker to the paint of the emptied screen; both rows are durable then.
+void SaveWorker(benchmark::State& state) {
+  OnWorkerScreen([&](Form& form, FormWindow& window) {
+    std::int64_t number = 0;
+    for (auto _ : state) {
+      number = number % kWorkersLeft + 1;
+      ShowWorker(form, number * kWorkersApart);
+      TextBox& box = Enter(form, campo::kApellido1);
+      box.SetText(box.Text() == "Cambiado" ? "Otro" : "Cambiado");
+      state.SetIterationTime(SecondsOf(window, [&] { form.Press({'G', key::kAlt, "g"}); }));
+      if (!box.Text().empty()) state.SkipWithError("it was not saved");
+    }
+  });
+}
+BENCHMARK(SaveWorker)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 // From the call of the worker list to its rows on the screen.
 void OpenList(benchmark::State& state) {

@@ -22,6 +22,7 @@ struct FakeFormHost : FormHost, Dialogs {
 
   BoxAnswer Show(const Box& box) override {
     boxes.push_back(box.text);
+    last_box = box;
     return box.buttons == BoxButtons::kOk ? BoxAnswer::kOk : answer;
   }
   void Beep() override { ++beeps; }
@@ -29,6 +30,7 @@ struct FakeFormHost : FormHost, Dialogs {
   std::vector<std::string> shown;
   std::function<void(Form&)> while_shown;
   std::vector<std::string> boxes;
+  Box last_box;
   BoxAnswer answer = BoxAnswer::kYes;
   std::vector<int> help;
   int do_events = 0;

@@ -1,0 +1,129 @@
+// The rate on the worker screen: where its figures come from, and what it is written to.
+#include <gmock/gmock.h>
+
+#include "values/valor_numero.hpp"
+#include "withholding/entradas_irpf.hpp"
+#include "workers/trabajadores_fixture.hpp"
+
+namespace zendara {
+namespace {
+
+using testing::StartsWith;
+
+class IrpfTest : public TrabajadoresTest {
+ protected:
+  IrpfTest() {
+    host.answer = BoxAnswer::kNo;
+    Abre();
+  }
+
+  static std::string Pregunta(const std::string& tipo) {
+    return "El Tipo Calculado es " + tipo + "\n ¿Quiere aplicarlo? ";
+  }
+  std::string TipoDe(const EntradasIRPF& entradas, bool regularizacion = false) {
+    return CalculaTipoIRPF(entradas, LeeParametrosIRPF(sesion.Tabla(kIRPF)),
+                           {.ano = "01", .pesetas = sesion.TextoRetorno == "P", .regularizacion = regularizacion})
+        .tipo;
+  }
+  TextBox& Cifra(int i) { return El<TextBox>("Text2(" + std::to_string(i) + ")"); }
+  // Campo44 of the worker's situación.
+  std::string TipoGuardado(const std::string& trabajador, const std::string& situacion) {
+    const auto var = sesion.Tabla(kTrabajadoresVar).Clone();
+    var->SetIndex("Icampo0_1");
+    var->Seek({trabajador, situacion});
+    return TextoNoNulo(var->Fields(44).Get());
+  }
+};
+
+TEST_F(IrpfTest, ComesFromWhatTheScreenShows) {
+  for (int numero = 1; numero <= kTrabajadoresDemo; ++numero) {
+    Rellena(1, std::to_string(numero));
+    EntradasIRPF entradas = LeeDatosRegistro(sesion.Tabla(kTrabajadoresFijo), "01");
+    entradas.Anualidades = Texto(campo::kAnualidades);  // the record path reads another column
+    Pulsa("CmdCalcular");
+    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas))) << numero;
+    ASSERT_FALSE(host.last_box.detail.empty());
+    EXPECT_EQ(host.last_box.detail.back().figure, TipoDe(entradas));
+
+    // What is typed counts, saved or not.
+    entradas.RetribucionesAnuales = "4321000";
+    entradas.Hijos[0] = {.edad = 2001 - 1995, .por_entero = "N", .grado = "0"};
+    Rellena(campo::kRetribuciones, "4321000");
+    auto& hijos = El<Grid>("Grid1(0)");
+    for (int columna = 2; columna <= 3; ++columna) hijos.SetCell(1, columna, columna == 2 ? "1995" : "N");
+    hijos.SetCell(1, 4, "0");
+    Pulsa("CmdCalcular");
+    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas))) << numero;
+
+    Pulsa("Regulariza");
+    entradas.RetribucionesAnuales = "5000000";
+    entradas.RentasIrregulares = "100000";
+    entradas.GastosAnuales = "200000";
+    entradas.RetribucionesAcumuladas = "2000000";
+    entradas.RetencionAcumulada = "300000";
+    int i = 0;
+    for (const char* cifra : {"5000000", "100000", "200000", "2000000", "300000"}) Cifra(++i).SetText(cifra);
+    Pulsa("CalcularRegula");
+    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas, true))) << numero;
+    EXPECT_FALSE(El<Frame>("Regularizacion").Visible());
+    EXPECT_EQ(Foco(), "Regulariza");
+  }
+}
+
+TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
+  host.answer = BoxAnswer::kYes;
+  Rellena(1, "13");
+  Rellena(92, "2");
+  const std::string otra = TipoGuardado("00013", "004");
+  Pulsa("CmdCalcular");
+  const std::string tipo = Texto(campo::kPorcentajeIRPF);
+  EXPECT_EQ(host.boxes.back(), Pregunta(tipo));
+  EXPECT_EQ(TipoGuardado("00013", "002"), tipo);
+  EXPECT_EQ(TipoGuardado("00013", "004"), otra);
+
+  // The regularisation writes on the rows of the worker shown, however he was called up.
+  Pulsa("Inicio");
+  Pulsa("Siguiente");
+  Pulsa("Regulariza");
+  Cifra(1).SetText("6000000");
+  Pulsa("CalcularRegula");
+  EXPECT_EQ(host.boxes.back(), Pregunta(Texto(campo::kPorcentajeIRPF)));
+  EXPECT_EQ(TipoGuardado("00002", "001"), Texto(campo::kPorcentajeIRPF));
+  EXPECT_EQ(Texto(campo::kRetribuciones), "6000000");
+  EXPECT_EQ(TipoGuardado("00013", "002"), tipo);
+
+  // A new worker, or an empty screen, has no rows: nobody else's are touched.
+  for (const char* boton : {"Cancela", "Borrar"}) {
+    Rellena(1, boton == std::string("Borrar") ? "99999" : "2");
+    Pulsa(boton);
+    Pulsa("Regulariza");
+    Pulsa("CalcularRegula");
+    EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '3021'"));
+    EXPECT_TRUE(pantalla->Loaded());
+  }
+  Rellena(1, "2");
+  EXPECT_EQ(Texto(campo::kRetribuciones), "6000000");
+
+  VaciaTabla(kTrabajadoresVar);
+  Pulsa("CmdCalcular");
+  EXPECT_EQ(host.boxes.back(), "Para aplicar el tipo calculado antes debe registrar el trabajador");
+}
+
+TEST_F(IrpfTest, ErrorsEndTheButtonAndTheScreenStays) {
+  Rellena(1, "15");
+  for (const auto& [cambio, error] : {std::pair("", "13"), std::pair("0", "11")}) {
+    sesion.CambioEuro = cambio;
+    Pulsa("Regulariza");
+    EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '" + std::string(error) + "'"));
+  }
+  Campo(campo::kFechaNacimiento).SetText("ayer");
+  Pulsa("CmdCalcular");
+  EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '13'"));
+  sesion.FormActivo = nullptr;
+  Pulsa("CmdCalcular");
+  EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '91'"));
+  EXPECT_TRUE(pantalla->Loaded());
+}
+
+}  // namespace
+}  // namespace zendara

@@ -11,7 +11,8 @@ key F2
 key Enter
 type "Mayor\n12\nB\n2\nIzda\nAlcalá de Henares\nMadrid\n28801\n918881234\n150468\n"
 
-# Family. The first digit of a year gives its row a grade, Enter at the end of a row goes down to the next one.
+# Family. The first digit of a year gives its row a grade, Enter at the end of a row goes down to the next one; Page Down
+# goes down in any column.
 key Enter
 key Enter
 type "2\n87654321X\n"
@@ -23,6 +24,10 @@ key Left
 type "19945\nn"
 key Tab
 type "02"
+key PageDown
+type "3"
+key Right
+type "1"
 key Enter
 
 # Income, and the bank account: its control digits are looked at, and put right.

@@ -296,7 +296,8 @@ class Tabs : public Control {
   int tab_ = 0;
 };
 
-// Cells of text with fixed rows and columns at the top and left. Widths in twips before scaling.
+// Cells of text with fixed rows and columns at the top and left. Widths in twips before scaling. Left and Right move
+// the current cell in its row, Page Up and Page Down to another row: the screens have other uses for Up and Down.
 class Grid : public Control {
  public:
   struct Column {
@@ -319,6 +320,8 @@ class Grid : public Control {
   const std::string& Cell(int row, int column) const;
   void SetCell(int row, int column, std::string_view text);
   void Clear();  // all cells
+
+  bool IsCell(int row, int column) const;  // one that is not fixed
 
   int Row() const { return row_; }
   int Col() const { return col_; }

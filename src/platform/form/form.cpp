@@ -241,8 +241,9 @@ void Form::Press(const Key& pressed) {
       }
     } else if (control->Kind() == ControlKind::kGrid && control == focus_) {
       auto& grid = static_cast<Grid&>(*control);
+      const int row = grid.Row() + (code == key::kPageDown) - (code == key::kPageUp);
       const int column = grid.Col() + (code == key::kRight) - (code == key::kLeft);
-      if (column >= grid.FixedColumns() && column < grid.Columns()) grid.SetCol(column);
+      if (grid.IsCell(row, column)) grid.SetCurrent(row, column);
     }
     if (control == focus_) Fire(control->On().key_up, control->Index(), code, pressed.shift);
   });

@@ -41,14 +41,16 @@ void Grid::Clear() {
   Changed();
 }
 
+bool Grid::IsCell(int row, int column) const {
+  return row >= fixed_rows_ && row < rows_ && column >= fixed_columns_ && column < Columns();
+}
+
 void Grid::SetRow(int row) { SetCurrent(row, col_); }
 
 void Grid::SetCol(int column) { SetCurrent(row_, column); }
 
 void Grid::SetCurrent(int row, int column) {
-  if (row < fixed_rows_ || row >= rows_ || column < fixed_columns_ || column >= Columns()) {
-    throw RuntimeError(kInvalidPropertyValue);
-  }
+  if (!IsCell(row, column)) throw RuntimeError(kInvalidPropertyValue);
   if (row == row_ && column == col_) return;
   row_ = row;
   col_ = column;

@@ -1,0 +1,344 @@
+#include "random/clerk.hpp"
+
+#include <functional>
+#include <vector>
+
+#include "apps/demo/code_tables.hpp"
+#include "runtime/format.hpp"
+#include "runtime/text.hpp"
+#include "workers/trabajadores.hpp"
+
+namespace zendara {
+namespace {
+
+using namespace campo;
+
+constexpr std::string_view kCharacters[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9",  ",", ".", "-",
+                                            "a", "L", "m", "S", "n", "x", "ñ", "Ñ", "á", "Ü",  "ç", "€", "'",
+                                            "(", "&", "%", "*", "/", " ", "#", "ª", "·", "\"", "ß", "😀"};
+constexpr std::string_view kDigits[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
+constexpr std::string_view kKeys[] = {
+    "Enter",       "Enter",      "Enter",     "Tab",      "Tab",       "Shift+Tab",
+    "Up",          "Down",       "Left",      "Right",    "Home",      "End",
+    "Shift+Left",  "Shift+Home", "Shift+End", "Delete",   "Delete",    "Insert",
+    "Backspace",   "Space",      "F1",        "F2",       "F2",        "PageUp",
+    "PageDown",    "Alt+End",    "Alt+Home",  "Alt+Left", "Alt+Right", "Ctrl+PageDown",
+    "Ctrl+PageUp", "Ctrl+A",     "Esc",
+};
+constexpr std::string_view kAccessKeys = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+constexpr std::string_view kHostile[] = {"",         " ",         "'",          "O'Donnell' OR 'a'='a",
+                                         "\"",       "%",         "*",          "áéíóúñÑü",
+                                         "31/02/01", "290201",    "310401",     "000000",
+                                         "999999",   "01/01/01",  "1e400",      "-1",
+                                         "0",        "12.34,5",   "9999999999", "100,5",
+                                         "1,5,5",    "-,-",       "00000",      "ABCDE",
+                                         "€ 5",      "e\xCC\x81", "😀😀😀",     "campo0"};
+constexpr std::string_view kNames[] = {"García", "Núñez", "O'Shea", "de la Peña", "Ibáñez", "Ña", "López Übeda"};
+constexpr std::string_view kCells[] = {"s", "N", "0", "1", "2", "5"};
+
+constexpr int kLastDay = 1400;  // of those that sessions type: years 00 to 03
+
+// Days from 01/01/00, as six digits.
+std::string Day(int day) {
+  constexpr double kFirst = 36526;
+  return FormatText(Date{kFirst + day}, "ddmmyy");
+}
+
+class Clerk {
+ public:
+  Clerk(Hands& hands, Form& form) : hands_(hands), random_(hands.random), form_(form) {}
+
+  void Act();
+
+ private:
+  struct Habit {
+    int weight;
+    bool at_workers;  // on the worker screen only
+    std::function<void(Clerk&)> act;
+  };
+  static const Habit kHabits[];
+
+  // A control of that kind, drawn from all of the form; nullptr if it has none.
+  template <typename T>
+  T* Any() {
+    std::vector<T*> controls;
+    for (Control* control : form_.Controls()) {
+      if (auto* found = dynamic_cast<T*>(control)) controls.push_back(found);
+    }
+    return controls.empty() ? nullptr : random_.Pick(controls);
+  }
+  std::string AnyHostile() { return std::string(random_.Pick(kHostile)); }
+
+  // On any form.
+
+  void TypeSomething() {
+    const auto* box = dynamic_cast<const TextBox*>(form_.Focus());
+    const double digits = box && box->Alignment() == Alignment::kRight ? 80 : 40;
+    std::string text;
+    for (int length = random_.Between(1, 8); length > 0; --length) {
+      text += random_.Chance(digits) ? random_.Pick(kDigits) : random_.Pick(kCharacters);
+    }
+    hands_.Type(form_, text);
+  }
+
+  void PressKey() {
+    const std::string_view key = random_.Pick(kKeys);
+    for (int times = random_.Chance(20) ? random_.Between(2, 15) : 1; times > 0; --times) hands_.Press(form_, key);
+  }
+
+  void PressAccessKey() { hands_.Press(form_, std::string("Alt+") + random_.Pick(kAccessKeys)); }
+
+  void ClickAnything() { hands_.Click(form_, *Any<Control>()); }
+
+  void ClickButton() {
+    if (auto* button = Any<Button>()) hands_.Click(form_, *button);
+  }
+
+  void LookUp() {
+    if (auto* image = Any<Image>()) hands_.Click(form_, *image);
+  }
+
+  void PickEntry() {
+    auto* combo = Any<ComboBox>();
+    if (!combo) return;
+    const int item = random_.Between(-1, static_cast<int>(combo->Items().size()) - 1);
+    hands_.Do(form_, "choose " + combo->Id() + " " + std::to_string(item), [&] { form_.Pick(*combo, item); });
+  }
+
+  void TurnPage() {
+    auto* tabs = Any<Tabs>();
+    if (!tabs) return;
+    const int page = random_.Between(0, static_cast<int>(tabs->Titles().size()) - 1);
+    hands_.Do(form_, "page " + tabs->Id() + " " + std::to_string(page), [&] { form_.TurnTo(*tabs, page); });
+  }
+
+  void PointTo(Grid& grid, int row, int column) {
+    hands_.Do(form_, "cell " + grid.Id() + " " + std::to_string(row) + " " + std::to_string(column),
+              [&] { form_.PointTo(grid, row, column); });
+  }
+
+  void PointToCell() {
+    if (auto* grid = Any<Grid>()) {
+      const int row = random_.Between(grid->FixedRows(), grid->Rows() - 1);
+      PointTo(*grid, row, random_.Between(grid->FixedColumns(), grid->Columns() - 1));
+    }
+  }
+
+  void PasteHostile() {
+    std::string text = AnyHostile();
+    if (random_.Chance(10)) {
+      for (int doubled = 0; doubled < 5; ++doubled) text += text;
+    }
+    hands_.Paste(form_, text);
+  }
+
+  void MoveMouse() {
+    Control& control = *Any<Control>();
+    const bool right = random_.Chance(50);
+    hands_.Do(form_, "mouse " + control.Id() + (right ? " right" : ""), [&] { form_.MouseOver(control, right); });
+  }
+
+  void CloseWindow() {
+    hands_.Do(form_, "close the window", [&] { form_.Close(); });
+  }
+
+  // Out of a field that refuses to be left.
+  void EmptyField() {
+    if (auto* box = dynamic_cast<TextBox*>(form_.Focus())) hands_.Fill(form_, *box, "");
+  }
+
+  // On the worker screen.
+
+  void Fill(int index, const std::string& text) {
+    auto* box = dynamic_cast<TextBox*>(form_.Find("Text1(" + std::to_string(index) + ")"));
+    if (box && !random_.Chance(3)) hands_.Fill(form_, *box, random_.Chance(3) ? AnyHostile() : text);
+  }
+  void Fill(int index) { Fill(index, Likely(index)); }
+
+  void ClickNamed(std::string_view button, double yes = 100) {
+    hands_.wish = random_.Chance(yes) ? BoxAnswer::kYes : BoxAnswer::kNo;
+    hands_.Click(form_, *form_.Find(button));
+    hands_.wish.reset();
+  }
+
+  std::string Amount() {
+    const std::string whole = std::to_string(random_.Between(0, random_.Chance(50) ? 120 : 9'000'000));
+    return random_.Chance(30) ? whole + "," + std::to_string(random_.Between(0, 99)) : whole;
+  }
+
+  // What clerks enter into that field.
+  std::string Likely(int index) {
+    const auto code = [this](const auto& list) { return std::string(random_.Pick(list).code); };
+    switch (index) {
+      case kNumero:
+        return std::to_string(random_.Between(1, kRandomWorkers + 4));
+      case kSituacion:
+        return std::to_string(random_.Between(1, 4));
+      case kSiglas:
+        return code(kCalles);
+      case kFormaPago:
+        return code(kFormasPago);
+      case kConvenio:
+        return code(kConvenios);
+      case kCategoria:
+        return code(random_.Pick(kConvenios).categorias);
+      case kEpigrafe:
+        return code(kEpigrafes);
+      case kGrupoTarifa:
+        return std::to_string(random_.Between(0, 13));
+      case kNumeroContrato:
+        return std::string(random_.Pick(kContratos).number);
+      case kTipo1:
+      case kTipo2:
+      case kTipo3:
+        return std::string(random_.Pick(kContratos).type);
+      case kCentro:
+        return code(kCentros);
+      case kSeccion:
+        return code(kSecciones);
+      case kDiasParcial:
+        return random_.Chance(50) ? "lmxJV" : std::to_string(random_.Between(1, 31));
+      default:
+        break;
+    }
+    const CampoTrabajador& field = *CampoDe(index);
+    if (field.Tiene(kFecha)) return Day(random_.Between(0, kLastDay));
+    if (field.Tiene(kImporte)) return Amount();
+    return field.Tiene(kCeros) ? std::to_string(random_.Between(0, 9999)) : std::string(random_.Pick(kNames));
+  }
+
+  void ShowWorker() {
+    Fill(kNumero);
+    hands_.Press(form_, random_.Chance(90) ? "Enter" : "Shift+Tab");
+  }
+
+  void ShowSituacion() {
+    Fill(kSituacion);
+    hands_.Press(form_, "Enter");
+  }
+
+  void FillFields() {
+    for (int fields = random_.Between(1, 4); fields > 0; --fields) Fill(random_.Pick(CamposTrabajador()).indice);
+    if (random_.Chance(70)) hands_.Press(form_, "Enter");
+  }
+
+  // Types of one number of contract, with bonuses one after the other.
+  void FillContracts(int day) {
+    const Contrato& contract = random_.Pick(kContratos);
+    Fill(kNumeroContrato, std::string(contract.number));
+    for (int type = kTipo1; type <= kTipo3; type += kTipo2 - kTipo1) {
+      Fill(type, std::string(contract.type));
+      if (!contract.percent.empty() || random_.Chance(20)) {
+        Fill(type + (kInicioBonificacion1 - kTipo1), Day(day += random_.Between(0, 30)));
+        if (random_.Chance(70)) Fill(type + (kFinBonificacion1 - kTipo1), Day(day += random_.Between(0, 200)));
+      }
+      if (random_.Chance(70)) return;
+    }
+  }
+
+  void FillFamily() {
+    const bool children = random_.Chance(70);
+    auto& grid = dynamic_cast<Grid&>(*form_.Find(children ? "Grid1(0)" : "Grid1(1)"));
+    PointTo(grid, random_.Between(1, kFilasRejilla), kPrimeraColumna);
+    hands_.Type(form_, children ? std::to_string(random_.Between(1975, 2002)) : random_.Pick(kDigits));
+    for (int column = kPrimeraColumna + 1; column < grid.Columns(); ++column) {
+      hands_.Press(form_, "Right");
+      hands_.Type(form_, random_.Pick(kCells));
+    }
+    hands_.Press(form_, random_.Chance(70) ? "Enter" : "Backspace");
+  }
+
+  void NewWorker() {
+    Fill(kNumero, std::to_string(random_.Between(1, 2 * kRandomWorkers)));
+    const int start = random_.Between(0, kLastDay);
+    for (const int index : {kApellido1, kNombre, kIdentificacion}) Fill(index);
+    if (random_.Chance(30)) FillFields();
+    if (random_.Chance(30)) FillFamily();
+    for (int index = kEntidad; index <= kFormaPago && random_.Chance(90); ++index) Fill(index);
+    Fill(kSituacion, "1");
+    Fill(kFechaInicio, Day(start));
+    if (random_.Chance(50)) Fill(kFechaFin, Day(start + random_.Between(-5, 300)));
+    for (const int index : {kConvenio, kCategoria, kEpigrafe, kGrupoTarifa}) Fill(index);
+    FillContracts(start);
+    Fill(kCentro);
+    if (random_.Chance(20)) ClickNamed("CmdCalcular");
+    ClickNamed("Grabar");
+  }
+
+  void ChangeWorker() {
+    ShowWorker();
+    FillFields();
+    hands_.Press(form_, random_.Chance(20) ? "Esc" : "Alt+G");
+  }
+
+  // The worker's last situación ends, the next one follows with what stands in it.
+  void NewSituacion() {
+    const std::string worker = Likely(kNumero);
+    const int end = random_.Between(300, kLastDay);
+    if (random_.Chance(80)) {
+      Fill(kNumero, worker);
+      Fill(kFechaFin, Day(end));
+      ClickNamed("Grabar");
+    }
+    Fill(kNumero, worker);
+    ClickNamed("CmdNuevo");
+    Fill(kFechaInicio, Day(end + random_.Between(0, 60)));
+    if (random_.Chance(20)) Fill(kFechaFin, Day(end + random_.Between(0, 400)));
+    if (random_.Chance(20)) FillContracts(end);
+    ClickNamed(random_.Chance(85) ? "Grabar" : random_.Chance(50) ? "Salir" : "Cancela");
+  }
+
+  void Calculate() {
+    if (random_.Chance(70)) ShowWorker();
+    ClickNamed("CmdCalcular", 70);
+  }
+
+  void Regularise() {
+    if (random_.Chance(80)) ShowWorker();
+    ClickNamed("Regulariza");
+    for (int figures = random_.Between(0, 3); figures > 0; --figures) {
+      auto& box = dynamic_cast<TextBox&>(*form_.Find("Text2(" + std::to_string(random_.Between(1, 7)) + ")"));
+      hands_.Fill(form_, box, random_.Chance(10) ? AnyHostile() : Amount());
+    }
+    if (random_.Chance(80)) ClickNamed("CalcularRegula", 70);
+  }
+
+  void Remove() {
+    ShowWorker();
+    if (random_.Chance(40)) ShowSituacion();
+    ClickNamed(random_.Chance(70) ? "CmdBorrar" : "Borrar");
+  }
+
+  Hands& hands_;
+  Random& random_;
+  Form& form_;
+};
+
+const Clerk::Habit Clerk::kHabits[] = {
+    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},     {2, false, &Clerk::PressAccessKey},
+    {5, false, &Clerk::ClickButton},    {8, false, &Clerk::ClickAnything}, {4, false, &Clerk::PickEntry},
+    {4, false, &Clerk::TurnPage},       {5, false, &Clerk::PointToCell},   {4, false, &Clerk::PasteHostile},
+    {3, false, &Clerk::MoveMouse},      {1, false, &Clerk::CloseWindow},   {3, false, &Clerk::EmptyField},
+    {2, false, &Clerk::LookUp},         {4, true, &Clerk::ShowWorker},     {1, true, &Clerk::ShowSituacion},
+    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},      {2, true, &Clerk::ChangeWorker},
+    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},     {2, true, &Clerk::Calculate},
+    {2, true, &Clerk::Regularise},      {1, true, &Clerk::Remove},
+};
+
+void Clerk::Act() {
+  const bool at_workers = form_.Name() == kPantallaTrabajadores;
+  const auto weight = [&](const Habit& habit) { return habit.at_workers && !at_workers ? 0 : habit.weight; };
+  int all = 0;
+  for (const Habit& habit : kHabits) all += weight(habit);
+  int drawn = random_.Between(1, all);
+  for (const Habit& habit : kHabits) {
+    drawn -= weight(habit);
+    if (drawn <= 0) return habit.act(*this);
+  }
+}
+
+}  // namespace
+
+void ActAtRandom(Hands& hands, Form& form) { Clerk(hands, form).Act(); }
+
+}  // namespace zendara

@@ -1,0 +1,157 @@
+#include "random/hands.hpp"
+
+#include <algorithm>
+#include <exception>
+#include <iostream>
+
+#include "adapters/headless/script_keys.hpp"
+#include "runtime/text.hpp"
+#include "workers/trabajadores.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr int kMostBoxes = 200;  // of one event; more are a loop without end
+
+// Flies through every routine: those trap run-time errors alone.
+struct EndlessBoxes {};
+
+std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+// What is wrong with a control, empty if nothing.
+std::string FaultOf(const Control& control) {
+  if (const auto* box = dynamic_cast<const TextBox*>(&control)) {
+    const int length = static_cast<int>(Len(box->Text()));
+    if (box->MaxLength() != 0 && length > box->MaxLength()) return "holds too long a text: " + box->Text();
+    if (box->SelStart() < 0 || box->SelStart() + box->SelLength() > length) return "has its selection beyond the text";
+  } else if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) {
+    const int item = combo->ListIndex();
+    const std::string text = item < 0 ? "" : combo->Items().at(static_cast<std::size_t>(item));
+    if (!combo->Editable() && combo->Text() != text) return "shows " + combo->Text() + ", not its entry " + text;
+  } else if (const auto* grid = dynamic_cast<const Grid*>(&control)) {
+    if (grid->Row() < grid->FixedRows() || grid->Row() >= grid->Rows() || grid->Col() < grid->FixedColumns() ||
+        grid->Col() >= grid->Columns()) {
+      return "has no current cell";
+    }
+  }
+  return {};
+}
+
+// A code as the screen stores it.
+std::string CodeIn(const Form& form, std::string_view id) {
+  const auto* box = dynamic_cast<const TextBox*>(form.Find(id));
+  const std::string text = box ? LCase(Trim(box->Text())) : "";
+  return text.empty() ? text : Repeat('0', std::max(0, box->MaxLength() - static_cast<int>(Len(text)))) + text;
+}
+
+}  // namespace
+
+void Hands::Do(Form& form, const std::string& what, const std::function<void()>& event) {
+  if (!Going(form)) return;
+  --left_;
+  ++findings_.events;
+  boxes_ = 0;
+  trail_.Event(what);
+  const Shown shown = ShownOn(form);
+  try {
+    event();
+  } catch (const std::exception& error) {
+    Fail(std::string("an exception left the event: ") + error.what());
+  } catch (const EndlessBoxes&) {
+    Fail("more than " + std::to_string(kMostBoxes) + " boxes");
+  }
+  if (form.Loaded()) CheckModel(form);
+  CheckWrites(form, what, shown);
+}
+
+void Hands::CheckModel(const Form& form) {
+  const Control* focus = form.Focus();
+  if (focus && !focus->CanFocus()) Fail("the focus is on " + focus->Id() + ", which cannot have it");
+  for (const Control* control : form.Controls()) {
+    if (const std::string fault = FaultOf(*control); !fault.empty()) Fail(control->Id() + " " + fault);
+  }
+}
+
+Hands::Shown Hands::ShownOn(const Form& form) {
+  const std::string focus = form.Focus() ? form.Focus()->Id() : "";
+  return {CodeIn(form, "Text1(1)"), CodeIn(form, "Text1(92)"), focus != "Text1(1)" && focus != "Text1(92)"};
+}
+
+// The worker screen writes rows of the worker and situación that it shows, and of no other. A worker who goes takes all
+// his situaciones with him. Beside a situación that is not saved yet, a regularisation is that of the one before it.
+void Hands::CheckWrites(const Form& form, const std::string& event, const Shown& shown) {
+  const std::string situacion = shown.worker + "/" + shown.situacion;
+  const bool saved_before = ledger_.Has(situacion);
+  const std::map<std::string, bool> changed = ledger_.Changed();
+  if (form.Name() != kPantallaTrabajadores) return;
+  const bool emptied = !shown.worker.empty() && CodeIn(form, "Text1(1)").empty();
+  if (event == "click Grabar" && shown.stays && emptied && !ledger_.Has(situacion)) Fail(situacion + " was not saved");
+  if (changed.empty()) return;
+  ++findings_.writes[event.starts_with("type") ? "type" : event];
+  const auto worker = changed.find(shown.worker);
+  const bool removed = worker != changed.end() && !worker->second;
+  const std::string allowed = shown.stays && saved_before && !removed ? situacion : shown.worker + "/";
+  for (const auto& [who, there] : changed) {
+    if (who != shown.worker && !who.starts_with(allowed)) {
+      Fail("rows of " + who + " were changed while " + situacion + " was shown");
+    }
+  }
+}
+
+void Hands::Press(Form& form, std::string_view name) {
+  Do(form, "key " + std::string(name), [&] { form.Press(KeyByName(name).value()); });
+}
+
+void Hands::Type(Form& form, std::string_view text) {
+  Do(form, "type " + Quoted(text), [&] {
+    for (int i = 1; i <= static_cast<int>(Len(text)) && form.Loaded(); ++i) form.Press(KeyOfCharacter(Mid(text, i, 1)));
+  });
+}
+
+void Hands::Paste(Form& form, const std::string& text) {
+  Do(form, "paste " + Quoted(text), [&] { form.Paste(text); });
+}
+
+void Hands::Click(Form& form, Control& control) {
+  Do(form, "click " + control.Id(), [&] {
+    form.MouseOver(control);
+    form.Click(control);
+  });
+}
+
+void Hands::Fill(Form& form, TextBox& box, const std::string& text) {
+  Do(form, "focus " + box.Id(), [&] { form.PointTo(box, 0, static_cast<int>(Len(box.Text()))); });
+  if (text.empty()) {
+    Press(form, "Delete");
+  } else if (random.Chance(50)) {
+    Type(form, text);
+  } else {
+    Paste(form, text);
+  }
+}
+
+BoxAnswer Hands::Answer(const Box& box) {
+  std::string text = box.text;
+  for (char& c : text) c = c >= '0' && c <= '9' ? '#' : c == '\n' ? ' ' : c;
+  ++findings_.boxes[text];
+  BoxAnswer answer = BoxAnswer::kOk;
+  if (box.buttons == BoxButtons::kYesNo) {
+    answer = random.Chance(50) ? BoxAnswer::kYes : BoxAnswer::kNo;
+    if (wish && random.Chance(90)) answer = *wish;
+  }
+  Note("box " + Quoted(box.text) + (answer == BoxAnswer::kYes ? " -> yes" : answer == BoxAnswer::kNo ? " -> no" : ""));
+  if (++boxes_ > kMostBoxes) throw EndlessBoxes();
+  return answer;
+}
+
+void Hands::Untrapped(int number, const std::string& text) {
+  Note("error " + std::to_string(number) + " " + Quoted(text));
+  ++findings_.errors[std::to_string(number) + " " + ErrorText(number)];
+}
+
+void Hands::Fail(const std::string& reason) {
+  if (!failed_) std::cerr << trail_.Text(reason) << std::flush;
+  failed_ = true;
+}
+
+}  // namespace zendara

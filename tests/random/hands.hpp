@@ -1,0 +1,76 @@
+// The hands of a random user: each of their doings is one event, told to the trail and followed by checks.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "apps/demo/random.hpp"
+#include "platform/form/form.hpp"
+#include "random/ledger.hpp"
+#include "random/trail.hpp"
+
+namespace zendara {
+
+// What sessions met.
+struct Findings {
+  int events = 0;
+  std::map<std::string, int> boxes;   // by text, digits as "#"
+  std::map<std::string, int> errors;  // that no routine trapped
+  std::map<std::string, int> writes;  // events that changed rows of workers
+};
+
+class Hands {
+ public:
+  // What all draw from; it makes the session.
+  Random random;
+
+  // The company's folder is watched; `events` is the share of the session.
+  Hands(std::uint64_t seed, const std::filesystem::path& folder, int events, Trail& trail, Findings& findings)
+      : random(seed), ledger_(folder), left_(events), trail_(trail), findings_(findings) {}
+
+  // Whether the form takes another event: it is open, nothing has failed, the session has events left.
+  bool Going(const Form& form) const { return form.Loaded() && !Done(); }
+  bool Done() const { return left_ <= 0 || failed_; }
+  bool Failed() const { return failed_; }
+
+  void Do(Form& form, const std::string& what, const std::function<void()>& event);
+  void Press(Form& form, std::string_view name);  // as scripts name keys
+  void Type(Form& form, std::string_view text);
+  void Paste(Form& form, const std::string& text);
+  void Click(Form& form, Control& control);
+  // Clicks into the field, and puts the text in place of what stands there, typed or pasted.
+  void Fill(Form& form, TextBox& box, const std::string& text);
+
+  // The answer that the next events prefer for their questions; without one, any.
+  std::optional<BoxAnswer> wish;
+  BoxAnswer Answer(const Box& box);
+  void Untrapped(int number, const std::string& text);
+  void Note(const std::string& what) { trail_.Note(what); }
+  // Rows were changed by somebody else.
+  void Forgive() { ledger_.Changed(); }
+  // The first failure is printed, with what led to it.
+  void Fail(const std::string& reason);
+
+ private:
+  void CheckModel(const Form& form);
+  // What was on the worker screen before an event.
+  struct Shown {
+    std::string worker;
+    std::string situacion;
+    bool stays = false;  // the event calls up no other
+  };
+  static Shown ShownOn(const Form& form);
+  void CheckWrites(const Form& form, const std::string& event, const Shown& shown);
+
+  Ledger ledger_;
+  int left_;
+  Trail& trail_;
+  Findings& findings_;
+  bool failed_ = false;
+  int boxes_ = 0;  // of the event
+};
+
+}  // namespace zendara

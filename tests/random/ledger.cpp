@@ -1,0 +1,78 @@
+#include "random/ledger.hpp"
+
+#include <algorithm>
+#include <span>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "runtime/text.hpp"
+
+namespace zendara {
+namespace {
+
+struct WatchedTable {
+  std::string_view name;
+  std::string_view key;
+};
+constexpr WatchedTable kCompany[] = {{"TrabajadoresFijo", "Campo0"}, {"TrabajadoresVar", "Campo0 || '/' || Campo1"}};
+constexpr WatchedTable kYear[] = {{"ConTrabajadorConceptos", "Campo1 || '/' || Campo2"},
+                                  {"ConTrabajadorPagas", "Campo1 || '/' || Campo2"}};
+struct WatchedFile {
+  std::string name;  // in the statements
+  std::string file;
+  std::span<const WatchedTable> tables;
+};
+const WatchedFile kFiles[] = {{"company", "Nom00001.MDB", kCompany},
+                              {"y00", "N0000100.MDB", kYear},
+                              {"y01", "N0000101.MDB", kYear},
+                              {"y02", "N0000102.MDB", kYear}};
+
+}  // namespace
+
+Ledger::Ledger(const std::filesystem::path& folder) {
+  sqlite3* connection = nullptr;
+  sqlite3_open(":memory:", &connection);
+  connection_.reset(connection);
+  for (const WatchedFile& file : kFiles) {
+    Read("ATTACH '" + (folder / "DATOS" / file.file).string() + "' AS " + file.name);
+  }
+  Changed();
+}
+
+Ledger::Rows Ledger::Read(const std::string& sql) const {
+  Rows rows;
+  const auto add = [](void* to, int columns, char** texts, char**) {
+    std::string& row = (*static_cast<Rows*>(to))[LCase(texts[0])];
+    for (int i = 0; i < columns; ++i) row.append(texts[i] ? texts[i] : "").append("|");
+    return 0;
+  };
+  if (sqlite3_exec(connection_.get(), sql.c_str(), add, &rows, nullptr) == SQLITE_OK) return rows;
+  throw std::runtime_error(sql + ": " + sqlite3_errmsg(connection_.get()));
+}
+
+bool Ledger::Has(const std::string& situacion) const {
+  return std::ranges::any_of(rows_, [&](const auto& table) { return table.second.contains(situacion); });
+}
+
+std::map<std::string, bool> Ledger::Changed() {
+  std::map<std::string, bool> changed;
+  for (const WatchedFile& file : kFiles) {
+    const Rows version = Read("PRAGMA " + file.name + ".data_version");
+    if (version == std::exchange(versions_[file.name], version)) continue;
+    for (const auto& [table, key] : file.tables) {
+      const std::string sql = "SELECT " + std::string(key) + ", * FROM " + file.name + "." + std::string(table);
+      const Rows now = Read(sql);
+      const Rows before = std::exchange(rows_[sql], now);
+      for (const auto& [who, rows] : now) {
+        if (const auto old = before.find(who); old == before.end() || old->second != rows) changed[who] = true;
+      }
+      for (const auto& [who, rows] : before) {
+        if (!now.contains(who)) changed.try_emplace(who, false);
+      }
+    }
+  }
+  return changed;
+}
+
+}  // namespace zendara

@@ -1,0 +1,161 @@
+#include "random/player.hpp"
+
+#include <memory>
+#include <vector>
+
+#include "adapters/headless/company_host.hpp"
+#include "common/lista_filas.hpp"
+#include "random/clerk.hpp"
+#include "workers/trabajadores.hpp"
+#include "zendara/engines.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr int kInnerEvents = 60;  // of a screen that another one has opened
+
+struct SilentBanner : Banner {
+  void PosicionBanner(std::int32_t, BannerPlace&) override {}
+  void AvisoCierre(std::int32_t) override {}
+};
+
+struct SilentViewer : ListingViewer {
+  void Visualiza(ListingDescription&) override {}
+  void FicheroDatos(const std::string&) override {}
+  void TablaDatos(const std::string&) override {}
+  void FormularioPadre(Form*) override {}
+};
+
+// Takes any row, or none.
+class RandomPickList : public PickList {
+ public:
+  explicit RandomPickList(Hands& hands) : hands_(hands) {}
+
+  void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
+                     const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base, const std::string&,
+                     std::int16_t, std::string& resultado) override {
+    Choose(ListaFilas(motor, base, sql, columnas, lugares), resultado);
+  }
+  void ConsultaFija(const std::vector<std::string>& lineas, const std::string&, std::int16_t,
+                    std::string& resultado) override {
+    Choose(ListaFilas(lineas), resultado);
+  }
+
+ private:
+  void Choose(ListaFilas rows, std::string& result) {
+    const int last = static_cast<int>(rows.Total()) - 1;
+    if (last >= 0 && hands_.random.Chance(75)) {
+      result = rows.Row(static_cast<std::size_t>(hands_.random.Between(0, last)));
+    }
+    hands_.Note("list -> \"" + result + "\"");
+  }
+
+  Hands& hands_;
+};
+
+// All ports end here.
+class Player : public FormHost, public Dialogs, public Shell {
+ public:
+  explicit Player(Hands& hands);
+
+  void Play(const std::string& folder);
+
+  void ShowModal(Form& form) override;
+  void DoEvents() override {}
+  void ShowHelp(const std::string&, int) override {}
+  void Untrapped(int number, const std::string& text) override { hands_.Untrapped(number, text); }
+  Dialogs& Boxes() override { return *this; }
+  std::string ApplicationTitle() const override { return "Zendara"; }
+  std::int32_t WindowHandle(const Form&) const override { return 0; }
+
+  BoxAnswer Show(const Box& box) override { return hands_.Answer(box); }
+  void Beep() override {}
+
+  int FindWindow(std::string_view, std::string_view) override { return hands_.random.Between(0, 1); }
+  int Start(std::string_view) override;
+  void Activate(int) override {}
+  void Activate(std::string_view) override {}
+
+ private:
+  // Another program changes or removes a row that may be on the screen.
+  void Interfere();
+
+  Hands& hands_;
+  Components components_;
+  std::shared_ptr<Database> other_program_;  // its handle on the company's file
+  int shown_ = 0;
+  int open_ = 0;
+};
+
+Player::Player(Hands& hands) : hands_(hands) {
+  components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
+  components_.Register(kListingViewerClass, [] { return std::make_unique<SilentViewer>(); });
+  components_.Register(kPickListClass, [this] { return std::make_unique<RandomPickList>(hands_); });
+}
+
+void Player::Play(const std::string& folder) {
+  const auto engine = MakeSqliteEngine();
+  const auto files = MakeHostFiles();
+  const auto other_engine = MakeSqliteEngine();
+  CompanyHost company({.engine = engine.get(),
+                       .dialogs = this,
+                       .files = files.get(),
+                       .application_folder = folder,
+                       .forms = this,
+                       .shell = this,
+                       .components = &components_});
+  Random& random = hands_.random;
+  SessionValues values;
+  values.company = "00001";
+  values.year = random.Chance(80) ? "01" : random.Chance(50) ? "00" : "02";
+  if (random.Chance(25)) values.currency = "E";
+  if (random.Chance(10)) values.program = "05";
+  company.Open(values);
+  other_program_ = other_engine->Workspaces(0)->OpenDatabase(folder + "/DATOS/Nom00001.MDB");
+  while (!hands_.Done()) {
+    const int shown = shown_;
+    company.Show(std::string(kPantallaTrabajadores));
+    if (shown == shown_) hands_.Fail("the screen does not open");
+  }
+  other_program_.reset();
+}
+
+void Player::ShowModal(Form& form) {
+  hands_.Note("screen " + form.Name());
+  ++shown_;
+  ++open_;
+  for (int acts = open_ > 1 ? kInnerEvents : hands_.random.Between(50, 1000); acts > 0 && hands_.Going(form); --acts) {
+    if (hands_.random.Chance(0.3)) Interfere();
+    ActAtRandom(hands_, form);
+  }
+  form.Unload();
+  --open_;
+}
+
+int Player::Start(std::string_view) {
+  if (hands_.random.Chance(30)) throw RuntimeError(kFileNotFound);
+  return 1;
+}
+
+void Player::Interfere() {
+  Random& random = hands_.random;
+  const char* table = random.Chance(50) ? "TrabajadoresFijo" : "TrabajadoresVar";
+  const auto rows = other_program_->OpenRecordset(table, RecordsetType::kTable);
+  if (rows->Eof()) return;
+  for (int row = random.Between(0, static_cast<int>(rows->RecordCount()) - 1); row > 0; --row) rows->MoveNext();
+  hands_.Note(std::string("another program is at ") + table + " " + rows->Fields(0).Get().Text());
+  if (random.Chance(80)) {
+    rows->Edit();
+    rows->Fields(2).Set(random.Chance(50) ? "Otro" : "d'Or");
+    rows->Update();
+  } else {
+    rows->Delete();
+  }
+  hands_.Forgive();
+}
+
+}  // namespace
+
+void PlayOnWorkerScreen(Hands& hands, const std::string& folder) { Player(hands).Play(folder); }
+
+}  // namespace zendara

@@ -24,6 +24,23 @@ page Tab1 1
 pick none
 click Image1(23)
 
+# The rate, with its calculation behind the question, and a regularisation from the history; neither is applied.
+focus Text1(1)
+key Home
+type "00015\n"
+page Tab1 4
+page Tab2 3
+click CmdCalcular
+click Regulariza
+click CalcularRegula
+
+# A number that nobody has: saving tells what is missing, and writes nothing.
+focus Text1(1)
+key Home
+type "99999\n"
+click Grabar
+click Cancela
+
 # The next worker, help on the screen, and out.
 key Alt+Right
 key F1

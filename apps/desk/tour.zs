@@ -41,8 +41,8 @@ type "99999\n"
 click Grabar
 click Cancela
 
-# The next worker, help on the screen, and out.
-key Alt+Right
+# The first worker, help on the screen, and out.
+key Alt+Home
 key F1
 page Tab1 0
 click Salir

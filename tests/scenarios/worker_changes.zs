@@ -58,8 +58,11 @@ sql Nom00001.MDB "SELECT Campo0 FROM TrabajadoresVar WHERE Campo0='00001'"
 sql N0000101.MDB "SELECT Campo0, Campo3 FROM ConTrabajadorConceptos WHERE Campo1='00001' AND Campo0='01'"
 
 # Screens that are not there open nothing.
+focus Text1(1)
 type "2\n"
 click CmdIncidenciasIT
+click CmdIncidenciasESP
+click CmdIncidenciasVar
 click Pendientes
 show Text1(1)
 key Alt+S

@@ -93,14 +93,15 @@ bool Trabajadores::CopiaConceptos() {
 // Each table by itself: the first stays when the second fails.
 void Trabajadores::GrabarTrabajador() {
   const std::string numero = TextoRecortado(kNumero);
-  GrabaFila(kTrabajadoresFijo, "Icampo0", {numero});
-  GrabaFila(kTrabajadoresVar, "Icampo0_1", {numero, TextoRecortado(kSituacion)});
+  TablaActiva = kTrabajadoresFijo;
+  GrabaFila("Icampo0", {numero});
+  TablaActiva = kTrabajadoresVar;
+  GrabaFila("Icampo0_1", {numero, TextoRecortado(kSituacion)});
   TablaActiva = kTrabajadoresFijo;
 }
 
-void Trabajadores::GrabaFila(int ranura, std::string_view indice, const std::vector<Value>& claves) {
-  TablaActiva = ranura;
-  Recordset& tabla = sesion_.Tabla(ranura);
+void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& claves) {
+  Recordset& tabla = sesion_.Tabla(TablaActiva);
   tabla.SetIndex(indice);
   bool existe = false;
   if (tabla.RecordCount() > 0) {
@@ -113,7 +114,7 @@ void Trabajadores::GrabaFila(int ranura, std::string_view indice, const std::vec
   } else {
     tabla.AddNew();
   }
-  if (ranura == kTrabajadoresFijo) {
+  if (TablaActiva == kTrabajadoresFijo) {
     PonerCamposFijo(tabla);
   } else {
     PonerCamposVar(tabla);
@@ -137,7 +138,7 @@ void Trabajadores::BorraTrabajador() {
   SetPointer(MousePointer::kHourglass);
   const std::string numero = Texto(kNumero);
   TablaActiva = kTrabajadoresFijo;
-  Recordset& trabajadores = sesion_.Tabla(kTrabajadoresFijo);
+  Recordset& trabajadores = sesion_.Tabla(TablaActiva);
   trabajadores.Seek({numero});
   if (trabajadores.NoMatch()) {
     Host().DoEvents();

@@ -86,7 +86,8 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   bool CompruebaGrids();
   void GrabaFicha();
   void GrabarTrabajador();
-  void GrabaFila(int ranura, std::string_view indice, const std::vector<Value>& claves);
+  // In the table of TablaActiva: the row under these keys changed, or a new one.
+  void GrabaFila(std::string_view indice, const std::vector<Value>& claves);
   void PonerCamposFijo(Recordset& fila);
   void PonerCamposVar(Recordset& fila);
   bool CopiaConceptos();  // false when an error ended it, which was shown
@@ -155,7 +156,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   std::string TrabajadorAnterior;           // number when its field gained the focus
   std::string SituacionAnterior;
   std::string ConvenioEmpresa;  // the company's own agreement
-  int TablaActiva = 0;          // slot in work
+  int TablaActiva = 0;          // slot that is written: 402 or 442
 };
 
 }  // namespace zendara

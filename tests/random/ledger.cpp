@@ -1,6 +1,5 @@
 #include "random/ledger.hpp"
 
-#include <algorithm>
 #include <span>
 #include <stdexcept>
 #include <string_view>
@@ -51,9 +50,7 @@ Ledger::Rows Ledger::Read(const std::string& sql) const {
   throw std::runtime_error(sql + ": " + sqlite3_errmsg(connection_.get()));
 }
 
-bool Ledger::Has(const std::string& situacion) const {
-  return std::ranges::any_of(rows_, [&](const auto& table) { return table.second.contains(situacion); });
-}
+bool Ledger::Has(const std::string& situacion) const { return rows_.at("company.TrabajadoresVar").contains(situacion); }
 
 std::map<std::string, bool> Ledger::Changed() {
   std::map<std::string, bool> changed;
@@ -61,9 +58,9 @@ std::map<std::string, bool> Ledger::Changed() {
     const Rows version = Read("PRAGMA " + file.name + ".data_version");
     if (version == std::exchange(versions_[file.name], version)) continue;
     for (const auto& [table, key] : file.tables) {
-      const std::string sql = "SELECT " + std::string(key) + ", * FROM " + file.name + "." + std::string(table);
-      const Rows now = Read(sql);
-      const Rows before = std::exchange(rows_[sql], now);
+      const std::string place = file.name + "." + std::string(table);
+      const Rows now = Read("SELECT " + std::string(key) + ", * FROM " + place);
+      const Rows before = std::exchange(rows_[place], now);
       for (const auto& [who, rows] : now) {
         if (const auto old = before.find(who); old == before.end() || old->second != rows) changed[who] = true;
       }

@@ -18,7 +18,7 @@ class Ledger {
   // What has changed since the last call, and whether it is still there: "00012" is the worker, "00012/003" a situación
   // of his or its concepts. Small letters.
   std::map<std::string, bool> Changed();
-  // Whether a situación had a row at the last call.
+  // Whether the situación had a row of its own at the last call; its concepts may outlive it.
   bool Has(const std::string& situacion) const;
 
  private:
@@ -30,7 +30,7 @@ class Ledger {
   };
   std::unique_ptr<sqlite3, Close> connection_;
   std::map<std::string, Rows> versions_;  // by file
-  std::map<std::string, Rows> rows_;      // by query
+  std::map<std::string, Rows> rows_;      // by table
 };
 
 }  // namespace zendara

@@ -52,7 +52,7 @@ void Hands::Do(Form& form, const std::string& what, const std::function<void()>&
   ++findings_.events;
   boxes_ = 0;
   trail_.Event(what);
-  const Shown shown = ShownOn(form);
+  const Shown before = ShownOn(form);
   try {
     event();
   } catch (const std::exception& error) {
@@ -61,7 +61,7 @@ void Hands::Do(Form& form, const std::string& what, const std::function<void()>&
     Fail("more than " + std::to_string(kMostBoxes) + " boxes");
   }
   if (form.Loaded()) CheckModel(form);
-  CheckWrites(form, what, shown);
+  CheckWrites(form, what, before);
 }
 
 void Hands::CheckModel(const Form& form) {
@@ -74,25 +74,29 @@ void Hands::CheckModel(const Form& form) {
 
 Hands::Shown Hands::ShownOn(const Form& form) {
   const std::string focus = form.Focus() ? form.Focus()->Id() : "";
-  return {CodeIn(form, "Text1(1)"), CodeIn(form, "Text1(92)"), focus != "Text1(1)" && focus != "Text1(92)"};
+  const Control* frame = form.Find("Regularizacion");
+  return {CodeIn(form, "Text1(1)"), CodeIn(form, "Text1(92)"), focus != "Text1(1)" && focus != "Text1(92)",
+          frame && frame->Visible()};
 }
 
 // The worker screen writes rows of the worker and situación that it shows, and of no other. A worker who goes takes all
-// his situaciones with him. Beside a situación that is not saved yet, a regularisation is that of the one before it.
-void Hands::CheckWrites(const Form& form, const std::string& event, const Shown& shown) {
-  const std::string situacion = shown.worker + "/" + shown.situacion;
-  const bool saved_before = ledger_.Has(situacion);
+// his situaciones with him. A regularisation goes to the situación that was shown last, while a new one that is not
+// saved yet may be on the screen.
+void Hands::CheckWrites(const Form& form, const std::string& event, const Shown& before) {
   const std::map<std::string, bool> changed = ledger_.Changed();
   if (form.Name() != kPantallaTrabajadores) return;
-  const bool emptied = !shown.worker.empty() && CodeIn(form, "Text1(1)").empty();
-  if (event == "click Grabar" && shown.stays && emptied && !ledger_.Has(situacion)) Fail(situacion + " was not saved");
+  const std::string situacion = before.worker + "/" + before.situacion;
+  const Shown now = ShownOn(form);
+  const bool emptied = !before.worker.empty() && now.worker.empty();
+  if (event == "click Grabar" && before.stays && emptied && !ledger_.Has(situacion)) Fail(situacion + " was not saved");
   if (changed.empty()) return;
   ++findings_.writes[event.starts_with("type") ? "type" : event];
-  const auto worker = changed.find(shown.worker);
+  const auto worker = changed.find(before.worker);
   const bool removed = worker != changed.end() && !worker->second;
-  const std::string allowed = shown.stays && saved_before && !removed ? situacion : shown.worker + "/";
+  const bool regularised = before.regularising && !now.regularising;
+  const std::string allowed = before.stays && !removed && !regularised ? situacion : before.worker + "/";
   for (const auto& [who, there] : changed) {
-    if (who != shown.worker && !who.starts_with(allowed)) {
+    if (who != before.worker && !who.starts_with(allowed)) {
       Fail("rows of " + who + " were changed while " + situacion + " was shown");
     }
   }

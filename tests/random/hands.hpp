@@ -60,10 +60,11 @@ class Hands {
   struct Shown {
     std::string worker;
     std::string situacion;
-    bool stays = false;  // the event calls up no other
+    bool stays = false;         // the event calls up no other
+    bool regularising = false;  // the frame of the new figures is open
   };
   static Shown ShownOn(const Form& form);
-  void CheckWrites(const Form& form, const std::string& event, const Shown& shown);
+  void CheckWrites(const Form& form, const std::string& event, const Shown& before);
 
   Ledger ledger_;
   int left_;

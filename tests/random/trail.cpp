@@ -17,7 +17,6 @@ namespace zendara {
 namespace {
 
 constexpr int kEventsTold = 30;
-constexpr unsigned kPatience = 120;  // seconds for one event; a machine may be busy and the sanitizers are slow
 
 const Trail* watched = nullptr;
 
@@ -29,7 +28,7 @@ void LastWords(std::string_view reason) {
 
 void Die(int signal) {
   std::signal(signal, SIG_DFL);
-  LastWords(signal == SIGALRM ? "the event does not end" : "signal " + std::to_string(signal));
+  LastWords(signal == SIGINT || signal == SIGTERM ? "stopped" : "signal " + std::to_string(signal));
   raise(signal);
 }
 
@@ -42,7 +41,6 @@ void Trail::Begin(std::uint64_t seed) {
 }
 
 void Trail::Event(const std::string& what) {
-  alarm(kPatience);
   ++events_;
   while (!lines_.empty() && lines_.front().first <= events_ - kEventsTold) lines_.pop_front();
   const std::string number = std::to_string(events_);
@@ -65,9 +63,9 @@ void Trail::WatchProcess() const {
 #ifdef __SANITIZE_ADDRESS__
   // These report a crash themselves, and end the process without a signal.
   __sanitizer_set_death_callback([] { LastWords("told above"); });
-  for (const int signal : {SIGALRM, SIGABRT}) std::signal(signal, Die);
+  for (const int signal : {SIGINT, SIGTERM, SIGABRT}) std::signal(signal, Die);
 #else
-  for (const int signal : {SIGALRM, SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL}) std::signal(signal, Die);
+  for (const int signal : {SIGINT, SIGTERM, SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL}) std::signal(signal, Die);
 #endif
 }
 

@@ -20,7 +20,7 @@ class Trail {
 
   // The seed, the number of the event and the last events.
   std::string Text(const std::string& reason) const;
-  // Prints the text when the process is about to die, or an event does not end.
+  // Prints the text when the process is about to die, or is stopped because an event does not end.
   void WatchProcess() const;
 
  private:

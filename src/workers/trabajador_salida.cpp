@@ -124,25 +124,25 @@ void Trabajadores::CompletaOtrosCampos(int indice) {
         ComprobarCuenta(Texto(kEntidad), Texto(kOficina), Texto(kControlCuenta), Texto(kCuenta), Host().Boxes());
       }
       break;
-    case kTipo1:
-    case kTipo2:
-    case kTipo3:
-      if (Vacio(indice)) Vacia(indice + 1, indice + kCamposContrato - 1);
-      break;
     default:
       break;
   }
+  if (CampoDe(indice)->Tiene(kContrato) && Vacio(indice)) Vacia(indice + 1, indice + kCamposContrato - 1);
 }
 
 bool Trabajadores::RechazaValor(int indice) {
   if (Vacio(indice)) return false;
-  const double numero = indice == kGrupoTarifa || MaximoDe(indice) ? ValorNumero(Texto(indice)) : 0;
-  if (indice == kGrupoTarifa && (numero > kUltimoGrupoTarifa || numero < kPrimerGrupoTarifa)) {
-    Mensaje("El número del Grupo de tarifa tiene que estar entre el 1 y el 11");
-  }
   if (indice == kDiasParcial) return RechazaDias();
+  if (indice == kGrupoTarifa) {
+    const double grupo = ValorNumero(Texto(indice));
+    // Told, not refused.
+    if (grupo < kPrimerGrupoTarifa || grupo > kUltimoGrupoTarifa) {
+      Mensaje("El número del Grupo de tarifa tiene que estar entre el 1 y el 11");
+    }
+    return false;
+  }
   const MaximoCampo* maximo = MaximoDe(indice);
-  if (!maximo || numero <= maximo->maximo) return false;
+  if (!maximo || ValorNumero(Texto(indice)) <= maximo->maximo) return false;
   Mensaje(std::string(maximo->mensaje));
   Text1(indice).SetText("");
   Text1(indice).SetFocus();
@@ -181,13 +181,13 @@ void Trabajadores::BuscaCodigo(int indice) {
     Text1(indice + 1).SetText("");
   } else if (const DescripcionCampo* d = DescripcionDe(indice)) {
     Text1(indice + 1).SetText(BuscarDescripcion(d->ranura, TextoRecortado(indice), d->columna, d->indice_tabla));
+  } else if (CampoDe(indice)->Tiene(kContrato)) {
+    BuscarContrato(indice);
   } else if (indice == kCategoria) {
     BuscaCategoria();
   } else if (indice == kGrupoTarifa) {
     const std::string_view texto = TextoGrupoTarifa(TextoRecortado(kGrupoTarifa));
     if (!texto.empty()) Text1(kDescripcionGrupoTarifa).SetText(std::string(texto));
-  } else {
-    BuscarContrato(indice);
   }
 }
 

@@ -37,7 +37,7 @@ class TrabajadoresTest : public testing::Test {
 
   TrabajadoresTest() {
     std::filesystem::copy(modelo->path(), folder.path(), std::filesystem::copy_options::recursive);
-    components.Register(kBannerClass, [] { return std::make_unique<NoBanner>(); });
+    PonAnuncio();
     components.Register(kPickListClass, [this] { return std::make_unique<TestPickList>(asked, elegida); });
     Platform& platform = sesion.platform;
     platform.engine = engine.get();
@@ -51,6 +51,9 @@ class TrabajadoresTest : public testing::Test {
     pantallas.Registra("Trabajadores", [this] { return std::make_shared<Trabajadores>(sesion, pantallas); });
   }
 
+  void PonAnuncio() {
+    components.Register(kBannerClass, [] { return std::make_unique<NoBanner>(); });
+  }
   // Loads the screen; it stays loaded.
   void Abre() {
     pantalla = std::dynamic_pointer_cast<Trabajadores>(pantallas.Objeto("Trabajadores"));

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "error_of.hpp"
 #include "runtime/null.hpp"
+#include "support/errors.hpp"
 
 namespace zendara {
 namespace {
@@ -65,10 +65,10 @@ TEST(Null, Comparisons) {
 }
 
 TEST(Null, IfTakesNullAsFalseEvenTurnedAround) {
-  EXPECT_EQ(Not(Truth::kTrue), Truth::kFalse);
-  EXPECT_EQ(Not(Truth::kFalse), Truth::kTrue);
-  EXPECT_FALSE(If(Equal(Null{}, Null{})));
-  EXPECT_FALSE(If(Not(Equal(Null{}, Null{}))));
+  for (const Truth truth : {Truth::kTrue, Truth::kFalse, Truth::kNull}) {
+    EXPECT_EQ(If(truth), truth == Truth::kTrue);
+    EXPECT_EQ(If(Not(truth)), truth == Truth::kFalse);
+  }
 }
 
 TEST(Null, Join) {

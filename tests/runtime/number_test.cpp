@@ -9,7 +9,7 @@
 #include <random>
 #include <string>
 
-#include "error_of.hpp"
+#include "support/errors.hpp"
 
 namespace zendara {
 namespace {
@@ -50,14 +50,11 @@ TEST(NumberText, FormsOfANumber) {
 
 TEST(NumberText, ValuesOfEveryKind) {
   EXPECT_EQ(CStr(Value("a")), "a");
-  EXPECT_EQ(CStr(Value(-2.5)), "-2,5");
   EXPECT_EQ(CStr(Value(Date{36923.75})), "01/02/01");
   EXPECT_EQ(ErrorOf([] { CStr(Value()); }), kInvalidUseOfNull);
   EXPECT_EQ(CDbl(Value(Date{36923.75})), 36923.75);
-  EXPECT_EQ(CDbl(Value("1,5")), 1.5);
   EXPECT_EQ(ErrorOf([] { CDbl(Value()); }), kInvalidUseOfNull);
   EXPECT_TRUE(IsNumeric(Value(1)));
-  EXPECT_TRUE(IsNumeric(Value("1")));
   EXPECT_FALSE(IsNumeric(Value()));
   EXPECT_FALSE(IsNumeric(Value(Date{1})));
 }

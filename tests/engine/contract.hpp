@@ -4,8 +4,10 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/errors.hpp"
@@ -20,41 +22,8 @@ struct EngineUnderTest {
   std::function<std::unique_ptr<Engine>()> make;
 };
 
-inline void PrintTo(const EngineUnderTest& engine, std::ostream* out) { *out << engine.name; }
-
 // All engines of this build.
 std::vector<EngineUnderTest> EnginesUnderTest();
-
-class EngineContract : public testing::TestWithParam<EngineUnderTest> {
- protected:
-  EngineContract() { db = engine->Workspaces(0)->CreateDatabase(Path("Prueba.MDB")); }
-
-  std::string Path(const std::string& file) const { return folder / file; }
-
-  std::shared_ptr<Recordset> Open(const std::string& table, const std::string& index = {}) const {
-    auto rs = db->OpenRecordset(table, RecordsetType::kTable);
-    if (!index.empty()) rs->SetIndex(index);
-    return rs;
-  }
-
-  static void Add(Recordset& rs, const std::vector<Value>& row) {
-    rs.AddNew();
-    for (std::size_t i = 0; i < row.size(); ++i) rs.Fields(static_cast<int>(i)).Set(row[i]);
-    rs.Update();
-  }
-
-  // First column of every row of a query.
-  std::vector<Value> Query(const std::string& sql) const {
-    std::vector<Value> values;
-    auto rs = db->OpenRecordset(sql);
-    for (; !rs->Eof(); rs->MoveNext()) values.push_back(rs->Fields(0).Get());
-    return values;
-  }
-
-  TempFolder folder;
-  std::unique_ptr<Engine> engine = GetParam().make();
-  std::shared_ptr<Database> db;
-};
 
 // Key of five characters, a name, a date and a number, with indexes that admit repeats and Nulls.
 inline TableDef People() {
@@ -66,9 +35,73 @@ inline TableDef People() {
           {{"Icampo0", {0}, true}, {"ICampo1", {1}, false}, {"ICampo1_2", {1, 2}, false}, {"ICampo3", {3}, false}}};
 }
 
-inline std::string EngineName(const testing::TestParamInfo<EngineUnderTest>& info) { return info.param.name; }
+inline Value Key(Recordset& rs) { return rs.Fields(0).Get(); }
+
+// Where it stands: the key of the record, or the error that it gives, and the ends that it is at: "3021 bof eof".
+inline std::string Place(Recordset& rs) {
+  const std::string ends = std::string(rs.Bof() ? " bof" : "") + (rs.Eof() ? " eof" : "");
+  std::string key;
+  const int error = ErrorOf([&] { key = Key(rs).Text(); });
+  return (error ? std::to_string(error) : key) + ends;
+}
+
+inline void Add(Recordset& rs, const std::vector<Value>& row) {
+  rs.AddNew();
+  for (std::size_t i = 0; i < row.size(); ++i) rs.Fields(static_cast<int>(i)).Set(row[i]);
+  rs.Update();
+}
+
+inline void Change(Recordset& rs, int column, const Value& value) {
+  rs.Edit();
+  rs.Fields(column).Set(value);
+  rs.Update();
+}
+
+// That each of these calls raises the error.
+inline void ExpectErrors(int error, Recordset& rs, std::initializer_list<void (Recordset::*)()> calls) {
+  int number = 0;
+  for (const auto call : calls) EXPECT_EQ(ErrorOf([&] { (rs.*call)(); }), error) << "call " << ++number;
+}
+
+// A file with that table as another program has it open.
+struct Program {
+  Program(std::unique_ptr<Engine> own, const std::string& path)
+      : engine(std::move(own)), db(engine->Workspaces(0)->OpenDatabase(path)) {}
+
+  std::unique_ptr<Engine> engine;
+  std::shared_ptr<Database> db;
+  std::shared_ptr<Recordset> people = db->OpenRecordset("Gente", RecordsetType::kTable);
+};
+
+class EngineContract : public testing::TestWithParam<EngineUnderTest> {
+ protected:
+  EngineContract() { db->CreateTable(People()); }
+
+  std::string Path(const std::string& file) const { return folder / file; }
+
+  std::shared_ptr<Recordset> Open(const std::string& table, const std::string& index = {}) const {
+    auto rs = db->OpenRecordset(table, RecordsetType::kTable);
+    if (!index.empty()) rs->SetIndex(index);
+    return rs;
+  }
+
+  Program OtherProgram() const { return {GetParam().make(), Path("Prueba.MDB")}; }
+
+  // First column of every row of a query.
+  std::vector<Value> Query(const std::string& sql) const {
+    std::vector<Value> values;
+    auto rs = db->OpenRecordset(sql);
+    for (; !rs->Eof(); rs->MoveNext()) values.push_back(Key(*rs));
+    return values;
+  }
+
+  TempFolder folder;
+  std::unique_ptr<Engine> engine = GetParam().make();
+  std::shared_ptr<Database> db = engine->Workspaces(0)->CreateDatabase(Path("Prueba.MDB"));
+};
 
 }  // namespace zendara
 
-#define ZENDARA_FOR_EVERY_ENGINE(suite) \
-  INSTANTIATE_TEST_SUITE_P(Engines, suite, testing::ValuesIn(EnginesUnderTest()), EngineName)
+#define ZENDARA_FOR_EVERY_ENGINE(suite)                                           \
+  INSTANTIATE_TEST_SUITE_P(Engines, suite, testing::ValuesIn(EnginesUnderTest()), \
+                           [](const auto& engine) { return engine.param.name; })

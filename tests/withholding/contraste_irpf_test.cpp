@@ -1,6 +1,7 @@
 // The calculation against a second one on whole hundredths, over random workers.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -45,13 +46,12 @@ struct Worker {
     e.Anualidades = Text(annuity);
     e.RetribucionesAcumuladas = Text(paid);
     e.RetencionAcumulada = Text(withheld);
-    for (std::size_t i = 0; i < children.size(); ++i) {
-      const Child& c = children[i];
-      e.Hijos[i] = {static_cast<double>(c.age), c.whole ? "S" : "N", std::to_string(c.grade)};
-    }
-    for (std::size_t i = 0; i < ascendants.size(); ++i) {
-      e.Ascendientes[i] = {std::to_string(ascendants[i].first), std::to_string(ascendants[i].second)};
-    }
+    std::ranges::transform(children, e.Hijos.begin(), [](const Child& c) {
+      return Hijo{static_cast<double>(c.age), c.whole ? "S" : "N", std::to_string(c.grade)};
+    });
+    std::ranges::transform(ascendants, e.Ascendientes.begin(), [](const auto& a) {
+      return Ascendiente{std::to_string(a.first), std::to_string(a.second)};
+    });
     return e;
   }
 };
@@ -133,6 +133,7 @@ class Reference {
     }
     sum = Money(sum);
     for (const auto& [persons, grade] : w_.ascendants) {
+      if (persons == 0) continue;
       sum = Money(sum * persons + Row(67), persons);
       if (grade > 0) sum = Money(sum * persons + Row(grade == 1 ? 68 : 69), persons);
     }
@@ -176,7 +177,7 @@ Worker RandomWorker(std::mt19937& random) {
   w.paid = below(20) == 0 ? w.pay : amount(4000000);
   w.withheld = amount(700000);
   for (int i = below(2) * below(7); i > 0; --i) w.children.push_back({below(30), below(2) == 0, below(3)});
-  for (int i = below(2) * below(5); i > 0; --i) w.ascendants.push_back({1 + below(9), below(3)});
+  for (int i = below(2) * below(5); i > 0; --i) w.ascendants.push_back({below(10), below(3)});
   return w;
 }
 

@@ -26,22 +26,5 @@ TEST(CamposTrabajador, AreAsWideAsTheirColumns) {
   for (const int indice : {0, 26, 55, 75, 145}) EXPECT_EQ(CampoDe(indice), nullptr) << indice;
 }
 
-TEST(CamposTrabajador, CellsTakeTheColumnsRowByRow) {
-  for (int fila = 1; fila <= 10; ++fila) {
-    const int columnas_hijo[] = {22 + 3 * fila, 23 + 3 * fila, 24 + 3 * fila};
-    const int columnas_ascendiente[] = {53 + 2 * fila, 54 + 2 * fila};
-    const auto prueba = [fila](int rejilla, std::span<const int> columnas) {
-      for (std::size_t i = 0; i < columnas.size(); ++i) {
-        const CeldaTrabajador celda = CeldaDe(columnas[i] + 1);
-        EXPECT_EQ(celda.rejilla, rejilla);
-        EXPECT_EQ(celda.fila, fila);
-        EXPECT_EQ(celda.columna, static_cast<int>(i) + 2);
-      }
-    };
-    prueba(kHijos, columnas_hijo);
-    prueba(kAscendientes, columnas_ascendiente);
-  }
-}
-
 }  // namespace
 }  // namespace zendara

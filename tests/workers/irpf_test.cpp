@@ -25,7 +25,13 @@ class IrpfTest : public TrabajadoresTest {
                            {.ano = "01", .pesetas = sesion.TextoRetorno == "P", .regularizacion = regularizacion})
         .tipo;
   }
-  TextBox& Cifra(int i) { return El<TextBox>("Text2(" + std::to_string(i) + ")"); }
+  // Regularises with these figures.
+  void Regulariza(const std::vector<std::string>& cifras) {
+    Pulsa("Regulariza");
+    int i = 0;
+    for (const std::string& cifra : cifras) El<TextBox>("Text2(" + std::to_string(++i) + ")").SetText(cifra);
+    Pulsa("CalcularRegula");
+  }
   // Campo44 of the worker's situación.
   std::string TipoGuardado(const std::string& trabajador, const std::string& situacion) {
     const auto var = sesion.Tabla(kTrabajadoresVar).Clone();
@@ -37,11 +43,12 @@ class IrpfTest : public TrabajadoresTest {
 
 TEST_F(IrpfTest, ComesFromWhatTheScreenShows) {
   for (int numero = 1; numero <= kTrabajadoresDemo; ++numero) {
+    SCOPED_TRACE(numero);
     Rellena(1, std::to_string(numero));
     EntradasIRPF entradas = LeeDatosRegistro(sesion.Tabla(kTrabajadoresFijo), "01");
     entradas.Anualidades = Texto(campo::kAnualidades);  // the record path reads another column
     Pulsa("CmdCalcular");
-    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas))) << numero;
+    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas)));
     ASSERT_FALSE(host.last_box.detail.empty());
     EXPECT_EQ(host.last_box.detail.back().figure, TipoDe(entradas));
 
@@ -49,24 +56,19 @@ TEST_F(IrpfTest, ComesFromWhatTheScreenShows) {
     entradas.RetribucionesAnuales = "4321000";
     entradas.Hijos[0] = {.edad = 2001 - 1995, .por_entero = "N", .grado = "0"};
     Rellena(campo::kRetribuciones, "4321000");
-    auto& hijos = El<Grid>("Grid1(0)");
-    for (int columna = 2; columna <= 3; ++columna) hijos.SetCell(1, columna, columna == 2 ? "1995" : "N");
-    hijos.SetCell(1, 4, "0");
+    int columna = 2;
+    for (const char* celda : {"1995", "N", "0"}) El<Grid>("Grid1(0)").SetCell(1, columna++, celda);
     Pulsa("CmdCalcular");
-    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas))) << numero;
+    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas)));
 
-    Pulsa("Regulariza");
     entradas.RetribucionesAnuales = "5000000";
     entradas.RentasIrregulares = "100000";
     entradas.GastosAnuales = "200000";
     entradas.RetribucionesAcumuladas = "2000000";
     entradas.RetencionAcumulada = "300000";
-    int i = 0;
-    for (const char* cifra : {"5000000", "100000", "200000", "2000000", "300000"}) Cifra(++i).SetText(cifra);
-    Pulsa("CalcularRegula");
-    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas, true))) << numero;
+    Regulariza({"5000000", "100000", "200000", "2000000", "300000"});
+    EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas, true)));
     EXPECT_FALSE(El<Frame>("Regularizacion").Visible());
-    EXPECT_EQ(Foco(), "Regulariza");
   }
 }
 
@@ -84,23 +86,15 @@ TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
   // The regularisation writes on the rows of the worker shown, however he was called up.
   Pulsa("Inicio");
   Pulsa("Siguiente");
-  Pulsa("Regulariza");
-  Cifra(1).SetText("6000000");
-  Pulsa("CalcularRegula");
+  Regulariza({"6000000"});
   EXPECT_EQ(host.boxes.back(), Pregunta(Texto(campo::kPorcentajeIRPF)));
   EXPECT_EQ(TipoGuardado("00002", "001"), Texto(campo::kPorcentajeIRPF));
-  EXPECT_EQ(Texto(campo::kRetribuciones), "6000000");
   EXPECT_EQ(TipoGuardado("00013", "002"), tipo);
 
-  // A new worker, or an empty screen, has no rows: nobody else's are touched.
-  for (const char* boton : {"Cancela", "Borrar"}) {
-    Rellena(1, boton == std::string("Borrar") ? "99999" : "2");
-    Pulsa(boton);
-    Pulsa("Regulariza");
-    Pulsa("CalcularRegula");
-    EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '3021'"));
-    EXPECT_TRUE(pantalla->Loaded());
-  }
+  // A new worker has no rows yet: nobody else's are touched.
+  Rellena(1, "99999");
+  Regulariza({});
+  EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '3021'"));
   Rellena(1, "2");
   EXPECT_EQ(Texto(campo::kRetribuciones), "6000000");
 
@@ -111,17 +105,18 @@ TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
 
 TEST_F(IrpfTest, ErrorsEndTheButtonAndTheScreenStays) {
   Rellena(1, "15");
-  for (const auto& [cambio, error] : {std::pair("", "13"), std::pair("0", "11")}) {
-    sesion.CambioEuro = cambio;
-    Pulsa("Regulariza");
-    EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '" + std::string(error) + "'"));
-  }
+  const auto falla = [this](const std::string& boton, const std::string& error) {
+    Pulsa(boton);
+    EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '" + error + "'"));
+  };
+  sesion.CambioEuro = "";
+  falla("Regulariza", "13");
+  sesion.CambioEuro = "0";
+  falla("Regulariza", "11");
   Campo(campo::kFechaNacimiento).SetText("ayer");
-  Pulsa("CmdCalcular");
-  EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '13'"));
+  falla("CmdCalcular", "13");
   sesion.FormActivo = nullptr;
-  Pulsa("CmdCalcular");
-  EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '91'"));
+  falla("CmdCalcular", "91");
   EXPECT_TRUE(pantalla->Loaded());
 }
 

@@ -39,15 +39,7 @@ class TrabajadoresTest : public testing::Test {
     std::filesystem::copy(modelo->path(), folder.path(), std::filesystem::copy_options::recursive);
     PonAnuncio();
     components.Register(kPickListClass, [this] { return std::make_unique<TestPickList>(asked, elegida); });
-    Platform& platform = sesion.platform;
-    platform.engine = engine.get();
-    platform.dialogs = &host;
-    platform.files = files.get();
-    platform.forms = &host;
-    platform.components = &components;
-    platform.application_folder = folder.path().string();
     AbreEmpresa(sesion, "00001", "01");
-    sesion.NomEmpresa = "Compañía";
     pantallas.Registra("Trabajadores", [this] { return std::make_shared<Trabajadores>(sesion, pantallas); });
   }
 
@@ -80,21 +72,8 @@ class TrabajadoresTest : public testing::Test {
     Tecla(key::kEnter);
   }
   std::string Foco() { return pantalla->Focus() ? pantalla->Focus()->Id() : ""; }
-  std::string Paginas() {
-    return std::to_string(El<Tabs>("Tab1").Tab()) + "/" + std::to_string(El<Tabs>("Tab2").Tab());
-  }
-
   // What stands in a field or cell, whatever its control.
-  std::string Mostrado(int indice) {
-    if (indice >= campo::kPrimeraCelda && indice <= campo::kUltimaCelda) {
-      const CeldaTrabajador celda = CeldaDe(indice);
-      return El<Grid>("Grid1(" + std::to_string(celda.rejilla) + ")").Cell(celda.fila, celda.columna);
-    }
-    const std::string i = "(" + std::to_string(indice) + ")";
-    if (Control* lista = pantalla->Find("Combo1" + i)) return static_cast<ComboBox*>(lista)->Text();
-    if (Control* marca = pantalla->Find("Check1" + i)) return std::to_string(static_cast<CheckBox*>(marca)->Value());
-    return Texto(indice);
-  }
+  std::string Mostrado(int indice) { return pantalla->TextoColumna(indice - campo::kNumero); }
   void VaciaTabla(int ranura) {
     Recordset& tabla = sesion.Tabla(ranura);
     if (tabla.RecordCount() == 0) return;
@@ -111,7 +90,12 @@ class TrabajadoresTest : public testing::Test {
   int elegida = 0;
   FakeFormHost host;
   RegistroPantallas pantallas;
-  Sesion sesion{Platform{}};
+  Sesion sesion{{.engine = engine.get(),
+                 .dialogs = &host,
+                 .files = files.get(),
+                 .application_folder = folder.path().string(),
+                 .forms = &host,
+                 .components = &components}};
   std::shared_ptr<Trabajadores> pantalla;
 };
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "apps/zendara/commands/commands.hpp"
+#include "support/temp_folder.hpp"
 
 namespace zendara {
 
@@ -23,13 +23,6 @@ struct Outcome {
 
 class CommandFolder : public testing::Test {
  protected:
-  CommandFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "zendara-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no folder for the test");
-    dir_ = name;
-  }
-  ~CommandFolder() override { std::filesystem::remove_all(dir_); }
-
   static Outcome RunWords(const std::vector<std::string>& words) {
     std::ostringstream out;
     std::ostringstream err;
@@ -42,6 +35,7 @@ class CommandFolder : public testing::Test {
     words.insert(words.end(), more.begin(), more.end());
     return RunWords(words);
   }
+  void Create() const { EXPECT_EQ(RunHere({"data", "create"}).status, 0); }
   Outcome Load(const std::string& table, const std::string& csv) const {
     WriteFile(dir_ / "in.csv", csv);
     return RunHere({"data", "load"}, {table, (dir_ / "in.csv").string()});
@@ -61,7 +55,8 @@ class CommandFolder : public testing::Test {
     return {std::istreambuf_iterator<char>(in), {}};
   }
 
-  std::filesystem::path dir_;
+  const TempFolder folder_;
+  const std::filesystem::path dir_ = folder_.path();
 };
 
 }  // namespace zendara

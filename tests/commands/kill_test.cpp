@@ -20,7 +20,7 @@ constexpr int kRounds = 12;
 
 class KillTest : public CommandFolder {
  protected:
-  KillTest() { EXPECT_EQ(RunHere({"data", "create"}).status, 0); }
+  KillTest() { Create(); }
 
   // Runs `work` in a process of its own that is killed after at most `longest`; true if it came to its end before.
   bool RunAndKill(const std::function<void()>& work, std::chrono::microseconds longest) {
@@ -60,15 +60,9 @@ TEST_F(KillTest, ALoadIsThereWholeOrNotAtAll) {
   ASSERT_EQ(Load("Secciones", csv).status, 0);
   const auto whole = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
   for (int round = 0; round < kRounds; ++round) {
-    std::filesystem::remove(DataFile("Nom00001.MDB"));
-    for (const char* companion : {"-wal", "-shm"})
-      std::filesystem::remove(DataFile("Nom00001.MDB").string() + companion);
-    ASSERT_EQ(RunHere({"data", "create"}).status, 0);
-    const bool finished = RunAndKill(
-        [&] {
-          RunHere({"data", "load"}, {"Secciones", (dir_ / "in.csv").string()});
-        },
-        whole + whole / 2);
+    std::filesystem::remove_all(dir_ / "DATOS");
+    Create();
+    const bool finished = RunAndKill([&] { Load("Secciones", csv); }, whole + whole / 2);
     const std::int64_t rows = Rows();
     EXPECT_TRUE(rows == kRowsOfALoad || (rows == 0 && !finished)) << rows << " rows, seed " << seed_;
   }

@@ -14,7 +14,7 @@ using testing::HasSubstr;
 class RateTest : public CommandFolder {
  protected:
   RateTest() {
-    EXPECT_EQ(RunHere({"data", "create"}).status, 0);
+    Create();
     EXPECT_EQ(
         Load("IRPF", "Campo0,Campo1,Campo2,Campo4,Campo5,Campo6,Campo34\n0,0,10,1000000,100000,30,500000\n").status, 0);
     const Outcome load = Load("TrabajadoresFijo",
@@ -29,24 +29,22 @@ class RateTest : public CommandFolder {
 TEST_F(RateTest, Csv) {
   EXPECT_EQ(RunHere({"rate"}, {"--format", "csv"}).out, "worker,rate\r\n00001,0\r\n00003,\"16,66\"\r\n00010,20\r\n");
   EXPECT_EQ(RunHere({"rate"}, {"--format", "csv", "--worker", "3"}).out, "worker,rate\r\n00003,\"16,66\"\r\n");
-  const Outcome explain = RunHere({"rate"}, {"--format", "csv", "--worker", "00010", "--explain"});
-  EXPECT_EQ(explain.out,
+  EXPECT_EQ(RunHere({"rate"}, {"--format", "csv", "--worker", "00010", "--explain"}).out,
             "worker,rate,rendimiento_neto,reduccion_trabajo,minimo_personal,minimo_familiar,base_retencion,"
             "cuota_retencion,limite\r\n00010,20,2000000,0,0,\"\",2000000,400000,500000\r\n");
 }
 
 TEST_F(RateTest, Json) {
   using nlohmann::json;
-  EXPECT_EQ(json::parse(RunHere({"rate"}, {"--format", "json"}).out),
-            json::parse(R"([{"worker": "00001", "rate": "0"}, {"worker": "00003", "rate": "16,66"},
-                            {"worker": "00010", "rate": "20"}])"));
-  const json steps = json::parse(RunHere({"rate"}, {"--format", "json", "--worker", "10", "--explain"}).out).at(0);
+  const auto rate = [this](const std::vector<std::string>& options) {
+    return json::parse(RunHere({"rate", "--format", "json"}, options).out);
+  };
+  EXPECT_EQ(rate({}), json::parse(R"([{"worker": "00001", "rate": "0"}, {"worker": "00003", "rate": "16,66"},
+                                      {"worker": "00010", "rate": "20"}])"));
+  const json steps = rate({"--worker", "10", "--explain"}).at(0);
   EXPECT_EQ(steps.size(), 9U);
-  EXPECT_EQ(steps.at("rendimiento_neto"), "2000000");
   EXPECT_EQ(steps.at("cuota_retencion"), "400000");
-  const json euros =
-      json::parse(RunHere({"rate"}, {"--format", "json", "--worker", "10", "--explain", "--currency", "E"}).out).at(0);
-  EXPECT_EQ(euros.at("cuota_retencion"), "400000,00");
+  EXPECT_EQ(rate({"--worker", "10", "--explain", "--currency", "E"}).at(0).at("cuota_retencion"), "400000,00");
 }
 
 TEST_F(RateTest, Text) {
@@ -57,7 +55,6 @@ TEST_F(RateTest, Text) {
             "00010   Peña Íñigo        20\n");
   const Outcome explain = RunHere({"rate"}, {"--worker", "3", "--explain"});
   EXPECT_THAT(explain.out, testing::StartsWith("00003  Ruiz Sanz Ana\n"));
-  EXPECT_THAT(explain.out, HasSubstr("250000"));
   EXPECT_THAT(explain.out, HasSubstr("16,66"));
 }
 
@@ -67,30 +64,20 @@ TEST_F(RateTest, OneWorkersErrorDoesNotStopTheOthers) {
     const Outcome run = RunHere({"rate"}, {"--format", format});
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.err, "zendara: worker 00002: 6  Desbordamiento\n");
-    EXPECT_THAT(run.out, HasSubstr("00001"));
-    EXPECT_THAT(run.out, testing::Not(HasSubstr("00002")));
-    EXPECT_THAT(run.out, HasSubstr("00010"));
+    EXPECT_THAT(run.out, testing::AllOf(HasSubstr("00001"), testing::Not(HasSubstr("00002")), HasSubstr("00010")));
   }
-  EXPECT_EQ(RunHere({"rate"}, {"--worker", "1"}).status, 0);
-  EXPECT_EQ(RunHere({"rate"}, {"--worker", "2"}).status, 1);
 }
 
 TEST_F(RateTest, NothingToRate) {
-  const Outcome nobody = RunHere({"rate"}, {"--worker", "9"});
-  EXPECT_EQ(nobody.status, 1);
-  EXPECT_THAT(nobody.err, HasSubstr("there is no worker 00009"));
+  EXPECT_THAT(RunHere({"rate"}, {"--worker", "9"}).err, HasSubstr("there is no worker 00009"));
 
   std::filesystem::remove(DataFile("Nom00001.MDB"));
-  ASSERT_EQ(RunHere({"data", "create"}).status, 0);
-  EXPECT_EQ(RunHere({"rate"}, {"--format", "csv"}).out, "worker,rate\r\n");
+  Create();
   EXPECT_EQ(RunHere({"rate"}, {"--format", "json"}).out, "[]\n");
 
   std::filesystem::remove(DataFile("Nom00a01.MDB"));
-  ASSERT_EQ(RunHere({"data", "create"}).status, 0);
-  const Outcome no_parameters = RunHere({"rate"});
-  EXPECT_EQ(no_parameters.status, 1);
-  EXPECT_THAT(no_parameters.err, HasSubstr("table IRPF of "));
-  EXPECT_THAT(no_parameters.err, HasSubstr(": 3021  "));
+  Create();
+  EXPECT_THAT(RunHere({"rate"}).err, testing::ContainsRegex("table IRPF of .*: 3021  "));
 }
 
 }  // namespace

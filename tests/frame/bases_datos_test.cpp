@@ -1,10 +1,10 @@
 #include "frame/bases_datos.hpp"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "fakes.hpp"
 #include "frame/parametros.hpp"
+#include "support/errors.hpp"
 
 namespace zendara {
 namespace {
@@ -24,12 +24,9 @@ class BasesDatos : public testing::Test {
     }
     return found;
   }
-  std::string TableIn(int slot) const {
-    const auto* recordset = dynamic_cast<const FakeRecordset*>(sesion.Tablas[static_cast<std::size_t>(slot)].get());
-    return recordset ? recordset->table : "";
-  }
-  std::size_t Filled() const {
-    return static_cast<std::size_t>(std::ranges::count_if(sesion.Tablas, [](const auto& r) { return r != nullptr; }));
+  std::string TableIn(std::size_t slot) const {
+    const auto& recordset = sesion.Tablas[slot];
+    return recordset ? static_cast<const FakeRecordset&>(*recordset).table : "";
   }
 
   Diary diary;
@@ -37,21 +34,30 @@ class BasesDatos : public testing::Test {
   FakeDialogs dialogs;
   FakeFiles files;
   Sesion sesion{Platform{engine.get(), &dialogs, &files, "C:\\nom"}};
+  std::shared_ptr<Database> db;
 };
 
-TEST_F(BasesDatos, AbreTablasOpensEveryGroupButTheGeneralTables) {
+TEST_F(BasesDatos, AbreTablasOpensEveryGroupButTheGeneralTablesWhichTakeTheDoubleSlots) {
   AbreTablas(sesion, 0, "00001", "01");
   EXPECT_THAT(Lines("open C:\\nom\\DATOS\\"),
               ElementsAre("NOM00001.MDB", "N0000101.MDB", "DOC00001.MDB", "NOM00A01.MDB", "HACIEN01.MDB"));
   // The two files whose names start with NOM have the query; locks go once a group.
   EXPECT_EQ(Lines("create ").size(), 2u);
   EXPECT_EQ(Lines("idle 1").size(), 5u);
-  EXPECT_EQ(Filled(), 58u);
+  EXPECT_EQ(std::ranges::count(sesion.Tablas, nullptr), kSlots + 1 - 58);
   EXPECT_EQ(TableIn(414), "IRPFE");
   EXPECT_EQ(TableIn(429), "");
   EXPECT_EQ(sesion.BDEmpresa->Name(), "C:\\nom\\DATOS\\HACIEN01.MDB");
   EXPECT_TRUE(sesion.WsTrabajo);
+  AbreTablas(sesion, 5, "00001", "01");
+  EXPECT_EQ(sesion.BDEmpresa->Name(), "C:\\nom\\DATOS\\Empresa.MDB");
+  EXPECT_EQ(TableIn(414), "Calles");
+  EXPECT_EQ(TableIn(404), "IRPF");
   EXPECT_THAT(dialogs.texts, IsEmpty());
+
+  EXPECT_EQ(&sesion.Tabla(402), sesion.Tablas[402].get());
+  EXPECT_EQ(ErrorOf([&] { sesion.Tabla(500); }), 91) << "left empty by the host";
+  for (const int no_slot : {501, -1}) EXPECT_EQ(ErrorOf([&] { sesion.Tabla(no_slot); }), 9) << no_slot;
 }
 
 TEST_F(BasesDatos, AGroupOpensItsTablesInOrderEachWithItsIndex) {
@@ -65,14 +71,6 @@ TEST_F(BasesDatos, AGroupOpensItsTablesInOrderEachWithItsIndex) {
   EXPECT_EQ(TableIn(115), "N111");
 }
 
-TEST_F(BasesDatos, TheGeneralTablesOpenOnlyWhenAskedForAndTakeTheDoubleSlots) {
-  AbreTablas(sesion, 4, "00001", "01");
-  AbreTablas(sesion, 5, "00001", "01");
-  EXPECT_THAT(Lines("open C:\\nom\\DATOS\\"), ElementsAre("NOM00A01.MDB", "Empresa.MDB"));
-  EXPECT_EQ(TableIn(414), "Calles");
-  EXPECT_EQ(TableIn(404), "IRPF");
-}
-
 TEST_F(BasesDatos, ABlankCodeOrYearDoesNothing) {
   for (const int group : {0, 1, 5}) {
     AbreTablas(sesion, group, "00001", "  ");
@@ -82,58 +80,40 @@ TEST_F(BasesDatos, ABlankCodeOrYearDoesNothing) {
 }
 
 TEST_F(BasesDatos, TheFirstFailureEndsAbreTablas) {
-  const std::string damaged = "Error: Base de Datos vacia ó dañada";
   struct Case {
     const char* line;
     int number;
     bool in_first_group;
-    std::vector<std::string> boxes;  // how they start
+    std::string box;  // how it starts
   };
   const auto earlier = std::make_shared<FakeRecordset>(diary, "earlier");
-  const Case cases[] = {
-      {"table FPago", kObjectNotFound, true, {damaged}},
-      {"table FPago", kObjectClosed, true, {damaged}},
-      {"table FPago", kCannotOpenFile, true, {}},
-      {"index FPago Icampo0", kNotAnIndex, true, {}},
-      {"open C:\\nom\\DATOS\\N0000101.MDB", kDatabaseNotFound, false, {"3024  "}},
-      {"open C:\\nom\\DATOS\\N0000101.MDB", kObjectClosed, false, {"3420  "}},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : std::initializer_list<Case>{
+           {"table FPago", kObjectNotFound, true, "Error: Base de Datos vacia ó dañada"},
+           {"table FPago", kObjectClosed, true, "Error: Base de Datos vacia ó dañada"},
+           {"table FPago", kCannotOpenFile, true, ""},
+           {"index FPago Icampo0", kNotAnIndex, true, ""},
+           {"open C:\\nom\\DATOS\\N0000101.MDB", kDatabaseNotFound, false, "3024  "},
+           {"open C:\\nom\\DATOS\\N0000101.MDB", kObjectClosed, false, "3420  "},
+       }) {
     SCOPED_TRACE(std::string(c.line) + " " + std::to_string(c.number));
-    diary = {};
+    diary = {{}, {{c.line, c.number}}};
     sesion.Tablas = {};
     sesion.Tablas[490] = earlier;
-    diary.failures[c.line] = c.number;
     dialogs.texts.clear();
     AbreTablas(sesion, 0, "00001", "01");
     EXPECT_EQ(diary.lines.back(), c.line) << "nothing was opened after the failure";
     EXPECT_EQ(TableIn(420), "TincidenciasESP") << "what came before stays";
     EXPECT_EQ(TableIn(460), "");
     EXPECT_EQ(sesion.Tablas[490] == earlier, c.in_first_group) << "what was not reached keeps its recordset";
-    ASSERT_EQ(dialogs.texts.size(), c.boxes.size());
-    for (std::size_t i = 0; i < c.boxes.size(); ++i) EXPECT_THAT(dialogs.texts[i], StartsWith(c.boxes[i]));
+    EXPECT_EQ(dialogs.texts.size(), c.box.empty() ? 0u : 1u);
+    EXPECT_THAT(dialogs.texts, testing::Each(StartsWith(c.box)));
   }
 }
 
-TEST_F(BasesDatos, AbreTablaKeepsTheQueryOfNominasWhetherNewOrThere) {
-  std::shared_ptr<Database> db;
-  EXPECT_TRUE(AbreTabla(sesion, db, "NOM00001.MDB"));
-  EXPECT_EQ(sesion.ConsultaQD->Name(), "created");
-
-  diary.failures["create Consulta"] = kObjectExists;
-  EXPECT_TRUE(AbreTabla(sesion, db, "NOM00002.MDB"));
-  EXPECT_EQ(sesion.ConsultaQD->Name(), "existing");
-  EXPECT_EQ(db->Name(), "C:\\nom\\DATOS\\NOM00002.MDB");
-  EXPECT_THAT(dialogs.texts, IsEmpty());
-
-  diary = {};
-  EXPECT_TRUE(AbreTabla(sesion, db, "Nom00001.MDB"));
-  EXPECT_EQ(diary.lines.size(), 1u) << "the case of the name counts";
-}
-
 TEST_F(BasesDatos, AFileThatDoesNotOpenIsToldAndLeavesTheHandle) {
-  std::shared_ptr<Database> db;
   ASSERT_TRUE(AbreBaseDatos(sesion, db, "Empresas.mdb"));
+  ASSERT_TRUE(AbreTabla(sesion, db, "Nom00002.MDB"));
+  EXPECT_EQ(sesion.ConsultaQD, nullptr) << "the query of the files NOM: the case counts";
   const std::shared_ptr<Database> before = db;
   diary.failures["open C:\\nom\\DATOS\\Nom00001.MDB"] = kDatabaseNotFound;
   diary.failures["open C:\\nom\\DATOS\\NOM00001.MDB"] = kForeignFile;
@@ -144,32 +124,12 @@ TEST_F(BasesDatos, AFileThatDoesNotOpenIsToldAndLeavesTheHandle) {
 }
 
 TEST_F(BasesDatos, CargaParametrosReadsTheThreeFilesAndLetsAMissingOneThrough) {
-  sesion = Sesion(sesion.platform);
   CargaParametros(sesion);
-  EXPECT_EQ(sesion.DirPrograma, "C:\\nom\\");
   EXPECT_EQ(sesion.ParametrosListado, "C:\\nom\\DATOS\\IMPM1600.DAT 256");
   EXPECT_EQ(sesion.ParametrosImpresion, "C:\\nom\\DATOS\\IMPM0999.DAT 300");
   EXPECT_EQ(sesion.ParametrosNomina, "C:\\nom\\DATOS\\NOM00997.DAT 256");
   files.missing = "C:\\nom\\DATOS\\IMPM0999.DAT";
-  try {
-    CargaParametros(sesion);
-    FAIL() << "no error";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), kFileNotFound);
-  }
-}
-
-TEST_F(BasesDatos, ASlotThatTheHostLeftEmptyIsError91) {
-  AbreTablas(sesion, 1, "00001", "01");
-  EXPECT_EQ(&sesion.Tabla(402), sesion.Tablas[402].get());
-  for (const auto& [slot, number] : {std::pair{404, 91}, {501, 9}, {-1, 9}}) {
-    try {
-      sesion.Tabla(slot);
-      ADD_FAILURE() << slot;
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.number(), number) << slot;
-    }
-  }
+  EXPECT_EQ(ErrorOf([&] { CargaParametros(sesion); }), kFileNotFound);
 }
 
 }  // namespace

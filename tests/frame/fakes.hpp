@@ -30,11 +30,8 @@ struct FakeRecordset : Recordset {
 
   [[noreturn]] static void Unexpected() { throw RuntimeError(kInvalidCall); }
   const std::vector<ColumnDef>& Columns() const override { Unexpected(); }
-  std::string Index() const override { return index; }
-  void SetIndex(std::string_view name) override {
-    index = name;
-    diary.Note("index " + table + " " + index);
-  }
+  std::string Index() const override { Unexpected(); }
+  void SetIndex(std::string_view name) override { diary.Note("index " + table + " " + std::string(name)); }
   void Seek(const std::vector<Value>&) override { Unexpected(); }
   bool NoMatch() const override { Unexpected(); }
   bool Bof() const override { Unexpected(); }
@@ -58,7 +55,6 @@ struct FakeRecordset : Recordset {
 
   Diary& diary;
   std::string table;
-  std::string index;
 };
 
 struct FakeDatabase : Database {
@@ -74,10 +70,7 @@ struct FakeDatabase : Database {
     diary.Note("create " + std::string(query));
     return std::make_shared<QueryDef>("created", "");
   }
-  std::shared_ptr<QueryDef> QueryDefs(std::string_view query) override {
-    diary.Note("existing " + std::string(query));
-    return std::make_shared<QueryDef>("existing", "");
-  }
+  std::shared_ptr<QueryDef> QueryDefs(std::string_view) override { FakeRecordset::Unexpected(); }
   std::vector<TableDef> Tables() override { FakeRecordset::Unexpected(); }
   void CreateTable(const TableDef&) override { FakeRecordset::Unexpected(); }
   std::vector<std::string> CheckIntegrity() override { FakeRecordset::Unexpected(); }

@@ -15,10 +15,11 @@ TEST(CamposTrabajador, AreAsWideAsTheirColumns) {
   for (const CampoTrabajador& campo : CamposTrabajador()) {
     EXPECT_GT(campo.indice, anterior);
     anterior = campo.indice;
-    const TableDef& tabla = campo.indice <= 91 ? fijo : var;
+    const TableDef& tabla = campo.indice <= campo::kUltimoFijo ? fijo : var;
     const ColumnDef& columna = tabla.columns.at(static_cast<std::size_t>(ColumnaDe(campo.indice)));
-    EXPECT_EQ(campo.Tiene(kFecha), columna.type == ColumnType::kDate) << campo.indice;
-    EXPECT_EQ(campo.largo, columna.type == ColumnType::kDate ? 8 : columna.width) << campo.indice;
+    const bool fecha = columna.type == ColumnType::kDate;
+    EXPECT_EQ(campo.Tiene(kFecha), fecha) << campo.indice;
+    EXPECT_EQ(campo.largo, fecha ? 8 : columna.width) << campo.indice;
     EXPECT_EQ(CampoDe(campo.indice), &campo);
   }
   EXPECT_EQ(anterior, 144);

@@ -14,11 +14,12 @@ class ConceptosTest : public TrabajadoresTest {
  protected:
   std::string trabajador = "00090";
 
-  std::shared_ptr<Recordset> Filas(const std::string& ano, const std::string& origen,
-                                   RecordsetType tipo = RecordsetType::kTable) {
-    return engine->Workspaces(0)->OpenDatabase(PathOf("N00001" + ano + ".MDB"))->OpenRecordset(origen, tipo);
+  std::shared_ptr<Recordset> Tabla(const std::string& ano, const char* tabla) {
+    return Base(ano)->OpenRecordset(tabla, RecordsetType::kTable);
   }
-
+  std::shared_ptr<Database> Base(const std::string& ano) {
+    return engine->Workspaces(0)->OpenDatabase(PathOf("N00001" + ano + ".MDB"));
+  }
   static void Anade(Recordset& tabla, const std::vector<Value>& valores) {
     tabla.AddNew();
     for (std::size_t i = 0; i < valores.size(); ++i) tabla.Fields(static_cast<int>(i)).Set(valores[i]);
@@ -29,11 +30,11 @@ class ConceptosTest : public TrabajadoresTest {
   void Prepara(const Value& fin) {
     Anade(sesion.Tabla(kTrabajadoresVar), {trabajador, "001", "", "01/01/97", fin});
     for (const std::string ano : kAnos) {
-      const auto conceptos = Filas(ano, "ConTrabajadorConceptos");
+      const auto conceptos = Tabla(ano, "ConTrabajadorConceptos");
       Anade(*conceptos, {"99", trabajador, "", "", ano});
       for (const char* mes : {"05", "12"}) {
         for (const char* concepto : {"001", "002"}) Anade(*conceptos, {mes, trabajador, "001", concepto, ano + mes});
-        Anade(*Filas(ano, "ConTrabajadorPagas"), {mes, trabajador, "001", "x" + ano + mes});
+        Anade(*Tabla(ano, "ConTrabajadorPagas"), {mes, trabajador, "001", "x" + ano + mes});
       }
     }
   }
@@ -48,9 +49,8 @@ class ConceptosTest : public TrabajadoresTest {
     std::string texto;
     for (const std::string consulta : {"campo4 from ConTrabajadorConceptos", "campo3 from ConTrabajadorPagas"}) {
       for (const std::string ano : kAnos) {
-        const auto filas =
-            Filas(ano, "select campo0, " + consulta + " where campo1='" + trabajador + "' and campo2='002'",
-                  RecordsetType::kQuery);
+        const auto filas = Base(ano)->OpenRecordset("select campo0, " + consulta + " where campo1='" + trabajador +
+                                                    "' and campo2='002'");
         for (; !filas->Eof(); filas->MoveNext()) {
           texto += ano + " " + TextoNoNulo(filas->Fields(0).Get()) + ":" + TextoNoNulo(filas->Fields(1).Get()) + " ";
         }
@@ -99,7 +99,7 @@ TEST_F(ConceptosTest, GoFromTheMonthOfOneToTheMonthOfTheOther) {
 
 TEST_F(ConceptosTest, ATableThatHasRowsOfTheNewOneIsLeftAlone) {
   Prepara("31/05/01");
-  Anade(*Filas("01", "ConTrabajadorConceptos"), {"06", trabajador, "002", "009", "suyo"});
+  Anade(*Tabla("01", "ConTrabajadorConceptos"), {"06", trabajador, "002", "009", "suyo"});
   Transfiere("01/06/01");
   // Nothing comes before the first one.
   Transfiere("01/12/01", "001");

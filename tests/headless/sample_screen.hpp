@@ -21,11 +21,10 @@ class SampleScreen : public Form, public Pantalla {
     Tab1.SetTitles({"Uno", "Dos"});
     Informa.SetCaption("Dice \"hola\"");
     Grabar.SetCaption("&Grabar");
-    HelpContext = 20004;
     SetLayout(Column(
         {Pages(Tab1, {Column({Place(Text1(1), {&Image1}), Place(Text1(2))}), Column({Place(Text1(3)), Place(Grid1)})}),
          Place(Combo1), Place(Check1), Place(Option1), Place(Option2), Place(Informa), Place(Grabar), Place(Abrir),
-         Place(Fallo), Place(Calcular), Place(Imprimir), Place(Salir)}));
+         Place(Imprimir), Place(Salir)}));
     Connect();
   }
 
@@ -39,42 +38,24 @@ class SampleScreen : public Form, public Pantalla {
   OptionButton Option1{*this, "Option1", 0}, Option2{*this, "Option1", 1};
   Grid Grid1{*this, "Grid1", 0};
   Label Informa{*this, "Informa"};
-  Button Grabar{*this, "Grabar"}, Abrir{*this, "Abrir"}, Fallo{*this, "Fallo"}, Calcular{*this, "Calcular"},
-      Imprimir{*this, "Imprimir"}, Salir{*this, "Salir"};
+  Button Grabar{*this, "Grabar"}, Abrir{*this, "Abrir"}, Imprimir{*this, "Imprimir"}, Salir{*this, "Salir"};
 
  private:
   const Platform& Surroundings() const { return ElComponente().sesion.platform; }
 
   void Connect() {
-    Text1.On().lost_focus = [this](int i) {
-      if (i != 2 || Text1(2).Text().empty()) return;
-      Surroundings().dialogs->Show({.text = "No vale"});
-      Text1(2).SetText("");
-      Text1(2).SetFocus();
-    };
     Image1.On().click = [this](int) {
-      Surroundings().dialogs->Beep();
       std::string chosen;
       CreatePickList(Surroundings().components)->ConsultaFija({"A uno", "B dos", "B tres"}, "Letras", 0, chosen);
-      Text1(1).SetText(chosen);
     };
     Grabar.On().click = [this](int) {
-      const Box question{.text = "¿Graba\ntodo?",
-                         .buttons = BoxButtons::kYesNo,
-                         .icon = BoxIcon::kQuestion,
-                         .title = "Duda",
-                         .default_button = 2};
+      const Box question{"¿Graba\ntodo?", BoxButtons::kYesNo, BoxIcon::kQuestion, "Duda", 2};
       const bool yes = Surroundings().dialogs->Show(question) == BoxAnswer::kYes;
       Informa.SetCaption(yes ? "Grabado" : "No grabado");
     };
     Abrir.On().click = [this](int) {
       ElComponente().pantallas.Muestra(opens_);
       Text1(3).SetText("vuelto");
-    };
-    Fallo.On().click = [](int) { throw RuntimeError(kObjectNotSet); };
-    Calcular.On().click = [this](int) {
-      Surroundings().shell->Activate(Surroundings().shell->Start("Calc.exe"));
-      Surroundings().shell->Activate("calculadora");
     };
     Imprimir.On().click = [this](int) { Print(); };
     Salir.On().click = [this](int) { Unload(); };

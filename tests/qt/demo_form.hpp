@@ -16,24 +16,21 @@
 
 namespace zendara {
 
-inline void NeedApplication() {
-  // Never deleted: the toolkit's own statics may go before it would.
-  static QApplication* const application = [] {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "qt_tests";
-    static char* argv[] = {name, nullptr};
-    auto* made = new QApplication(argc, argv);
-    InstallLook();
-    return made;
-  }();
-  ASSERT_NE(application, nullptr);
+// Before there is a window.
+inline bool StartApplication() {
+  if (qApp) return true;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  static int argc = 1;
+  static char name[] = "qt_tests";
+  static char* argv[] = {name, nullptr};
+  new QApplication(argc, argv);  // never deleted: the toolkit's own statics may go before it would
+  InstallLook();
+  return true;
 }
 
 // A header field, pages in pages, a frame, a grid, a look-up image, a picture.
 struct DemoForm : Form {
   explicit DemoForm(FormHost& host) : Form(host, "Demo") {
-    SetTitle("Demostración");
     for (int i = 1; i <= 5; ++i) {
       TextBox& box = Text1.Add(i);
       box.SetCaption("Campo " + std::to_string(i) + ":");
@@ -41,26 +38,19 @@ struct DemoForm : Form {
       box.SetBackColor(kGrey);
     }
     Text1.On().got_focus = [this](int i) { Text1(i).SetBackColor(kWhite); };
-    Text1.On().lost_focus = [this](int i) {
-      Text1(i).SetBackColor(kGrey);
-      if (on_leave) on_leave(i);
-    };
+    Text1.On().lost_focus = [this](int i) { Text1(i).SetBackColor(kGrey); };
     Image1.Add(1);
     Image1.On().click = [this](int) { log.push_back("image " + std::to_string(ImageButtonMark())); };
     Combo1.SetCaption("Lista:");
     Combo1.SetItems({"A", "B", "10"});
-    Check1.SetCaption("Autónomo");
     Option1.Add(0).SetCaption("Sueltas");
     Option1.Add(1).SetCaption("Continuo");
-    Marco.SetCaption("Domicilio");
     Tab1.SetTitles({"Uno", "Dos"});
     Tab2.SetTitles({"Dentro", "Más"});
     Grid1.Resize(3, 3, 1, 1);
-    Grid1.SetCell(0, 1, "Año");
     Grabar.SetCaption("&Grabar");
     Grabar.SetToolTipText(" Graba los datos ");
     Grabar.On().click = [this](int) {
-      log.push_back("grabar");
       if (on_click) on_click();
     };
     SetLayout(Column({Row({Place(Text1(1), {&Image1(1)}), Place(Text1(2))}),
@@ -69,6 +59,8 @@ struct DemoForm : Form {
                                    Pages(Tab2, {Column({Place(Text1(4)), Place(Grid1)}), Column({Place(Text1(5))})})}),
                       Row({Place(Picture25), Space(), Place(Grabar)})}));
   }
+
+  void OnClose() override { log.emplace_back("close"); }
 
   ControlArray<TextBox> Text1{*this, "Text1"};
   ControlArray<Image> Image1{*this, "Image1"};
@@ -81,7 +73,6 @@ struct DemoForm : Form {
   Picture Picture25{*this, "Picture25"};
   Button Grabar{*this, "Grabar"};
   std::vector<std::string> log;
-  std::function<void(int)> on_leave;
   std::function<void()> on_click;
 };
 
@@ -92,12 +83,11 @@ inline void Soon(std::function<void()> action) {
 
 class QtTest : public testing::Test {
  protected:
-  QtTest() { NeedApplication(); }
   ~QtTest() override { zoom::Set(100); }
 
   // Shows the form, plays on it, and unloads it.
-  void On(DemoForm& form, const std::function<void(FormWindow& window)>& play) {
-    Soon([this, &form, &play] {
+  void Play(const std::function<void(FormWindow& window)>& play) {
+    Soon([this, &play] {
       QApplication::processEvents();  // until it is active
       play(*host.WindowOf(form));
       form.Unload();
@@ -107,7 +97,10 @@ class QtTest : public testing::Test {
 
   static QWidget& WidgetOf(FormWindow& window, const Control& control) { return *window.ViewOf(control)->Widget(); }
 
+  const bool started = StartApplication();
   QtHost host;
+  DemoForm form{host};
+  ScriptHands hands{[this](const Form& shown) { return host.WindowOf(shown); }, {}};
 };
 
 }  // namespace zendara

@@ -3,11 +3,55 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "recording_surface.hpp"
 #include "support/errors.hpp"
 
 namespace zendara {
 namespace {
+
+struct RecordingScreen : Screen {
+  double TwipsPerPixel() const override { return twips_per_pixel; }
+  // The system colour of the tests stands for 0x332211.
+  std::uint32_t TranslateColor(std::int32_t color) const override {
+    return color < 0 ? 0x332211 : static_cast<std::uint32_t>(color);
+  }
+
+  double twips_per_pixel = 15;
+};
+
+// A picture that writes down what is painted on it.
+struct RecordingSurface : DrawingSurface {
+  struct Band {
+    int left, top, right, bottom;
+    std::uint32_t color;
+    bool operator==(const Band&) const = default;
+  };
+  struct Text {
+    LogicalFont font;
+    int alignment, x, y;
+    std::string text;
+    bool operator==(const Text&) const = default;
+  };
+
+  double Width() const override { return width; }
+  double Height() const override { return height; }
+  PictureFont Font() const override { return font; }
+  int VerticalPixelsPerInch() const override { return pixels_per_inch; }
+  void FillRect(int left, int top, int right, int bottom, std::uint32_t color) override {
+    bands.push_back({left, top, right, bottom, color});
+  }
+  void TextOut(const LogicalFont& logical, int alignment, int x, int y, std::string_view text) override {
+    texts.push_back({logical, alignment, x, y, std::string(text)});
+  }
+  void Refresh() override { ++refreshes; }
+
+  double width = 360;
+  double height = 150;
+  PictureFont font{.name = "Arial", .size = 8.25};
+  int pixels_per_inch = 96;
+  std::vector<Band> bands;
+  std::vector<Text> texts;
+  int refreshes = 0;
+};
 
 class VerticalTest : public testing::Test {
  protected:
@@ -34,26 +78,18 @@ TEST_F(VerticalTest, BandsRunFromTheBottomInTheStartColourNearlyToTheEndColour) 
 }
 
 TEST_F(VerticalTest, StepsHeightsAndRoundingOfTheBands) {
-  struct Case {
-    double height;
-    double twips_per_pixel;
-    std::size_t bands;
-    int step;
-  };
-  for (const Case& c : {
-           Case{254 * 15, 15, 255, 1},            // one band a row
-           Case{509 * 15, 15, 510, 1},            // the step is a whole division
-           Case{510 * 15, 15, 256, 2},            //
-           Case{1021 * 15, 15, 256, 4},           // does not end on 0
-           Case{22.5, 15, 2, 1},                  // 22 twips, ties to even
-           Case{100 * 15, 8.5, 1500 / 8 + 1, 1},  // so is the divisor
-       }) {
-    picture.height = c.height;
-    screen.twips_per_pixel = c.twips_per_pixel;
+  const auto paints = [this](double height, double twips_per_pixel, std::size_t bands, int step) {
+    picture.height = height;
+    screen.twips_per_pixel = twips_per_pixel;
     Paint("x");
-    EXPECT_EQ(picture.bands.size(), c.bands) << c.height;
-    EXPECT_EQ(picture.bands[0].bottom - picture.bands[0].top, c.step) << c.height;
-  }
+    EXPECT_EQ(picture.bands.size(), bands) << height;
+    EXPECT_EQ(picture.bands[0].bottom - picture.bands[0].top, step) << height;
+  };
+  paints(509 * 15, 15, 510, 1);            // the step is a whole division
+  paints(510 * 15, 15, 256, 2);            //
+  paints(1021 * 15, 15, 256, 4);           // does not end on 0
+  paints(22.5, 15, 2, 1);                  // 22 twips, ties to even
+  paints(100 * 15, 8.5, 1500 / 8 + 1, 1);  // so is the divisor
 
   // Red from 0 to 1 over four rows: 0, 1/4, 2/4, 3/4 of it, the tie to the even 0.
   picture.height = 60;
@@ -66,11 +102,9 @@ TEST_F(VerticalTest, StepsHeightsAndRoundingOfTheBands) {
 
 TEST_F(VerticalTest, ComponentsMoveApartFromEachOther) {
   picture.height = 30;  // two rows
-  Paint("x", "16744576", "12632319");
-  const auto rgb = [](unsigned r, unsigned g, unsigned b) { return r + g * 256 + b * 65536; };
-  ASSERT_EQ(picture.bands.size(), 3U);
-  EXPECT_EQ(picture.bands[0].color, rgb(128, 128, 255));
-  EXPECT_EQ(picture.bands[2].color, rgb(192, 160, 224));  // half way to 255, 192, 192: 191.5 and 223.5 to even
+  Paint("x");
+  // From 128, 128, 255 half way to 255, 192, 192: 191.5 and 223.5 to even.
+  EXPECT_EQ(picture.bands.at(2).color, 192U + 160U * 256 + 224U * 65536);
 }
 
 TEST_F(VerticalTest, CaptionStandsWhereItsFormulaPutsIt) {

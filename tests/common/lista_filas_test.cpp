@@ -27,23 +27,24 @@ class NumberRows : public QueryCursor {
   int& read_;
 };
 
-struct NumbersEngine : FakeEngine {
-  struct Numbers : FakeDatabase {
-    Numbers(Diary& d, int& r) : FakeDatabase(d, "numbers"), read(r) {}
-    std::shared_ptr<Recordset> OpenRecordset(std::string_view, RecordsetType) override {
-      return MakeQueryRecordset(std::make_unique<NumberRows>(read));
-    }
-    int& read;
-  };
-  NumbersEngine(Diary& d, int& r) : FakeEngine(d), read(r) {}
-  std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Numbers>(diary, read); }
+struct Numbers : FakeDatabase {
+  Numbers(Diary& d, int& r) : FakeDatabase(d, "numbers"), read(r) {}
+  std::shared_ptr<Recordset> OpenRecordset(std::string_view, RecordsetType) override {
+    return MakeQueryRecordset(std::make_unique<NumberRows>(read));
+  }
   int& read;
+};
+
+struct NumbersEngine : FakeEngine {
+  using FakeEngine::FakeEngine;
+  std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Numbers>(diary, read); }
+  int read = 0;
 };
 
 TEST(ListaFilasTest, ReadsNoFurtherThanItIsAsked) {
   Diary diary;
-  int read = 0;
-  const auto engine = std::make_shared<NumbersEngine>(diary, read);
+  const auto engine = std::make_shared<NumbersEngine>(diary);
+  const int& read = engine->read;
   ListaFilas filas(*engine, "x", "x", {"001"}, {{1, 7}});
   EXPECT_LE(read, 1);
   EXPECT_TRUE(filas.Reach(29));
@@ -77,28 +78,23 @@ TEST_F(FilasTest, TypingFindsWithoutCaseAndAccents) {
   for (const char* name : names) Add(FileKind::kCompany, "Secciones", {{0, std::to_string(++code)}, {1, name}});
   Add(FileKind::kCompany, "Secciones", {{0, std::to_string(++code)}});
   ListaFilas filas = Open({"010", "001"}, {{1, 8}, {10, 2}}, "select campo0, campo1 from Secciones");
-  struct Case {
-    const char* typed;
-    std::size_t from;
-    int found;  // row from 0, -1 none
-  };
   // Rows in the order of the code as text: 1, 10, 2 ...
-  for (const Case& c : {Case{"alv", 0, 0},
-                        {"ALVÁRA", 0, 2},
-                        {"álv", 1, 2},
-                        {"núñ", 0, 4},
-                        {"NUÑ", 5, 9},
-                        {"nun", 0, -1},
-                        {"n", 0, 3},
-                        {"ñ", 0, 5},
-                        {"gue", 0, 6},
-                        {"o'h", 0, 7},
-                        {"", 3, 3},
-                        {"alv", 3, -1},
-                        {"núñez v", 0, 9}}) {
-    const auto row = filas.Find(0, c.typed, c.from);
-    EXPECT_EQ(row ? static_cast<int>(*row) : -1, c.found) << c.typed << " from " << c.from;
-  }
+  const auto find = [&](const char* typed, std::size_t from) {
+    const auto row = filas.Find(0, typed, from);
+    return row ? static_cast<int>(*row) : -1;
+  };
+  EXPECT_EQ(find("alv", 0), 0);
+  EXPECT_EQ(find("ALVÁRA", 0), 2);
+  EXPECT_EQ(find("álv", 1), 2);
+  EXPECT_EQ(find("alv", 3), -1);
+  EXPECT_EQ(find("núñ", 0), 4);
+  EXPECT_EQ(find("NUÑ", 5), 9);
+  EXPECT_EQ(find("núñez v", 0), 9);
+  EXPECT_EQ(find("nun", 0), -1);
+  EXPECT_EQ(find("ñ", 0), 5);
+  EXPECT_EQ(find("gue", 0), 6);
+  EXPECT_EQ(find("o'h", 0), 7);
+  EXPECT_EQ(find("", 3), 3);
   EXPECT_EQ(filas.Find(1, "10", 0), 1U) << "any column";
   EXPECT_EQ(filas.Row(1), "         10") << "Null is blank, and so is what no column has";
   EXPECT_EQ(filas.Row(9), "Núñez Ve 9 ") << "a text never runs into the next column";
@@ -115,23 +111,17 @@ TEST_F(FilasTest, FixedRowsAreKeptToTheLetter) {
 
 TEST_F(FilasTest, BadArgumentsAreErrors) {
   const RowPlace first{1, 3};
-  struct Case {
-    std::vector<std::string> codes;
-    std::vector<RowPlace> places;
-    int error;
+  const auto error = [this](const std::vector<std::string>& codes, const std::vector<RowPlace>& places) {
+    return ErrorOf([&] { Open(codes, places); });
   };
-  for (const Case& c : {Case{{"001"}, {first}, 0},
-                        {{"052,010"}, {first}, 0},  // the first that the query has
-                        {{"052,062"}, {first}, kItemNotFound},
-                        {{"020"}, {first}, kItemNotFound},
-                        {{"01"}, {first}, kInvalidCall},
-                        {{"x10"}, {first}, kInvalidCall},
-                        {{""}, {first}, kItemNotFound},
-                        {{"001", "010"}, {first}, kInvalidCall},
-                        {{"001", "010"}, {first, {3, 5}}, kInvalidCall},
-                        {{"001"}, {{0, 5}}, kInvalidCall}}) {
-    EXPECT_EQ(ErrorOf([&] { Open(c.codes, c.places); }), c.error) << c.codes[0];
-  }
+  EXPECT_EQ(error({"052,010"}, {first}), 0) << "the first that the query has";
+  EXPECT_EQ(error({"052,062"}, {first}), kItemNotFound);
+  EXPECT_EQ(error({""}, {first}), kItemNotFound);
+  EXPECT_EQ(error({"01"}, {first}), kInvalidCall);
+  EXPECT_EQ(error({"x10"}, {first}), kInvalidCall);
+  EXPECT_EQ(error({"001", "010"}, {first}), kInvalidCall);
+  EXPECT_EQ(error({"001", "010"}, {first, {3, 5}}), kInvalidCall);
+  EXPECT_EQ(error({"001"}, {{0, 5}}), kInvalidCall);
   EXPECT_EQ(ErrorOf([&] { Open({"001"}, {first}, "select campo0 from Nadie"); }), kInputTableNotFound);
   EXPECT_EQ(Open({"001"}, {first}).Total(), 0U);
 }

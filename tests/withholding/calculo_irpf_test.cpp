@@ -172,6 +172,15 @@ TEST(MinimoFamiliar, CountsChildrenByAgeWeightAndGrade) {
   }
 }
 
+TEST(MinimoFamiliar, SharesAscendantsRoundingEachPart) {
+  for (const auto& [convivencia, pesetas, minimo] :
+       {std::tuple{"3", kDecimales, "116666,66"}, {"6", kPesetas, "58334"}, {"", kPesetas, ""}}) {
+    EntradasIRPF e = Trabajador("3000000");
+    e.Ascendientes[0] = {convivencia, "2"};
+    EXPECT_EQ(Calcula(e, pesetas).minimo_familiar, minimo);
+  }
+}
+
 TEST(Limite, IsNothingWithoutFamilySituationButTheIncreaseOfTheReceiver) {
   for (const auto& [situacion, perceptor, limite] :
        {std::tuple{"", "A", ""}, {"4", "P", "100000"}, {"3", "", "1280000"}}) {

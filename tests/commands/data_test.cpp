@@ -141,6 +141,7 @@ TEST_F(DataTest, ALoadIsAllOrNothing) {
       {"Campo0,Campo1\n00002,\"x\ny\"\n00001,z\n", "line 4: 3022  "},
       {"Campo1\nx\n", "line 2: 3058  "},
       {"Campo0,Campo1\n00002,x\n00003,x,y\n", "line 3: 3 fields, the header has 2"},
+      {"Campo0,Campo1\n00002,x\n00003\n", "line 3: 1 fields, the header has 2"},
       {"Campo0,Campo1\n00002,x\n00003,ñññññññññññññññññññññ\n", "line 3: Campo1: 3163  "},
       {"Campo0,Campo19\n00002,2001-02-28\n00003,2001-02-29\n", "line 3: Campo19: \"2001-02-29\" is no date"},
       {"Campo0,Campo19\n00002,\"\"\n", "line 2: Campo19: \"\" is no date"},

@@ -22,6 +22,8 @@ struct EngineUnderTest {
   std::function<std::unique_ptr<Engine>()> make;
 };
 
+inline void PrintTo(const EngineUnderTest& engine, std::ostream* out) { *out << engine.name; }
+
 // All engines of this build.
 std::vector<EngineUnderTest> EnginesUnderTest();
 

@@ -1,18 +1,10 @@
 #include "frame/sesion_anfitrion.hpp"
 
-#include <string>
-
 #include "frame/bases_datos.hpp"
 #include "frame/parametros.hpp"
 
 namespace zendara {
 namespace {
-
-void PonEmpresa(Sesion& sesion, std::string_view codigo, std::string_view ano) {
-  PonCarpetas(sesion);
-  sesion.CodEmpresa = codigo;
-  sesion.PonEjercicio(ano);
-}
 
 std::shared_ptr<Database> AbreGrupo(Sesion& sesion, int numero) {
   const GrupoCatalogo& grupo = Grupo(numero);
@@ -24,20 +16,15 @@ std::shared_ptr<Database> AbreGrupo(Sesion& sesion, int numero) {
 }  // namespace
 
 void AbreEmpresa(Sesion& sesion, std::string_view codigo, std::string_view ano) {
-  PonEmpresa(sesion, codigo, ano);
+  PonCarpetas(sesion);
+  sesion.CodEmpresa = codigo;
+  sesion.PonEjercicio(ano);
   const std::shared_ptr<Database> empresa = AbreGrupo(sesion, 1);
   for (const int grupo : {2, 3, 4, 6}) AbreGrupo(sesion, grupo);
   sesion.BDSegunda = AbreGrupo(sesion, 5);
   // The lookup of street types asks slot 2 whether it is worth opening the list, which comes from this file.
   AbreFichero(sesion, FileKind::kEmpresas);
   sesion.Tablas[kTiposVia] = sesion.BDEmpresa->OpenRecordset("Calles", RecordsetType::kTable);
-  sesion.BDEmpresa = empresa;
-}
-
-void AbreEmpresaParaTipos(Sesion& sesion, std::string_view codigo, std::string_view ano) {
-  PonEmpresa(sesion, codigo, ano);
-  const std::shared_ptr<Database> empresa = AbreGrupo(sesion, 1);
-  AbreGrupo(sesion, 4);
   sesion.BDEmpresa = empresa;
 }
 

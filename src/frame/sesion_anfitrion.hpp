@@ -14,7 +14,4 @@ namespace zendara {
 // the general one. `ano` has two or four digits.
 void AbreEmpresa(Sesion& sesion, std::string_view codigo, std::string_view ano);
 
-// Only what withholding rates need: the slots of the company file and of the official file of the year.
-void AbreEmpresaParaTipos(Sesion& sesion, std::string_view codigo, std::string_view ano);
-
 }  // namespace zendara

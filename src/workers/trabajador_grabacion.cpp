@@ -73,6 +73,7 @@ void Trabajadores::GrabaFicha() {
     if (!copiados) RespuestaNueva = BoxAnswer::kYes;
     throw;
   }
+  copia_ = {};
   Text1(kNumero).SetFocus();
   CancelaFicha();
   SetPointer(MousePointer::kDefault);
@@ -84,7 +85,6 @@ bool Trabajadores::CopiaConceptos() {
   bool copiados = false;
   Guarda([&] {
     TransfiereConceptos(sesion_, copia_);
-    copia_ = {};
     copiados = true;
   });
   return copiados;

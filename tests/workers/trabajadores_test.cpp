@@ -28,6 +28,10 @@ struct FakeIncidencias : Pantalla {
 
 TEST_F(TrabajadoresTest, EveryColumnOfEveryWorkerIsShown) {
   const auto base = engine->Workspaces(0)->OpenDatabase(PathOf("Nom00001.MDB"));
+  const auto sin_prestaciones = base->OpenRecordset("TrabajadoresVar", RecordsetType::kTable);
+  sin_prestaciones->Edit();
+  sin_prestaciones->Fields(53).Set("0");
+  sin_prestaciones->Update();
   Abre();
   Pulsa("Inicio");
   int vistos = 0;

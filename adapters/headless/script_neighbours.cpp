@@ -2,30 +2,18 @@
 
 #include <memory>
 
+#include "adapters/headless/row_pick_list.hpp"
+
 namespace zendara {
 namespace {
 
-class ScriptPickList : public PickList {
+class ScriptPickList : public RowPickList {
  public:
   explicit ScriptPickList(ScriptPlayer& player) : player_(player) {}
 
-  void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
-                     const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base,
-                     const std::string& titulo, std::int16_t /*marca_boton*/, std::string& resultado) override {
-    ListaFilas rows(motor, base, sql, columnas, lugares);
-    Choose(titulo, rows, resultado);
-  }
-
-  void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t /*marca_boton*/,
-                    std::string& resultado) override {
-    ListaFilas rows(lineas);
-    Choose(titulo, rows, resultado);
-  }
-
  private:
-  void Choose(const std::string& title, ListaFilas& rows, std::string& result) {
-    const auto row = player_.Choose(title, rows);
-    result = row ? rows.Row(*row) : std::string();
+  std::optional<std::size_t> Choose(const std::string& title, ListaFilas& rows) override {
+    return player_.Choose(title, rows);
   }
 
   ScriptPlayer& player_;

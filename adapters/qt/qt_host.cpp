@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "adapters/headless/row_pick_list.hpp"
 #include "adapters/headless/script_neighbours.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
@@ -37,25 +38,12 @@ class QuietBanner : public Banner {
 
 // Lists.
 
-class QtHost::List : public PickList {
+class QtHost::List : public RowPickList {
  public:
   explicit List(QtHost& host) : host_(host) {}
 
-  void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
-                     const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base,
-                     const std::string& titulo, std::int16_t /*marca_boton*/, std::string& resultado) override {
-    ListaFilas rows(motor, base, sql, columnas, lugares);
-    Choose(titulo, rows, resultado);
-  }
-
-  void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t /*marca_boton*/,
-                    std::string& resultado) override {
-    ListaFilas rows(lineas);
-    Choose(titulo, rows, resultado);
-  }
-
  private:
-  void Choose(const std::string& title, ListaFilas& rows, std::string& result) {
+  std::optional<std::size_t> Choose(const std::string& title, ListaFilas& rows) override {
     host_.FlushAll();
     QWidget* behind = host_.Behind();
     PickWindow window(ToQt(title), rows, behind);
@@ -72,8 +60,7 @@ class QtHost::List : public PickList {
       window.exec();
     }
     if (behind) behind->activateWindow();
-    const auto chosen = window.Chosen();
-    result = chosen ? rows.Row(*chosen) : std::string();
+    return window.Chosen();
   }
 
   QtHost& host_;

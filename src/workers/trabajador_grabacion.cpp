@@ -61,18 +61,10 @@ void Trabajadores::GrabaFicha() {
     SetPointer(MousePointer::kDefault);
     return;
   }
-  bool copiados = true;
-  if (RespuestaNueva == BoxAnswer::kYes) {
-    copiados = CopiaConceptos();
-    RespuestaNueva.reset();
-  }
-  try {
-    GrabarTrabajador();
-  } catch (const RuntimeError&) {
-    // Nothing of what was asked for is forgotten while the worker is still on the screen.
-    if (!copiados) RespuestaNueva = BoxAnswer::kYes;
-    throw;
-  }
+  // Concepts that could not be copied stay asked for while the worker is on the screen.
+  if (RespuestaNueva == BoxAnswer::kYes && CopiaConceptos()) RespuestaNueva.reset();
+  GrabarTrabajador();
+  RespuestaNueva.reset();
   copia_ = {};
   Text1(kNumero).SetFocus();
   CancelaFicha();
@@ -164,9 +156,7 @@ void Trabajadores::CancelaFicha() {
   ficha_.LimpiarCampos(kNumero, kUltimoTexto);
   TrabajadorAnterior.clear();
   SituacionAnterior.clear();
-  for (const int lista : {kTipoIdentificacion, kSituacionPerceptor, kClaseContrato, kMinusvalia}) {
-    Combo1(lista).SetListIndex(0);
-  }
+  PonListasIniciales();
   Text1(kConvenio).SetText(ConvenioEmpresa);
   ficha_.LimpiarGrid();
   Text1(kNumero).SetFocus();

@@ -22,7 +22,6 @@ constexpr int kLargoImporte = 10;
 constexpr std::string_view kMascaraPesetas = "100 N";
 constexpr std::string_view kMascaraOtraMoneda = "012 N";
 constexpr std::string_view kMarcaPesetas = "P";
-constexpr Color kFondoCerrado = 12632256;  // of a box that takes no keys
 
 // Columns of Historico, by ordinal.
 enum ColumnaHistorico {
@@ -92,13 +91,8 @@ void Trabajadores::ConectaRegularizacion() {
     Text2(indice).SetBackColor(kGrey);
     if (indice == static_cast<int>(Figura::kRetencionAcumulada)) CalcularRegula.SetFocus();
   };
-  Text2.On().key_press = [this](int indice, int& caracter) {
-    if (Text2(indice).BackColor() == kFondoCerrado) {
-      caracter = 0;
-    } else {
-      TeclaDeTexto(Text2(indice), caracter);
-    }
-  };
+  // Those that take no keys are locked.
+  Text2.On().key_press = [this](int indice, int& caracter) { TeclaDeTexto(Text2(indice), caracter); };
 }
 
 void Trabajadores::MuestraRegularizacion() {

@@ -10,11 +10,15 @@ namespace zendara {
 
 using namespace campo;
 
-void Trabajadores::ValoresIniciales() {
-  Tab1.SetTab(0);
+void Trabajadores::PonListasIniciales() {
   for (const int lista : {kTipoIdentificacion, kSituacionPerceptor, kClaseContrato, kMinusvalia}) {
     Combo1(lista).SetListIndex(0);
   }
+}
+
+void Trabajadores::ValoresIniciales() {
+  Tab1.SetTab(0);
+  PonListasIniciales();
   Check1(kPrestaciones).SetValue(1);
   Grid1(kHijos).SetCurrent(1, kPrimeraColumna);
   Text1(kSituacion).SetText("001");

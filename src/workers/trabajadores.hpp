@@ -41,6 +41,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
 
   // Display.
   void ValoresIniciales();
+  void PonListasIniciales();
   void MostrarTrabajador();  // the row on which slot 402 stands
   void MostrarSituacion();   // the row on which slot 442 stands
   // A situación's row, from its first column that is a field.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "adapters/headless/company_host.hpp"
+#include "adapters/headless/row_pick_list.hpp"
 #include "common/lista_filas.hpp"
 #include "random/clerk.hpp"
 #include "workers/trabajadores.hpp"
@@ -27,27 +28,17 @@ struct SilentViewer : ListingViewer {
 };
 
 // Takes any row, or none.
-class RandomPickList : public PickList {
+class RandomPickList : public RowPickList {
  public:
   explicit RandomPickList(Hands& hands) : hands_(hands) {}
 
-  void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
-                     const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base, const std::string&,
-                     std::int16_t, std::string& resultado) override {
-    Choose(ListaFilas(motor, base, sql, columnas, lugares), resultado);
-  }
-  void ConsultaFija(const std::vector<std::string>& lineas, const std::string&, std::int16_t,
-                    std::string& resultado) override {
-    Choose(ListaFilas(lineas), resultado);
-  }
-
  private:
-  void Choose(ListaFilas rows, std::string& result) {
+  std::optional<std::size_t> Choose(const std::string&, ListaFilas& rows) override {
     const int last = static_cast<int>(rows.Total()) - 1;
-    if (last >= 0 && hands_.random.Chance(75)) {
-      result = rows.Row(static_cast<std::size_t>(hands_.random.Between(0, last)));
-    }
-    hands_.Note("list -> \"" + result + "\"");
+    std::optional<std::size_t> row;
+    if (last >= 0 && hands_.random.Chance(75)) row = static_cast<std::size_t>(hands_.random.Between(0, last));
+    hands_.Note("list -> \"" + (row ? rows.Row(*row) : "") + "\"");
+    return row;
   }
 
   Hands& hands_;

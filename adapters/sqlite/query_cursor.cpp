@@ -14,9 +14,9 @@
 namespace zendara::sqlite {
 namespace {
 
-// What the store takes: brackets in each other (its parser has a stack of fixed size, and what it allows depends on
-// what stands in them), and tables in one statement.
-constexpr int kMaxNesting = 26;
+// What the store takes. Its parser has a stack of 100, of which one condition and what stands around them need up
+// to 20.
+constexpr std::size_t kMaxDepth = 80;
 constexpr std::size_t kMaxTables = 64;
 
 class SqliteDialect final : public sql::Dialect {
@@ -48,7 +48,7 @@ void RequireAtMost(std::size_t count, std::size_t limit, const sql::Tokens& toke
 
 // What the store would refuse in words of its own is an error of the text.
 void CheckLimits(const Connection& connection, const sql::Tokens& tokens, const sql::Printed& printed) {
-  RequireAtMost(static_cast<std::size_t>(printed.nesting), kMaxNesting, tokens);
+  RequireAtMost(static_cast<std::size_t>(printed.depth), kMaxDepth, tokens);
   RequireAtMost(tokens.literals.size(), connection.Limit(SQLITE_LIMIT_VARIABLE_NUMBER), tokens);
 }
 

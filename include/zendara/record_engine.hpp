@@ -163,8 +163,8 @@ class Database {
 
   // kTable: `source` is a table, 3011 if it does not exist. kQuery and kForward: a table or one SELECT of the dialect,
   // 3078 unknown table, 3061 unknown column, 3421 a comparison of different types, 3075 anything else that is wrong
-  // with the text: also a table twice, brackets deeper than 25, more conditions (at least 27,734 are taken), columns or
-  // tables than the store has room for.
+  // with the text: also a table twice, or more conditions, columns, tables or brackets in each other than the store has
+  // room for (27,734 conditions and 10 brackets in each other are taken).
   virtual std::shared_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) = 0;
   // kQuery.
   std::shared_ptr<Recordset> OpenRecordset(std::string_view sql) { return OpenRecordset(sql, RecordsetType::kQuery); }

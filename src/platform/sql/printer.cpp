@@ -37,7 +37,7 @@ std::string_view Symbol(Operator op) {
 }
 
 // Conditions in one group of a chain.
-constexpr std::size_t kGroup = 32;
+constexpr std::size_t kGroup = 8;
 
 class Printer {
  public:
@@ -83,53 +83,42 @@ class Printer {
 
   void AddCondition(const Expression& condition) {
     const auto& operation = std::get<Operation>(condition.node);
-    Open();
+    const auto operand = [&](std::size_t i) { return Text(operation.operands[i]); };
     switch (operation.op) {
       case Operator::kAnd:
       case Operator::kOr:
-        AddChain(operation.operands, Symbol(operation.op));
-        break;
+        return Within("(", 1, [&] { AddChain(operation.operands, Symbol(operation.op)); });
       case Operator::kNot:
-        Add("NOT ");
-        AddCondition(operation.operands[0]);
-        break;
+        return Within("NOT ", 1, [&] { AddCondition(operation.operands[0]); });
       case Operator::kIsNull:
-        Add(Text(operation.operands[0]) + " IS NULL");
-        break;
+        return Add("(" + operand(0) + " IS NULL)");
       case Operator::kBetween:
-        Add(dialect_.Between(Text(operation.operands[0]), Text(operation.operands[1]), Text(operation.operands[2])));
-        break;
+        return Add("(" + dialect_.Between(operand(0), operand(1), operand(2)) + ")");
       default:
-        Add(Text(operation.operands[0]));
-        Add(Symbol(operation.op));
-        Add(Text(operation.operands[1]));
+        return Add("(" + operand(0) + std::string(Symbol(operation.op)) + operand(1) + ")");
     }
-    Close();
   }
 
   void AddChain(std::span<const Expression> conditions, std::string_view symbol) {
     std::size_t part = 1;
     while (part * kGroup < conditions.size()) part *= kGroup;
     for (std::size_t i = 0; i < conditions.size(); i += part) {
-      if (i > 0) Add(symbol);
-      if (part == 1) {
-        AddCondition(conditions[i]);
-      } else {
-        Open();
-        AddChain(conditions.subspan(i, std::min(part, conditions.size() - i)), symbol);
-        Close();
-      }
+      const auto group = conditions.subspan(i, std::min(part, conditions.size() - i));
+      Within(i > 0 ? symbol : "", i > 0 ? 2 : 0, [&] {
+        if (group.size() == 1) return AddCondition(group[0]);
+        Within("(", 1, [&] { AddChain(group, symbol); });
+      });
     }
   }
 
-  void Open() {
-    Add("(");
-    printed_.nesting = std::max(printed_.nesting, ++open_);
-  }
-
-  void Close() {
-    Add(")");
-    --open_;
+  // Writes something that stands behind `opening`, for which so many parts wait.
+  void Within(std::string_view opening, int parts, const auto& inside) {
+    Add(opening);
+    open_ += parts;
+    printed_.depth = std::max(printed_.depth, open_);
+    inside();
+    open_ -= parts;
+    if (opening == "(") Add(")");
   }
 
   const std::vector<TableRef>& from_;

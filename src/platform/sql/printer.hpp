@@ -23,7 +23,8 @@ class Dialect {
 
 struct Printed {
   std::string text;
-  int nesting = 0;  // brackets that are open at a time, at most
+  // What a reader from left to right has open at a time, at most: brackets, operators and what stood before them.
+  int depth = 0;
 };
 
 // Identifiers are written between double quotes.

@@ -87,8 +87,9 @@ class Scanner {
   }
 
   // No statement has a "?" elsewhere.
-  void AddLiteral(Value value, ColumnType type, std::string_view mark) {
-    result_.literals.push_back(std::move(value));
+  template <typename T>
+  void AddLiteral(T value, ColumnType type, std::string_view mark) {
+    result_.literals.emplace_back(std::move(value));
     result_.tokens.push_back({TokenKind::kLiteral, {}, true, static_cast<int>(result_.literals.size()), type});
     result_.shape += mark;
   }
@@ -99,7 +100,7 @@ class Scanner {
       if (sql_[at_] == quote) {
         if (at_ + 1 == sql_.size() || sql_[at_ + 1] != quote) {
           ++at_;
-          return AddLiteral(Value(std::move(text)), ColumnType::kText, "?t ");
+          return AddLiteral(std::move(text), ColumnType::kText, "?t ");
         }
         ++at_;
       }
@@ -115,7 +116,7 @@ class Scanner {
     const auto date = ReadLiteralDate(sql_.substr(at_ + 1, end - at_ - 1));
     if (!date) FailSyntax(sql_, kBadDate);
     at_ = end + 1;
-    AddLiteral(Value(*date), ColumnType::kDate, "?d ");
+    AddLiteral(*date, ColumnType::kDate, "?d ");
   }
 
   void Bracketed() {
@@ -132,7 +133,7 @@ class Scanner {
     const auto [end, error] = std::from_chars(begin, sql_.data() + sql_.size(), number);
     if (error != std::errc()) FailSyntax(sql_);
     at_ += static_cast<std::size_t>(end - begin);
-    AddLiteral(Value(sign * number), ColumnType::kNumber, "?n ");
+    AddLiteral(sign * number, ColumnType::kNumber, "?n ");
   }
 
   // A minus is the sign of a number and nothing else.

@@ -78,7 +78,8 @@ class Calculo {
     std::size_t columna = kPersonalGeneral;
     const Value& nacimiento = e_.FechaNacimiento;
     if (!nacimiento.IsNull() && !(nacimiento.IsText() && nacimiento.Text().empty())) {
-      d_.edad = AnoFin(condiciones_.ano) - static_cast<int>(Year(nacimiento).Number());
+      const int fin = AnoFin(condiciones_.ano);
+      d_.edad = fin - static_cast<int>(Year(nacimiento, WindowOfBirths(fin % 100)).Number());
       if (d_.edad > kEdadMayor) columna = kPersonalMayor65;
     }
     if (e_.GradoMinusvalia == "1" || e_.GradoMinusvalia == "2") columna = kPersonalGrado12;
@@ -260,7 +261,9 @@ class Calculo {
 
 }  // namespace
 
-int AnoFin(std::string_view ano) { return static_cast<int>(Year(Value("31/12/20" + std::string(ano))).Number()); }
+int AnoFin(std::string_view ano) {
+  return static_cast<int>(Year(Value("31/12/20" + std::string(ano)), YearWindow{}).Number());
+}
 
 DesgloseIRPF CalculaTipoIRPF(const EntradasIRPF& entradas, const ParametrosIRPF& parametros,
                              const CondicionesIRPF& condiciones) {

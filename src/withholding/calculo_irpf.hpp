@@ -29,7 +29,7 @@ struct EntradasIRPF {
   std::string SituacionFamiliar;   // "1", "2", "3"
   std::string GradoMinusvalia;     // "0" to "3"
   std::string CeutaMelilla;        // only "S" has an effect
-  Value FechaNacimiento;           // Null or empty: no age
+  Value FechaNacimiento;           // Null or empty: no age; two digits of a year end with the working year
   std::string RetribucionesAnuales;
   std::string RentasIrregulares;
   std::string GastosAnuales;

@@ -155,19 +155,17 @@ class Calculo {
 
   // Row of the scale for the base, -1 for none: a base that equals the last limit finds none.
   int FilaEscala() const {
-    int tomada = -1;
     int ultima = -1;
     for (int fila = 0; fila < static_cast<int>(kFilasEscala); ++fila) {
       const double limite = CeldaEscala(fila, 0);
-      if (limite != 0) ultima = fila;
       if (base_ < limite) {
-        if (fila == 0) throw RuntimeError(kSubscriptOutOfRange);
-        tomada = fila - 1;
-        break;
+        // The bracket would be the row before the first one, whose columns do not exist.
+        if (fila == 0) throw RuntimeError(kItemNotFound);
+        return fila - 1;
       }
+      if (limite != 0) ultima = fila;
     }
-    const bool sin_tipo = tomada < 0 || CeldaEscala(tomada, 2) == 0;
-    return sin_tipo && ultima >= 0 && CeldaEscala(ultima, 0) < base_ ? ultima : tomada;
+    return ultima >= 0 && CeldaEscala(ultima, 0) < base_ ? ultima : -1;
   }
 
   void Escala() {

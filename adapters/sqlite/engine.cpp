@@ -23,14 +23,16 @@ class OpenDatabase final : public Database {
   const std::string& Name() const override { return name_; }
 
   std::shared_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) override {
-    if (type == RecordsetType::kQuery) return MakeQueryRecordset(MakeQueryCursor(Shared(), source));
-    if (type == RecordsetType::kForward) return MakeForwardRecordset(MakeQueryCursor(Shared(), source));
+    if (type == RecordsetType::kQuery) return MakeQueryRecordset(MakeQueryCursor(Shared(), source, Years()));
+    if (type == RecordsetType::kForward) return MakeForwardRecordset(MakeQueryCursor(Shared(), source, Years()));
     TableInfo* table = Shared()->FindTable(source);
     if (!table) throw RuntimeError(kObjectNotFound, {std::string(source)});
-    return MakeTableRecordset(MakeTableCursor(connection_, *table));
+    auto recordset = MakeTableRecordset(MakeTableCursor(connection_, *table));
+    recordset->SetYearWindow(Years());
+    return recordset;
   }
 
-  void Execute(std::string_view sql) override { RunDelete(*Shared(), sql); }
+  void Execute(std::string_view sql) override { RunDelete(*Shared(), sql, Years()); }
 
   std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql) override {
     Shared()->Acquire(nullptr);

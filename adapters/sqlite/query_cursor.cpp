@@ -133,15 +133,16 @@ class Cursor final : public QueryCursor, private Holder {
 
 }  // namespace
 
-std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connection, std::string_view sql) {
-  sql::Tokens tokens = sql::Tokenize(sql);
+std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connection, std::string_view sql,
+                                             YearWindow window) {
+  sql::Tokens tokens = sql::Tokenize(sql, window);
   auto query = connection->queries().Find(tokens.shape);
   if (!query) query = Prepare(*connection, tokens);
   return std::make_unique<Cursor>(std::move(connection), std::move(query), tokens.literals);
 }
 
-void RunDelete(Connection& connection, std::string_view sql) {
-  const sql::Tokens tokens = sql::Tokenize(sql);
+void RunDelete(Connection& connection, std::string_view sql, YearWindow window) {
+  const sql::Tokens tokens = sql::Tokenize(sql, window);
   const sql::Delete parsed = ParseDelete(tokens, CatalogueOf(connection));
   const sql::Printed printed = Print(parsed, SqliteDialect());
   CheckLimits(connection, tokens, printed);

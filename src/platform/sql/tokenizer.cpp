@@ -41,21 +41,19 @@ std::optional<std::array<int, 3>> SplitDate(std::string_view text) {
   return parts;
 }
 
-int WholeYear(int year) { return year < 100 ? FullYear(year) : year; }
-
 // The language's own order, whatever the locale: month first, then year first, then day first.
-std::optional<Date> ReadLiteralDate(std::string_view text) {
+std::optional<Date> ReadLiteralDate(std::string_view text, YearWindow window) {
   const auto parts = SplitDate(text);
   if (!parts) return std::nullopt;
   const auto [a, b, c] = *parts;
-  if (const auto date = MakeDate(WholeYear(c), a, b)) return date;
-  if (const auto date = MakeDate(WholeYear(a), b, c)) return date;
-  return MakeDate(WholeYear(c), b, a);
+  if (const auto date = MakeDate(FullYear(c, window), a, b)) return date;
+  if (const auto date = MakeDate(FullYear(a, window), b, c)) return date;
+  return MakeDate(FullYear(c, window), b, a);
 }
 
 class Scanner {
  public:
-  explicit Scanner(std::string_view sql) : sql_(sql), result_{sql, {}, {}, {}} {}
+  Scanner(std::string_view sql, YearWindow window) : sql_(sql), window_(window), result_{sql, {}, {}, {}} {}
 
   Tokens Run() {
     result_.tokens.reserve(sql_.size() / 4 + 1);
@@ -113,7 +111,7 @@ class Scanner {
   void DateLiteral() {
     const std::size_t end = sql_.find('#', at_ + 1);
     if (end == std::string_view::npos) FailSyntax(sql_, kBadDate);
-    const auto date = ReadLiteralDate(sql_.substr(at_ + 1, end - at_ - 1));
+    const auto date = ReadLiteralDate(sql_.substr(at_ + 1, end - at_ - 1), window_);
     if (!date) FailSyntax(sql_, kBadDate);
     at_ = end + 1;
     AddLiteral(*date, ColumnType::kDate, "?d ");
@@ -160,13 +158,14 @@ class Scanner {
   }
 
   std::string_view sql_;
+  YearWindow window_;
   Tokens result_;
   std::size_t at_ = 0;
 };
 
 }  // namespace
 
-Tokens Tokenize(std::string_view sql) { return Scanner(sql).Run(); }
+Tokens Tokenize(std::string_view sql, YearWindow window) { return Scanner(sql, window).Run(); }
 
 void FailSyntax(std::string_view sql, std::string_view cause) {
   constexpr int kShown = 500;  // characters

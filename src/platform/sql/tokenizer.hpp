@@ -28,9 +28,9 @@ struct Tokens {
 };
 
 // Texts stand in '...' or "..." with the quote doubled inside, names may stand in brackets, dates between "#": month
-// first, then year first, then day first. Error 3075 for an open quote, a date that is none, or a character of no
-// token. REQUIRES: the text outlives the tokens.
-Tokens Tokenize(std::string_view sql);
+// first, then year first, then day first, two-digit years in `window`. Error 3075 for an open quote, a date that is
+// none, or a character of no token. REQUIRES: the text outlives the tokens.
+Tokens Tokenize(std::string_view sql, YearWindow window);
 
 inline constexpr std::string_view kMissingOperator = "Error de sintaxis (falta operador)";
 inline constexpr std::string_view kTooComplex = "Expresión demasiado compleja";

@@ -11,10 +11,6 @@
 namespace zendara {
 namespace {
 
-// The screens that a host can name; the register has more, which open from within these.
-constexpr std::string_view kPantallasPublicas[] = {"Trabajadores", "MIncidencias", "MIncidenciasESP",
-                                                   "MIncidenciasVAR"};
-
 // One step of the entry: whatever it throws, the next one runs.
 template <typename Step>
 void Paso(Step step) noexcept {
@@ -49,7 +45,7 @@ void PonVentana(Sesion& sesion) noexcept {
 }
 
 void MuestraPantalla(Componente& componente, std::string_view nombre) {
-  if (std::ranges::find(kPantallasPublicas, nombre) == std::end(kPantallasPublicas)) return;
+  if (std::ranges::find(kPantallasPublicas, nombre) == kPantallasPublicas.end()) return;
   const Platform& platform = componente.sesion.platform;
   if (!platform.engine || !platform.dialogs || !platform.files) throw RuntimeError(kObjectNotSet);
   componente.pantallas.Muestra(nombre);

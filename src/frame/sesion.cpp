@@ -1,5 +1,8 @@
 #include "frame/sesion.hpp"
 
+#include <algorithm>
+
+#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -15,7 +18,7 @@ Recordset& Sesion::Tabla(int slot) const {
 void Sesion::PonEjercicio(std::string_view ejercicio) {
   AnoTrabajo = Right(ejercicio, 2);
   const std::string digits = Trim(AnoTrabajo.str());
-  if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) return;
+  if (digits.empty() || !std::ranges::all_of(digits, IsDigit)) return;
   int year = 0;
   for (const char digit : digits) year = 10 * year + (digit - '0');
   VentanaFechas = WindowOfDates(year);

@@ -6,7 +6,8 @@
 #include <cmath>
 #include <ctime>
 
-#include "runtime/reading.hpp"
+#include "runtime/characters.hpp"
+#include "runtime/number.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {

@@ -8,11 +8,11 @@
 
 namespace zendara {
 
-Recordset& Sesion::Tabla(int slot) const {
-  if (slot < 0 || slot > kSlots) throw RuntimeError(kSubscriptOutOfRange);
-  const std::shared_ptr<Recordset>& recordset = Tablas[static_cast<std::size_t>(slot)];
-  if (!recordset) throw RuntimeError(kObjectNotSet);
-  return *recordset;
+Recordset& Sesion::Tabla(int ranura) const {
+  if (ranura < 0 || ranura > kSlots) throw RuntimeError(kSubscriptOutOfRange);
+  const std::shared_ptr<Recordset>& tabla = Tablas[static_cast<std::size_t>(ranura)];
+  if (!tabla) throw RuntimeError(kObjectNotSet);
+  return *tabla;
 }
 
 void Sesion::PonEjercicio(std::string_view ejercicio) {

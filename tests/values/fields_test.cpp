@@ -64,7 +64,7 @@ TEST(FormatoFecha, TurnsDigitsIntoADateOrSaysWhatIsWrong) {
     const std::string message = c.message;
     FakeField field(c.typed);
     FakeDialogs dialogs;
-    EXPECT_EQ(FormatoFecha(field, dialogs), c.date);
+    EXPECT_EQ(FormatoFecha(field, dialogs, {}), c.date);
     EXPECT_EQ(field.text, c.emptied ? "" : c.typed);
     EXPECT_EQ(field.focused, c.emptied);
     EXPECT_EQ(dialogs.boxes, std::vector<std::string>(message.empty() ? 0 : 1, message));

@@ -31,7 +31,7 @@ TEST(CalculaTipoIRPF, RaisesRunTimeErrors) {
   from_100[0] = 100;
   EntradasIRPF base_99 = Trabajador("10000000");
   base_99.Anualidades = "9074901";
-  EXPECT_EQ(error_of(base_99, from_100), kSubscriptOutOfRange);
+  EXPECT_EQ(error_of(base_99, from_100), kItemNotFound);
 
   ParametrosIRPF steep = Parametros();
   steep[50] = 1e308;

@@ -167,7 +167,7 @@ Worker RandomWorker(std::mt19937& random) {
   w.contract = "GGIR"[below(4)];
   w.situation = "1122334"[below(7)];
   w.grade = "000123"[below(6)];
-  w.birth_year = below(8) == 0 ? 0 : 30 + below(50);
+  w.birth_year = below(8) == 0 ? 0 : 10 + below(70);
   const int unit = w.pesetas ? 100 : 1;
   const auto amount = [&](int pesetas) { return static_cast<Hundredths>(below(pesetas)) * 100 + below(100) / unit; };
   w.pay = 90000000 + amount(below(2) == 0 ? 2500000 : 8000000);

@@ -43,7 +43,7 @@ class EntradasTest : public testing::Test {
 };
 
 TEST_F(EntradasTest, TakesEachFigureFromItsColumn) {
-  worker[19] = *MakeDate(1935, 3, 5);
+  worker[19] = *MakeDate(1925, 3, 5);
   worker[81] = Null{};
   worker[24] = 2;
   worker[25] = "1990";
@@ -58,7 +58,7 @@ TEST_F(EntradasTest, TakesEachFigureFromItsColumn) {
       {&e.GastosAnuales, "c77"},        {&e.Anualidades, "c48"},          {&e.CeutaMelilla, "c80"},
       {&e.RetribucionesAcumuladas, ""}, {&e.RetencionAcumulada, "c82"}};
   for (const auto& [figure, text] : figures) EXPECT_EQ(*figure, text);
-  EXPECT_EQ(e.FechaNacimiento, Value("05/03/35"));
+  EXPECT_EQ(e.FechaNacimiento, Value(*MakeDate(1925, 3, 5)));
 
   const double ages[] = {11, 2001, 0};
   for (std::size_t r = 0; r < std::size(ages); ++r) EXPECT_EQ(e.Hijos[r].edad, ages[r]);

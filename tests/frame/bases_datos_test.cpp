@@ -135,6 +135,7 @@ TEST_F(BasesDatos, CargaParametrosReadsTheThreeFilesAndLetsAMissingOneThrough) {
   for (const char* name : {"IMPM1600.DAT", "IMPM0999.DAT", "NOM00997.DAT"}) {
     std::ofstream(folder / "DATOS/" + name) << name << std::string(300, '.');
   }
+  sesion.DirDatos.clear();
   CargaParametros(sesion);
   EXPECT_EQ(sesion.ParametrosListado, "IMPM1600.DAT" + std::string(244, '.'));
   EXPECT_EQ(sesion.ParametrosImpresion, "IMPM0999.DAT" + std::string(288, '.'));

@@ -88,14 +88,9 @@ class Clerk {
 
   void PressAccessKey() { hands_.Press(form_, std::string("Alt+") + random_.Pick(kAccessKeys)); }
 
-  void ClickAnything() { hands_.Click(form_, *Any<Control>()); }
-
-  void ClickButton() {
-    if (auto* button = Any<Button>()) hands_.Click(form_, *button);
-  }
-
-  void LookUp() {
-    if (auto* image = Any<Image>()) hands_.Click(form_, *image);
+  template <typename T>
+  void ClickAny() {
+    if (auto* control = Any<T>()) hands_.Click(form_, *control);
   }
 
   void PickEntry() {
@@ -291,14 +286,29 @@ class Clerk {
 };
 
 const Clerk::Habit Clerk::kHabits[] = {
-    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},     {2, false, &Clerk::PressAccessKey},
-    {5, false, &Clerk::ClickButton},    {8, false, &Clerk::ClickAnything}, {4, false, &Clerk::PickEntry},
-    {4, false, &Clerk::TurnPage},       {5, false, &Clerk::PointToCell},   {4, false, &Clerk::PasteHostile},
-    {3, false, &Clerk::MoveMouse},      {1, false, &Clerk::CloseWindow},   {3, false, &Clerk::EmptyField},
-    {2, false, &Clerk::LookUp},         {4, true, &Clerk::ShowWorker},     {1, true, &Clerk::ShowSituacion},
-    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},      {2, true, &Clerk::ChangeWorker},
-    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},     {2, true, &Clerk::Calculate},
-    {2, true, &Clerk::Regularise},      {1, true, &Clerk::Remove},
+    {24, false, &Clerk::TypeSomething},
+    {20, false, &Clerk::PressKey},
+    {2, false, &Clerk::PressAccessKey},
+    {5, false, &Clerk::ClickAny<Button>},
+    {8, false, &Clerk::ClickAny<Control>},
+    {4, false, &Clerk::PickEntry},
+    {4, false, &Clerk::TurnPage},
+    {5, false, &Clerk::PointToCell},
+    {4, false, &Clerk::PasteHostile},
+    {3, false, &Clerk::MoveMouse},
+    {1, false, &Clerk::CloseWindow},
+    {3, false, &Clerk::EmptyField},
+    {2, false, &Clerk::ClickAny<Image>},
+    {4, true, &Clerk::ShowWorker},
+    {1, true, &Clerk::ShowSituacion},
+    {6, true, &Clerk::FillFields},
+    {2, true, &Clerk::NewWorker},
+    {2, true, &Clerk::ChangeWorker},
+    {2, true, &Clerk::NewSituacion},
+    {2, true, &Clerk::FillFamily},
+    {2, true, &Clerk::Calculate},
+    {2, true, &Clerk::Regularise},
+    {1, true, &Clerk::Remove},
 };
 
 void Clerk::Act() {

@@ -31,7 +31,7 @@ struct RecordingSurface : DrawingSurface {
     bool operator==(const Text&) const = default;
   };
 
-  double Width() const override { return 360; }
+  double Width() const override { return width; }
   double Height() const override { return height; }
   PictureFont Font() const override { return font; }
   int VerticalPixelsPerInch() const override { return 96; }
@@ -43,6 +43,7 @@ struct RecordingSurface : DrawingSurface {
   }
   void Refresh() override { ++refreshes; }
 
+  double width = 360;
   double height = 150;
   PictureFont font{.name = "Arial", .size = 8.25};
   std::vector<Band> bands;
@@ -71,9 +72,13 @@ TEST_F(VerticalTest, BandsRunFromTheBottomNearlyToTheEndColourBesideTheCaption) 
   // A step of two pixels from 510 on; a tie of the colour goes to even.
   picture.bands.clear();
   picture.height = 510 * 15;
+  picture.width = 25 * 15;
+  picture.font = {.name = "Arial", .size = 8.25};
   PintaVertical(screen, picture, "x", "16744576", "12632319");
   ASSERT_EQ(picture.bands.size(), 256U);
   EXPECT_EQ(picture.bands[0].top, 508);
+  EXPECT_EQ(picture.texts[1].x, 4);
+  EXPECT_EQ(picture.texts[1].font.weight, 400);
   EXPECT_EQ(picture.bands[129].color, 192U + 160U * 256 + 223U * 65536);
 }
 

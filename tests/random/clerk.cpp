@@ -89,7 +89,7 @@ class Clerk {
   void PressAccessKey() { hands_.Press(form_, std::string("Alt+") + random_.Pick(kAccessKeys)); }
 
   template <typename T>
-  void ClickAny() {
+  void Click() {
     if (auto* control = Any<T>()) hands_.Click(form_, *control);
   }
 
@@ -286,29 +286,14 @@ class Clerk {
 };
 
 const Clerk::Habit Clerk::kHabits[] = {
-    {24, false, &Clerk::TypeSomething},
-    {20, false, &Clerk::PressKey},
-    {2, false, &Clerk::PressAccessKey},
-    {5, false, &Clerk::ClickAny<Button>},
-    {8, false, &Clerk::ClickAny<Control>},
-    {4, false, &Clerk::PickEntry},
-    {4, false, &Clerk::TurnPage},
-    {5, false, &Clerk::PointToCell},
-    {4, false, &Clerk::PasteHostile},
-    {3, false, &Clerk::MoveMouse},
-    {1, false, &Clerk::CloseWindow},
-    {3, false, &Clerk::EmptyField},
-    {2, false, &Clerk::ClickAny<Image>},
-    {4, true, &Clerk::ShowWorker},
-    {1, true, &Clerk::ShowSituacion},
-    {6, true, &Clerk::FillFields},
-    {2, true, &Clerk::NewWorker},
-    {2, true, &Clerk::ChangeWorker},
-    {2, true, &Clerk::NewSituacion},
-    {2, true, &Clerk::FillFamily},
-    {2, true, &Clerk::Calculate},
-    {2, true, &Clerk::Regularise},
-    {1, true, &Clerk::Remove},
+    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},      {2, false, &Clerk::PressAccessKey},
+    {5, false, &Clerk::Click<Button>},  {8, false, &Clerk::Click<Control>}, {4, false, &Clerk::PickEntry},
+    {4, false, &Clerk::TurnPage},       {5, false, &Clerk::PointToCell},    {4, false, &Clerk::PasteHostile},
+    {3, false, &Clerk::MoveMouse},      {1, false, &Clerk::CloseWindow},    {3, false, &Clerk::EmptyField},
+    {2, false, &Clerk::Click<Image>},   {4, true, &Clerk::ShowWorker},      {1, true, &Clerk::ShowSituacion},
+    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},       {2, true, &Clerk::ChangeWorker},
+    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},      {2, true, &Clerk::Calculate},
+    {2, true, &Clerk::Regularise},      {1, true, &Clerk::Remove},
 };
 
 void Clerk::Act() {

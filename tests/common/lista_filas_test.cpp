@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/fakes.hpp"
 #include "lists_fixture.hpp"
 #include "platform/record/cursor.hpp"
 #include "runtime/text.hpp"
 #include "support/errors.hpp"
+#include "support/fake_engine.hpp"
 
 namespace zendara {
 namespace {
@@ -28,7 +28,7 @@ class NumberRows : public QueryCursor {
 };
 
 struct Numbers : FakeDatabase {
-  Numbers(Diary& d, int& r) : FakeDatabase(d, "numbers"), read(r) {}
+  explicit Numbers(int& r) : read(r) {}
   std::shared_ptr<Recordset> OpenRecordset(std::string_view, RecordsetType) override {
     return MakeQueryRecordset(std::make_unique<NumberRows>(read));
   }
@@ -36,14 +36,12 @@ struct Numbers : FakeDatabase {
 };
 
 struct NumbersEngine : FakeEngine {
-  using FakeEngine::FakeEngine;
-  std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Numbers>(diary, read); }
+  std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Numbers>(read); }
   int read = 0;
 };
 
 TEST(ListaFilasTest, ReadsNoFurtherThanItIsAsked) {
-  Diary diary;
-  const auto engine = std::make_shared<NumbersEngine>(diary);
+  const auto engine = std::make_shared<NumbersEngine>();
   const int& read = engine->read;
   ListaFilas filas(*engine, "x", "x", {"001"}, {{1, 7}});
   EXPECT_LE(read, 1);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <iostream>
 
 #include "adapters/headless/script_keys.hpp"
 #include "runtime/text.hpp"
@@ -51,7 +50,7 @@ void Hands::Do(Form& form, const std::string& what, const std::function<void()>&
   --left_;
   ++findings_.events;
   boxes_ = 0;
-  trail_.Event(what);
+  Note(what);
   const Shown before = ShownOn(form);
   try {
     event();
@@ -151,11 +150,6 @@ BoxAnswer Hands::Answer(const Box& box) {
 void Hands::Untrapped(int number, const std::string& text) {
   Note("error " + std::to_string(number) + " " + Quoted(text));
   ++findings_.errors[std::to_string(number) + " " + ErrorText(number)];
-}
-
-void Hands::Fail(const std::string& reason) {
-  if (!failed_) std::cerr << trail_.Text(reason) << std::flush;
-  failed_ = true;
 }
 
 }  // namespace zendara

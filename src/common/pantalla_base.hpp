@@ -32,6 +32,7 @@ class PantallaBase : public Form, public Pantalla {
   PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco);
 
   void Mostrar() override { Show(); }
+  bool EnPantalla() const override { return Shown(); }
 
   // A mouse movement over a button: the text, or with an empty one the default of its name.
   void PonPista(std::string_view texto, Control& control);
@@ -45,7 +46,8 @@ class PantallaBase : public Form, public Pantalla {
   void PonTitulos();
   void PonTamano() { SetSize(9600, 7200); }
 
-  // A routine that guards itself: a run-time error is shown and ends it. The pointer stays as it is.
+  // A routine that guards itself: an error, whatever exception it came as, is shown and ends it. The pointer stays as
+  // it is.
   void Guarda(const std::function<void()>& rutina);
   // A plain box, or one with an icon.
   void Mensaje(const std::string& texto, BoxIcon icono = BoxIcon::kNone);

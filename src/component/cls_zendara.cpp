@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "component/componente.hpp"
 #include "runtime/date.hpp"
+#include "runtime/failure.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
@@ -21,6 +23,7 @@ void Paso(Step step) noexcept {
   try {
     step();
   } catch (...) {
+    LogCurrentError();
   }
 }
 
@@ -45,6 +48,13 @@ void MuestraPantalla(Componente& componente, std::string_view nombre) {
   componente.pantallas.Muestra(nombre);
 }
 
+// The session goes back to the screen below. That screen may have gone meanwhile, so FormActivo is what it is now.
+void Devuelve(Sesion&& de_la_pantalla, Sesion& sesion) noexcept {
+  de_la_pantalla.FormActivo = sesion.FormActivo;
+  sesion = std::move(de_la_pantalla);
+  Paso([&] { sesion.PonEjercicio(sesion.AnoTrabajo.str()); });
+}
+
 }  // namespace
 
 Componente& ElComponente() {
@@ -64,7 +74,10 @@ void ClsZendara::Carga_Formulario(const std::string& NombreForm, const std::shar
                                   const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT,
                                   Morlane& ObjMorlane) noexcept {
   Componente& componente = ElComponente();
+  if (componente.pantallas.EnPantalla(NombreForm)) return;
   Sesion& sesion = componente.sesion;
+  std::optional<Sesion> de_la_pantalla;
+  if (componente.pantallas.EnPantalla()) Paso([&] { de_la_pantalla = sesion; });
   Paso([&] { sesion.BDEmpresa = MiBD; });
   Paso([&] { sesion.BDSegunda = MiBE; });
   for (int slot = 1; slot <= kSlots; ++slot) {
@@ -73,6 +86,7 @@ void ClsZendara::Carga_Formulario(const std::string& NombreForm, const std::shar
   LeeSesion(sesion, ObjMorlane);
   Paso([&] { MuestraPantalla(componente, NombreForm); });
   Paso([&] { ObjMorlane.Retorno(sesion.TextoRetorno); });
+  if (de_la_pantalla) Devuelve(std::move(*de_la_pantalla), sesion);
 }
 
 void ClsZendara::NumBas(std::int16_t valor) noexcept { ElComponente().numero_bas = valor; }

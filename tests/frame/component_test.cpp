@@ -43,6 +43,7 @@ class Component : public testing::Test {
   struct FakePantalla : Pantalla {
     explicit FakePantalla(Component& t) : test(t) {}
     void Mostrar() override { test.muestra(); }
+    bool EnPantalla() const override { return test.mostrada; }
     Component& test;
   };
 
@@ -74,6 +75,7 @@ class Component : public testing::Test {
   std::shared_ptr<Database> be = std::make_shared<FakeDatabase>(diary, "be");
   RecordsetArray tablas{0, std::vector<std::shared_ptr<Recordset>>(kSlots + 1)};
   Sesion& sesion = ElComponente().sesion;
+  bool mostrada = false;
   std::function<void()> muestra = [this] { diary.Note("Mostrar"); };
 };
 

@@ -42,9 +42,14 @@ class Component : public testing::Test {
  protected:
   struct FakePantalla : Pantalla {
     explicit FakePantalla(Component& t) : test(t) {}
-    void Mostrar() override { test.muestra(); }
-    bool EnPantalla() const override { return test.mostrada; }
+    void Mostrar() override {
+      mostrada = true;
+      const std::unique_ptr<bool, void (*)(bool*)> fin(&mostrada, [](bool* fuera) { *fuera = false; });
+      test.muestra();
+    }
+    bool EnPantalla() const override { return mostrada; }
     Component& test;
+    bool mostrada = false;
   };
 
   Component() {
@@ -75,7 +80,6 @@ class Component : public testing::Test {
   std::shared_ptr<Database> be = std::make_shared<FakeDatabase>(diary, "be");
   RecordsetArray tablas{0, std::vector<std::shared_ptr<Recordset>>(kSlots + 1)};
   Sesion& sesion = ElComponente().sesion;
-  bool mostrada = false;
   std::function<void()> muestra = [this] { diary.Note("Mostrar"); };
 };
 
@@ -168,6 +172,30 @@ TEST_F(Component, AScreenLivesFromItsFirstUseUntilItUnloadsEvenWhileShown) {
   EXPECT_TRUE(registro.Muestra("X"));
   EXPECT_TRUE(pantalla.expired());
   EXPECT_FALSE(registro.Muestra("x"));
+}
+
+TEST_F(Component, AShownScreenIsLeftAloneAndGetsItsSessionBackFromTheOneAboveIt) {
+  Registra("Trabajadores");
+  Registra("MIncidencias");
+  std::string above;
+  muestra = [&] {
+    morlane.values = {{"CodigoEmpresa", "77"}, {"Ejercicio", 2026}, {"Retorno", "E"}};
+    diary.lines.clear();
+    Carga("Trabajadores");
+    EXPECT_THAT(diary.lines, testing::IsEmpty());
+
+    muestra = [&] { above = sesion.CodEmpresa.str() + sesion.BDEmpresa->Name(); };
+    std::swap(bd, be);
+    Carga("MIncidencias");
+    std::swap(bd, be);
+    EXPECT_EQ(above, "77   " + be->Name());
+    EXPECT_EQ(diary.lines.back(), "Retorno = E");
+    EXPECT_THAT(Textos(), testing::Contains("P"));
+    EXPECT_EQ(sesion.CodEmpresa.str() + sesion.AnoTrabajo.str(), "12   01");
+    EXPECT_EQ(sesion.BDEmpresa, bd);
+  };
+  Carga("Trabajadores");
+  EXPECT_EQ(diary.lines.back(), "Retorno = P");
 }
 
 TEST_F(Component, AScreenThatFailsOrCannotBeMadeIsPassedOver) {

@@ -44,10 +44,10 @@ void LeeSesion(Sesion& sesion, Morlane& morlane) noexcept {
 // What the host opened reads dates as the session does.
 void PonVentana(Sesion& sesion) noexcept {
   for (const auto& base : {sesion.BDEmpresa, sesion.BDSegunda}) {
-    if (base) base->SetYearWindow(sesion.VentanaFechas);
+    if (base) Paso([&] { base->SetYearWindow(sesion.VentanaFechas); });
   }
   for (const auto& tabla : sesion.Tablas) {
-    if (tabla) tabla->SetYearWindow(sesion.VentanaFechas);
+    if (tabla) Paso([&] { tabla->SetYearWindow(sesion.VentanaFechas); });
   }
 }
 
@@ -62,7 +62,7 @@ void MuestraPantalla(Componente& componente, std::string_view nombre) {
 void Devuelve(Sesion&& de_la_pantalla, Sesion& sesion) noexcept {
   de_la_pantalla.FormActivo = sesion.FormActivo;
   sesion = std::move(de_la_pantalla);
-  Paso([&] { sesion.PonEjercicio(sesion.AnoTrabajo.str()); });
+  PonVentana(sesion);
 }
 
 }  // namespace

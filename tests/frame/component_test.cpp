@@ -183,13 +183,17 @@ TEST_F(Component, AShownScreenIsLeftAloneAndGetsItsSessionBackFromTheOneAboveIt)
   Registra("Trabajadores");
   Registra("MIncidencias");
   std::string above;
+  bool first = true;
   muestra = [&] {
+    if (!std::exchange(first, false)) {
+      above = sesion.CodEmpresa.str() + sesion.BDEmpresa->Name();
+      return;
+    }
     morlane.values = {{"CodigoEmpresa", "77"}, {"Ejercicio", 2026}, {"Retorno", "E"}};
     diary.lines.clear();
     Carga("Trabajadores");
     EXPECT_THAT(diary.lines, testing::IsEmpty());
 
-    muestra = [&] { above = sesion.CodEmpresa.str() + sesion.BDEmpresa->Name(); };
     std::swap(bd, be);
     Carga("MIncidencias");
     std::swap(bd, be);

@@ -1,5 +1,5 @@
 // The frame that every screen has: title row, keys, focus shown by colour, overtyping, hints, calculator, help, banner,
-// side caption, leaving. A screen derives from it and tells what is its own.
+// side caption, leaving. A screen derives from it and adds what is its own.
 #pragma once
 
 #include <functional>
@@ -56,7 +56,7 @@ class PantallaBase : public Form, public Pantalla {
   // Copies Text1 and Image1 handlers onto the frame's rules; call it once all controls stand.
   void ConectaMarco();
 
-  // What a screen tells.
+  // What is the screen's own.
   virtual void EntradaCampo(int /*indice*/) {}   // before the caret goes to the end
   virtual void SalidaCampo(int /*indice*/) {}    // after the field is grey again
   virtual void AbreLista(int /*indice*/) {}      // look-up image or F2
@@ -66,7 +66,7 @@ class PantallaBase : public Form, public Pantalla {
   void OnKeyDown(int& code, int shift) override;
   void OnKeyPress(int& character) override;
   void OnClose() override { Click(Salir); }
-  void OnUnload() override;  // tells the banner
+  void OnUnload() override;  // the banner hears of it
 
   Sesion& sesion_;
   RegistroPantallas& pantallas_;

@@ -26,7 +26,7 @@ class FormHost {
   virtual void DoEvents() = 0;
   // F1 on a form with a help context.
   virtual void ShowHelp(const std::string& file, int context) = 0;
-  // Told of a run-time error that no routine trapped, before its box.
+  // A run-time error that no routine trapped, before its box.
   virtual void Untrapped(int /*number*/, const std::string& /*text*/) {}
   // Box of a run-time error that no routine trapped, and boxes and beeps of the screens.
   virtual Dialogs& Boxes() = 0;
@@ -78,7 +78,7 @@ class Form {
   Control* Find(std::string_view id) const;  // "Text1(7)"; case counts; nullptr if there is none
   void SetTabOrder(std::vector<Control*> order) { tab_order_ = std::move(order); }
   const Layout& GetLayout() const { return layout_; }
-  // Also tells the controls what they stand in, and makes the tab order.
+  // The controls know from it what they stand in, and its order is the tab order.
   void SetLayout(Layout layout);
 
   // Life. Show loads the form if it is not loaded, and is modal; on a form that is being shown it returns at once.

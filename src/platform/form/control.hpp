@@ -46,7 +46,7 @@ struct Key {
 };
 
 // Handlers of a control, or of all controls of an array, which get the index of the one concerned. A handler sets a key
-// or character to 0 to cancel it.
+// or character to 0 to cancel it. The characters of a paste go through key_press alone.
 struct Events {
   std::function<void(int index)> got_focus;
   std::function<void(int index)> lost_focus;

@@ -56,8 +56,14 @@ class Component : public testing::Test {
  protected:
   struct FakePantalla : Pantalla {
     explicit FakePantalla(Component& t) : test(t) {}
-    void Mostrar() override { test.muestra(); }
+    void Mostrar() override {
+      mostrada = true;
+      const std::unique_ptr<bool, void (*)(bool*)> fin(&mostrada, [](bool* fuera) { *fuera = false; });
+      test.muestra();
+    }
+    bool EnPantalla() const override { return mostrada; }
     Component& test;
+    bool mostrada = false;
   };
 
   Component() {
@@ -187,6 +193,34 @@ TEST_F(Component, AScreenLivesFromItsFirstUseUntilItUnloadsEvenWhileShown) {
   EXPECT_TRUE(registro.Muestra("X"));
   EXPECT_TRUE(pantalla.expired());
   EXPECT_FALSE(registro.Muestra("x"));
+}
+
+TEST_F(Component, AShownScreenIsLeftAloneAndGetsItsSessionBackFromTheOneAboveIt) {
+  Registra("Trabajadores");
+  Registra("MIncidencias");
+  std::string above;
+  bool first = true;
+  muestra = [&] {
+    if (!std::exchange(first, false)) {
+      above = sesion.CodEmpresa.str() + sesion.BDEmpresa->Name();
+      return;
+    }
+    morlane.values = {{"CodigoEmpresa", "77"}, {"Ejercicio", 2026}, {"Retorno", "E"}};
+    diary.lines.clear();
+    Carga("Trabajadores");
+    EXPECT_THAT(diary.lines, testing::IsEmpty());
+
+    std::swap(bd, be);
+    Carga("MIncidencias");
+    std::swap(bd, be);
+    EXPECT_EQ(above, "77   " + be->Name());
+    EXPECT_EQ(diary.lines.back(), "Retorno = E");
+    EXPECT_THAT(Textos(), testing::Contains("P"));
+    EXPECT_EQ(sesion.CodEmpresa.str() + sesion.AnoTrabajo.str(), "12   01");
+    EXPECT_EQ(sesion.BDEmpresa, bd);
+  };
+  Carga("Trabajadores");
+  EXPECT_EQ(diary.lines.back(), "Retorno = P");
 }
 
 TEST_F(Component, AScreenThatFailsOrCannotBeMadeIsPassedOver) {

@@ -29,7 +29,9 @@ constexpr std::size_t kIdAt = 68;
 
 constexpr int kPrimaryCode = 0xff;  // of an extended result code
 
-// Waiting for another writer: short sleeps of random lengths, so that none of many is left behind.
+// Waiting for another writer: short sleeps of random lengths, so that none of many is left behind. Who had to wait lets
+// the others first for a while, else the one that has just written, being awake, would be the next one again.
+constexpr auto kCrowded = std::chrono::seconds(1);
 constexpr int kLongestWait = 5'000'000;  // microseconds
 constexpr int kShortestSleep = 500;
 constexpr int kLongestSleep = 2000;
@@ -101,11 +103,16 @@ int Connection::WaitForLock(void* connection, int attempt) {
   auto& self = *static_cast<Connection*>(connection);
   if (attempt == 0) self.waited_ = 0;
   if (self.waited_ >= kLongestWait) return 0;
-  const int sleep = std::uniform_int_distribution(kShortestSleep, kLongestSleep)(self.random_);
-  sqlite3_vfs* machine = sqlite3_vfs_find(nullptr);
-  machine->xSleep(machine, sleep);
-  self.waited_ += sleep;
+  self.crowded_until_ = Clock::now() + kCrowded;
+  self.waited_ += self.Sleep();
   return 1;
+}
+
+int Connection::Sleep() {
+  const int microseconds = std::uniform_int_distribution(kShortestSleep, kLongestSleep)(random_);
+  sqlite3_vfs* machine = sqlite3_vfs_find(nullptr);
+  machine->xSleep(machine, microseconds);
+  return microseconds;
 }
 
 Connection::~Connection() {
@@ -322,7 +329,7 @@ void Connection::AddToCount(TableInfo& table, std::int64_t rows) {
 
 void Connection::Begin() {
   Acquire(nullptr);
-  RequireNumbers();
+  PrepareWrite();
   Run("BEGIN IMMEDIATE");
   in_transaction_ = true;
   Run("SAVEPOINT rows");
@@ -364,7 +371,7 @@ void Connection::Undo() {
 void Connection::AsOne(const std::function<void()>& writes) {
   Acquire(nullptr);
   if (in_transaction_) return writes();
-  RequireNumbers();
+  PrepareWrite();
   Run("BEGIN IMMEDIATE");
   in_transaction_ = true;
   try {
@@ -376,7 +383,9 @@ void Connection::AsOne(const std::function<void()>& writes) {
   }
 }
 
-void Connection::RequireNumbers() {
+void Connection::PrepareWrite() {
+  if (in_transaction_) return;
+  if (Clock::now() < crowded_until_) Sleep();
   if (keeps_numbers_) return;
   Run(kCreateNumbers);
   keeps_numbers_ = true;

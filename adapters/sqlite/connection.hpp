@@ -1,6 +1,7 @@
 // One open file: the store's connection, what is known of its tables, and the rule that keeps reads fresh.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -100,12 +101,14 @@ class Connection {
   // Row numbers are never used again. A new row gets the one behind the highest that the table ever had: its last row
   // tells it, or, when rows went from its end, the number that was kept then.
 
-  // Before a row is inserted. A file of an earlier version gets what keeps the numbers.
-  void RequireNumbers();
+  // Before a write. A file of an earlier version gets what keeps the numbers.
+  void PrepareWrite();
   // Runs a statement that deletes rows of the table.
   std::int64_t Delete(TableInfo& table, Statement& statement);
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
 
   static std::shared_ptr<Connection> OpenShared(const std::filesystem::path& path, const std::string& name,
@@ -115,6 +118,7 @@ class Connection {
   void CheckFormat();
   void Undo();
   static int WaitForLock(void* connection, int attempt);
+  int Sleep();
   std::unique_ptr<TableInfo> ReadDefinition(const std::string& table);
   void KeepNumber(TableInfo& table, std::int64_t number);
 
@@ -127,6 +131,7 @@ class Connection {
   bool in_transaction_ = false;
   bool keeps_numbers_ = false;  // known to
   int waited_ = 0;              // microseconds, for the lock that is being waited for
+  Clock::time_point crowded_until_ = {};
   std::minstd_rand random_{std::random_device()()};
   Statement data_version_;
   std::unordered_map<std::string, std::unique_ptr<TableInfo>> tables_;  // by lower-case name

@@ -117,6 +117,7 @@ int Connection::Sleep() {
 
 Connection::~Connection() {
   tables_.clear();
+  queries_.Clear();
   data_version_ = Statement();
   sqlite3_close_v2(database_);
 }
@@ -211,6 +212,10 @@ bool Connection::FileIsGone() const {
   sqlite3_file_control(database_, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
   std::error_code none;
   return moved != 0 || (!unchanging_.empty() && fs::last_write_time(unchanging_, none) != last_written_);
+}
+
+std::size_t Connection::Limit(int number) const {
+  return static_cast<std::size_t>(sqlite3_limit(database_, number, -1));
 }
 
 std::int64_t Connection::Changes() const { return sqlite3_changes64(database_); }

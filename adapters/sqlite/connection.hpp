@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "adapters/icu/spanish_order.hpp"
+#include "adapters/sqlite/query_cache.hpp"
 #include "adapters/sqlite/statement.hpp"
 #include "zendara/record_engine.hpp"
 
@@ -69,6 +70,9 @@ class Connection {
   const std::string& name() const { return name_; }
   Statement Prepare(std::string_view sql) { return Statement(database_, name_, sql); }
   void Run(std::string_view sql) { Prepare(sql).Run(); }
+  QueryCache& queries() { return queries_; }
+  // What the store allows at most, by its number for that.
+  std::size_t Limit(int number) const;
   // Rows changed by the last write.
   std::int64_t Changes() const;
   // The number that the last insertion gave.
@@ -134,6 +138,7 @@ class Connection {
   Clock::time_point crowded_until_ = {};
   std::minstd_rand random_{std::random_device()()};
   Statement data_version_;
+  QueryCache queries_;
   std::unordered_map<std::string, std::unique_ptr<TableInfo>> tables_;  // by lower-case name
 };
 

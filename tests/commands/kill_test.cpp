@@ -39,7 +39,7 @@ class KillTest : public CommandFolder {
 
   // Rows of Secciones, after a check of the whole file.
   std::int64_t Rows() const {
-    const std::unique_ptr<Engine> engine = MakeSqliteEngine();
+    const std::unique_ptr<Engine> engine = MakeEngine();
     const auto database = engine->Workspaces(0)->OpenDatabase(DataFile("Nom00001.MDB").string());
     EXPECT_THAT(database->CheckIntegrity(), testing::IsEmpty());
     return database->OpenRecordset("Secciones", RecordsetType::kTable)->RecordCount();
@@ -74,7 +74,7 @@ TEST_F(KillTest, EveryFinishedUpdateIsThere) {
     int told[2];
     ASSERT_EQ(pipe(told), 0);
     const auto write_rows = [&] {
-      const std::unique_ptr<Engine> engine = MakeSqliteEngine();
+      const std::unique_ptr<Engine> engine = MakeEngine();
       const auto database = engine->Workspaces(0)->OpenDatabase(DataFile("Nom00001.MDB").string());
       const auto rows = database->OpenRecordset("Secciones", RecordsetType::kTable);
       for (int i = next; i < 1000; ++i) {

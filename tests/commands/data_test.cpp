@@ -83,7 +83,8 @@ TEST_F(DataTest, CheckNamesEachFault) {
       {"HACIEN01.MDB: 3343  ", [&] { WriteFile(DataFile("HACIEN01.MDB"), std::string(4096, 'x')); }},
       {"IMPM1600.DAT: missing file", [&] { std::filesystem::remove(DataFile("IMPM1600.DAT")); }},
       {"IMPM1600.DAT: 255 bytes, not 256", [&] { WriteFile(DataFile("IMPM1600.DAT"), std::string(255, ' ')); }},
-      {"Nom00001.MDB: FPago: Campo0 \"7\" has 1 characters, not 2", [&] { Load("FPago", "Campo0\n7\n"); }}};
+      {"IMPM1600.DAT: is no file", [&] { Remade(DataFile("IMPM1600.DAT"), mkfifo); }},
+      {"Nom00001.MDB: FPago: key 7: Campo0: \"7\" has 1 characters, not 2", [&] { Load("FPago", "Campo0\n7\n"); }}};
   for (const auto& [fault, damage] : files) {
     std::filesystem::remove_all(dir_ / "DATOS");
     Create();

@@ -7,6 +7,7 @@
 #include "adapters/csv/stored_text.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/stored_row.hpp"
 #include "platform/record/names.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
@@ -18,7 +19,8 @@ struct OpenTable {
   std::unique_ptr<Engine> engine;
   std::shared_ptr<Database> database;
   std::shared_ptr<Recordset> rows;
-  std::string place;  // for messages
+  const TableDef* stored = nullptr;  // as it should be; nullptr for a table that the system does not know
+  std::string place;                 // for messages
 };
 
 const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder) {
@@ -37,6 +39,7 @@ OpenTable Open(const TableOptions& options, Console& console) {
   const DataFolder folder(options.company);
   const StoredFile& file = FileFor(options, folder);
   OpenTable table{.engine = MakeSqliteEngine(), .database = {}, .rows = {}, .place = {}};
+  table.stored = StoredTable(file.kind, options.table);
   table.place = folder.FileName(file.kind) + ": " + options.table;
   table.database = folder.Open(*table.engine, file.kind, console);
   console.Doing("opening " + table.place);
@@ -142,6 +145,7 @@ int DataLoad(const TableOptions& options, const std::string& csv_path, Console& 
   return 0;
 }
 
+// What cannot be a value of its column goes out as it stands, so that no row is lost; a load refuses it by its line.
 int DataDump(const TableOptions& options, Console& console) {
   const OpenTable table = Open(options, console);
   console.Doing("reading " + table.place);
@@ -153,17 +157,23 @@ int DataDump(const TableOptions& options, Console& console) {
     AppendCsvText(columns[i].name, line);
   }
   console.Out(line += kCsvLineEnd);
-  std::int64_t count = 0;
-  for (; !rows.Eof(); rows.MoveNext()) {
+  std::int64_t faults = 0;
+  std::string first_fault;
+  for (std::int64_t number = 1; !rows.Eof(); rows.MoveNext(), ++number) {
     line.clear();
     for (std::size_t i = 0; i < columns.size(); ++i) {
       if (i > 0) line += ',';
-      AppendStored(rows.Fields(static_cast<int>(i)).Get(), line);
+      const StoredCell cell = ReadCell(rows, static_cast<int>(i));
+      AppendStored(cell.value, line);
+      if (cell.fault.empty() || faults++ > 0) continue;
+      first_fault = NameOfRow(rows, table.stored, number) + ": " + columns[i].name + ": " + cell.fault;
     }
     console.Out(line += kCsvLineEnd);
-    console.Progress("rows dumped", ++count);
+    console.Progress("rows dumped", number);
   }
-  return 0;
+  if (faults == 0) return 0;
+  const std::string others = faults == 1 ? "" : "; " + std::to_string(faults - 1) + " more, all shown by `data check`";
+  throw CommandError(table.place + ": " + first_fault + others);
 }
 
 }  // namespace zendara

@@ -1,12 +1,17 @@
 #include <CLI/CLI.hpp>
 #include <cerrno>
+#include <charconv>
+#include <cstdint>
 #include <cstring>
+#include <filesystem>
 #include <functional>
 #include <map>
+#include <new>
 
 #include "apps/demo/demo_company.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/commands.hpp"
+#include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -36,7 +41,14 @@ std::string CutYear(std::string& year) {
   return {};
 }
 
-std::string RefuseSeed(std::string& seed) { return AreDigits(seed) ? "" : "\"" + seed + "\" is no whole number"; }
+std::string RefuseSeed(std::string& seed) {
+  std::uint64_t number = 0;
+  const auto [end, error] = std::from_chars(seed.data(), seed.data() + seed.size(), number);
+  if (error == std::errc() && end == seed.data() + seed.size()) return {};
+  return "\"" + seed + "\" is no whole number from 0 to " + std::to_string(UINT64_MAX);
+}
+
+std::string RefuseOtherBytes(std::string& text) { return IsUtf8(text) ? "" : "the text is no UTF-8"; }
 
 CLI::Validator Transform(std::string (*function)(std::string&)) {
   return CLI::Validator([function](std::string& text) { return function(text); }, "");
@@ -119,7 +131,9 @@ void AddData(CLI::App& app, CommandLine& line) {
 
   CLI::App* create = data->add_subcommand("create", "Make the files that are missing; none is overwritten");
   AddCompany(create, line.create.company);
-  create->add_option("--name", line.create.name, "Company name, entered in the general tables")->type_name("N");
+  create->add_option("--name", line.create.name, "Company name, entered in the general tables")
+      ->type_name("N")
+      ->check(Transform(RefuseOtherBytes));
   create->callback([&line] { line.chosen = [&line](Console& console) { return DataCreate(line.create, console); }; });
 
   CLI::App* check = data->add_subcommand("check", "Tell what is missing or malformed, a line each; status 1 if any");
@@ -212,6 +226,10 @@ int RunCommand(const std::function<int(Console&)>& command, Console& console) {
     return Fail(console, console.Doing() + ": " + OneLine(error));
   } catch (const CommandError& error) {
     return Fail(console, error.what());
+  } catch (const std::filesystem::filesystem_error& error) {
+    return Fail(console, console.Doing() + ": " + error.path1().string() + ": " + error.code().message());
+  } catch (const std::bad_alloc&) {
+    return Fail(console, console.Doing() + ": there is not enough memory");
   } catch (const std::exception& error) {
     return Fail(console, console.Doing() + ": " + error.what());
   }

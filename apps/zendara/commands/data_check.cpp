@@ -2,6 +2,7 @@
 
 #include "apps/zendara/commands/data_folder.hpp"
 #include "apps/zendara/commands/stored_row.hpp"
+#include "frame/parametros.hpp"
 #include "platform/record/names.hpp"
 #include "runtime/text.hpp"
 #include "zendara/engines.hpp"

@@ -1,4 +1,4 @@
-#include "adapters/host/staging_folder.hpp"
+#include "apps/demo/staging_folder.hpp"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -10,6 +10,8 @@
 #include <system_error>
 #include <utility>
 #include <vector>
+
+#include "adapters/host/new_file.hpp"
 
 namespace zendara {
 namespace {
@@ -107,6 +109,18 @@ void RefuseUnfinished(const fs::path& file) {
   }
 }
 
+// By a second name, so that a program that ends on the way can be undone, where the file system has such. False when
+// something has the name.
+bool GiveName(const fs::path& file, const fs::path& name) {
+  if (link(file.c_str(), name.c_str()) == 0) return true;
+  std::error_code error(errno, std::generic_category());
+  if (error == std::errc::operation_not_permitted || error == std::errc::operation_not_supported) {
+    error = RenameFile(file, name);
+  }
+  if (error && error != std::errc::file_exists) Fail(name, error.value());
+  return !error;
+}
+
 }  // namespace
 
 StagingFolder::StagingFolder(const fs::path& target) : target_(target) {
@@ -137,15 +151,13 @@ std::optional<std::string> StagingFolder::Publish(std::span<const std::string> n
   if (Descriptor(publishing, O_WRONLY | O_CREAT | O_EXCL).get() < 0) Fail(publishing);
   std::vector<fs::path> given;
   const auto undo = [&] {
-    bool undone = true;
-    for (const fs::path& name : given) undone = unlink(name.c_str()) == 0 && undone;
-    if (undone) unlink(publishing.c_str());
+    for (const fs::path& name : given) unlink(name.c_str());
+    unlink(publishing.c_str());
   };
   try {
     Sync(path_);
     for (const std::string& name : names) {
-      if (link((path_ / name).c_str(), (target_ / name).c_str()) != 0) {
-        if (errno != EEXIST) Fail(target_ / name);
+      if (!GiveName(path_ / name, target_ / name)) {
         undo();
         return name;
       }

@@ -1,0 +1,178 @@
+// A disk that fills up or fails, programs that are killed while they write, and several at once: what has its name is
+// whole, what was said to be written is there, and the next program finds nothing in its way.
+#include <gmock/gmock.h>
+
+#include <set>
+
+#include "frame/parametros.hpp"
+#include "frame/stored_tables.hpp"
+#include "support/disk_faults.hpp"
+#include "tests/commands/command_folder.hpp"
+#include "zendara/engines.hpp"
+
+namespace zendara {
+namespace {
+
+namespace fs = std::filesystem;
+
+class DiskTest : public CommandFolder {
+ protected:
+  std::set<std::string> Entries() const {
+    std::set<std::string> names;
+    std::error_code none;
+    for (const auto& entry : fs::directory_iterator(dir_ / "DATOS", none)) names.insert(entry.path().filename());
+    return names;
+  }
+  // Of company 00001 in these years.
+  static std::set<std::string> FilesOf(std::initializer_list<const char*> years) {
+    std::set<std::string> names;
+    for (const ParameterFile& file : kParameterFiles) names.emplace(file.name);
+    for (const StoredFile& file : StoredFiles()) {
+      for (const char* year : years) names.insert(FileName(file.kind, "00001", year));
+    }
+    return names;
+  }
+
+  // A program of its own; what it prints as an error is in the file "err".
+  disk_faults::Ending RunWithFault(const DiskFault& fault, const std::vector<std::string>& words) const {
+    return zendara::RunWithFault(fault, [&] {
+      const Outcome run = RunWords(words);
+      disk_faults::armed = false;
+      WriteFile(dir_ / "err", run.err);
+      return run.status;
+    });
+  }
+  // Done, or one line that says why not.
+  void ExpectAClearEnd(const disk_faults::Ending& ending) const {
+    if (ending.Killed()) return;
+    const std::string err = ReadFile(dir_ / "err");
+    EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), ending.ExitStatus()) << err;
+    EXPECT_LE(ending.ExitStatus(), 1) << err;
+  }
+  // A file may be missing; what is there is whole.
+  void ExpectNothingDamaged(const std::string& year) const {
+    const Outcome check = RunWords({"data", "check", "--dir", dir_.string(), "--company", "1", "--year", year});
+    EXPECT_THAT(check.out, testing::MatchesRegex("([^\n]*: missing file\n)*"));
+    EXPECT_EQ(check.err, "");
+  }
+};
+
+constexpr Fault kFaults[] = {Fault::kFails, Fault::kFullDisk, Fault::kKilled};
+
+TEST_F(DiskTest, AFileOfDataCreateHasItsNameOnlyWhenItIsWhole) {
+  const std::vector<std::string> create = {"data", "create", "--dir", dir_.string(), "--company",
+                                           "1",    "--year", "01",    "--name",      "Una, S.A."};
+  for (const Fault fault : kFaults) {
+    for (DiskFault at{fault, 1};; ++at.at) {
+      SCOPED_TRACE(testing::PrintToString(at));
+      fs::remove_all(dir_ / "DATOS");
+      const auto ending = RunWithFault(at, create);
+      if (!ending.reached) break;
+      ExpectAClearEnd(ending);
+      ExpectNothingDamaged("01");
+      EXPECT_EQ(RunWords(create).status, 0);
+      ExpectNothingDamaged("01");
+      EXPECT_EQ(Entries(), FilesOf({"01"}));
+      if (HasFailure()) return;
+    }
+  }
+}
+
+TEST_F(DiskTest, ADemoThatDoesNotComeToItsEndIsNotInTheWayOfTheNext) {
+  const std::vector<std::string> demo = {"demo", dir_.string(), "--workers", "1"};
+  const auto run = [&](const DiskFault& fault) {
+    fs::remove_all(dir_ / "DATOS");
+    return RunWithFault(fault, demo);
+  };
+  int calls = 1;
+  while (run({Fault::kFullDisk, calls}).ExitStatus() != 0) calls *= 2;
+  std::cerr << "CALLS " << calls << "\n";
+}
+
+TEST_F(DiskTest, SeveralAtOnceShareTheWorkOrSayWhoDidIt) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"data", "create", "--dir", dir_.string(), "--company", "1", "--year", "01"},
+        {"demo", dir_.string(), "--workers", "1"}}) {
+    fs::remove_all(dir_ / "DATOS");
+    std::vector<pid_t> programs;
+    for (int i = 0; i < 3; ++i) {
+      programs.push_back(fork());
+      if (programs.back() != 0) continue;
+      const Outcome run = RunWords(words);
+      const bool clear = run.status == 0 || run.err.find("there is a company already") != std::string::npos;
+      _exit(clear ? run.status : 9);
+    }
+    int done = 0;
+    for (const pid_t program : programs) {
+      int status = 0;
+      waitpid(program, &status, 0);
+      EXPECT_LE(WEXITSTATUS(status), 1);
+      if (status == 0) ++done;
+    }
+    EXPECT_EQ(done, words[0] == "demo" ? 1 : 3);
+    EXPECT_EQ(RunHere({"data", "check"}).out, "");
+    EXPECT_EQ(Entries(), words[0] == "demo" ? FilesOf({"00", "01", "02"}) : FilesOf({"01"}));
+  }
+}
+
+class KillTest : public DiskTest {
+ protected:
+  KillTest() { Create(); }
+
+  // Rows of Secciones, after a check of the whole file.
+  std::int64_t Rows() const {
+    const std::unique_ptr<Engine> engine = MakeEngine();
+    const auto database = engine->Workspaces(0)->OpenDatabase(DataFile("Nom00001.MDB").string());
+    EXPECT_THAT(database->CheckIntegrity(), testing::IsEmpty());
+    return database->OpenRecordset("Secciones", RecordsetType::kTable)->RecordCount();
+  }
+};
+
+std::string Code(int number) { return std::to_string(1000 + number).substr(1); }
+
+TEST_F(KillTest, ALoadIsThereWholeOrNotAtAll) {
+  constexpr int kRowsOfALoad = 900;
+  std::string csv = "Campo0,Campo1\n";
+  for (int i = 0; i < kRowsOfALoad; ++i) csv += Code(i) + "," + std::string(30, 'x') + "\n";
+  for (DiskFault at{Fault::kKilled, 1};; at.at += 2) {
+    fs::copy(dir_ / "DATOS", dir_ / "before", fs::copy_options::recursive);
+    const auto ending = zendara::RunWithFault(at, [&] { return Load("Secciones", csv).status; });
+    const std::int64_t rows = Rows();
+    EXPECT_TRUE(rows == kRowsOfALoad || (rows == 0 && ending.Killed())) << rows << " rows, killed at " << at.at;
+    if (!ending.reached) break;
+    fs::remove_all(dir_ / "DATOS");
+    fs::rename(dir_ / "before", dir_ / "DATOS");
+  }
+}
+
+TEST_F(KillTest, EveryFinishedUpdateIsThere) {
+  int next = 0;
+  for (DiskFault at{Fault::kKilled, 1}; at.at < 200; at.at += 13) {
+    int marks[2];
+    ASSERT_EQ(pipe(marks), 0);
+    const auto ending = zendara::RunWithFault(at, [&] {
+      const std::unique_ptr<Engine> engine = MakeEngine();
+      const auto database = engine->Workspaces(0)->OpenDatabase(DataFile("Nom00001.MDB").string());
+      const auto rows = database->OpenRecordset("Secciones", RecordsetType::kTable);
+      for (int i = next;; ++i) {
+        rows->AddNew();
+        rows->Fields(0).Set(Code(i));
+        rows->Update();
+        if (syscall(SYS_write, marks[1], "+", 1) != 1) return 1;
+      }
+    });
+    EXPECT_TRUE(ending.Killed());
+    close(marks[1]);
+    int finished = next;
+    for (char mark = 0; read(marks[0], &mark, 1) == 1;) ++finished;
+    close(marks[0]);
+    // The row that was being written may be there too; nobody was told of it.
+    const std::int64_t rows = Rows();
+    EXPECT_TRUE(rows == finished || rows == finished + 1) << rows << " of " << finished << " rows, killed at " << at.at;
+    next = static_cast<int>(rows);
+  }
+  EXPECT_GT(next, 0) << "no round wrote anything";
+}
+
+}  // namespace
+}  // namespace zendara

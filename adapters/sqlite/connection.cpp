@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <array>
 #include <charconv>
 #include <utility>
 
@@ -16,6 +17,13 @@ namespace {
 using sql::QuoteName;
 
 constexpr int kApplicationId = 0x5a454e44;  // "ZEND", tells the system's files from others of the same store
+// Of the header of a file.
+constexpr int kHeaderSize = 100;
+constexpr std::string_view kMagic = "SQLite format 3";
+constexpr std::size_t kWriteVersion = 18;
+constexpr std::size_t kReadVersion = 19;
+constexpr std::size_t kIdAt = 68;
+
 constexpr int kBusyMilliseconds = 5000;
 constexpr std::string_view kOwnTables = "zendara_";  // prefix of tables that are not the host's
 
@@ -54,10 +62,9 @@ std::string StoredIndexName(std::string_view table, std::string_view index) {
 
 }  // namespace
 
-Connection::Connection(const std::filesystem::path& path, std::string name, std::shared_ptr<const SpanishOrder> order,
-                       int flags)
+Connection::Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags)
     : name_(std::move(name)), order_(std::move(order)) {
-  const int code = sqlite3_open_v2(path.c_str(), &database_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int code = sqlite3_open_v2(path, &database_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   try {
     if (code != SQLITE_OK) Fail(code, name_, database_ ? sqlite3_errmsg(database_) : "");
     sqlite3_extended_result_codes(database_, 1);
@@ -79,38 +86,70 @@ Connection::~Connection() {
 
 std::shared_ptr<Connection> Connection::Open(const std::filesystem::path& path, const std::string& name,
                                              std::shared_ptr<const SpanishOrder> order) {
-  std::shared_ptr<Connection> connection(new Connection(path, name, std::move(order), SQLITE_OPEN_READWRITE));
+  std::shared_ptr<Connection> connection(new Connection(path.c_str(), name, std::move(order), SQLITE_OPEN_READWRITE));
   Statement id = connection->Prepare("PRAGMA application_id");
   if (!id.Step() || id.Integer(0) != kApplicationId) throw RuntimeError(kForeignFile, {name});
   return connection;
 }
 
-std::shared_ptr<Connection> Connection::Create(const std::filesystem::path& path, const std::string& name,
-                                               std::shared_ptr<const SpanishOrder> order) {
-  try {
-    std::shared_ptr<Connection> connection(
-        new Connection(path, name, std::move(order), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
-    connection->Run("PRAGMA journal_mode = WAL");
-    connection->Begin();
-    connection->Run("PRAGMA application_id = " + std::to_string(kApplicationId));
-    connection->Run("CREATE TABLE zendara_queries (name TEXT PRIMARY KEY COLLATE NOCASE, sql TEXT NOT NULL)");
-    connection->Commit();
-    return connection;
-  } catch (...) {
-    std::error_code ignored;
-    for (const std::string_view suffix : {"", "-wal", "-shm", "-journal"}) {
-      std::filesystem::remove(std::filesystem::path(path) += suffix, ignored);
-    }
-    throw;
+std::string Connection::NewFile(const std::vector<TableDef>& tables, std::shared_ptr<const SpanishOrder> order) {
+  const std::shared_ptr<Connection> memory(
+      new Connection(":memory:", "", std::move(order), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
+  memory->Run("PRAGMA application_id = " + std::to_string(kApplicationId));
+  memory->Run("CREATE TABLE zendara_queries (name TEXT PRIMARY KEY COLLATE NOCASE, sql TEXT NOT NULL)");
+  for (const TableDef& table : tables) memory->CreateTable(table);
+  sqlite3_int64 size = 0;
+  const std::unique_ptr<unsigned char, decltype(&sqlite3_free)> image(
+      sqlite3_serialize(memory->database_, "main", &size, 0), sqlite3_free);
+  if (!image) throw RuntimeError(kOutOfMemory);
+  std::string file(reinterpret_cast<const char*>(image.get()), static_cast<std::size_t>(size));
+  file[kWriteVersion] = file[kReadVersion] = 2;  // with a write-ahead log from the start
+  return file;
+}
+
+bool Connection::IsDatabase(const std::filesystem::path& path) {
+  // Read through the store: to open and close the file here would drop the locks that this program has on it.
+  sqlite3* database = nullptr;
+  sqlite3_file* file = nullptr;
+  std::array<char, kHeaderSize> header = {};
+  const bool read = sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK &&
+                    sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file) == SQLITE_OK &&
+                    file->pMethods && file->pMethods->xRead(file, header.data(), kHeaderSize, 0) == SQLITE_OK;
+  sqlite3_close_v2(database);
+  if (!read || !std::string_view(header.data(), header.size()).starts_with(kMagic)) return false;
+  std::uint32_t id = 0;
+  for (int i = 0; i < 4; ++i) id = id << 8 | static_cast<unsigned char>(header[kIdAt + static_cast<std::size_t>(i)]);
+  return id == kApplicationId;
+}
+
+void Connection::FoldLog(const std::filesystem::path& path, const std::string& name,
+                         std::shared_ptr<const SpanishOrder> order) {
+  {
+    const auto connection = Open(path, name, std::move(order));
+    Statement fold = connection->Prepare("PRAGMA wal_checkpoint(TRUNCATE)");
+    if (fold.Step() && fold.Integer(0) != 0) throw RuntimeError(kFileInUse, {name});
   }
+  // The last one who closes the file takes the log away.
+  std::error_code none;
+  if (std::filesystem::exists(std::filesystem::path(path) += "-wal", none)) throw RuntimeError(kFileInUse, {name});
+}
+
+bool Connection::FileIsGone() const {
+  int moved = 0;
+  sqlite3_file_control(database_, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  return moved != 0;
 }
 
 std::int64_t Connection::Changes() const { return sqlite3_changes64(database_); }
 
 void Connection::Acquire(Holder* next) {
-  Holder* holder = std::exchange(holder_, nullptr);
-  if (holder) holder->Park();
+  if (FileIsGone()) throw RuntimeError(kObjectClosed, {}, name_ + " was replaced");
+  Park();
   holder_ = next;
+}
+
+void Connection::Park() {
+  if (Holder* holder = std::exchange(holder_, nullptr)) holder->Park();
 }
 
 void Connection::Release(const Holder* holder) {

@@ -48,9 +48,13 @@ class Connection {
   // `name` is the path as the caller spelled it, for errors. A file that is not of this store is 3343.
   static std::shared_ptr<Connection> Open(const std::filesystem::path& path, const std::string& name,
                                           std::shared_ptr<const SpanishOrder> order);
-  // REQUIRES: the file does not exist. Nothing of it stays after a failure.
-  static std::shared_ptr<Connection> Create(const std::filesystem::path& path, const std::string& name,
-                                            std::shared_ptr<const SpanishOrder> order);
+  // The bytes of a new file with these tables.
+  static std::string NewFile(const std::vector<TableDef>& tables, std::shared_ptr<const SpanishOrder> order);
+  // True when the file is a database of this system.
+  static bool IsDatabase(const std::filesystem::path& path);
+  // Makes the file alone the whole database, without a log beside it. 3045 when somebody has it open.
+  static void FoldLog(const std::filesystem::path& path, const std::string& name,
+                      std::shared_ptr<const SpanishOrder> order);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -61,8 +65,12 @@ class Connection {
   // Rows changed by the last write.
   std::int64_t Changes() const;
 
-  // Parks whoever has a statement open, and makes `next` (or nobody) the one.
+  // True when the path names another file by now, or none.
+  bool FileIsGone() const;
+
+  // Parks whoever has a statement open, and makes `next` (or nobody) the one. 3420 when the file is gone.
   void Acquire(Holder* next);
+  void Park();
   void Release(const Holder* holder);
 
   // nullptr if the file has no such table. The pointer stays good for the life of the connection.
@@ -81,7 +89,7 @@ class Connection {
   bool InTransaction() const { return in_transaction_; }
 
  private:
-  Connection(const std::filesystem::path& path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
+  Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
 
   std::unique_ptr<TableInfo> ReadDefinition(const std::string& table);
 

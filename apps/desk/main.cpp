@@ -112,7 +112,7 @@ class Album {
 
 class Desk {
  public:
-  explicit Desk(Options options) : options_(std::move(options)), engine_(MakeSqliteEngine()), files_(MakeHostFiles()) {
+  explicit Desk(Options options) : options_(std::move(options)), engine_(MakeEngine()), files_(MakeHostFiles()) {
     if (!options_.screenshots.empty()) {
       album_.emplace(options_.screenshots);
       host_.SetPhotographer([this](QWidget& window, const std::string& name) { album_->Take(window, name); });

@@ -67,7 +67,8 @@ class Field {
   // Error 3021 without a current record, 3167 after it was deleted.
   Value Get() const;
   // Only during AddNew or Edit (3020). Converts to the column's type: a date or number becomes its text, a text is read
-  // as a number by CDbl or as a date; 3421 if it cannot be, also for the empty text. 3163 when longer than the column.
+  // as a number by CDbl or as a date, in the recordset's window of years; 3421 if it cannot be, also for the empty
+  // text. 3163 when longer than the column.
   void Set(const Value& value) const;
   const ColumnDef& Column() const;
 
@@ -129,10 +130,17 @@ class Recordset {
 
   virtual void Close() = 0;
 
+  // What two-digit years mean in the texts that are assigned and searched for. A table-type recordset begins with the
+  // window of its database, a clone with that of its original.
+  void SetYearWindow(YearWindow window) { window_ = window; }
+  YearWindow Years() const { return window_; }
+
  private:
   friend class Field;
   virtual Value GetColumn(int ordinal) const = 0;
   virtual void SetColumn(int ordinal, const Value& value) = 0;
+
+  YearWindow window_;
 };
 
 // A named query of a database. The component keeps one and never runs it.
@@ -183,17 +191,56 @@ class Database {
   virtual void Rollback() = 0;
 
   virtual void Close() = 0;
+
+  // What two-digit years mean in the dates of statements, and in the recordsets that are opened from here on. It ends
+  // in 2029 until it is set; databases open on one file have each their own.
+  void SetYearWindow(YearWindow window) { window_ = window; }
+  YearWindow Years() const { return window_; }
+
+ private:
+  YearWindow window_;
 };
 
+// A run of writes as one: undone at the end of its life unless it was committed.
+class Transaction {
+ public:
+  // REQUIRES: the database outlives it. Errors of BeginTrans.
+  explicit Transaction(Database& database);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  // Errors of CommitTrans: it is undone then.
+  void Commit();
+
+ private:
+  Database* database_;  // none once it is committed
+};
+
+// Paths: folders are separated by "\" or "/", names found whatever their case. Programs of one machine share a folder,
+// never two machines: a folder on a network file system is error 3043. Other errors: 3044 missing folder, 3051 no
+// permission, 3055 no name at all.
 class Workspace {
  public:
   virtual ~Workspace() = default;
 
-  // Shared, read-write. Folders are separated by "\" or "/", names found whatever their case. 3024 missing file, 3044
-  // missing folder, 3343 a file of another kind, 3049 damaged, 3051 no permission, 3055 no name at all.
+  // Shared, for reading and writing; what the machine lets nobody write, such as a file on a read-only medium, is
+  // read, and writing it is error 3027. 3024 missing file, 3343 a file of another kind, 3049 damaged.
+  //
+  // A file that was replaced is another one: it is opened here, and whatever is open on the old one raises 3420.
   virtual std::shared_ptr<Database> OpenDatabase(std::string_view path) = 0;
-  // A new empty file, opened; 3010 kin: an existing file is never touched (error 3012).
-  virtual std::shared_ptr<Database> CreateDatabase(std::string_view path) = 0;
+  // A new file with these tables and no rows, opened. It gets its name when it is whole and durable: whatever fails
+  // leaves nothing. 3012 when there is a file of that name: it is never touched.
+  virtual std::shared_ptr<Database> CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) = 0;
+  std::shared_ptr<Database> CreateDatabase(std::string_view path) { return CreateDatabase(path, {}); }
+
+  // True when there is a file of that name, be it a database or not.
+  virtual bool Exists(std::string_view path) = 0;
+  // Names of the databases of this engine in a folder, ascending.
+  virtual std::vector<std::string> Databases(std::string_view folder) = 0;
+  // Gives a closed database another name in the same file system. 3012 when there is a file of the new one, 3024 when
+  // there is none of the old one, 3045 when somebody has it open.
+  virtual void Rename(std::string_view from, std::string_view to) = 0;
 };
 
 class Engine {

@@ -70,7 +70,8 @@ class Transferencia {
   bool EnOtroAno() const { return ano_anterior_ != ano_trabajo_; }
 
   bool TieneAno(const std::string& ano) const {
-    return sesion_.platform.files->Exists(sesion_.DirDatos + FileName(FileKind::kYear, sesion_.CodEmpresa.str(), ano));
+    return sesion_.platform.engine->Workspaces(0)->Exists(sesion_.DirDatos +
+                                                          FileName(FileKind::kYear, sesion_.CodEmpresa.str(), ano));
   }
 
   void CambiaRanuras(const std::string& ano) { AbreTablas(sesion_, kTodosLosGrupos, sesion_.CodEmpresa.str(), ano); }
@@ -83,7 +84,8 @@ class Transferencia {
       situaciones.Seek({nueva_.trabajador, anterior_});
       if (situaciones.NoMatch()) return false;
     }
-    const std::string fin = TextoNoNulo(Format(situaciones.Fields(kColumnaFinSituacion).Get(), "dd/mm/yy"));
+    const std::string fin =
+        TextoNoNulo(FormatDate(situaciones.Fields(kColumnaFinSituacion).Get(), "dd/mm/yy", sesion_.VentanaFechas));
     mes_anterior_ = MesDe(fin);
     ano_anterior_ = AnoDe(fin);
     return true;

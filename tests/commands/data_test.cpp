@@ -21,7 +21,7 @@ class DataTest : public CommandFolder {
   // The company's file anew, with one table changed.
   void Remake(const std::string& table, const std::function<void(TableDef&)>& change) const {
     std::filesystem::remove(DataFile("Nom00001.MDB"));
-    const std::unique_ptr<Engine> engine = MakeSqliteEngine();
+    const std::unique_ptr<Engine> engine = MakeEngine();
     const auto database = engine->Workspaces(0)->CreateDatabase(DataFile("Nom00001.MDB").string());
     for (TableDef definition : FileOf(FileKind::kCompany).tables) {
       if (definition.name == table) change(definition);

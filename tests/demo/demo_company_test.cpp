@@ -40,7 +40,7 @@ struct Company {
   }
 
   TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
 };
 
 std::string T(const Value& value) { return value.IsNull() ? "" : CStr(value); }
@@ -104,7 +104,7 @@ class DemoFolder : public testing::Test {
   // The refusal, if there is one. The folder may be one in this one.
   std::string Write(const std::string& name, int workers, const std::function<void(int, int)>& progress = {}) const {
     try {
-      WriteDemoCompany(*MakeSqliteEngine(), {.folder = folder / name, .workers = workers}, progress);
+      WriteDemoCompany(*MakeEngine(), {.folder = folder / name, .workers = workers}, progress);
       return "";
     } catch (const std::runtime_error& error) {
       return error.what();

@@ -34,7 +34,7 @@ class Session : public zendara::Morlane {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   const std::string folder = argv[1];
-  const auto engine = zendara::MakeSqliteEngine();
+  const auto engine = zendara::MakeEngine();
   const auto files = zendara::MakeHostFiles();
   const auto windows = zendara::MakeWindows();
   zendara::Platform platform;

@@ -46,6 +46,7 @@ TEST_P(FileContract, FilesThatCannotBeOpened) {
   EXPECT_EQ(ErrorOf([&] { Work()->CreateDatabase(Path("PRUEBA.mdb")); }), 3012) << "an existing file is never touched";
   EXPECT_EQ(ErrorOf([&] { Work()->CreateDatabase(Path("no/nada.MDB")); }), 3044);
   EXPECT_EQ(ErrorOf([&] { engine->Workspaces(1); }), 3265);
+  EXPECT_EQ(ErrorOf([] { MakeEngine("otro://aqui"); }), 3170);
   EXPECT_EQ(ErrorOf([&] { db->CreateTable(People()); }), 3010);
   try {
     Work()->OpenDatabase(Path("nada.MDB"));
@@ -53,6 +54,37 @@ TEST_P(FileContract, FilesThatCannotBeOpened) {
   } catch (const RuntimeError& error) {
     EXPECT_THAT(error.text(), testing::HasSubstr(Path("nada.MDB")));
   }
+}
+
+TEST_P(FileContract, ANewFileHasItsTablesAndIsOneOfTheDatabasesOfItsFolder) {
+  const auto names = [&] { return Work()->Databases(folder.path().string()); };
+  std::ofstream(Path("texto.MDB")) << "no";
+  Work()->CreateDatabase(Path("Nueva.MDB"), {People()});
+  EXPECT_THAT(names(), ElementsAre("Nueva.MDB", "Prueba.MDB"));
+  EXPECT_THAT(Work()->OpenDatabase(Path("Nueva.MDB"))->Tables(), ElementsAre(People()));
+  EXPECT_TRUE(Work()->Exists(Path("nueva.mdb")));
+  EXPECT_FALSE(Work()->Exists(Path("nada.MDB")));
+  EXPECT_EQ(ErrorOf([&] { Work()->Databases(Path("no")); }), 3044);
+}
+
+TEST_P(FileContract, ADatabaseIsRenamedWholeAndNeverOverAnother) {
+  const auto rename = [&](const char* from, const char* to) {
+    return ErrorOf([&] { Work()->Rename(Path(from), Path(to)); });
+  };
+  Add(*Open("Gente"), {"00001"});
+  EXPECT_EQ(rename("Prueba.MDB", "Otra.MDB"), 3045);
+  {
+    const Program other = OtherProgram();
+    db.reset();
+    EXPECT_EQ(rename("Prueba.MDB", "Otra.MDB"), 3045);
+  }
+  Work()->CreateDatabase(Path("Nueva.MDB"));
+  EXPECT_EQ(rename("prueba.mdb", "nueva.mdb"), 3012);
+  EXPECT_EQ(rename("nada.MDB", "Otra.MDB"), 3024);
+  EXPECT_EQ(rename("Prueba.MDB", "no/Otra.MDB"), 3044);
+  EXPECT_EQ(rename("prueba.mdb", "Otra.MDB"), 0);
+  EXPECT_THAT(Work()->Databases(folder.path().string()), ElementsAre("Nueva.MDB", "Otra.MDB"));
+  EXPECT_EQ(Work()->OpenDatabase(Path("Otra.MDB"))->OpenRecordset("Gente", RecordsetType::kTable)->RecordCount(), 1);
 }
 
 TEST_P(FileContract, DatabasesOnOneFileSeeEachOther) {
@@ -135,6 +167,12 @@ TEST_P(FileContract, TransactionsAreWholeOrNothing) {
   Add(*rs, {"00003"});
   db->CommitTrans();
   EXPECT_EQ(OtherProgram().people->RecordCount(), 3);
+  for (const bool commit : {false, true}) {
+    Transaction transaction(*db);
+    db->Execute("delete * from gente");
+    if (commit) transaction.Commit();
+    EXPECT_EQ(OtherProgram().people->RecordCount(), commit ? 0 : 3);
+  }
 }
 
 TEST_P(FileContract, DamagedFilesGiveErrorsAndNeverCrash) {

@@ -1,4 +1,8 @@
 // A disk that fills up after any number of writes, one that is read-only, and what happens while the store waits.
+#include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <utility>
 
 #include "engine/contract.hpp"
@@ -13,10 +17,10 @@ class DiskTest : public TestDisk, public testing::Test {
   // The file with one row.
   void Create() const {
     std::filesystem::remove(path);
-    MakeSqliteEngine()->Workspaces(0)->CreateDatabase(path)->CreateTable(People());
+    MakeEngine()->Workspaces(0)->CreateDatabase(path)->CreateTable(People());
     Add(*Open().people, {"00001", "vieja"});
   }
-  Program Open() const { return {MakeSqliteEngine(), path}; }
+  Program Open() const { return {MakeEngine(), path}; }
 
   TempFolder folder;
   const std::string path = folder / "Prueba.MDB";
@@ -62,12 +66,18 @@ TEST_F(DiskTest, AFullDiskUndoesATransactionWhole) {
   EXPECT_EQ(Open().people->RecordCount(), 2);
 }
 
+// A process of its own, whose files may not grow beyond a size.
 TEST_F(DiskTest, ANewFileThatDoesNotFitLeavesNothingBehind) {
-  for (const int writes : {0, 1, 3}) {
-    disk.writes_left = writes;
-    const auto engine = MakeSqliteEngine();
-    EXPECT_EQ(ErrorOf([&] { engine->Workspaces(0)->CreateDatabase(path); }), 3026) << writes;
-    EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << writes;
+  for (const rlim_t room : {0, 1, 4096, 12000}) {
+    const auto create = [&] {
+      signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{room, room};
+      setrlimit(RLIMIT_FSIZE, &limit);
+      const auto workspace = MakeEngine()->Workspaces(0);
+      _exit(ErrorOf([&] { workspace->CreateDatabase(path, {People()}); }) == 3026 ? 0 : 1);
+    };
+    EXPECT_EXIT(create(), testing::ExitedWithCode(0), "") << room;
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << room;
   }
 }
 

@@ -92,7 +92,12 @@ struct FakeEngine : Engine, Workspace, std::enable_shared_from_this<FakeEngine> 
     diary.Note("open " + std::string(path));
     return std::make_shared<FakeDatabase>(diary, path);
   }
-  std::shared_ptr<Database> CreateDatabase(std::string_view) override { FakeRecordset::Unexpected(); }
+  std::shared_ptr<Database> CreateDatabase(std::string_view, const std::vector<TableDef>&) override {
+    FakeRecordset::Unexpected();
+  }
+  bool Exists(std::string_view) override { FakeRecordset::Unexpected(); }
+  std::vector<std::string> Databases(std::string_view) override { FakeRecordset::Unexpected(); }
+  void Rename(std::string_view, std::string_view) override { FakeRecordset::Unexpected(); }
 
   Diary& diary;
 };

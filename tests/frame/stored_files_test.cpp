@@ -13,7 +13,7 @@ namespace {
 TEST(StoredFiles, TheHostsPartFillsEverySlot) {
   const TempFolder folder;
   std::filesystem::create_directory(folder / "DATOS");
-  const std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  const std::unique_ptr<Engine> engine = MakeEngine();
   for (const StoredFile& file : StoredFiles()) {
     const auto db = engine->Workspaces(0)->CreateDatabase(folder / "DATOS/" + FileName(file.kind, "00001", "01"));
     for (const TableDef& table : file.tables) db->CreateTable(table);

@@ -98,7 +98,7 @@ bool PlaySession(const std::filesystem::path& model, std::uint64_t seed, int eve
 
 int Play(const Options& options) {
   const TempFolder model;
-  WriteDemoCompany(*MakeSqliteEngine(), {.folder = model.path().string(), .workers = kRandomWorkers});
+  WriteDemoCompany(*MakeEngine(), {.folder = model.path().string(), .workers = kRandomWorkers});
   Trail trail(options.aloud);
   trail.WatchProcess();
   Findings findings;

@@ -56,7 +56,7 @@ void NameCompany(Engine& engine, const DataFolder& folder, FileKind kind, const 
 }  // namespace
 
 int DataCreate(const CreateOptions& options, Console& console) {
-  const std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  const std::unique_ptr<Engine> engine = MakeEngine();
   DataFolder folder(options.company);
   if (folder.Create()) console.Out("created " + folder.path().string() + "\n");
   for (const StoredFile& file : StoredFiles()) {

@@ -26,9 +26,6 @@ std::optional<fs::path> FindOrFail(const fs::path& path) {
 DataFolder::DataFolder(const CompanyOptions& options) : company_(options.company), year_(options.year) {
   const fs::path wanted = MachinePath(options.dir) / "DATOS";
   path_ = FindOrFail(wanted).value_or(wanted);
-  std::error_code error;
-  fs::exists(path_ / ".", error);
-  if (error) Fail(path_, error);
 }
 
 bool DataFolder::Create() const {

@@ -15,7 +15,7 @@ namespace zendara {
 
 class DataFolder {
  public:
-  // CommandError when the folder may not be entered; one that is missing is none.
+  // CommandError when the way to the folder may not be entered; the folder itself may be missing.
   explicit DataFolder(const CompanyOptions& options);
 
   const std::filesystem::path& path() const { return path_; }

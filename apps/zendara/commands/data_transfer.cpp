@@ -38,7 +38,7 @@ const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder)
 OpenTable Open(const TableOptions& options, Console& console) {
   const DataFolder folder(options.company);
   const StoredFile& file = FileFor(options, folder);
-  OpenTable table{.engine = MakeSqliteEngine(), .database = {}, .rows = {}, .place = {}};
+  OpenTable table{.engine = MakeEngine(), .database = {}, .rows = {}, .place = {}};
   table.stored = StoredTable(file.kind, options.table);
   table.place = folder.FileName(file.kind) + ": " + options.table;
   table.database = folder.Open(*table.engine, file.kind, console);
@@ -46,29 +46,6 @@ OpenTable Open(const TableOptions& options, Console& console) {
   table.rows = table.database->OpenRecordset(options.table, RecordsetType::kTable);
   return table;
 }
-
-// Undone at the end of its life unless it was committed.
-class Transaction {
- public:
-  explicit Transaction(Database& database) : database_(&database) { database.BeginTrans(); }
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-  ~Transaction() {
-    if (!database_) return;
-    try {
-      database_->Rollback();
-    } catch (const RuntimeError&) {
-      // The store undoes it when the file is closed.
-    }
-  }
-  void Commit() {
-    database_->CommitTrans();
-    database_ = nullptr;
-  }
-
- private:
-  Database* database_;
-};
 
 // Ordinals of the columns that the header names.
 std::vector<int> ReadHeader(CsvReader& reader, const std::vector<ColumnDef>& columns) {

@@ -35,7 +35,7 @@ int RunScript(const RunOptions& options, Console& console) {
     return fail(error.status(), error.what());
   }
   console.Doing("playing " + options.script);
-  const auto engine = MakeSqliteEngine();
+  const auto engine = MakeEngine();
   const auto files = MakeHostFiles();
   const ScriptResult result =
       PlayHeadless(std::move(script), *engine, *files, options.dir, [&](std::string_view line) { console.Out(line); });

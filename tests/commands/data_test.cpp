@@ -1,5 +1,9 @@
 // The stored tables from the command line: made, checked, filled and read.
 #include <gmock/gmock.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <map>
 
@@ -83,7 +87,8 @@ TEST_F(DataTest, CheckNamesEachFault) {
       {"HACIEN01.MDB: 3343  ", [&] { WriteFile(DataFile("HACIEN01.MDB"), std::string(4096, 'x')); }},
       {"IMPM1600.DAT: missing file", [&] { std::filesystem::remove(DataFile("IMPM1600.DAT")); }},
       {"IMPM1600.DAT: 255 bytes, not 256", [&] { WriteFile(DataFile("IMPM1600.DAT"), std::string(255, ' ')); }},
-      {"IMPM1600.DAT: is no file", [&] { Remade(DataFile("IMPM1600.DAT"), mkfifo); }},
+      {"IMPM1600.DAT: is no file",
+       [&] { std::filesystem::remove(DataFile("IMPM1600.DAT")), mkfifo(DataFile("IMPM1600.DAT").c_str(), 0600); }},
       {"Nom00001.MDB: FPago: key 7: Campo0: \"7\" has 1 characters, not 2", [&] { Load("FPago", "Campo0\n7\n"); }}};
   for (const auto& [fault, damage] : files) {
     std::filesystem::remove_all(dir_ / "DATOS");
@@ -91,6 +96,47 @@ TEST_F(DataTest, CheckNamesEachFault) {
     damage();
     expect_only(fault);
   }
+}
+
+// What only another program of the same store can write.
+TEST_F(DataTest, ValuesThatAreNoneOfTheirColumnsAreNamedAndDumpedAsTheyAre) {
+  Load("TrabajadoresFijo", "Campo0,Campo1,Campo19\n00001,Uno,1960-01-01\n00002,Dos,1960-01-02\n");
+  sqlite3* store = nullptr;
+  sqlite3_open(DataFile("Nom00001.MDB").c_str(), &store);
+  EXPECT_EQ(sqlite3_exec(store,
+                         "UPDATE TrabajadoresFijo SET Campo1 = CAST(x'4EF1' AS TEXT), Campo19 = '31/02/60', "
+                         "Campo3 = 'dieciséis letras' WHERE rowid = 1",
+                         nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  sqlite3_close(store);
+  const std::string row = "Nom00001.MDB: TrabajadoresFijo: key 00001: ";
+  EXPECT_EQ(RunHere({"data", "check"}).out, row + "Campo1: \"N\\xF1\" is no UTF-8\n" + row +
+                                                "Campo3: \"dieciséis letras\" has 16 characters, more than 15\n" + row +
+                                                "Campo19: \"31/02/60\" is no date\n");
+  const Outcome dump = RunHere({"data", "dump"}, {"TrabajadoresFijo"});
+  EXPECT_EQ(dump.status, 1);
+  EXPECT_EQ(dump.err, "zendara: " + row + "Campo1: \"N\\xF1\" is no UTF-8; 2 more, all shown by `data check`\n");
+  EXPECT_THAT(dump.out,
+              testing::AllOf(HasSubstr("\r\n00001,N\xF1,,"), HasSubstr(",31/02/60,"), HasSubstr("00002,Dos,")));
+  EXPECT_THAT(Load("TrabajadoresFijo", dump.out).err, HasSubstr("in.csv: line 2: field 2 is not UTF-8"));
+}
+
+// As a user whom the machine does not let everywhere.
+TEST_F(DataTest, AFolderThatMayNotBeEnteredIsSaidToBeOne) {
+  std::filesystem::permissions(dir_ / "DATOS", std::filesystem::perms::none);
+  const pid_t child = fork();
+  if (child == 0) {
+    if (geteuid() == 0 && seteuid(65534) != 0) _exit(0);
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"rate"}, {"data", "check"}, {"data", "create"}}) {
+      const Outcome run = RunHere(words);
+      if (run.status != 1 || run.err.find("Permission denied") == std::string::npos) _exit(1);
+    }
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
 }
 
 TEST_F(DataTest, CheckFindsADamagedPage) {

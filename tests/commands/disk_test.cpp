@@ -60,33 +60,37 @@ class DiskTest : public CommandFolder {
 constexpr Fault kFaults[] = {Fault::kFails, Fault::kFullDisk, Fault::kKilled};
 
 TEST_F(DiskTest, AFileOfDataCreateHasItsNameOnlyWhenItIsWhole) {
-  const std::vector<std::string> create = {"data", "create", "--dir", dir_.string(), "--company",
-                                           "1",    "--year", "01",    "--name",      "Una, S.A."};
+  Create();
   for (const Fault fault : kFaults) {
     for (DiskFault at{fault, 1};; ++at.at) {
       SCOPED_TRACE(testing::PrintToString(at));
-      fs::remove_all(dir_ / "DATOS");
-      const auto ending = RunWithFault(at, create);
-      if (!ending.reached) break;
+      for (const char* name : {"HACIEN01.MDB", "IMPM0999.DAT"}) fs::remove(DataFile(name));
+      const auto ending = RunWithFault(at, Here({"data", "create"}));
       ExpectAClearEnd(ending);
       ExpectNothingDamaged("01");
-      EXPECT_EQ(RunWords(create).status, 0);
-      ExpectNothingDamaged("01");
+      Create();
       EXPECT_EQ(Entries(), FilesOf({"01"}));
-      if (HasFailure()) return;
+      if (!ending.reached) break;
     }
   }
+  ExpectNothingDamaged("01");
 }
 
 TEST_F(DiskTest, ADemoThatDoesNotComeToItsEndIsNotInTheWayOfTheNext) {
   const std::vector<std::string> demo = {"demo", dir_.string(), "--workers", "1"};
-  const auto run = [&](const DiskFault& fault) {
-    fs::remove_all(dir_ / "DATOS");
-    return RunWithFault(fault, demo);
-  };
-  int calls = 1;
-  while (run({Fault::kFullDisk, calls}).ExitStatus() != 0) calls *= 2;
-  std::cerr << "CALLS " << calls << "\n";
+  for (const Fault fault : kFaults) {
+    for (DiskFault at{fault, 1};; at.at *= 3) {
+      SCOPED_TRACE(testing::PrintToString(at));
+      fs::remove_all(dir_ / "DATOS");
+      const auto ending = RunWithFault(at, demo);
+      if (!ending.reached) break;
+      ExpectAClearEnd(ending);
+      EXPECT_TRUE(ending.Killed() || ending.ExitStatus() == 0 || Entries().empty());
+      EXPECT_EQ(RunWords(demo).status, ending.status == 0 ? 1 : 0);
+      EXPECT_EQ(Entries(), FilesOf({"00", "01", "02"}));
+    }
+  }
+  for (const char* year : {"00", "01", "02"}) ExpectNothingDamaged(year);
 }
 
 TEST_F(DiskTest, SeveralAtOnceShareTheWorkOrSayWhoDidIt) {

@@ -1,147 +1,72 @@
+// The demonstration company, as the commands show it.
 #include "apps/demo/demo_company.hpp"
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <span>
-
-#include "frame/stored_tables.hpp"
-#include "runtime/number.hpp"
-#include "runtime/text.hpp"
-#include "support/print_value.hpp"
-#include "support/temp_folder.hpp"
-#include "withholding/entradas_irpf.hpp"
-#include "zendara/engines.hpp"
+#include "tests/commands/command_folder.hpp"
 
 namespace zendara {
 namespace {
 
 namespace fs = std::filesystem;
-using Row = std::vector<Value>;
-using Rows = std::vector<Row>;
-using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
 
-// A written company, open for reading.
-struct Company {
-  Company(int workers, std::uint64_t seed) {
-    WriteDemoCompany(*engine, {.folder = folder.path().string(), .workers = workers, .seed = seed});
-  }
-  std::shared_ptr<Database> Open(FileKind kind, std::string_view year = "01") const {
-    return engine->Workspaces(0)->OpenDatabase(folder / "DATOS/" + FileName(kind, "00001", year));
-  }
-  Rows Table(std::string_view table, std::string_view year = "01") const {
-    const auto set = Open(FileWithTable(table)->kind, year)->OpenRecordset(table, RecordsetType::kTable);
-    Rows rows;
-    for (; !set->Eof(); set->MoveNext()) {
-      Row& row = rows.emplace_back();
-      for (int i = 0; i < static_cast<int>(set->Columns().size()); ++i) row.push_back(set->Fields(i).Get());
-    }
-    return rows;
-  }
-
-  TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeEngine();
-};
-
-std::string T(const Value& value) { return value.IsNull() ? "" : CStr(value); }
-class DemoCompany : public testing::Test {
+class DemoTest : public CommandFolder {
  protected:
-  static void SetUpTestSuite() {
-    company = std::make_unique<Company>(DemoOptions().workers, 1);
-    fijo = company->Table("TrabajadoresFijo");
+  Outcome Write(const std::string& folder, const std::string& workers, const std::string& seed = "1") const {
+    return RunWords({"demo", (dir_ / folder).string(), "--workers", workers, "--seed", seed});
   }
-  static void TearDownTestSuite() { company.reset(); }
-
-  DesgloseIRPF Rate(std::string_view worker, std::string_view year = "01") const {
-    const auto rows = company->Open(FileKind::kCompany)->OpenRecordset("TrabajadoresFijo", RecordsetType::kTable);
-    rows->SetIndex("Icampo0");
-    rows->Seek({Value(worker)});
-    const auto irpf = company->Open(FileKind::kOfficial, year)->OpenRecordset("IRPF", RecordsetType::kTable);
-    return CalculaTipoIRPF(LeeDatosRegistro(*rows, year), LeeParametrosIRPF(*irpf),
-                           {.ano = std::string(year), .pesetas = year != "02"});
+  // A command on the company in that folder.
+  std::string Out(const std::string& folder, std::vector<std::string> words, const std::string& year = "01") const {
+    words.insert(words.end(), {"--dir", (dir_ / folder).string(), "--company", "1", "--year", year});
+    return RunWords(words).out;
   }
-
-  inline static std::unique_ptr<Company> company;
-  inline static Rows fijo;
 };
 
-TEST_F(DemoCompany, KnownCasesAreWhatTheyAreCalled) {
-  for (const auto& [worker, rate] :
-       {std::pair("00003", "0"), {"00004", "1,34"}, {"00005", "2"}, {"00006", "18"}, {"00021", "0"}}) {
-    EXPECT_EQ(Rate(worker).tipo, rate) << worker;
+TEST_F(DemoTest, KnownCasesEarnTheSameWhateverTheSeed) {
+  for (const char* seed : {"1", "2"}) {
+    EXPECT_EQ(Write(seed, std::to_string(kDemoCases), seed).err, "");
+    EXPECT_EQ(Out(seed, {"rate", "--format", "csv"}),
+              "worker,rate\r\n00001,\"12,70\"\r\n00002,\"7,29\"\r\n00003,0\r\n00004,\"1,34\"\r\n00005,2\r\n00006,18\r\n"
+              "00007,\"9,69\"\r\n00008,5\r\n00009,\"32,90\"\r\n00010,\"1,75\"\r\n00011,\"2,01\"\r\n00012,\"3,30\"\r\n"
+              "00013,\"7,29\"\r\n00014,\"7,29\"\r\n00015,\"13,85\"\r\n00016,0\r\n00017,\"7,29\"\r\n00018,\"7,29\"\r\n"
+              "00019,\"7,29\"\r\n00020,\"15,65\"\r\n00021,0\r\n00022,\"1,14\"\r\n00023,\"2,26\"\r\n");
+    // Entered in euros, which only 02 reads rightly.
+    EXPECT_THAT(Out(seed, {"rate", "--format", "csv", "--currency", "E", "--worker", "16"}, "02"),
+                HasSubstr("00016,\"16,73\"\r\n"));
+    for (const char* year : {"00", "01", "02"}) EXPECT_EQ(Out(seed, {"data", "check"}, year), "");
   }
-  EXPECT_EQ(Rate("00001").hijos_limite, 2);
-  EXPECT_TRUE(Rate("00003").bajo_limite);
-  EXPECT_TRUE(Rate("00004").tope_aplicado);
-  EXPECT_NE(Rate("00007").deduccion_pensionista, "");
-  EXPECT_EQ(Rate("00007").minimo_personal, "650000");
-  EXPECT_NE(Rate("00008").deduccion_desempleado, "");
-  EXPECT_EQ(Rate("00009").tramo, 5);
-  EXPECT_EQ(Rate("00010").minimo_personal, "1150000");
-  EXPECT_EQ(Rate("00011").cuenta_hijos, 8);
-  EXPECT_EQ(Rate("00012").ascendientes, 4);
-  EXPECT_EQ(T(fijo[19][80]), "1") << "Ceuta";
-  for (const auto& [column, width] : {std::pair(1U, 20U), {2U, 20U}, {3U, 15U}})
-    EXPECT_EQ(Len(T(fijo[16][column])), width) << "a name that fills its field";
-  // The same pay in the other currency, which only 02 reads rightly.
-  EXPECT_EQ(T(fijo[15][75]), "24040,48");
-  EXPECT_NEAR(CDbl(Rate("00016", "02").tipo), 20, 5);
 }
 
-TEST_F(DemoCompany, DependsOnTheSeedAloneAndALargerOneBeginsWithTheSameWorkers) {
-  const Company again(DemoOptions().workers, 1), smaller(9, 1), other(9, 2);
+TEST_F(DemoTest, DependsOnTheSeedAloneAndALargerOneBeginsWithTheSameWorkers) {
+  Write("one", "30");
+  Write("again", "30");
   for (const char* table :
        {"TrabajadoresVar", "TincidenciasIT", "TIncidenciasVar", "ConTrabajadorPagas", "Historico"}) {
-    EXPECT_TRUE(again.Table(table) == company->Table(table)) << table;
+    EXPECT_EQ(Out("one", {"data", "dump", table}), Out("again", {"data", "dump", table})) << table;
   }
-  const Rows nine = smaller.Table("TrabajadoresFijo");
-  EXPECT_TRUE(std::ranges::equal(nine, std::span(fijo).first(9)));
-  EXPECT_TRUE(nine != other.Table("TrabajadoresFijo"));
+  const std::vector<std::string> workers = {"data", "dump", "TrabajadoresFijo"};
+  Write("smaller", "9");
+  EXPECT_THAT(Out("one", workers), StartsWith(Out("smaller", workers)));
+  Write("other", "9", "2");
+  EXPECT_NE(Out("smaller", workers), Out("other", workers));
 }
 
-class DemoFolder : public testing::Test {
- protected:
-  // The refusal, if there is one. The folder may be one in this one.
-  std::string Write(const std::string& name, int workers, const std::function<void(int, int)>& progress = {}) const {
-    try {
-      WriteDemoCompany(*MakeEngine(), {.folder = folder / name, .workers = workers}, progress);
-      return "";
-    } catch (const std::runtime_error& error) {
-      return error.what();
-    }
-  }
-  // All files and folders.
-  std::ptrdiff_t Entries() const { return std::distance(fs::recursive_directory_iterator(folder.path()), {}); }
-
-  TempFolder folder;
-};
-
-TEST_F(DemoFolder, LeavesWhatIsThere) {
-  fs::create_directory(folder / "Datos");
+TEST_F(DemoTest, LeavesWhatIsThere) {
+  fs::create_directory(dir_ / "Datos");
+  WriteFile(dir_ / "Datos/readme.txt", "mine");
   for (const std::string name : {"nom00001.mdb", "HACIEN02.MDB", "IMPM0999.DAT"}) {
-    std::ofstream(folder / "Datos/" + name) << "mine";
-    EXPECT_THAT(Write("", 2), testing::HasSubstr(name));
-    EXPECT_EQ(Entries(), 2);
-    EXPECT_EQ(fs::file_size(folder / "Datos/" + name), 4U);
-    fs::remove(folder / "Datos/" + name);
+    WriteFile(dir_ / "Datos" / name, "mine");
+    EXPECT_THAT(Write("", "2").err, HasSubstr("there is a company already: " + (dir_ / "Datos" / name).string()));
+    EXPECT_EQ(std::distance(fs::recursive_directory_iterator(dir_), {}), 3);
+    EXPECT_EQ(ReadFile(dir_ / "Datos" / name), "mine");
+    fs::remove(dir_ / "Datos" / name);
   }
-  std::ofstream(folder / "Datos/readme.txt") << "mine";
-  std::vector<std::pair<int, int>> progress;
-  EXPECT_EQ(Write("", 2, [&](int done, int of) { progress.emplace_back(done, of); }), "");
-  EXPECT_THAT(progress, ElementsAre(std::pair(0, 2), std::pair(2, 2)));
-  EXPECT_TRUE(fs::exists(folder / "Datos/readme.txt"));
-  EXPECT_TRUE(fs::exists(folder / "Datos/Nom00001.MDB"));
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1) << "nothing stays beside it";
-}
-
-TEST_F(DemoFolder, LeavesNothingHalfWritten) {
-  EXPECT_EQ(Write("new/app", 2, [](int, int) { throw std::runtime_error("stopped"); }), "stopped");
-  for (const int workers : {0, -1, kMaxDemoWorkers + 1})
-    EXPECT_THAT(Write("", workers), testing::HasSubstr("number of workers"));
-  EXPECT_EQ(Entries(), 0);
-  std::ofstream(folder / "file") << "mine";
-  EXPECT_THAT(Write("file", 2), testing::HasSubstr("cannot write in"));
-  EXPECT_EQ(Entries(), 1);
+  EXPECT_THAT(Write("Datos/readme.txt", "2").err, HasSubstr("cannot write in"));
+  EXPECT_EQ(Write("", "2").status, 0);
+  EXPECT_TRUE(fs::exists(dir_ / "Datos/Nom00001.MDB"));
+  EXPECT_EQ(std::distance(fs::directory_iterator(dir_), {}), 1) << "nothing stays beside it";
 }
 
 }  // namespace

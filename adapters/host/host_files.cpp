@@ -30,7 +30,9 @@ std::optional<fs::path> FindIn(const fs::path& folder, const fs::path& name, std
   const std::string wanted = LCase(name.string());
   for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
        entry.increment(error)) {
-    if (LCase(entry->path().filename().string()) == wanted) return folder / entry->path().filename();
+    const fs::path found = folder / entry->path().filename();
+    std::error_code gone;  // a link that leads nowhere
+    if (LCase(found.filename().string()) == wanted && IsThere(found, gone)) return found;
   }
   if (error == std::errc::not_a_directory) error.clear();
   return std::nullopt;
@@ -39,6 +41,7 @@ std::optional<fs::path> FindIn(const fs::path& folder, const fs::path& name, std
 [[noreturn]] void Fail(int error, std::string_view path) {
   const std::error_code code(error, std::generic_category());
   int number = kDeviceIoError;
+  if (error == ENOENT) number = kFileNotFound;
   if (error == EACCES || error == EPERM) number = kPermissionDenied;
   if (error == EISDIR || error == ENXIO || error == ELOOP) number = kPathFileAccess;
   throw RuntimeError(number, {}, std::string(path) + ": " + code.message(), error);

@@ -1,11 +1,13 @@
 #include "adapters/sqlite/connection.hpp"
 
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <array>
 #include <charconv>
 #include <utility>
 
+#include "adapters/sqlite/stale_log.hpp"
 #include "platform/record/names.hpp"
 #include "platform/sql/printer.hpp"
 #include "runtime/text.hpp"
@@ -14,6 +16,7 @@
 namespace zendara::sqlite {
 namespace {
 
+namespace fs = std::filesystem;
 using sql::QuoteName;
 
 constexpr int kApplicationId = 0x5a454e44;  // "ZEND", tells the system's files from others of the same store
@@ -24,7 +27,15 @@ constexpr std::size_t kWriteVersion = 18;
 constexpr std::size_t kReadVersion = 19;
 constexpr std::size_t kIdAt = 68;
 
-constexpr int kBusyMilliseconds = 5000;
+constexpr int kPrimaryCode = 0xff;  // of an extended result code
+
+// Waiting for another writer: short sleeps of random lengths, so that none of many is left behind.
+constexpr int kLongestWait = 5'000'000;  // microseconds
+constexpr int kShortestSleep = 500;
+constexpr int kLongestSleep = 2000;
+
+constexpr std::string_view kCreateNumbers =
+    "CREATE TABLE IF NOT EXISTS zendara_numbers (name TEXT PRIMARY KEY COLLATE NOCASE, last INTEGER NOT NULL)";
 constexpr std::string_view kOwnTables = "zendara_";  // prefix of tables that are not the host's
 
 int CompareTexts(void* order, int a_size, const void* a, int b_size, const void* b) {
@@ -60,6 +71,15 @@ std::string StoredIndexName(std::string_view table, std::string_view index) {
   return std::string(table) + "." + std::string(index);
 }
 
+std::string UnchangingUri(const fs::path& path) {
+  std::error_code none;
+  std::string uri = "file://";
+  for (const char c : fs::absolute(path, none).string()) {
+    uri += c == '%' ? "%25" : c == '?' ? "%3f" : c == '#' ? "%23" : std::string(1, c);
+  }
+  return uri + "?immutable=1";
+}
+
 }  // namespace
 
 Connection::Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags)
@@ -68,14 +88,24 @@ Connection::Connection(const char* path, std::string name, std::shared_ptr<const
   try {
     if (code != SQLITE_OK) Fail(code, name_, database_ ? sqlite3_errmsg(database_) : "");
     sqlite3_extended_result_codes(database_, 1);
-    sqlite3_busy_timeout(database_, kBusyMilliseconds);
+    sqlite3_busy_handler(database_, WaitForLock, this);
     sqlite3_create_collation_v2(database_, "es", SQLITE_UTF8, const_cast<SpanishOrder*>(order_.get()), CompareTexts,
                                 nullptr);
-    Run("PRAGMA synchronous = FULL");
   } catch (...) {
     sqlite3_close_v2(database_);
     throw;
   }
+}
+
+int Connection::WaitForLock(void* connection, int attempt) {
+  auto& self = *static_cast<Connection*>(connection);
+  if (attempt == 0) self.waited_ = 0;
+  if (self.waited_ >= kLongestWait) return 0;
+  const int sleep = std::uniform_int_distribution(kShortestSleep, kLongestSleep)(self.random_);
+  sqlite3_vfs* machine = sqlite3_vfs_find(nullptr);
+  machine->xSleep(machine, sleep);
+  self.waited_ += sleep;
+  return 1;
 }
 
 Connection::~Connection() {
@@ -84,12 +114,47 @@ Connection::~Connection() {
   sqlite3_close_v2(database_);
 }
 
-std::shared_ptr<Connection> Connection::Open(const std::filesystem::path& path, const std::string& name,
+std::shared_ptr<Connection> Connection::Open(const fs::path& path, const std::string& name,
                                              std::shared_ptr<const SpanishOrder> order) {
+  try {
+    return OpenShared(path, name, order);
+  } catch (const RuntimeError& error) {
+    const int code = error.native() & kPrimaryCode;
+    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    if ((code != SQLITE_CANTOPEN && code != SQLITE_READONLY) || access(folder.c_str(), W_OK) == 0) throw;
+  }
+  return OpenUnchanging(path, name, std::move(order));
+}
+
+std::shared_ptr<Connection> Connection::OpenShared(const fs::path& path, const std::string& name,
+                                                   std::shared_ptr<const SpanishOrder> order) {
   std::shared_ptr<Connection> connection(new Connection(path.c_str(), name, std::move(order), SQLITE_OPEN_READWRITE));
-  Statement id = connection->Prepare("PRAGMA application_id");
-  if (!id.Step() || id.Integer(0) != kApplicationId) throw RuntimeError(kForeignFile, {name});
+  DropStaleLog(connection->database_, path);
+  connection->Run("PRAGMA synchronous = FULL");
+  connection->CheckFormat();
   return connection;
+}
+
+// A read-only medium, or a folder without the permission to write. Sharing the file would take a log beside it.
+std::shared_ptr<Connection> Connection::OpenUnchanging(const fs::path& path, const std::string& name,
+                                                       std::shared_ptr<const SpanishOrder> order) {
+  std::error_code none;
+  const auto log = fs::file_size(fs::path(path) += "-wal", none);
+  if (!none && log > 0) {
+    throw RuntimeError(kCannotOpenFile, {name},
+                       "its newest rows are in the log beside it, which is not read where nothing can be written");
+  }
+  std::shared_ptr<Connection> connection(
+      new Connection(UnchangingUri(path).c_str(), name, std::move(order), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI));
+  connection->unchanging_ = path;
+  connection->last_written_ = fs::last_write_time(path, none);
+  connection->CheckFormat();
+  return connection;
+}
+
+void Connection::CheckFormat() {
+  Statement id = Prepare("PRAGMA application_id");
+  if (!id.Step() || id.Integer(0) != kApplicationId) throw RuntimeError(kForeignFile, {name_});
 }
 
 std::string Connection::NewFile(const std::vector<TableDef>& tables, std::shared_ptr<const SpanishOrder> order) {
@@ -97,6 +162,7 @@ std::string Connection::NewFile(const std::vector<TableDef>& tables, std::shared
       new Connection(":memory:", "", std::move(order), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
   memory->Run("PRAGMA application_id = " + std::to_string(kApplicationId));
   memory->Run("CREATE TABLE zendara_queries (name TEXT PRIMARY KEY COLLATE NOCASE, sql TEXT NOT NULL)");
+  memory->Run(kCreateNumbers);
   for (const TableDef& table : tables) memory->CreateTable(table);
   sqlite3_int64 size = 0;
   const std::unique_ptr<unsigned char, decltype(&sqlite3_free)> image(
@@ -107,7 +173,7 @@ std::string Connection::NewFile(const std::vector<TableDef>& tables, std::shared
   return file;
 }
 
-bool Connection::IsDatabase(const std::filesystem::path& path) {
+bool Connection::IsDatabase(const fs::path& path) {
   // Read through the store: to open and close the file here would drop the locks that this program has on it.
   sqlite3* database = nullptr;
   sqlite3_file* file = nullptr;
@@ -122,8 +188,7 @@ bool Connection::IsDatabase(const std::filesystem::path& path) {
   return id == kApplicationId;
 }
 
-void Connection::FoldLog(const std::filesystem::path& path, const std::string& name,
-                         std::shared_ptr<const SpanishOrder> order) {
+void Connection::FoldLog(const fs::path& path, const std::string& name, std::shared_ptr<const SpanishOrder> order) {
   {
     const auto connection = Open(path, name, std::move(order));
     Statement fold = connection->Prepare("PRAGMA wal_checkpoint(TRUNCATE)");
@@ -131,16 +196,19 @@ void Connection::FoldLog(const std::filesystem::path& path, const std::string& n
   }
   // The last one who closes the file takes the log away.
   std::error_code none;
-  if (std::filesystem::exists(std::filesystem::path(path) += "-wal", none)) throw RuntimeError(kFileInUse, {name});
+  if (fs::exists(fs::path(path) += "-wal", none)) throw RuntimeError(kFileInUse, {name});
 }
 
 bool Connection::FileIsGone() const {
   int moved = 0;
   sqlite3_file_control(database_, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
-  return moved != 0;
+  std::error_code none;
+  return moved != 0 || (!unchanging_.empty() && fs::last_write_time(unchanging_, none) != last_written_);
 }
 
 std::int64_t Connection::Changes() const { return sqlite3_changes64(database_); }
+
+std::int64_t Connection::LastNumber() const { return sqlite3_last_insert_rowid(database_); }
 
 void Connection::Acquire(Holder* next) {
   if (FileIsGone()) throw RuntimeError(kObjectClosed, {}, name_ + " was replaced");
@@ -254,8 +322,10 @@ void Connection::AddToCount(TableInfo& table, std::int64_t rows) {
 
 void Connection::Begin() {
   Acquire(nullptr);
+  RequireNumbers();
   Run("BEGIN IMMEDIATE");
   in_transaction_ = true;
+  Run("SAVEPOINT rows");
 }
 
 void Connection::Commit() {
@@ -272,9 +342,72 @@ void Connection::Commit() {
 void Connection::Rollback() {
   Acquire(nullptr);
   if (!in_transaction_) throw RuntimeError(kNoTransaction);
+  try {
+    // Numbers that were given stay given.
+    Run("ROLLBACK TO rows");
+    for (auto& [name, table] : tables_) {
+      if (table->given > 0) KeepNumber(*table, table->given);
+    }
+    Run("COMMIT");
+  } catch (const RuntimeError&) {
+    // The store has undone everything already, or is about to.
+  }
+  Undo();
+}
+
+void Connection::Undo() {
   in_transaction_ = false;
   for (auto& [name, table] : tables_) table->count = -1;
   if (!sqlite3_get_autocommit(database_)) Run("ROLLBACK");
+}
+
+void Connection::AsOne(const std::function<void()>& writes) {
+  Acquire(nullptr);
+  if (in_transaction_) return writes();
+  RequireNumbers();
+  Run("BEGIN IMMEDIATE");
+  in_transaction_ = true;
+  try {
+    writes();
+    Commit();
+  } catch (...) {
+    Undo();
+    throw;
+  }
+}
+
+void Connection::RequireNumbers() {
+  if (keeps_numbers_) return;
+  Run(kCreateNumbers);
+  keeps_numbers_ = true;
+}
+
+std::int64_t Connection::Delete(TableInfo& table, Statement& statement) {
+  std::int64_t deleted = 0;
+  AsOne([&] {
+    if (!table.highest) table.highest = Prepare("SELECT max(rowid) FROM " + QuoteName(table.definition.name));
+    table.highest.Step();
+    const std::int64_t highest = table.highest.Integer(0);
+    table.highest.Reset();
+    statement.Run();
+    deleted = Changes();
+    KeepNumber(table, highest);
+  });
+  AddToCount(table, -deleted);
+  return deleted;
+}
+
+// Writes nothing as long as the table has a row of that number or a higher one.
+void Connection::KeepNumber(TableInfo& table, std::int64_t number) {
+  if (!table.keep_number) {
+    table.keep_number =
+        Prepare("INSERT INTO zendara_numbers SELECT ?1, ?2 WHERE ?2 > (SELECT coalesce(max(rowid), 0) FROM " +
+                QuoteName(table.definition.name) +
+                ") ON CONFLICT (name) DO UPDATE SET last = excluded.last WHERE excluded.last > last");
+  }
+  table.keep_number.Bind(1, Value(table.definition.name));
+  table.keep_number.Bind(2, number);
+  table.keep_number.Run();
 }
 
 }  // namespace zendara::sqlite

@@ -99,9 +99,8 @@ std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connect
 
 void RunDelete(Connection& connection, const sql::Delete& statement) {
   connection.Acquire(nullptr);
-  connection.Run(Print(statement, SqliteDialect()));
-  TableInfo* table = connection.FindTable(statement.table.table->name);
-  connection.AddToCount(*table, -connection.Changes());
+  Statement prepared = connection.Prepare(Print(statement, SqliteDialect()));
+  connection.Delete(*connection.FindTable(statement.table.table->name), prepared);
 }
 
 }  // namespace zendara::sqlite

@@ -10,7 +10,7 @@
 namespace zendara::sqlite {
 
 std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connection, const sql::Select& select);
-// Runs the statement; its table's count is told to the connection.
+// Runs the statement.
 void RunDelete(Connection& connection, const sql::Delete& statement);
 
 }  // namespace zendara::sqlite

@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include "adapters/host/host_files.hpp"
+#include "adapters/host/network.hpp"
 #include "adapters/host/new_file.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -39,6 +40,13 @@ namespace fs = std::filesystem;
   throw RuntimeError(number(), {std::string(path)}, std::string(path) + ": " + error.message(), error.value());
 }
 
+// The programs that share a file share memory, which two machines never do.
+void RefuseNetwork(const fs::path& place, std::string_view path) {
+  if (!IsOnNetwork(place)) return;
+  throw RuntimeError(kDiskOrNetwork, {},
+                     std::string(path) + " is on a network file system, which programs of one machine alone may use");
+}
+
 }  // namespace
 
 std::shared_ptr<Database> FileWorkspace::OpenDatabase(std::string_view path) {
@@ -46,6 +54,7 @@ std::shared_ptr<Database> FileWorkspace::OpenDatabase(std::string_view path) {
   const FileId id = IdOf(file, path);
   auto connection = connections_[id].lock();
   if (!connection || connection->FileIsGone()) {
+    RefuseNetwork(file, path);
     connection = Connection::Open(file, std::string(path), order_);
     connections_[id] = connection;
   }
@@ -54,6 +63,7 @@ std::shared_ptr<Database> FileWorkspace::OpenDatabase(std::string_view path) {
 
 std::shared_ptr<Database> FileWorkspace::CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) {
   const fs::path file = PathOfNew(path);
+  RefuseNetwork(file.parent_path(), path);
   if (const auto error = WriteNewFile(file, Connection::NewFile(tables, order_))) Fail(error, path);
   return OpenDatabase(path);
 }

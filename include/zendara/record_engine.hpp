@@ -53,7 +53,8 @@ struct TableDef {
   friend bool operator==(const TableDef&, const TableDef&) = default;
 };
 
-// Identifies a row of one table, for all recordsets on it; it survives changes of the row.
+// Identifies a row of one table, for all recordsets on it; it survives changes of the row. Once the row is gone, no
+// other one ever gets it, whichever program writes it.
 using Bookmark = std::int64_t;
 
 class Recordset;
@@ -120,7 +121,9 @@ class Recordset {
   // Durable when it returns. 3020 without AddNew or Edit; 3022 duplicate key, 3058 Null in the primary key, 3197 the
   // row was changed by another program since Edit: nothing is written, the pending change stays.
   virtual void Update() = 0;
+  // 3020 without AddNew or Edit.
   virtual void CancelUpdate() = 0;
+  // The current record as it is stored now. 3021 without one, 3167 when it is gone, also by another program.
   virtual void Delete() = 0;
 
   // Own position over the same rows, no current record at first, no index set; bookmarks serve both.

@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <map>
@@ -121,22 +120,31 @@ TEST_F(DataTest, ValuesThatAreNoneOfTheirColumnsAreNamedAndDumpedAsTheyAre) {
   EXPECT_THAT(Load("TrabajadoresFijo", dump.out).err, HasSubstr("in.csv: line 2: field 2 is not UTF-8"));
 }
 
-// As a user whom the machine does not let everywhere.
-TEST_F(DataTest, AFolderThatMayNotBeEnteredIsSaidToBeOne) {
-  std::filesystem::permissions(dir_ / "DATOS", std::filesystem::perms::none);
-  const pid_t child = fork();
-  if (child == 0) {
-    if (geteuid() == 0 && seteuid(65534) != 0) _exit(0);
-    for (const std::vector<std::string>& words :
-         {std::vector<std::string>{"rate"}, {"data", "check"}, {"data", "create"}}) {
-      const Outcome run = RunHere(words);
-      if (run.status != 1 || run.err.find("Permission denied") == std::string::npos) _exit(1);
-    }
-    _exit(0);
+// As a user for whom permissions hold.
+TEST_F(DataTest, AFolderThatMayOnlyBeReadIsReadAndOneThatMayNotBeEnteredIsSaidToBeOne) {
+  using std::filesystem::perms;
+  Load("FPago", "Campo0\n01\n");
+  const auto run = [&](const std::vector<std::string>& words, const std::vector<std::string>& more, perms folder) {
+    std::filesystem::permissions(dir_, perms(0755));
+    for (const auto& entry : std::filesystem::directory_iterator(dir_ / "DATOS")) permissions(entry, perms(0444));
+    std::filesystem::permissions(dir_ / "DATOS", folder);
+    const uid_t user = geteuid();
+    const uid_t nobody = 65534;
+    EXPECT_TRUE(user != 0 || setresuid(nobody, nobody, 0) == 0);
+    const Outcome outcome = RunHere(words, more);
+    EXPECT_EQ(setresuid(user, user, user), 0);
+    std::filesystem::permissions(dir_ / "DATOS", perms(0755));
+    return outcome.out + outcome.err;
+  };
+  EXPECT_EQ(run({"data", "dump"}, {"FPago"}, perms(0555)), "Campo0,Campo1\r\n01,\r\n");
+  EXPECT_EQ(run({"data", "check"}, {}, perms(0555)), "");
+  EXPECT_EQ(run({"data", "create"}, {}, perms(0555)), "");
+  EXPECT_THAT(run({"rate"}, {}, perms(0555)), HasSubstr("table IRPF of ")) << "which has no row";
+  EXPECT_THAT(run({"data", "load"}, {"FPago", (dir_ / "in.csv").string()}, perms(0555)), HasSubstr("3027  "));
+  for (const char* command : {"check", "create"}) {
+    EXPECT_THAT(run({"data", command}, {}, perms(0)), HasSubstr("DATOS/Nom00001.MDB: Permission denied"));
   }
-  int status = 0;
-  waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0);
+  EXPECT_THAT(run({"rate"}, {}, perms(0)), HasSubstr("Permission denied"));
 }
 
 TEST_F(DataTest, CheckFindsADamagedPage) {

@@ -136,7 +136,7 @@ void AddData(CLI::App& app, CommandLine& line) {
       ->check(Transform(RefuseOtherBytes));
   create->callback([&line] { line.chosen = [&line](Console& console) { return DataCreate(line.create, console); }; });
 
-  CLI::App* check = data->add_subcommand("check", "Tell what is missing or malformed, a line each; status 1 if any");
+  CLI::App* check = data->add_subcommand("check", "Print what is missing or malformed, a line each; status 1 if any");
   AddCompany(check, line.check);
   check->callback([&line] { line.chosen = [&line](Console& console) { return DataCheck(line.check, console); }; });
 
@@ -145,7 +145,8 @@ void AddData(CLI::App& app, CommandLine& line) {
   load->add_option("CSV", line.csv, "Text in UTF-8 with a header of column names")->required()->type_name("");
   load->callback([&line] { line.chosen = [&line](Console& c) { return DataLoad(line.load, line.csv, c); }; });
 
-  CLI::App* dump = data->add_subcommand("dump", "Print a table as CSV");
+  CLI::App* dump =
+      data->add_subcommand("dump", "Print a table as CSV; status 1 if a value in it is none of its column");
   AddTable(dump, line.dump);
   dump->callback([&line] { line.chosen = [&line](Console& console) { return DataDump(line.dump, console); }; });
 
@@ -218,7 +219,7 @@ int RunCommand(const std::function<int(Console&)>& command, Console& console) {
     console.Flush();
     return status;
   } catch (const OutputError& error) {
-    // A reader such as `head` that wants no more is no fault to tell of.
+    // A reader such as `head` that wants no more is no fault to speak of.
     if (error.system_error != EPIPE)
       console.Error("standard output: " + std::string(std::strerror(error.system_error)));
     return kFailed;
@@ -243,7 +244,7 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   app.get_formatter()->label("REQUIRED", "(required)");
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.get_formatter()->label("Subcommands", "Commands");
-  app.footer("Exit status: 0 done, 1 failed (one line on standard error tells why), 2 wrong usage.");
+  app.footer("Exit status: 0 done, 1 failed (one line on standard error says why), 2 wrong usage.");
   CommandLine line;
   AddDemo(app, line);
   AddRate(app, line);

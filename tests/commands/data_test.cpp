@@ -210,6 +210,8 @@ TEST_F(DataTest, NamesThatAreNotThere) {
   EXPECT_THAT(RunHere({"data", "dump"}, {"IRPF", "--file", "x.mdb"}).err, HasSubstr("x.mdb is no database file"));
   EXPECT_THAT(RunHere({"data", "dump"}, {"IRPF", "--file", "Empresas.mdb"}).err, HasSubstr("3011  "));
   EXPECT_THAT(RunHere({"data", "load"}, {"IRPF", "none.csv"}).err, HasSubstr("none.csv: No such file"));
+  std::filesystem::remove_all(dir_ / "DATOS");
+  EXPECT_THAT(RunHere({"rate"}).err, testing::MatchesRegex("zendara: opening .*Nom00a01.MDB: 3044  .*\n"));
 }
 
 }  // namespace

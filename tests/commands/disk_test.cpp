@@ -4,8 +4,6 @@
 
 #include <set>
 
-#include "frame/parametros.hpp"
-#include "frame/stored_tables.hpp"
 #include "support/disk_faults.hpp"
 #include "tests/commands/command_folder.hpp"
 #include "zendara/engines.hpp"
@@ -17,22 +15,11 @@ namespace fs = std::filesystem;
 
 class DiskTest : public CommandFolder {
  protected:
-  std::set<std::string> Entries() const {
-    std::set<std::string> names;
+  std::set<fs::path> Entries() const {
     std::error_code none;
-    for (const auto& entry : fs::directory_iterator(dir_ / "DATOS", none)) names.insert(entry.path().filename());
-    return names;
+    const fs::directory_iterator entries(dir_ / "DATOS", none);
+    return {begin(entries), end(entries)};
   }
-  // Of company 00001 in these years.
-  static std::set<std::string> FilesOf(std::initializer_list<const char*> years) {
-    std::set<std::string> names;
-    for (const ParameterFile& file : kParameterFiles) names.emplace(file.name);
-    for (const StoredFile& file : StoredFiles()) {
-      for (const char* year : years) names.insert(FileName(file.kind, "00001", year));
-    }
-    return names;
-  }
-
   // A program of its own; what it prints as an error is in the file "err".
   disk_faults::Ending RunWithFault(const DiskFault& fault, const std::vector<std::string>& words) const {
     return zendara::RunWithFault(fault, [&] {
@@ -61,6 +48,7 @@ constexpr Fault kFaults[] = {Fault::kFails, Fault::kFullDisk, Fault::kKilled};
 
 TEST_F(DiskTest, AFileOfDataCreateHasItsNameOnlyWhenItIsWhole) {
   Create();
+  const auto whole = Entries();
   for (const Fault fault : kFaults) {
     for (DiskFault at{fault, 1};; ++at.at) {
       SCOPED_TRACE(testing::PrintToString(at));
@@ -69,7 +57,7 @@ TEST_F(DiskTest, AFileOfDataCreateHasItsNameOnlyWhenItIsWhole) {
       ExpectAClearEnd(ending);
       ExpectNothingDamaged("01");
       Create();
-      EXPECT_EQ(Entries(), FilesOf({"01"}));
+      EXPECT_EQ(Entries(), whole);
       if (!ending.reached) break;
     }
   }
@@ -78,6 +66,8 @@ TEST_F(DiskTest, AFileOfDataCreateHasItsNameOnlyWhenItIsWhole) {
 
 TEST_F(DiskTest, ADemoThatDoesNotComeToItsEndIsNotInTheWayOfTheNext) {
   const std::vector<std::string> demo = {"demo", dir_.string(), "--workers", "1"};
+  RunWords(demo);
+  const auto whole = Entries();
   for (const Fault fault : kFaults) {
     for (DiskFault at{fault, 1};; at.at *= 3) {
       SCOPED_TRACE(testing::PrintToString(at));
@@ -87,24 +77,22 @@ TEST_F(DiskTest, ADemoThatDoesNotComeToItsEndIsNotInTheWayOfTheNext) {
       ExpectAClearEnd(ending);
       EXPECT_TRUE(ending.Killed() || ending.ExitStatus() == 0 || Entries().empty());
       EXPECT_EQ(RunWords(demo).status, ending.status == 0 ? 1 : 0);
-      EXPECT_EQ(Entries(), FilesOf({"00", "01", "02"}));
+      EXPECT_EQ(Entries(), whole);
     }
   }
   for (const char* year : {"00", "01", "02"}) ExpectNothingDamaged(year);
 }
 
 TEST_F(DiskTest, SeveralAtOnceShareTheWorkOrSayWhoDidIt) {
-  for (const std::vector<std::string>& words :
-       {std::vector<std::string>{"data", "create", "--dir", dir_.string(), "--company", "1", "--year", "01"},
-        {"demo", dir_.string(), "--workers", "1"}}) {
+  for (const auto& [words, winners, files] :
+       {std::tuple(Here({"data", "create"}), 3, 10U), {{"demo", dir_.string(), "--workers", "1"}, 1, 16U}}) {
     fs::remove_all(dir_ / "DATOS");
-    std::vector<pid_t> programs;
-    for (int i = 0; i < 3; ++i) {
-      programs.push_back(fork());
-      if (programs.back() != 0) continue;
+    std::vector<pid_t> programs(3);
+    for (pid_t& program : programs) {
+      program = fork();
+      if (program != 0) continue;
       const Outcome run = RunWords(words);
-      const bool clear = run.status == 0 || run.err.find("there is a company already") != std::string::npos;
-      _exit(clear ? run.status : 9);
+      _exit(run.status == 1 && run.err.find("there is a company already") == std::string::npos ? 9 : run.status);
     }
     int done = 0;
     for (const pid_t program : programs) {
@@ -113,9 +101,9 @@ TEST_F(DiskTest, SeveralAtOnceShareTheWorkOrSayWhoDidIt) {
       EXPECT_LE(WEXITSTATUS(status), 1);
       if (status == 0) ++done;
     }
-    EXPECT_EQ(done, words[0] == "demo" ? 1 : 3);
+    EXPECT_EQ(done, winners);
     EXPECT_EQ(RunHere({"data", "check"}).out, "");
-    EXPECT_EQ(Entries(), words[0] == "demo" ? FilesOf({"00", "01", "02"}) : FilesOf({"01"}));
+    EXPECT_EQ(Entries().size(), files);
   }
 }
 

@@ -43,12 +43,6 @@ TEST_F(RunTest, WrongUsageIsStatusTwoAndOneLine) {
   }
 }
 
-TEST_F(RunTest, AnErrorOfTheStoreIsOneLineWithItsNumber) {
-  const Outcome run = RunHere({"rate"});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, testing::MatchesRegex("zendara: opening .*Nom00a01.MDB: 3044  .*\n"));
-}
-
 TEST_F(RunTest, AScriptEndsWithItsStatusAndOneLine) {
   WriteFile(dir_ / "jump.zs", "\njump");
   WriteFile(dir_ / "sql.zs", "sql a.mdb \"SELECT * FROM a\"");

@@ -56,9 +56,9 @@ inline bool WriteFails(const std::function<void()>& write_half) {
   return Fails(true);
 }
 
-inline int Open(int folder, const char* path, int flags, mode_t mode) {
+inline int Open(const char* path, int flags, mode_t mode) {
   const bool makes = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
-  return makes && Fails(true) ? -1 : static_cast<int>(syscall(SYS_openat, folder, path, flags, mode));
+  return makes && Fails(true) ? -1 : static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
 // How a program of its own that did `work` with this fault ended, as waitpid tells; `reached` whether the fault came.
@@ -100,20 +100,17 @@ ZENDARA_CALL ssize_t pwrite64(int file, const void* data, size_t size, off64_t a
   const auto half = [&] { syscall(SYS_pwrite64, file, data, size / 2, at); };
   return zendara::disk_faults::WriteFails(half) ? -1 : syscall(SYS_pwrite64, file, data, size, at);
 }
-ZENDARA_CALL int open(const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = va_arg(rest, mode_t);
-  va_end(rest);
-  return zendara::disk_faults::Open(AT_FDCWD, path, flags, mode);
-}
-ZENDARA_CALL int open64(const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = va_arg(rest, mode_t);
-  va_end(rest);
-  return zendara::disk_faults::Open(AT_FDCWD, path, flags, mode);
-}
+#define ZENDARA_OPEN(name)                                  \
+  ZENDARA_CALL int name(const char* path, int flags, ...) { \
+    va_list rest;                                           \
+    va_start(rest, flags);                                  \
+    const mode_t mode = va_arg(rest, mode_t);               \
+    va_end(rest);                                           \
+    return zendara::disk_faults::Open(path, flags, mode);   \
+  }
+ZENDARA_OPEN(open)
+ZENDARA_OPEN(open64)
+#undef ZENDARA_OPEN
 
 #define ZENDARA_COUNTED(name, grows, number, parameters, ...)                                        \
   ZENDARA_CALL int name parameters noexcept {                                                        \
@@ -124,8 +121,6 @@ ZENDARA_COUNTED(mkdir, true, SYS_mkdir, (const char* path, mode_t mode), path, m
 ZENDARA_COUNTED(link, true, SYS_link, (const char* from, const char* to), from, to)
 ZENDARA_COUNTED(linkat, true, SYS_linkat, (int a, const char* from, int b, const char* to, int flags), a, from, b, to,
                 flags)
-ZENDARA_COUNTED(renameat2, true, SYS_renameat2, (int a, const char* from, int b, const char* to, unsigned flags), a,
-                from, b, to, flags)
 ZENDARA_COUNTED(unlink, false, SYS_unlink, (const char* path), path)
 #undef ZENDARA_COUNTED
 

@@ -29,7 +29,9 @@ constexpr std::size_t kIdAt = 68;
 
 constexpr int kPrimaryCode = 0xff;  // of an extended result code
 
-// Waiting for another writer: short sleeps of random lengths, so that none of many is left behind.
+// Waiting for another writer: short sleeps of random lengths, so that none of many is left behind. Who had to wait lets
+// the others first for a while, else the one that has just written, being awake, would be the next one again.
+constexpr auto kCrowded = std::chrono::seconds(1);
 constexpr int kLongestWait = 5'000'000;  // microseconds
 constexpr int kShortestSleep = 500;
 constexpr int kLongestSleep = 2000;
@@ -101,15 +103,21 @@ int Connection::WaitForLock(void* connection, int attempt) {
   auto& self = *static_cast<Connection*>(connection);
   if (attempt == 0) self.waited_ = 0;
   if (self.waited_ >= kLongestWait) return 0;
-  const int sleep = std::uniform_int_distribution(kShortestSleep, kLongestSleep)(self.random_);
-  sqlite3_vfs* machine = sqlite3_vfs_find(nullptr);
-  machine->xSleep(machine, sleep);
-  self.waited_ += sleep;
+  self.crowded_until_ = Clock::now() + kCrowded;
+  self.waited_ += self.Sleep();
   return 1;
+}
+
+int Connection::Sleep() {
+  const int microseconds = std::uniform_int_distribution(kShortestSleep, kLongestSleep)(random_);
+  sqlite3_vfs* machine = sqlite3_vfs_find(nullptr);
+  machine->xSleep(machine, microseconds);
+  return microseconds;
 }
 
 Connection::~Connection() {
   tables_.clear();
+  queries_.Clear();
   data_version_ = Statement();
   sqlite3_close_v2(database_);
 }
@@ -204,6 +212,10 @@ bool Connection::FileIsGone() const {
   sqlite3_file_control(database_, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
   std::error_code none;
   return moved != 0 || (!unchanging_.empty() && fs::last_write_time(unchanging_, none) != last_written_);
+}
+
+std::size_t Connection::Limit(int number) const {
+  return static_cast<std::size_t>(sqlite3_limit(database_, number, -1));
 }
 
 std::int64_t Connection::Changes() const { return sqlite3_changes64(database_); }
@@ -322,7 +334,7 @@ void Connection::AddToCount(TableInfo& table, std::int64_t rows) {
 
 void Connection::Begin() {
   Acquire(nullptr);
-  RequireNumbers();
+  PrepareWrite();
   Run("BEGIN IMMEDIATE");
   in_transaction_ = true;
   Run("SAVEPOINT rows");
@@ -364,7 +376,7 @@ void Connection::Undo() {
 void Connection::AsOne(const std::function<void()>& writes) {
   Acquire(nullptr);
   if (in_transaction_) return writes();
-  RequireNumbers();
+  PrepareWrite();
   Run("BEGIN IMMEDIATE");
   in_transaction_ = true;
   try {
@@ -376,7 +388,9 @@ void Connection::AsOne(const std::function<void()>& writes) {
   }
 }
 
-void Connection::RequireNumbers() {
+void Connection::PrepareWrite() {
+  if (in_transaction_) return;
+  if (Clock::now() < crowded_until_) Sleep();
   if (keeps_numbers_) return;
   Run(kCreateNumbers);
   keeps_numbers_ = true;

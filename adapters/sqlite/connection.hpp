@@ -1,6 +1,7 @@
 // One open file: the store's connection, what is known of its tables, and the rule that keeps reads fresh.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "adapters/icu/spanish_order.hpp"
+#include "adapters/sqlite/query_cache.hpp"
 #include "adapters/sqlite/statement.hpp"
 #include "zendara/record_engine.hpp"
 
@@ -68,6 +70,9 @@ class Connection {
   const std::string& name() const { return name_; }
   Statement Prepare(std::string_view sql) { return Statement(database_, name_, sql); }
   void Run(std::string_view sql) { Prepare(sql).Run(); }
+  QueryCache& queries() { return queries_; }
+  // What the store allows at most, by its number for that.
+  std::size_t Limit(int number) const;
   // Rows changed by the last write.
   std::int64_t Changes() const;
   // The number that the last insertion gave.
@@ -100,12 +105,14 @@ class Connection {
   // Row numbers are never used again. A new row gets the one behind the highest that the table ever had: its last row
   // tells it, or, when rows went from its end, the number that was kept then.
 
-  // Before a row is inserted. A file of an earlier version gets what keeps the numbers.
-  void RequireNumbers();
+  // Before a write. A file of an earlier version gets what keeps the numbers.
+  void PrepareWrite();
   // Runs a statement that deletes rows of the table.
   std::int64_t Delete(TableInfo& table, Statement& statement);
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
 
   static std::shared_ptr<Connection> OpenShared(const std::filesystem::path& path, const std::string& name,
@@ -115,6 +122,7 @@ class Connection {
   void CheckFormat();
   void Undo();
   static int WaitForLock(void* connection, int attempt);
+  int Sleep();
   std::unique_ptr<TableInfo> ReadDefinition(const std::string& table);
   void KeepNumber(TableInfo& table, std::int64_t number);
 
@@ -127,8 +135,10 @@ class Connection {
   bool in_transaction_ = false;
   bool keeps_numbers_ = false;  // known to
   int waited_ = 0;              // microseconds, for the lock that is being waited for
+  Clock::time_point crowded_until_ = {};
   std::minstd_rand random_{std::random_device()()};
   Statement data_version_;
+  QueryCache queries_;
   std::unordered_map<std::string, std::unique_ptr<TableInfo>> tables_;  // by lower-case name
 };
 

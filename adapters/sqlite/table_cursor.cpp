@@ -80,7 +80,7 @@ class Cursor final : public TableCursor, private Holder {
 
   void Insert(const std::vector<Value>& row) override {
     connection_->Acquire(nullptr);
-    connection_->RequireNumbers();
+    connection_->PrepareWrite();
     if (!table_.insert) table_.insert = connection_->Prepare(InsertText());
     table_.insert.Bind(1, table_.given);
     table_.insert.Bind(2, Value(table_.definition.name));

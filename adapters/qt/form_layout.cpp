@@ -265,6 +265,7 @@ void RenewSizes(QWidget& content) {
     widget->updateGeometry();
   });
   content.layout()->invalidate();
+  content.layout()->activate();  // the layouts in it too
 }
 
 void RescaleSpacing(QWidget& content) {

@@ -134,7 +134,7 @@ QRect FormWindow::PlaceOf(const Control& control) {
   Fit();
   QWidget* content = scroll_->widget();
   content->resize(size().expandedTo(content->minimumSize()));
-  content->layout()->activate();
+  content->layout()->setGeometry(content->rect());
   return {widget->mapTo(content, QPoint(0, 0)), widget->size()};
 }
 

@@ -40,7 +40,7 @@ void Trabajadores::SalidaCampo(int indice) {
   if (indice == kSituacion) return SalidaSituacion();
   CompletaOtrosCampos(indice);
   if (RechazaValor(indice)) return;
-  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Host().Boxes(), ficha_.Ventana(indice)));
+  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Boxes(), ficha_.Ventana(indice)));
   if (indice == kFechaFin) CompruebaFechaFin();
   const bool segundo_contrato = indice == kTipo2 || indice == kInicioBonificacion2 || indice == kFinBonificacion2;
   if (segundo_contrato && !Vacio(indice) && Vacio(kTipo1)) {
@@ -98,7 +98,7 @@ void Trabajadores::SalidaSituacion() {
 void Trabajadores::CompletaOtrosCampos(int indice) {
   const auto propone = [&](int fecha) {
     if (Vacio(indice) || !Vacio(fecha)) return;
-    Text1(fecha).SetText(FormatoFecha(Text1(indice), Host().Boxes(), ficha_.Ventana(indice)));
+    Text1(fecha).SetText(FormatoFecha(Text1(indice), Boxes(), ficha_.Ventana(indice)));
   };
   const auto excluye = [&](int otro) {
     if (!Vacio(indice)) Text1(otro).SetText("");
@@ -122,7 +122,7 @@ void Trabajadores::CompletaOtrosCampos(int indice) {
       break;
     case kCuenta:
       if (!Vacio(kEntidad) || !Vacio(kOficina) || !Vacio(kControlCuenta) || !Vacio(kCuenta)) {
-        ComprobarCuenta(Texto(kEntidad), Texto(kOficina), Texto(kControlCuenta), Texto(kCuenta), Host().Boxes());
+        ComprobarCuenta(Texto(kEntidad), Texto(kOficina), Texto(kControlCuenta), Texto(kCuenta), Boxes());
       }
       break;
     default:

@@ -1,4 +1,4 @@
-#include "adapters/headless/company_host.hpp"
+#include "adapters/hosting/company_host.hpp"
 
 #include <utility>
 
@@ -53,14 +53,6 @@ void CompanyHost::Show(const std::string& screen) {
   RecordsetArray slots{.lower_bound = 0, .items = {files_.Tablas.begin(), files_.Tablas.end()}};
   ClsZendara().Carga_Formulario(screen, files_.BDEmpresa, files_.BDSegunda, slots, session);
   values_.currency = session.Retorno();
-}
-
-std::shared_ptr<Database> CompanyHost::OpenDatabase(std::string_view file) const {
-  return OpenPath(platform_.application_folder + "\\DATOS\\" + std::string(file));
-}
-
-std::shared_ptr<Database> CompanyHost::OpenPath(std::string_view path) const {
-  return platform_.engine->Workspaces(0)->OpenDatabase(path);
 }
 
 }  // namespace zendara

@@ -1,13 +1,10 @@
 // The part of a host application: a company's files open, a session, and the call of the component.
 #pragma once
 
-#include <memory>
 #include <string>
-#include <string_view>
 
 #include "frame/sesion.hpp"
 #include "zendara/platform.hpp"
-#include "zendara/record_engine.hpp"
 #include "zendara/zendara.hpp"
 
 namespace zendara {
@@ -36,10 +33,6 @@ class CompanyHost {
   bool HasSession() const { return has_session_; }
   // Carga_Formulario: returns when the screen was closed.
   void Show(const std::string& screen);
-  // A database file of DATOS, whatever the case of its name.
-  std::shared_ptr<Database> OpenDatabase(std::string_view file) const;
-  // Any database file, by the path that a routine gives.
-  std::shared_ptr<Database> OpenPath(std::string_view path) const;
 
  private:
   Platform platform_;

@@ -21,7 +21,7 @@
 #include "adapters/qt/grid_view.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/picture_view.hpp"
-#include "adapters/qt/script_hands.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {

@@ -15,7 +15,7 @@
 #include "adapters/qt/form_layout.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
-#include "adapters/qt/script_hands.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/text.hpp"
 #include "runtime/text.hpp"
 
@@ -129,6 +129,19 @@ void FormWindow::Fit() {
   move(area.center() - QPoint(size.width() / 2, size.height() / 2));
 }
 
+QRect FormWindow::PlaceOf(const Control& control) {
+  Flush();
+  QWidget* content = scroll_->widget();
+  if (!isVisible()) {
+    // Nothing is laid out by itself before it is shown.
+    Fit();
+    content->resize(size().expandedTo(content->minimumSize()));
+    content->layout()->activate();
+  }
+  const QWidget* widget = ViewOf(control)->Widget();
+  return {widget->mapTo(this, QPoint(0, 0)), widget->size()};
+}
+
 void FormWindow::Grow() {
   const QSize needed = scroll_->widget()->sizeHint();
   const QSize had = scroll_->widget()->minimumSize();
@@ -239,7 +252,9 @@ void FormWindow::FocusMoved() {
 void FormWindow::FormChanged() {
   form_changed_ = true;
   Queue();
-  if (!form_.Loaded() && unloaded_) unloaded_();
+  if (form_.Loaded() || !unloaded_) return;
+  const auto unloaded = unloaded_;
+  unloaded();
 }
 
 void FormWindow::Queue() {

@@ -69,11 +69,13 @@ class FormWindow : public QWidget, public FormView {
   void Flush();
   // True while the widgets are brought in step, when what they tell is no user's doing.
   bool Syncing() const { return syncing_; }
-  // Called when the form was unloaded.
+  // Called when the form was unloaded, as the last thing: it may end this window.
   void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }
 
   // Size of the content, within the screen, and centred.
   void Fit();
+  // Where the control stands in the window, which need not be shown yet. REQUIRES: it has a view.
+  QRect PlaceOf(const Control& control);
 
   void ControlChanged(const Control& control) override;
   void FocusMoved() override;

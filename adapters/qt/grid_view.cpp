@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "adapters/qt/look.hpp"
-#include "adapters/qt/script_hands.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {

@@ -1,41 +1,15 @@
-#include "adapters/qt/script_hands.hpp"
+#include "adapters/qt_script/script_hands.hpp"
 
 #include <QApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
 
 #include "adapters/qt/form_window.hpp"
-#include "adapters/qt/keys.hpp"
+#include "adapters/qt/input_events.hpp"
+#include "adapters/qt/qt_host.hpp"
 
 namespace zendara {
-namespace {
-
-void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button, Qt::MouseButtons held) {
-  QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, Qt::NoModifier);
-  QApplication::sendEvent(&widget, &event);
-}
-
-}  // namespace
-
-void ClickWidget(QWidget& widget, QPoint place) {
-  const QPointer<QWidget> alive(&widget);
-  SendMouse(widget, QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton);
-  if (alive) SendMouse(widget, QEvent::MouseButtonPress, place, Qt::LeftButton, Qt::LeftButton);
-  if (alive) SendMouse(widget, QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
-}
-
-void PressKey(QWidget& widget, const Key& key) {
-  const QtKey sent = QtKeyOf(key);
-  const QPointer<QWidget> alive(&widget);
-  QKeyEvent press(QEvent::KeyPress, sent.key, sent.modifiers, sent.text);
-  QApplication::sendEvent(&widget, &press);
-  if (!alive) return;
-  QKeyEvent release(QEvent::KeyRelease, sent.key, sent.modifiers, sent.text);
-  QApplication::sendEvent(&widget, &release);
-}
 
 void ScriptHands::Press(Form& form, const Key& key) {
-  FormWindow* window = window_of_(form);
+  FormWindow* window = windows_.WindowOf(form);
   if (!window) return;
   window->Flush();
   QWidget* focus = window->focusWidget();
@@ -49,7 +23,7 @@ void ScriptHands::Focus(Form& form, Control& control) {
 }
 
 bool ScriptHands::ClickOn(Form& form, Control& control, int row, int column) {
-  FormWindow* window = window_of_(form);
+  FormWindow* window = windows_.WindowOf(form);
   if (!window) return false;
   window->Flush();
   ControlView* view = window->ViewOf(control);

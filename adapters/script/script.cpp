@@ -1,10 +1,10 @@
-#include "adapters/headless/script.hpp"
+#include "adapters/script/script.hpp"
 
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
 
-#include "adapters/headless/script_keys.hpp"
+#include "adapters/script/script_keys.hpp"
 
 namespace zendara {
 namespace {
@@ -38,6 +38,21 @@ constexpr CommandForm kCommands[] = {
 constexpr std::string_view kSessionNames[] = {"company", "year", "name", "currency", "exchange", "program", "date"};
 constexpr std::string_view kAnswers[] = {"yes", "no", "ok"};
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// A character of no use in a line, the zero, is what texts of two bytes a character are full of.
+bool IsUtf8(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
+  for (std::size_t i = 0; i < text.size();) {
+    const unsigned lead = byte(i);
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+    if (lead == 0 || length == 0) return false;
+    for (std::size_t tail = 1; tail < length; ++tail) {
+      if ((byte(i + tail) & 0xC0) != 0x80) return false;
+    }
+    i += length;
+  }
+  return true;
+}
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
@@ -147,6 +162,23 @@ void CheckCommand(const ScriptCommand& command) {
   }
 }
 
+// Nothing in a blank line.
+std::optional<ScriptCommand> ReadCommand(std::string_view text, int line) {
+  try {
+    if (!IsUtf8(text)) throw ScriptError("not UTF-8");
+    LineReader reader(text);
+    ScriptCommand command{.line = line, .name = {}, .words = {}};
+    ScriptWord word;
+    if (!reader.Next(word)) return std::nullopt;
+    command.name = word.name.empty() ? word.text : word.name;
+    while (reader.Next(word)) command.words.push_back(word);
+    CheckCommand(command);
+    return command;
+  } catch (const ScriptError& error) {
+    throw ScriptError(std::to_string(line) + ": " + error.what());
+  }
+}
+
 }  // namespace
 
 Script ReadScript(std::string_view text) {
@@ -154,21 +186,26 @@ Script ReadScript(std::string_view text) {
   Script script;
   for (int line = 1; !text.empty(); ++line) {
     const std::size_t end = std::min(text.find('\n'), text.size());
-    try {
-      LineReader reader(text.substr(0, end));
-      ScriptCommand command{.line = line, .name = {}, .words = {}};
-      if (ScriptWord word; reader.Next(word)) {
-        command.name = word.name.empty() ? word.text : word.name;
-        while (reader.Next(word)) command.words.push_back(word);
-        CheckCommand(command);
-        script.push_back(std::move(command));
-      }
-    } catch (const ScriptError& error) {
-      throw ScriptError(std::to_string(line) + ": " + error.what());
-    }
+    if (auto command = ReadCommand(text.substr(0, end), line)) script.push_back(std::move(*command));
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return script;
+}
+
+Commands CommandsOf(Script script) {
+  return [script = std::move(script), next = std::size_t{0}]() mutable -> std::optional<ScriptCommand> {
+    if (next == script.size()) return std::nullopt;
+    return script[next++];
+  };
+}
+
+Commands CommandsOf(std::function<std::optional<std::string>()> lines) {
+  return [lines = std::move(lines), line = 0]() mutable -> std::optional<ScriptCommand> {
+    while (const auto text = lines()) {
+      if (auto command = ReadCommand(*text, ++line)) return command;
+    }
+    return std::nullopt;
+  };
 }
 
 std::string Quoted(std::string_view text) {

@@ -1,4 +1,4 @@
-#include "adapters/headless/script_player.hpp"
+#include "adapters/script/script_player.hpp"
 
 #include <algorithm>
 #include <array>
@@ -7,8 +7,9 @@
 
 #include "adapters/csv/csv.hpp"
 #include "adapters/csv/stored_text.hpp"
-#include "adapters/headless/script_keys.hpp"
-#include "adapters/headless/script_values.hpp"
+#include "adapters/hosting/application.hpp"
+#include "adapters/script/script_keys.hpp"
+#include "adapters/script/script_values.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -53,10 +54,6 @@ std::string RowText(Recordset& rows, int columns) {
 
 int ToNumber(const ScriptWord& word) { return std::stoi(word.text); }
 
-std::string OneLine(const RuntimeError& error) {
-  return error.detail().empty() ? error.what() : std::string(error.what()) + " (" + error.detail() + ")";
-}
-
 template <typename T>
 T& FindKind(const Form& form, const ScriptWord& word, ControlKind kind, std::string_view what) {
   Control& control = FindControl(form, word.text);
@@ -73,27 +70,43 @@ int ItemOf(const ComboBox& combo, const std::string& text) {
 
 }  // namespace
 
-ScriptPlayer::ScriptPlayer(Script script, ScriptDriver& driver, Sink out)
-    : script_(std::move(script)), driver_(driver), out_(std::move(out)) {}
+ScriptPlayer::ScriptPlayer(Commands next, ScriptDriver& driver, Sink out)
+    : next_(std::move(next)), driver_(driver), out_(std::move(out)) {}
 
 // Playing.
 
 ScriptResult ScriptPlayer::Run(CompanyHost& company) {
   company_ = &company;
   Play(nullptr);
-  if (output_failure_) std::rethrow_exception(output_failure_);
+  return Result();
+}
+
+ScriptResult ScriptPlayer::Result() const {
+  if (failure_) std::rethrow_exception(failure_);
   return result_;
 }
 
 void ScriptPlayer::Play(const Form* form) {
   while (!ended_ && (!form || form->Loaded())) {
     PrintFocus();
-    if (next_ == script_.size()) {
+    if (ended_) return;
+    if (const auto command = Next()) {
+      Execute(*command);
+    } else {
       ended_ = true;
-    } else if (!ended_) {
-      Execute(script_[next_++]);
     }
   }
+}
+
+std::optional<ScriptCommand> ScriptPlayer::Next() {
+  try {
+    return next_();
+  } catch (const ScriptError& error) {
+    End(error.status(), error.what());
+  } catch (...) {
+    failure_ = std::current_exception();
+  }
+  return std::nullopt;
 }
 
 void ScriptPlayer::Modal(Form& form) {
@@ -120,10 +133,12 @@ void ScriptPlayer::Execute(const ScriptCommand& command) {
   }
 }
 
-void ScriptPlayer::Stop(int status, const std::string& reason) {
+void ScriptPlayer::Stop(int status, const std::string& reason) { End(status, std::to_string(line_) + ": " + reason); }
+
+void ScriptPlayer::End(int status, const std::string& message) {
   if (ended_) return;
   ended_ = true;
-  result_ = {status, std::to_string(line_) + ": " + reason};
+  result_ = {status, message};
 }
 
 void ScriptPlayer::Print(const std::string& line) {
@@ -132,7 +147,7 @@ void ScriptPlayer::Print(const std::string& line) {
     out_(line + "\n");
   } catch (...) {
     // Kept from the routines of the screens, which are below on the stack.
-    output_failure_ = std::current_exception();
+    failure_ = std::current_exception();
     ended_ = true;
   }
 }
@@ -147,8 +162,10 @@ void ScriptPlayer::PrintFocus() {
 
 void ScriptPlayer::Act(const ScriptCommand& command) {
   const auto& [line, name, words] = command;
-  if (name == "session") return OpenSession(command);
-  if (name == "open") return OpenScreen(words[0].text);
+  if (name == "session" || name == "open") {
+    if (!company_) throw ScriptError("the host opens the session and the screens here, not " + name);
+    return name == "session" ? OpenSession(command) : OpenScreen(words[0].text);
+  }
   if (name == "pick") return QueuePick(words[0]);
   if (name == "sql") return Sql(words[0].text, words[1].text);
   if (name == "answer") {
@@ -289,7 +306,8 @@ void ScriptPlayer::ShowAll(const Form& form) {
 }
 
 void ScriptPlayer::Sql(const std::string& file, const std::string& query) {
-  const auto database = company_->OpenDatabase(file);
+  const auto database =
+      platform_.engine->Workspaces(0)->OpenDatabase(platform_.application_folder + "\\DATOS\\" + file);
   const auto rows = database->OpenRecordset(query);
   const int columns = static_cast<int>(rows->Columns().size());
   for (; !rows->Eof(); rows->MoveNext()) Print(RowText(*rows, columns));
@@ -357,7 +375,7 @@ void ScriptPlayer::Listing(const ListingDescription& description, const std::str
   const int columns = static_cast<int>(description.size()) / 3 - 1;
   const auto* title = columns < 1 ? nullptr : std::get_if<std::string>(&description[description.size() - 2]);
   if (!title) throw RuntimeError(kInvalidCall);
-  const auto database = company_->OpenPath(file);
+  const auto database = platform_.engine->Workspaces(0)->OpenDatabase(file);
   const auto rows = database->OpenRecordset(table, RecordsetType::kTable);
   Print("print title=" + Quoted(*title) + " file=" + Quoted(FileNameOf(file)) + " table=" + Quoted(table) +
         " columns=" + std::to_string(columns) + " rows=" + std::to_string(rows->RecordCount()));

@@ -1,8 +1,8 @@
-#include "adapters/headless/script_values.hpp"
+#include "adapters/script/script_values.hpp"
 
 #include <charconv>
 
-#include "adapters/headless/script.hpp"
+#include "adapters/script/script.hpp"
 
 namespace zendara {
 namespace {

@@ -18,7 +18,7 @@
 #include <sstream>
 #include <utility>
 
-#include "adapters/headless/company_host.hpp"
+#include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "adapters/qt/text.hpp"

@@ -24,13 +24,14 @@ struct Box {
   std::string text;
   BoxButtons buttons = BoxButtons::kOk;
   BoxIcon icon = BoxIcon::kNone;
-  std::string title{};     // empty: the application's title
+  std::string title{};     // empty: whoever shows the box puts the application's title there
   int default_button = 1;  // from 1
   // How the figure that the box tells came about, step by step; the last row is the result. Empty: there is nothing to
   // tell. A front end that can shows it when the user asks for it, which answers nothing. Never part of a script's run.
   std::vector<BoxDetail> detail{};
 };
 
+// All boxes and beeps of the component go here, those of its screens too.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;

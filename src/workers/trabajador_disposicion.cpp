@@ -213,7 +213,7 @@ Layout Trabajadores::Disposicion() {
                                  botones({&Inicio, &Anterior, &Siguiente, &Fin},
                                          {&CmdIncidenciasIT, &CmdIncidenciasESP, &CmdIncidenciasVar, &Pendientes}),
                                  botones({&Grabar, &Borrar, &Cancela, &CmdNuevo, &CmdBorrar}, {&Calculadora, &Salir}),
-                                 Place(SSPanel1(25))})});
+                                 TiraAnuncio()})});
 }
 
 }  // namespace zendara

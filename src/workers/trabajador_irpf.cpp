@@ -60,7 +60,7 @@ std::string Trabajadores::TextoCifra(Figura cifra) const { return Cifra(cifra).T
 std::optional<std::string> Trabajadores::TipoAceptado(bool regularizacion) {
   const CalculoSesion calculo = CalculaTipoIRPF(sesion_, regularizacion);
   const std::string& tipo = calculo.desglose.tipo;
-  const BoxAnswer respuesta = Host().Boxes().Show({.text = "El Tipo Calculado es " + tipo + "\n ¿Quiere aplicarlo? ",
+  const BoxAnswer respuesta = Boxes().Show({.text = "El Tipo Calculado es " + tipo + "\n ¿Quiere aplicarlo? ",
                                                    .buttons = BoxButtons::kYesNo,
                                                    .title = "Tipo de IRPF",
                                                    .default_button = 2,

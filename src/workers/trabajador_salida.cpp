@@ -40,7 +40,7 @@ void Trabajadores::SalidaCampo(int indice) {
   if (indice == kSituacion) return SalidaSituacion();
   CompletaOtrosCampos(indice);
   if (RechazaValor(indice)) return;
-  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Host().Boxes()));
+  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Boxes()));
   if (indice == kFechaFin) CompruebaFechaFin();
   const bool segundo_contrato = indice == kTipo2 || indice == kInicioBonificacion2 || indice == kFinBonificacion2;
   if (segundo_contrato && !Vacio(indice) && Vacio(kTipo1)) {
@@ -97,7 +97,7 @@ void Trabajadores::SalidaSituacion() {
 // What other fields take from this one, and what they lose by it.
 void Trabajadores::CompletaOtrosCampos(int indice) {
   const auto propone = [&](int fecha) {
-    if (!Vacio(indice) && Vacio(fecha)) Text1(fecha).SetText(FormatoFecha(Text1(indice), Host().Boxes()));
+    if (!Vacio(indice) && Vacio(fecha)) Text1(fecha).SetText(FormatoFecha(Text1(indice), Boxes()));
   };
   const auto excluye = [&](int otro) {
     if (!Vacio(indice)) Text1(otro).SetText("");
@@ -121,7 +121,7 @@ void Trabajadores::CompletaOtrosCampos(int indice) {
       break;
     case kCuenta:
       if (!Vacio(kEntidad) || !Vacio(kOficina) || !Vacio(kControlCuenta) || !Vacio(kCuenta)) {
-        ComprobarCuenta(Texto(kEntidad), Texto(kOficina), Texto(kControlCuenta), Texto(kCuenta), Host().Boxes());
+        ComprobarCuenta(Texto(kEntidad), Texto(kOficina), Texto(kControlCuenta), Texto(kCuenta), Boxes());
       }
       break;
     default:

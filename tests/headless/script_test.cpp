@@ -1,9 +1,9 @@
 // Scripts as text: what is refused before anything is played.
-#include "adapters/headless/script.hpp"
+#include "adapters/script/script.hpp"
 
 #include <gmock/gmock.h>
 
-#include "adapters/headless/script_keys.hpp"
+#include "adapters/script/script_keys.hpp"
 
 namespace zendara {
 namespace {

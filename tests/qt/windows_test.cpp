@@ -8,7 +8,7 @@
 #include <QTableWidget>
 #include <QTextBrowser>
 
-#include "adapters/headless/script_keys.hpp"
+#include "adapters/script/script_keys.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/message_box.hpp"

@@ -4,7 +4,7 @@
 #include <exception>
 #include <iostream>
 
-#include "adapters/headless/script_keys.hpp"
+#include "adapters/script/script_keys.hpp"
 #include "runtime/text.hpp"
 #include "workers/trabajadores.hpp"
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "adapters/headless/company_host.hpp"
-#include "adapters/headless/row_pick_list.hpp"
+#include "adapters/hosting/company_host.hpp"
+#include "adapters/hosting/row_pick_list.hpp"
 #include "common/lista_filas.hpp"
 #include "random/clerk.hpp"
 #include "workers/trabajadores.hpp"

@@ -45,7 +45,7 @@ void Fire(const Handler& handler, Args&&... args) {
 
 }  // namespace
 
-Form::Form(FormHost& host, std::string_view name) : host_(host), name_(name) {}
+Form::Form(FormHost& host, Dialogs& dialogs, std::string_view name) : host_(host), dialogs_(dialogs), name_(name) {}
 
 Form::~Form() = default;
 
@@ -112,7 +112,7 @@ void Form::Close() {
 void Form::Run(const std::function<void()>& event) {
   const auto show = [this](int number, const std::string& text) {
     host_.Untrapped(number, text);
-    host_.Boxes().Show({.text = "Error en tiempo de ejecución '" + std::to_string(number) + "':\n" + text});
+    dialogs_.Show({.text = "Error en tiempo de ejecución '" + std::to_string(number) + "':\n" + text});
   };
   try {
     event();

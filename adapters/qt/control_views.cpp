@@ -19,9 +19,9 @@
 #include "adapters/qt/field_view.hpp"
 #include "adapters/qt/form_layout.hpp"
 #include "adapters/qt/grid_view.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/picture_view.hpp"
-#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {

@@ -13,9 +13,9 @@
 #include <utility>
 
 #include "adapters/qt/form_layout.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
-#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/text.hpp"
 #include "runtime/text.hpp"
 

@@ -2,6 +2,7 @@
 // the script says, with real key and mouse events. The windows know nothing of it.
 #pragma once
 
+#include <QString>
 #include <cstddef>
 #include <functional>
 #include <optional>

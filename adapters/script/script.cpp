@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "adapters/script/script_keys.hpp"
+#include "runtime/text.hpp"
 
 namespace zendara {
 namespace {
@@ -38,21 +39,6 @@ constexpr CommandForm kCommands[] = {
 constexpr std::string_view kSessionNames[] = {"company", "year", "name", "currency", "exchange", "program", "date"};
 constexpr std::string_view kAnswers[] = {"yes", "no", "ok"};
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-// A character of no use in a line, the zero, is what texts of two bytes a character are full of.
-bool IsUtf8(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
-  for (std::size_t i = 0; i < text.size();) {
-    const unsigned lead = byte(i);
-    const std::size_t length = lead < 0x80 ? 1 : lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
-    if (lead == 0 || length == 0) return false;
-    for (std::size_t tail = 1; tail < length; ++tail) {
-      if ((byte(i + tail) & 0xC0) != 0x80) return false;
-    }
-    i += length;
-  }
-  return true;
-}
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
@@ -164,8 +150,10 @@ void CheckCommand(const ScriptCommand& command) {
 
 // Nothing in a blank line.
 std::optional<ScriptCommand> ReadCommand(std::string_view text, int line) {
+  if (line == 1 && text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   try {
-    if (!IsUtf8(text)) throw ScriptError("not UTF-8");
+    // Zeros are what texts of two bytes a character are full of.
+    if (!IsUtf8(text) || text.find('\0') != std::string_view::npos) throw ScriptError("not UTF-8");
     LineReader reader(text);
     ScriptCommand command{.line = line, .name = {}, .words = {}};
     ScriptWord word;
@@ -182,7 +170,6 @@ std::optional<ScriptCommand> ReadCommand(std::string_view text, int line) {
 }  // namespace
 
 Script ReadScript(std::string_view text) {
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   Script script;
   for (int line = 1; !text.empty(); ++line) {
     const std::size_t end = std::min(text.find('\n'), text.size());

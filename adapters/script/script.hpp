@@ -35,8 +35,8 @@ struct ScriptCommand {
 using Script = std::vector<ScriptCommand>;
 
 // Blank lines and comments are left out. ScriptError, with the number of the line before its reason, for an unknown
-// command or key, a wrong number or kind of words, quotes that are not closed and a line that is no UTF-8: such a script
-// never begins.
+// command or key, a wrong number or kind of words, quotes that are not closed and a line that is no UTF-8: such a
+// script never begins.
 Script ReadScript(std::string_view text);
 
 // What a player plays: the next command, nothing at the end.

@@ -112,13 +112,13 @@ std::optional<ScriptCommand> ScriptPlayer::Next() {
 void ScriptPlayer::Modal(Form& form) {
   forms_.push_back(&form);
   ++screens_shown_;
-  told_focus_ = nullptr;
+  printed_focus_ = nullptr;
   Print("screen " + form.Name() + " open");
   Play(&form);
   form.Unload();
   Print("screen " + form.Name() + " closed");
   forms_.pop_back();
-  told_focus_ = nullptr;
+  printed_focus_ = nullptr;
 }
 
 void ScriptPlayer::Execute(const ScriptCommand& command) {
@@ -153,9 +153,9 @@ void ScriptPlayer::Print(const std::string& line) {
 }
 
 void ScriptPlayer::PrintFocus() {
-  if (forms_.empty() || forms_.back()->Focus() == told_focus_) return;
-  told_focus_ = forms_.back()->Focus();
-  if (told_focus_) Print("focus " + told_focus_->Id());
+  if (forms_.empty() || forms_.back()->Focus() == printed_focus_) return;
+  printed_focus_ = forms_.back()->Focus();
+  if (printed_focus_) Print("focus " + printed_focus_->Id());
 }
 
 // Commands.

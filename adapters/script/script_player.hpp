@@ -1,6 +1,6 @@
 // Plays a script on the screens of the component and prints one line for every event, the same for every front end.
 //
-// The front end's ports tell the player what happens and ask it what to answer:
+// The front end's ports pass on to the player what happens, and ask it what to answer:
 //
 //   FormHost::ShowModal      Modal, between showing the window and hiding it
 //   FormHost::ShowHelp       Help
@@ -107,7 +107,7 @@ class ScriptPlayer : public Shell {
   std::exception_ptr failure_;  // of the functions that give commands and take lines
 
   std::vector<Form*> forms_;  // the last is on top
-  const Control* told_focus_ = nullptr;
+  const Control* printed_focus_ = nullptr;
   int screens_shown_ = 0;
   std::deque<BoxAnswer> answers_;
   std::deque<PickChoice> picks_;

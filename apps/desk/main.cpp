@@ -18,10 +18,12 @@
 #include <sstream>
 #include <utility>
 
+#include "adapters/hosting/application.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/qt_script/scripted_windows.hpp"
 #include "apps/desk/chooser.hpp"
 #include "component/componente.hpp"
 #include "zendara/engines.hpp"
@@ -50,10 +52,6 @@ int Fail(int status, std::string text) {
   }
   std::cerr << "zendara-desk: " << text << std::endl;
   return status;
-}
-
-std::string Line(const RuntimeError& error) {
-  return error.detail().empty() ? error.what() : std::string(error.what()) + " (" + error.detail() + ")";
 }
 
 // A display that cannot be reached, or that goes away, ends the program at once: every row that was finished is stored.
@@ -113,10 +111,7 @@ class Album {
 class Desk {
  public:
   explicit Desk(Options options) : options_(std::move(options)), engine_(MakeSqliteEngine()), files_(MakeHostFiles()) {
-    if (!options_.screenshots.empty()) {
-      album_.emplace(options_.screenshots);
-      host_.SetPhotographer([this](QWidget& window, const std::string& name) { album_->Take(window, name); });
-    }
+    if (!options_.screenshots.empty()) album_.emplace(options_.screenshots);
   }
 
   int Run() {
@@ -147,10 +142,14 @@ class Desk {
     } catch (const ScriptError& error) {
       return Fail(error.status(), options_.script + ":" + error.what());
     }
-    const ScriptResult result = host_.Play(std::move(script), Surroundings(), [](std::string_view line) {
+    const auto print = [](std::string_view line) {
       std::cout << line << std::flush;
       if (!std::cout) throw std::runtime_error("standard output takes no more");
-    });
+    };
+    ScriptedWindows::Photographer photographer;
+    if (album_) photographer = [this](QWidget& window, const std::string& name) { album_->Take(window, name); };
+    const ScriptResult result =
+        ScriptedWindows(host_, std::move(script), print, std::move(photographer)).Play(Surroundings());
     if (result.status != 0) return Fail(result.status, options_.script + ":" + result.message);
     if (album_ && album_->Failed()) return Fail(kFailed, options_.screenshots + ": a picture could not be written");
     return 0;
@@ -260,7 +259,7 @@ int main(int argc, char** argv) {
   try {
     return zendara::Main(argc, argv);
   } catch (const zendara::RuntimeError& error) {
-    return zendara::Fail(zendara::kFailed, zendara::Line(error));
+    return zendara::Fail(zendara::kFailed, zendara::OneLine(error));
   } catch (const std::exception& error) {
     return zendara::Fail(zendara::kFailed, error.what());
   }

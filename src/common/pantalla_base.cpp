@@ -25,7 +25,10 @@ constexpr int kMargenAniGIF1 = 60;
 }  // namespace
 
 PantallaBase::PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco)
-    : Form(*sesion.platform.forms, *sesion.platform.dialogs, marco.nombre), sesion_(sesion), pantallas_(pantallas), marco_(std::move(marco)) {
+    : Form(*sesion.platform.forms, *sesion.platform.dialogs, marco.nombre),
+      sesion_(sesion),
+      pantallas_(pantallas),
+      marco_(std::move(marco)) {
   SetTitle(marco_.leyenda);
   const struct {
     Panel panel;
@@ -117,9 +120,7 @@ void PantallaBase::Guarda(const std::function<void()>& rutina) {
   }
 }
 
-void PantallaBase::Mensaje(const std::string& texto, BoxIcon icono) {
-  Boxes().Show({.text = texto, .icon = icono});
-}
+void PantallaBase::Mensaje(const std::string& texto, BoxIcon icono) { Boxes().Show({.text = texto, .icon = icono}); }
 
 // Keys.
 

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <iostream>
+#include <string>
 #include <utility>
 
 #include "component/componente.hpp"
@@ -38,10 +40,29 @@ void LeeSesion(Sesion& sesion, Morlane& morlane) noexcept {
   Paso([&] { sesion.FechaSesion = CDate(morlane.FechaTrabajo()); });
 }
 
+// The parts of the surroundings that no screen can do without and that the host has not given.
+std::string Faltan(const Platform& platform) {
+  const std::pair<std::string_view, bool> partes[] = {
+      {"engine", platform.engine}, {"dialogs", platform.dialogs}, {"files", platform.files}, {"forms", platform.forms}};
+  std::string faltan;
+  for (const auto& [parte, esta] : partes) {
+    if (!esta) faltan += (faltan.empty() ? "" : ", ") + std::string(parte);
+  }
+  return faltan;
+}
+
 void MuestraPantalla(Componente& componente, std::string_view nombre) {
   if (std::ranges::find(kPantallasPublicas, nombre) == std::end(kPantallasPublicas)) return;
   const Platform& platform = componente.sesion.platform;
-  if (!platform.engine || !platform.dialogs || !platform.files) throw RuntimeError(kObjectNotSet);
+  if (const std::string faltan = Faltan(platform); !faltan.empty()) {
+    std::cerr << "zendara: screen " << nombre << " is not shown: the host has installed no " << faltan << std::endl;
+    if (platform.dialogs) {
+      platform.dialogs->Show(
+          {.text = "La pantalla '" + std::string(nombre) + "' no se puede mostrar:\n" + "el programa no tiene dónde.",
+           .icon = BoxIcon::kCritical});
+    }
+    return;
+  }
   componente.pantallas.Muestra(nombre);
 }
 

@@ -61,10 +61,10 @@ std::optional<std::string> Trabajadores::TipoAceptado(bool regularizacion) {
   const CalculoSesion calculo = CalculaTipoIRPF(sesion_, regularizacion);
   const std::string& tipo = calculo.desglose.tipo;
   const BoxAnswer respuesta = Boxes().Show({.text = "El Tipo Calculado es " + tipo + "\n ¿Quiere aplicarlo? ",
-                                                   .buttons = BoxButtons::kYesNo,
-                                                   .title = "Tipo de IRPF",
-                                                   .default_button = 2,
-                                                   .detail = calculo.Detalle()});
+                                            .buttons = BoxButtons::kYesNo,
+                                            .title = "Tipo de IRPF",
+                                            .default_button = 2,
+                                            .detail = calculo.Detalle()});
   return respuesta == BoxAnswer::kYes ? std::optional(tipo) : std::nullopt;
 }
 

@@ -76,6 +76,30 @@ TEST_F(RunTest, AScriptEndsWithItsStatusAndOneLine) {
   }
 }
 
+// Notes what arrives between two flushes.
+class Pieces : public std::stringbuf {
+ public:
+  std::vector<std::string> pieces;
+
+ private:
+  int sync() override {
+    pieces.push_back(str());
+    str({});
+    return 0;
+  }
+};
+
+TEST_F(RunTest, ARunThatIsKilledHasPrintedAllThatItDid) {
+  Create();
+  EXPECT_EQ(Load("CALLES", "Campo0,Campo1\nAV,Avenida\nCL,Calle\n").status, 0);
+  WriteFile(dir_ / "a.zs", "sql Empresa.MDB \"SELECT Campo0 FROM CALLES\"");
+  Pieces printed;
+  std::ostream out(&printed);
+  std::ostringstream err;
+  zendara::Run({"run", (dir_ / "a.zs").string(), "--dir", dir_.string()}, out, err);
+  EXPECT_THAT(printed.pieces, testing::ElementsAre("AV\n", "CL\n", "")) << err.str();
+}
+
 class FailingBuffer : public std::streambuf {
  public:
   explicit FailingBuffer(int error) : error_(error) {}

@@ -11,7 +11,7 @@
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
-#include "adapters/qt/script_hands.hpp"
+#include "adapters/qt_script/script_hands.hpp"
 #include "platform/form/form.hpp"
 
 namespace zendara {
@@ -30,7 +30,7 @@ inline bool StartApplication() {
 
 // A header field, pages in pages, a frame, a grid, a look-up image, a picture.
 struct DemoForm : Form {
-  explicit DemoForm(FormHost& host) : Form(host, "Demo") {
+  explicit DemoForm(QtHost& host) : Form(host, host, "Demo") {
     for (int i = 1; i <= 5; ++i) {
       TextBox& box = Text1.Add(i);
       box.SetCaption("Campo " + std::to_string(i) + ":");
@@ -100,7 +100,7 @@ class QtTest : public testing::Test {
   const bool started = StartApplication();
   QtHost host;
   DemoForm form{host};
-  ScriptHands hands{[this](const Form& shown) { return host.WindowOf(shown); }, {}};
+  ScriptHands hands{host, {}};
 };
 
 }  // namespace zendara

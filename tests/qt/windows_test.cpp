@@ -8,11 +8,11 @@
 #include <QTableWidget>
 #include <QTextBrowser>
 
-#include "adapters/script/script_keys.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/message_box.hpp"
 #include "adapters/qt/pick_window.hpp"
+#include "adapters/script/script_keys.hpp"
 #include "qt/demo_form.hpp"
 
 namespace zendara {

@@ -5,6 +5,7 @@
 
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
+#include "adapters/hosting/silent_banner.hpp"
 #include "common/lista_filas.hpp"
 #include "random/clerk.hpp"
 #include "workers/trabajadores.hpp"
@@ -15,11 +16,6 @@ namespace {
 
 constexpr int kInnerEvents = 60;  // of a screen that another one has opened
 
-struct SilentBanner : Banner {
-  void PosicionBanner(std::int32_t, BannerPlace&) override {}
-  void AvisoCierre(std::int32_t) override {}
-};
-
 struct SilentViewer : ListingViewer {
   void Visualiza(ListingDescription&) override {}
   void FicheroDatos(const std::string&) override {}
@@ -28,21 +24,13 @@ struct SilentViewer : ListingViewer {
 };
 
 // Takes any row, or none.
-class RandomPickList : public RowPickList {
- public:
-  explicit RandomPickList(Hands& hands) : hands_(hands) {}
-
- private:
-  std::optional<std::size_t> Choose(const std::string&, ListaFilas& rows) override {
-    const int last = static_cast<int>(rows.Total()) - 1;
-    std::optional<std::size_t> row;
-    if (last >= 0 && hands_.random.Chance(75)) row = static_cast<std::size_t>(hands_.random.Between(0, last));
-    hands_.Note("list -> \"" + (row ? rows.Row(*row) : "") + "\"");
-    return row;
-  }
-
-  Hands& hands_;
-};
+std::optional<std::size_t> ChooseAtRandom(Hands& hands, ListaFilas& rows) {
+  const int last = static_cast<int>(rows.Total()) - 1;
+  std::optional<std::size_t> row;
+  if (last >= 0 && hands.random.Chance(75)) row = static_cast<std::size_t>(hands.random.Between(0, last));
+  hands.Note("list -> \"" + (row ? rows.Row(*row) : "") + "\"");
+  return row;
+}
 
 // All ports end here.
 class Player : public FormHost, public Dialogs, public Shell {
@@ -55,9 +43,6 @@ class Player : public FormHost, public Dialogs, public Shell {
   void DoEvents() override {}
   void ShowHelp(const std::string&, int) override {}
   void Untrapped(int number, const std::string& text) override { hands_.Untrapped(number, text); }
-  Dialogs& Boxes() override { return *this; }
-  std::string ApplicationTitle() const override { return "Zendara"; }
-  std::int32_t WindowHandle(const Form&) const override { return 0; }
 
   BoxAnswer Show(const Box& box) override { return hands_.Answer(box); }
   void Beep() override {}
@@ -81,7 +66,7 @@ class Player : public FormHost, public Dialogs, public Shell {
 Player::Player(Hands& hands) : hands_(hands) {
   components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
   components_.Register(kListingViewerClass, [] { return std::make_unique<SilentViewer>(); });
-  components_.Register(kPickListClass, [this] { return std::make_unique<RandomPickList>(hands_); });
+  RegisterPickList(components_, [this](const std::string&, ListaFilas& rows) { return ChooseAtRandom(hands_, rows); });
 }
 
 void Player::Play(const std::string& folder) {

@@ -16,9 +16,7 @@ struct FakeFormHost : FormHost, Dialogs {
   }
   void DoEvents() override { ++do_events; }
   void ShowHelp(const std::string&, int context) override { help.push_back(context); }
-  Dialogs& Boxes() override { return *this; }
-  std::string ApplicationTitle() const override { return "Zendara"; }
-  std::int32_t WindowHandle(const Form&) const override { return 7; }
+  std::int32_t WindowHandle(Form&) override { return 7; }
 
   BoxAnswer Show(const Box& box) override {
     boxes.push_back(box.text);

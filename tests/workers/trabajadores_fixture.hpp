@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "adapters/hosting/silent_banner.hpp"
 #include "apps/demo/demo_company.hpp"
 #include "common/lists_fixture.hpp"
 #include "frame/catalogo.hpp"
@@ -20,11 +21,6 @@
 namespace zendara {
 
 inline constexpr int kTrabajadoresDemo = kDemoCases + 2;
-
-struct NoBanner : Banner {
-  void PosicionBanner(std::int32_t, BannerPlace&) override {}
-  void AvisoCierre(std::int32_t) override {}
-};
 
 class TrabajadoresTest : public testing::Test {
  protected:
@@ -44,7 +40,7 @@ class TrabajadoresTest : public testing::Test {
   }
 
   void PonAnuncio() {
-    components.Register(kBannerClass, [] { return std::make_unique<NoBanner>(); });
+    components.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
   }
   // Loads the screen; it stays loaded.
   void Abre() {

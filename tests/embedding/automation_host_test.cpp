@@ -1,0 +1,60 @@
+// A host application without a desktop: the public headers and the library alone. It shows the worker screen to a
+// script, and to a user of its own that reads what happened before it says what to do next.
+#include "sample_host.hpp"
+#include "zendara/automation.hpp"
+
+// The argument is the application's folder, which holds DATOS.
+int main(int /*argc*/, char** argv) {
+  SampleHost host(argv[1]);
+  Findings findings;
+
+  // No place to show screens is no silence.
+  findings.Expect("the mark was handed back", host.ShowWorkers(), true);
+  findings.Expect("number of boxes without a place", host.boxes.texts.size(), 1U);
+  host.boxes.texts.clear();
+
+  std::string events;
+  const auto note = [&](std::string_view line) { events += line; };
+  const auto script = zendara::MakeAutomation(
+      "type \"3\\n\"\nshow Text1(1)\nclick Salir\n"
+      "sql Nom00001.MDB \"SELECT Campo0 FROM TrabajadoresFijo WHERE Campo0 = '00003'\"\nexpect Text1(1) \"7\"",
+      note);
+  script->Install(host.platform);
+  host.ShowWorkers();
+  findings.Expect("first screen", events,
+                  "screen Trabajadores open\nfocus Text1(1)\nfocus Text1(2)\nvalue Text1(1)=\"00003\"\n"
+                  "screen Trabajadores closed\n");
+  findings.Expect("status so far", script->Result().status, 0);
+  events.clear();
+  host.ShowWorkers();
+  findings.Expect("second screen", events, "screen Trabajadores open\nfocus Text1(1)\n00003\n");
+  findings.Expect("fault", script->Result().message, "5: Text1(1) is \"\", not \"7\"");
+  events.clear();
+  host.ShowWorkers();
+  findings.Expect("screen after the end", events, "");
+  findings.Expect("refused script", zendara::MakeAutomation("type \"\nopen A", note)->Result().message,
+                  "1: a quote is not closed");
+
+  // The host's own user walks back until the first worker is on the screen, then saves an empty one into the host's
+  // box.
+  int asked = 0;
+  const auto user = zendara::MakeAutomation(
+      [&]() -> std::optional<std::string> {
+        ++asked;
+        if (asked == 1) return "type \"3\\n\"";
+        if (events.find("\"00001\"") == std::string::npos) return asked % 2 == 0 ? "click Anterior" : "show Text1(1)";
+        if (events.find("Cancela") == std::string::npos) return "click Cancela";
+        if (host.boxes.texts.empty()) return "click Grabar";
+        return "open Trabajadores";
+      },
+      note);
+  user->Install(host.platform);
+  host.platform.dialogs = &host.boxes;
+  host.ShowWorkers();
+  findings.Expect("lines asked for", asked, 8);
+  findings.Expect("number of the host's boxes", host.boxes.texts.size(), 1U);
+  findings.Expect("box of the script", events.find("box"), std::string::npos);
+  findings.Expect("fault of the user", user->Result().message,
+                  "8: the host opens the session and the screens here, not open");
+  return findings.Status();
+}

@@ -39,11 +39,13 @@ class BenchHost : public QtHost {
   std::function<void(Form&, FormWindow&)> body;
 
   void ShowModal(Form& form) override {
-    FormWindow window(form);
-    window.show();
-    Paint(window);
-    body(form, window);
-    form.Unload();
+    QTimer::singleShot(0, [&] {
+      FormWindow& window = *Top();
+      Paint(window);
+      body(form, window);
+      form.Unload();
+    });
+    QtHost::ShowModal(form);
   }
 
   // Nothing that is measured asks or complains.

@@ -131,15 +131,14 @@ void FormWindow::Fit() {
 
 QRect FormWindow::PlaceOf(const Control& control) {
   Flush();
-  QWidget* content = scroll_->widget();
-  if (!isVisible()) {
-    // Nothing is laid out by itself before it is shown.
-    Fit();
-    content->resize(size().expandedTo(content->minimumSize()));
-    content->layout()->activate();
-  }
   const QWidget* widget = ViewOf(control)->Widget();
-  return {widget->mapTo(this, QPoint(0, 0)), widget->size()};
+  if (isVisible()) return {widget->mapTo(this, QPoint(0, 0)), widget->size()};
+  // Nothing is laid out by itself before it is shown; the content begins in the window's corner then.
+  Fit();
+  QWidget* content = scroll_->widget();
+  content->resize(size().expandedTo(content->minimumSize()));
+  content->layout()->activate();
+  return {widget->mapTo(content, QPoint(0, 0)), widget->size()};
 }
 
 void FormWindow::Grow() {

@@ -37,15 +37,17 @@ int main(int /*argc*/, char** argv) {
 
   // The host's own user walks back until the first worker is on the screen, then saves an empty one into the host's
   // box.
+  events.clear();
   int asked = 0;
   const auto user = zendara::MakeAutomation(
       [&]() -> std::optional<std::string> {
         ++asked;
         if (asked == 1) return "type \"3\\n\"";
-        if (events.find("\"00001\"") == std::string::npos) return asked % 2 == 0 ? "click Anterior" : "show Text1(1)";
-        if (events.find("Cancela") == std::string::npos) return "click Cancela";
-        if (host.boxes.texts.empty()) return "click Grabar";
-        return "open Trabajadores";
+        if (events.ends_with("=\"00001\"\n")) return "click Cancela";
+        if (events.ends_with("focus Text1(1)\n"))
+          return host.boxes.texts.empty() ? "click Grabar" : "open Trabajadores";
+        if (asked > 8) return std::nullopt;
+        return asked % 2 == 0 ? "click Anterior" : "show Text1(1)";
       },
       note);
   user->Install(host.platform);

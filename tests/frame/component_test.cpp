@@ -7,6 +7,7 @@
 #include "fakes.hpp"
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
+#include "support/fake_form_host.hpp"
 #include "zendara/zendara.hpp"
 
 namespace zendara {
@@ -49,7 +50,7 @@ class Component : public testing::Test {
   Component() {
     ElComponente().sesion = Sesion{Platform{}};
     ElComponente().pantallas = {};
-    InstallPlatform({engine.get(), &dialogs, &files, "C:\\nom"});
+    InstallPlatform({engine.get(), &dialogs, &files, "C:\\nom", &forms});
   }
 
   void Registra(const std::string& nombre) {
@@ -69,6 +70,7 @@ class Component : public testing::Test {
   std::shared_ptr<FakeEngine> engine = std::make_shared<FakeEngine>(diary);
   FakeDialogs dialogs;
   FakeFiles files;
+  FakeFormHost forms;
   FakeMorlane morlane{diary};
   std::shared_ptr<Database> bd = std::make_shared<FakeDatabase>(diary, "bd");
   std::shared_ptr<Database> be = std::make_shared<FakeDatabase>(diary, "be");

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "component/componente.hpp"
 #include "frame/sesion_anfitrion.hpp"
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
@@ -43,7 +44,7 @@ void CompanyHost::Open(const SessionValues& values) {
   AbreEmpresa(opened, values.company, values.year);
   values_ = values;
   if (values_.date.empty()) values_.date = "31/12/" + values_.year;
-  CDate(values_.date);
+  CDate(values_.date, opened.VentanaFechas);
   files_ = std::move(opened);
   has_session_ = true;
 }
@@ -54,5 +55,9 @@ void CompanyHost::Show(const std::string& screen) {
   ClsZendara().Carga_Formulario(screen, files_.BDEmpresa, files_.BDSegunda, slots, session);
   values_.currency = session.Retorno();
 }
+
+YearWindow CompanyHost::Years() const { return files_.VentanaFechas; }
+
+YearWindow YearsOfComponent() { return ElComponente().sesion.VentanaFechas; }
 
 }  // namespace zendara

@@ -5,6 +5,7 @@
 
 #include "frame/sesion.hpp"
 #include "zendara/platform.hpp"
+#include "zendara/value.hpp"
 #include "zendara/zendara.hpp"
 
 namespace zendara {
@@ -33,6 +34,8 @@ class CompanyHost {
   bool HasSession() const { return has_session_; }
   // Carga_Formulario: returns when the screen was closed.
   void Show(const std::string& screen);
+  // What two-digit years mean in its session.
+  YearWindow Years() const;
 
  private:
   Platform platform_;
@@ -40,5 +43,8 @@ class CompanyHost {
   Sesion files_;
   bool has_session_ = false;
 };
+
+// The same in the session of the component, as the last host to call it has set it.
+YearWindow YearsOfComponent();
 
 }  // namespace zendara

@@ -66,6 +66,7 @@ void QtHost::ShowModal(Form& form) {
     window = std::make_unique<FormWindow>(form, behind);
   }
   windows_.push_back(window.get());
+  window->Flush();
   window->Fit();
   window->show();
   window->activateWindow();

@@ -305,9 +305,14 @@ void ScriptPlayer::ShowAll(const Form& form) {
   }
 }
 
+std::shared_ptr<Database> ScriptPlayer::Open(const std::string& path) const {
+  auto database = platform_.engine->Workspaces(0)->OpenDatabase(path);
+  database->SetYearWindow(company_ ? company_->Years() : YearsOfComponent());
+  return database;
+}
+
 void ScriptPlayer::Sql(const std::string& file, const std::string& query) {
-  const auto database =
-      platform_.engine->Workspaces(0)->OpenDatabase(platform_.application_folder + "\\DATOS\\" + file);
+  const auto database = Open(platform_.application_folder + "\\DATOS\\" + file);
   const auto rows = database->OpenRecordset(query);
   const int columns = static_cast<int>(rows->Columns().size());
   for (; !rows->Eof(); rows->MoveNext()) Print(RowText(*rows, columns));
@@ -375,7 +380,7 @@ void ScriptPlayer::Listing(const ListingDescription& description, const std::str
   const int columns = static_cast<int>(description.size()) / 3 - 1;
   const auto* title = columns < 1 ? nullptr : std::get_if<std::string>(&description[description.size() - 2]);
   if (!title) throw RuntimeError(kInvalidCall);
-  const auto database = platform_.engine->Workspaces(0)->OpenDatabase(file);
+  const auto database = Open(file);
   const auto rows = database->OpenRecordset(table, RecordsetType::kTable);
   Print("print title=" + Quoted(*title) + " file=" + Quoted(FileNameOf(file)) + " table=" + Quoted(table) +
         " columns=" + std::to_string(columns) + " rows=" + std::to_string(rows->RecordCount()));

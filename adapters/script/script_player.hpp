@@ -18,6 +18,7 @@
 #include <deque>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -94,6 +95,7 @@ class ScriptPlayer : public Shell {
   void QueuePick(const ScriptWord& word);
   void Show(const Form& form, const std::string& id);
   void ShowAll(const Form& form);
+  std::shared_ptr<Database> Open(const std::string& path) const;
   void Sql(const std::string& file, const std::string& query);
 
   Commands next_;

@@ -1,6 +1,7 @@
 // The fields of the worker screen as the record they show: values put into and taken out of the controls by index.
 #pragma once
 
+#include "frame/sesion.hpp"
 #include "platform/form/form.hpp"
 #include "workers/campos_trabajador.hpp"
 #include "zendara/value.hpp"
@@ -10,9 +11,9 @@ namespace zendara {
 // The arrays that share the index space; the screen owns them.
 class FichaTrabajador {
  public:
-  FichaTrabajador(ControlArray<TextBox>& text1, ControlArray<ComboBox>& combo1, ControlArray<CheckBox>& check1,
-                  ControlArray<Grid>& grid1)
-      : Text1(text1), Combo1(combo1), Check1(check1), Grid1(grid1) {}
+  FichaTrabajador(const Sesion& sesion, ControlArray<TextBox>& text1, ControlArray<ComboBox>& combo1,
+                  ControlArray<CheckBox>& check1, ControlArray<Grid>& grid1)
+      : sesion_(sesion), Text1(text1), Combo1(combo1), Check1(check1), Grid1(grid1) {}
 
   // Adds the controls of the table, with labels and lengths, and the two grids.
   void CreaControles();
@@ -33,12 +34,15 @@ class FichaTrabajador {
 
   // The field of that index, of whatever kind; nullptr for a cell or no field.
   Control* Campo(int indice) const;
+  // What two-digit years mean in that field.
+  YearWindow Ventana(int indice) const;
   // A date as it is edited: its six digits.
   static std::string SeisDigitos(const std::string& fecha);
 
  private:
   void PonEntrada(ComboBox& lista, const std::string& codigo);
 
+  const Sesion& sesion_;
   ControlArray<TextBox>& Text1;
   ControlArray<ComboBox>& Combo1;
   ControlArray<CheckBox>& Check1;

@@ -58,7 +58,9 @@ std::string Trabajadores::TextoColumna(int ordinal) const { return ficha_.Texto(
 std::string Trabajadores::TextoCifra(Figura cifra) const { return Cifra(cifra).Text(); }
 
 std::optional<std::string> Trabajadores::TipoAceptado(bool regularizacion) {
-  const CalculoSesion calculo = CalculaTipoIRPF(sesion_, regularizacion);
+  // A screen opened from here and closed again leaves nothing there.
+  if (!sesion_.FormActivo) throw RuntimeError(kObjectNotSet);
+  const CalculoSesion calculo = CalculaTipoIRPF(sesion_, *this, regularizacion);
   const std::string& tipo = calculo.desglose.tipo;
   const BoxAnswer respuesta = Boxes().Show({.text = "El Tipo Calculado es " + tipo + "\n ¿Quiere aplicarlo? ",
                                             .buttons = BoxButtons::kYesNo,

@@ -40,7 +40,11 @@ void Trabajadores::SalidaCampo(int indice) {
   if (indice == kSituacion) return SalidaSituacion();
   CompletaOtrosCampos(indice);
   if (RechazaValor(indice)) return;
+<<<<<<< HEAD
   if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Boxes()));
+=======
+  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Host().Boxes(), ficha_.Ventana(indice)));
+>>>>>>> main
   if (indice == kFechaFin) CompruebaFechaFin();
   const bool segundo_contrato = indice == kTipo2 || indice == kInicioBonificacion2 || indice == kFinBonificacion2;
   if (segundo_contrato && !Vacio(indice) && Vacio(kTipo1)) {
@@ -97,7 +101,12 @@ void Trabajadores::SalidaSituacion() {
 // What other fields take from this one, and what they lose by it.
 void Trabajadores::CompletaOtrosCampos(int indice) {
   const auto propone = [&](int fecha) {
+<<<<<<< HEAD
     if (!Vacio(indice) && Vacio(fecha)) Text1(fecha).SetText(FormatoFecha(Text1(indice), Boxes()));
+=======
+    if (Vacio(indice) || !Vacio(fecha)) return;
+    Text1(fecha).SetText(FormatoFecha(Text1(indice), Host().Boxes(), ficha_.Ventana(indice)));
+>>>>>>> main
   };
   const auto excluye = [&](int otro) {
     if (!Vacio(indice)) Text1(otro).SetText("");
@@ -169,7 +178,7 @@ void Trabajadores::CompruebaFechaFin() {
     Mensaje("Debe introducir antes la fecha de inicio de la situación");
     Text1(kFechaFin).SetText("");
     Text1(kFechaInicio).SetFocus();
-  } else if (CDbl(DateDiffDays(Texto(kFechaInicio), Texto(kFechaFin))) < 0) {
+  } else if (CDbl(DateDiffDays(Texto(kFechaInicio), Texto(kFechaFin), sesion_.VentanaFechas)) < 0) {
     Mensaje("La fecha de fin de situación no puede ser anterior a la de inicio");
     Text1(kFechaFin).SetFocus();
   }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "adapters/qt/form_window.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "adapters/qt_script/script_hands.hpp"

@@ -28,6 +28,13 @@ show Text1(76) Text1(77) Text1(78) Text1(82) Text1(83) Text1(135)
 sql Nom00001.MDB "SELECT Campo75, Campo76, Campo77, Campo81, Campo82 FROM TrabajadoresFijo WHERE Campo0='00015'"
 sql Nom00001.MDB "SELECT Campo44 FROM TrabajadoresVar WHERE Campo0='00015'"
 
+# Born in 1925, not in 2025: the minimum of those over 65.
+focus Text1(20)
+key Home
+key Shift+End
+type "050325"
+click CmdCalcular
+
 # On an emptied screen nobody gets the figures.
 click Cancela
 focus Text1(135)

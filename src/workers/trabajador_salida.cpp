@@ -40,11 +40,7 @@ void Trabajadores::SalidaCampo(int indice) {
   if (indice == kSituacion) return SalidaSituacion();
   CompletaOtrosCampos(indice);
   if (RechazaValor(indice)) return;
-<<<<<<< HEAD
-  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Boxes()));
-=======
-  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Host().Boxes(), ficha_.Ventana(indice)));
->>>>>>> main
+  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Boxes(), ficha_.Ventana(indice)));
   if (indice == kFechaFin) CompruebaFechaFin();
   const bool segundo_contrato = indice == kTipo2 || indice == kInicioBonificacion2 || indice == kFinBonificacion2;
   if (segundo_contrato && !Vacio(indice) && Vacio(kTipo1)) {
@@ -101,12 +97,8 @@ void Trabajadores::SalidaSituacion() {
 // What other fields take from this one, and what they lose by it.
 void Trabajadores::CompletaOtrosCampos(int indice) {
   const auto propone = [&](int fecha) {
-<<<<<<< HEAD
-    if (!Vacio(indice) && Vacio(fecha)) Text1(fecha).SetText(FormatoFecha(Text1(indice), Boxes()));
-=======
     if (Vacio(indice) || !Vacio(fecha)) return;
-    Text1(fecha).SetText(FormatoFecha(Text1(indice), Host().Boxes(), ficha_.Ventana(indice)));
->>>>>>> main
+    Text1(fecha).SetText(FormatoFecha(Text1(indice), Boxes(), ficha_.Ventana(indice)));
   };
   const auto excluye = [&](int otro) {
     if (!Vacio(indice)) Text1(otro).SetText("");

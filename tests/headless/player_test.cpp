@@ -52,7 +52,8 @@ TEST_F(PlayerTest, ValuesOfEveryKindOfControl) {
                  "check Check1 0\nexpect Check1 \"0\"\nexpect Check2 \"2\"\ncheck Check2 1\nexpect Check2 \"1\""),
             "focus Combo1\nfocus Check1\nfocus Option1(1)\nfocus Grid1(0)\n"
             "value Informa=\"Dice \\\"hola\\\"\"\nvalue Check1=\"1\"\nvalue Grid1(0)[0,1]=\"Enero\"\n"
-            "value Text1(2)=\"\"\nvalue Check1=\"1\"\nvalue Check2=\"2\"\nvalue Combo1=\"1 - Alguno\"\nvalue Option1(1)=\"1\"\n"
+            "value Text1(2)=\"\"\nvalue Check1=\"1\"\nvalue Check2=\"2\"\nvalue Combo1=\"1 - Alguno\"\nvalue "
+            "Option1(1)=\"1\"\n"
             "value Text1(1)=\"ab\\\"\\\\x\"\nfocus Check1\nfocus Check2\n");
 }
 

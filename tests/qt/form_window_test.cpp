@@ -32,7 +32,7 @@ TEST_F(QtTest, KeysReachTheModelAndItsTextIsShown) {
   Play([&](FormWindow& window) {
     auto& edit = static_cast<QLineEdit&>(WidgetOf(window, form.Text1(1)));
     Send(edit, Qt::Key_Ntilde, "ñ");
-    Send(edit, Qt::Key_unknown, QString::fromUcs4(U"\U0001F600"));  // two units of the toolkit, one character
+    Send(edit, Qt::Key_unknown, QString::fromUcs4(U"\U0001F600"));      // two units of the toolkit, one character
     Send(edit, Qt::Key_Q, "@", Qt::ControlModifier | Qt::AltModifier);  // third level of the keyboard
     Send(edit, Qt::Key_Shift);
     Send(edit, Qt::Key_Left);

@@ -193,7 +193,8 @@ class Database {
   virtual void Close() = 0;
 
   // What two-digit years mean in the dates of statements, and in the recordsets that are opened from here on. It ends
-  // in 2029 until it is set; databases open on one file have each their own.
+  // in 2029 until it is set; databases open on one file have each their own. The component sets that of its session on
+  // the databases and recordsets that a host hands over.
   void SetYearWindow(YearWindow window) { window_ = window; }
   YearWindow Years() const { return window_; }
 

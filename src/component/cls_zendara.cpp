@@ -13,10 +13,6 @@
 namespace zendara {
 namespace {
 
-// The screens that a host can name; the register has more, which open from within these.
-constexpr std::string_view kPantallasPublicas[] = {"Trabajadores", "MIncidencias", "MIncidenciasESP",
-                                                   "MIncidenciasVAR"};
-
 // One step of the entry: whatever it throws, the next one runs.
 template <typename Step>
 void Paso(Step step) noexcept {
@@ -62,7 +58,7 @@ std::string Faltan(const Platform& platform) {
 }
 
 void MuestraPantalla(Componente& componente, std::string_view nombre) {
-  if (std::ranges::find(kPantallasPublicas, nombre) == std::end(kPantallasPublicas)) return;
+  if (std::ranges::find(kPantallasPublicas, nombre) == kPantallasPublicas.end()) return;
   const Platform& platform = componente.sesion.platform;
   if (const std::string faltan = Faltan(platform); !faltan.empty()) {
     std::cerr << "zendara: screen " << nombre << " is not shown: the host has installed no " << faltan << std::endl;

@@ -32,14 +32,6 @@ void AbreFichero(Sesion& sesion, FileKind fichero, std::string_view ano) {
   Abre(sesion, sesion.BDEmpresa, FileName(fichero, sesion.CodEmpresa.str(), ano));
 }
 
-bool AbreBaseDatos(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) try {
-  Abre(sesion, db, nombre);
-  return true;
-} catch (const RuntimeError& error) {
-  MuestraError(error, *sesion.platform.dialogs);
-  return false;
-}
-
 bool AbreTabla(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) try {
   Abre(sesion, db, nombre);
   if (nombre.starts_with("NOM")) PonConsulta(sesion, *db);

@@ -30,7 +30,7 @@ class RegistroPantallas {
   std::shared_ptr<Pantalla> Objeto(std::string_view nombre);
   // Shows it modally; false for a name that no screen has.
   bool Muestra(std::string_view nombre);
-  // The screen unloaded: its next use creates it anew. It may tell so itself while it is being shown.
+  // The screen unloaded: its next use creates it anew. A screen may call this itself while it is being shown.
   void Descarga(std::string_view nombre);
 
  private:

@@ -110,14 +110,13 @@ TEST_F(BasesDatos, TheFirstFailureEndsAbreTablas) {
   }
 }
 
-TEST_F(BasesDatos, AFileThatDoesNotOpenIsToldAndLeavesTheHandle) {
-  ASSERT_TRUE(AbreBaseDatos(sesion, db, "Empresas.mdb"));
+TEST_F(BasesDatos, AFileThatDoesNotOpenIsShownAndLeavesTheHandle) {
   ASSERT_TRUE(AbreTabla(sesion, db, "Nom00002.MDB"));
   EXPECT_EQ(sesion.ConsultaQD, nullptr) << "the query of the files NOM: the case counts";
   const std::shared_ptr<Database> before = db;
   diary.failures["open C:\\nom\\DATOS\\Nom00001.MDB"] = kDatabaseNotFound;
   diary.failures["open C:\\nom\\DATOS\\NOM00001.MDB"] = kForeignFile;
-  EXPECT_FALSE(AbreBaseDatos(sesion, db, "Nom00001.MDB"));
+  EXPECT_FALSE(AbreTabla(sesion, db, "Nom00001.MDB"));
   EXPECT_FALSE(AbreTabla(sesion, db, "NOM00001.MDB"));
   EXPECT_EQ(db, before);
   EXPECT_THAT(dialogs.texts, ElementsAre(StartsWith("3024  "), StartsWith("3343  ")));

@@ -64,7 +64,7 @@ TEST(ComprobarCuenta, ComputesTheControlDigits) {
   const struct {
     const char* parts[4];
     int digits;
-    bool told;
+    bool shown;
   } cases[] = {
       {{"1234", "5678", "06", "1234567890"}, 6, false},
       {{"1234", "5678", "6", "1234567890"}, 6, true},
@@ -80,8 +80,8 @@ TEST(ComprobarCuenta, ComputesTheControlDigits) {
   for (const auto& c : cases) {
     FakeDialogs dialogs;
     EXPECT_EQ(ComprobarCuenta(c.parts[0], c.parts[1], c.parts[2], c.parts[3], dialogs), c.digits) << c.parts[2];
-    ASSERT_EQ(dialogs.boxes.size(), c.told ? 1u : 0u);
-    if (!c.told) continue;
+    ASSERT_EQ(dialogs.boxes.size(), c.shown ? 1u : 0u);
+    if (!c.shown) continue;
     EXPECT_EQ(dialogs.boxes[0].text, "EL NÚMERO DE CUENTA ES INCORRECTO");
     EXPECT_TRUE(IsPlain(dialogs.boxes[0]));
   }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -13,8 +14,6 @@ namespace {
 
 constexpr std::string_view kBadText = "Error de sintaxis en la cadena";
 constexpr std::string_view kBadDate = "Error de sintaxis en la fecha";
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool StartsWord(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;

@@ -39,9 +39,9 @@ class Automation {
   // REQUIRES: engine and application_folder are set; the command `sql` and listings read there.
   virtual void Install(Platform& platform) = 0;
 
-  // What the script did so far. It goes on with each screen that Carga_Formulario shows, and once it has ended, by its
-  // end or by a fault, screens close at once without a line. Throws what the functions of the host threw, which ends it
-  // too.
+  // How the script stands. Each screen that Carga_Formulario shows plays it on from where the last one closed; once it
+  // has ended, by its last line or a fault, screens close at once and nothing is printed. An exception of the host's
+  // two functions ends it too, and is thrown again here.
   virtual ScriptResult Result() const = 0;
 };
 

@@ -61,10 +61,12 @@ void MuestraPantalla(Componente& componente, std::string_view nombre) {
   if (std::ranges::find(kPantallasPublicas, nombre) == kPantallasPublicas.end()) return;
   const Platform& platform = componente.sesion.platform;
   if (const std::string faltan = Faltan(platform); !faltan.empty()) {
-    std::cerr << "zendara: screen " << nombre << " is not shown: the host has installed no " << faltan << std::endl;
+    const std::string pantalla(nombre);
+    std::cerr << "zendara: screen " + pantalla + " is not shown: the host has installed no " + faltan + "\n"
+              << std::flush;
     if (platform.dialogs) {
       platform.dialogs->Show(
-          {.text = "La pantalla '" + std::string(nombre) + "' no se puede mostrar:\n" + "el programa no tiene dónde.",
+          {.text = "La pantalla '" + pantalla + "' no se puede mostrar:\nel programa no tiene dónde.",
            .icon = BoxIcon::kCritical});
     }
     return;

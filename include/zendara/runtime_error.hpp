@@ -16,6 +16,7 @@ enum ErrorNumber : int {
   kSubscriptOutOfRange = 9,
   kDivisionByZero = 11,
   kTypeMismatch = 13,
+  kInternalError = 51,
   kFileNotFound = 53,
   kDeviceIoError = 57,
   kDiskFull = 61,

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "values/muestra_error.hpp"
 #include "zendara/runtime_error.hpp"
@@ -36,8 +37,8 @@ bool AbreTabla(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view n
   Abre(sesion, db, nombre);
   if (nombre.starts_with("NOM")) PonConsulta(sesion, *db);
   return true;
-} catch (const RuntimeError& error) {
-  MuestraError(error, *sesion.platform.dialogs);
+} catch (...) {
+  MuestraError(CurrentError(), *sesion.platform.dialogs);
   return false;
 }
 
@@ -50,7 +51,9 @@ void AbreTablas(Sesion& sesion, int grupo, std::string_view codigo, std::string_
     if (!AbreTabla(sesion, sesion.BDEmpresa, FillFileName(g.nombre, codigo, ano))) return;
     LlenaRanuras(sesion, g);
   }
-} catch (const RuntimeError& error) {
+} catch (...) {
+  const RuntimeError error = CurrentError();
+  LogDetail(error);
   if (error.number() != kObjectClosed && error.number() != kObjectNotFound) return;
   sesion.platform.dialogs->Show({.text = "Error: Base de Datos vacia ó dañada"});
 }

@@ -17,6 +17,7 @@ class SampleScreen : public SampleForm, public Pantalla {
   }
 
   void Mostrar() override { Show(); }
+  bool EnPantalla() const override { return Shown(); }
 
  private:
   static const Platform& Surroundings() { return ElComponente().sesion.platform; }
@@ -29,7 +30,6 @@ class SampleScreen : public SampleForm, public Pantalla {
     Grabar.On().click = [this](int) {
       const Box question{"¿Graba\ntodo?", BoxButtons::kYesNo, BoxIcon::kQuestion, "Duda", 2};
       const bool yes = Boxes().Show(question) == BoxAnswer::kYes;
-      Check2.SetValue(2);
       Informa.SetCaption(yes ? "Grabado" : "No grabado");
     };
     Abrir.On().click = [this](int) {

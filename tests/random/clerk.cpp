@@ -3,9 +3,9 @@
 #include <functional>
 #include <vector>
 
-#include "apps/demo/code_tables.hpp"
 #include "runtime/format.hpp"
 #include "runtime/text.hpp"
+#include "workers/trabajador_consultas.hpp"
 #include "workers/trabajadores.hpp"
 
 namespace zendara {
@@ -88,14 +88,9 @@ class Clerk {
 
   void PressAccessKey() { hands_.Press(form_, std::string("Alt+") + random_.Pick(kAccessKeys)); }
 
-  void ClickAnything() { hands_.Click(form_, *Any<Control>()); }
-
-  void ClickButton() {
-    if (auto* button = Any<Button>()) hands_.Click(form_, *button);
-  }
-
-  void LookUp() {
-    if (auto* image = Any<Image>()) hands_.Click(form_, *image);
+  template <typename T>
+  void Click() {
+    if (auto* control = Any<T>()) hands_.Click(form_, *control);
   }
 
   void PickEntry() {
@@ -153,7 +148,12 @@ class Clerk {
     auto* box = dynamic_cast<TextBox*>(form_.Find("Text1(" + std::to_string(index) + ")"));
     if (box && !random_.Chance(3)) hands_.Fill(form_, *box, random_.Chance(3) ? AnyHostile() : text);
   }
-  void Fill(int index) { Fill(index, Likely(index)); }
+  // From its list, if it has one that loads no record.
+  void Fill(int index) {
+    const ConsultaTrabajador* list = ConsultaDeCampo(index);
+    if (!list || list->carga || random_.Chance(5)) return Fill(index, Likely(index));
+    hands_.Click(form_, *form_.Find("Image1(" + std::to_string(index) + ")"));
+  }
 
   void ClickNamed(std::string_view button, double yes = 100) {
     hands_.wish = random_.Chance(yes) ? BoxAnswer::kYes : BoxAnswer::kNo;
@@ -166,41 +166,11 @@ class Clerk {
     return random_.Chance(30) ? whole + "," + std::to_string(random_.Between(0, 99)) : whole;
   }
 
-  // What clerks enter into that field.
+  // What clerks enter into a field that no list fills.
   std::string Likely(int index) {
-    const auto code = [this](const auto& list) { return std::string(random_.Pick(list).code); };
-    switch (index) {
-      case kNumero:
-        return std::to_string(random_.Between(1, kRandomWorkers + 4));
-      case kSituacion:
-        return std::to_string(random_.Between(1, 4));
-      case kSiglas:
-        return code(kCalles);
-      case kFormaPago:
-        return code(kFormasPago);
-      case kConvenio:
-        return code(kConvenios);
-      case kCategoria:
-        return code(random_.Pick(kConvenios).categorias);
-      case kEpigrafe:
-        return code(kEpigrafes);
-      case kGrupoTarifa:
-        return std::to_string(random_.Between(0, 13));
-      case kNumeroContrato:
-        return std::string(random_.Pick(kContratos).number);
-      case kTipo1:
-      case kTipo2:
-      case kTipo3:
-        return std::string(random_.Pick(kContratos).type);
-      case kCentro:
-        return code(kCentros);
-      case kSeccion:
-        return code(kSecciones);
-      case kDiasParcial:
-        return random_.Chance(50) ? "lmxJV" : std::to_string(random_.Between(1, 31));
-      default:
-        break;
-    }
+    if (index == kNumero) return std::to_string(random_.Between(1, kRandomWorkers + 4));
+    if (index == kSituacion) return std::to_string(random_.Between(1, 4));
+    if (index == kDiasParcial) return random_.Chance(50) ? "lmxJV" : std::to_string(random_.Between(1, 31));
     const CampoTrabajador& field = *CampoDe(index);
     if (field.Tiene(kFecha)) return Day(random_.Between(0, kLastDay));
     if (field.Tiene(kImporte)) return Amount();
@@ -224,11 +194,12 @@ class Clerk {
 
   // Types of one number of contract, with bonuses one after the other.
   void FillContracts(int day) {
-    const Contrato& contract = random_.Pick(kContratos);
-    Fill(kNumeroContrato, std::string(contract.number));
+    Fill(kNumeroContrato);
     for (int type = kTipo1; type <= kTipo3; type += kTipo2 - kTipo1) {
-      Fill(type, std::string(contract.type));
-      if (!contract.percent.empty() || random_.Chance(20)) {
+      Fill(type);
+      const auto* bonus =
+          dynamic_cast<TextBox*>(form_.Find("Text1(" + std::to_string(type + (kBonificacion1 - kTipo1)) + ")"));
+      if ((bonus && !bonus->Text().empty()) || random_.Chance(20)) {
         Fill(type + (kInicioBonificacion1 - kTipo1), Day(day += random_.Between(0, 30)));
         if (random_.Chance(70)) Fill(type + (kFinBonificacion1 - kTipo1), Day(day += random_.Between(0, 200)));
       }
@@ -315,13 +286,13 @@ class Clerk {
 };
 
 const Clerk::Habit Clerk::kHabits[] = {
-    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},     {2, false, &Clerk::PressAccessKey},
-    {5, false, &Clerk::ClickButton},    {8, false, &Clerk::ClickAnything}, {4, false, &Clerk::PickEntry},
-    {4, false, &Clerk::TurnPage},       {5, false, &Clerk::PointToCell},   {4, false, &Clerk::PasteHostile},
-    {3, false, &Clerk::MoveMouse},      {1, false, &Clerk::CloseWindow},   {3, false, &Clerk::EmptyField},
-    {2, false, &Clerk::LookUp},         {4, true, &Clerk::ShowWorker},     {1, true, &Clerk::ShowSituacion},
-    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},      {2, true, &Clerk::ChangeWorker},
-    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},     {2, true, &Clerk::Calculate},
+    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},      {2, false, &Clerk::PressAccessKey},
+    {5, false, &Clerk::Click<Button>},  {8, false, &Clerk::Click<Control>}, {4, false, &Clerk::PickEntry},
+    {4, false, &Clerk::TurnPage},       {5, false, &Clerk::PointToCell},    {4, false, &Clerk::PasteHostile},
+    {3, false, &Clerk::MoveMouse},      {1, false, &Clerk::CloseWindow},    {3, false, &Clerk::EmptyField},
+    {2, false, &Clerk::Click<Image>},   {4, true, &Clerk::ShowWorker},      {1, true, &Clerk::ShowSituacion},
+    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},       {2, true, &Clerk::ChangeWorker},
+    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},      {2, true, &Clerk::Calculate},
     {2, true, &Clerk::Regularise},      {1, true, &Clerk::Remove},
 };
 

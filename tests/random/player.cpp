@@ -5,9 +5,10 @@
 
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
-#include "adapters/hosting/silent_banner.hpp"
 #include "common/lista_filas.hpp"
 #include "random/clerk.hpp"
+#include "support/fake_form_host.hpp"
+#include "support/fake_neighbours.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
 
@@ -16,39 +17,27 @@ namespace {
 
 constexpr int kInnerEvents = 60;  // of a screen that another one has opened
 
-struct SilentViewer : ListingViewer {
-  void Visualiza(ListingDescription&) override {}
-  void FicheroDatos(const std::string&) override {}
-  void TablaDatos(const std::string&) override {}
-  void FormularioPadre(Form*) override {}
-};
-
 // Takes any row, or none.
 std::optional<std::size_t> ChooseAtRandom(Hands& hands, ListaFilas& rows) {
   const int last = static_cast<int>(rows.Total()) - 1;
   std::optional<std::size_t> row;
-  if (last >= 0 && hands.random.Chance(75)) row = static_cast<std::size_t>(hands.random.Between(0, last));
+  if (last >= 0 && hands.random.Chance(92)) row = static_cast<std::size_t>(hands.random.Between(0, last));
   hands.Note("list -> \"" + (row ? rows.Row(*row) : "") + "\"");
   return row;
 }
 
-// All ports end here.
-class Player : public FormHost, public Dialogs, public Shell {
+class Player : public FakeFormHost, public Shell {
  public:
   explicit Player(Hands& hands);
 
   void Play(const std::string& folder);
 
   void ShowModal(Form& form) override;
-  void DoEvents() override {}
-  void ShowHelp(const std::string&, int) override {}
   void Untrapped(int number, const std::string& text) override { hands_.Untrapped(number, text); }
-
   BoxAnswer Show(const Box& box) override { return hands_.Answer(box); }
-  void Beep() override {}
 
   int FindWindow(std::string_view, std::string_view) override { return hands_.random.Between(0, 1); }
-  int Start(std::string_view) override;
+  int Start(std::string_view) override { return hands_.random.Chance(30) ? throw RuntimeError(kFileNotFound) : 1; }
   void Activate(int) override {}
   void Activate(std::string_view) override {}
 
@@ -59,13 +48,12 @@ class Player : public FormHost, public Dialogs, public Shell {
   Hands& hands_;
   Components components_;
   std::shared_ptr<Database> other_program_;  // its handle on the company's file
-  int shown_ = 0;
   int open_ = 0;
 };
 
 Player::Player(Hands& hands) : hands_(hands) {
-  components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
-  components_.Register(kListingViewerClass, [] { return std::make_unique<SilentViewer>(); });
+  components_.Register(kBannerClass, [] { return std::make_unique<FakeBanner>(); });
+  components_.Register(kListingViewerClass, [] { return std::make_unique<FakeViewer>(); });
   RegisterPickList(components_, [this](const std::string&, ListaFilas& rows) { return ChooseAtRandom(hands_, rows); });
 }
 
@@ -89,16 +77,16 @@ void Player::Play(const std::string& folder) {
   company.Open(values);
   other_program_ = other_engine->Workspaces(0)->OpenDatabase(folder + "/DATOS/Nom00001.MDB");
   while (!hands_.Done()) {
-    const int shown = shown_;
+    const std::size_t before = shown.size();
     company.Show(std::string(kPantallaTrabajadores));
-    if (shown == shown_) hands_.Fail("the screen does not open");
+    if (shown.size() == before) hands_.Fail("the screen does not open");
   }
   other_program_.reset();
 }
 
 void Player::ShowModal(Form& form) {
   hands_.Note("screen " + form.Name());
-  ++shown_;
+  shown.push_back(form.Name());
   ++open_;
   for (int acts = open_ > 1 ? kInnerEvents : hands_.random.Between(50, 1000); acts > 0 && hands_.Going(form); --acts) {
     if (hands_.random.Chance(0.3)) Interfere();
@@ -106,11 +94,6 @@ void Player::ShowModal(Form& form) {
   }
   form.Unload();
   --open_;
-}
-
-int Player::Start(std::string_view) {
-  if (hands_.random.Chance(30)) throw RuntimeError(kFileNotFound);
-  return 1;
 }
 
 void Player::Interfere() {

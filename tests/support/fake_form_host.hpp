@@ -6,10 +6,11 @@
 #include <vector>
 
 #include "platform/form/form.hpp"
+#include "support/fake_dialogs.hpp"
 
 namespace zendara {
 
-struct FakeFormHost : FormHost, Dialogs {
+struct FakeFormHost : FormHost, FakeDialogs {
   void ShowModal(Form& form) override {
     shown.push_back(form.Name());
     if (while_shown) while_shown(form);
@@ -18,21 +19,10 @@ struct FakeFormHost : FormHost, Dialogs {
   void ShowHelp(const std::string&, int context) override { help.push_back(context); }
   std::int32_t WindowHandle(Form&) override { return 7; }
 
-  BoxAnswer Show(const Box& box) override {
-    boxes.push_back(box.text);
-    last_box = box;
-    return box.buttons == BoxButtons::kOk ? BoxAnswer::kOk : answer;
-  }
-  void Beep() override { ++beeps; }
-
   std::vector<std::string> shown;
   std::function<void(Form&)> while_shown;
-  std::vector<std::string> boxes;
-  Box last_box;
-  BoxAnswer answer = BoxAnswer::kYes;
   std::vector<int> help;
   int do_events = 0;
-  int beeps = 0;
 };
 
 }  // namespace zendara

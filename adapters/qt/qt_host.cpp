@@ -58,10 +58,10 @@ void QtHost::ShowModal(Form& form) {
   FlushAll();
   QWidget* behind = Behind();
   std::unique_ptr<FormWindow> window;
-  if (FormWindow* made = WindowOf(form)) {
-    const auto place = std::ranges::find(awaiting_, made, [](const auto& awaiting) { return awaiting.get(); });
-    window = std::move(*place);
-    awaiting_.erase(place);
+  const auto made = std::ranges::find_if(awaiting_, [&](const auto& w) { return &w->Shown() == &form; });
+  if (made != awaiting_.end()) {
+    window = std::move(*made);
+    awaiting_.erase(made);
   } else {
     window = std::make_unique<FormWindow>(form, behind);
   }

@@ -37,8 +37,6 @@ struct DemoForm : SampleForm {
     };
   }
 
-  void OnClose() override { log.emplace_back("close"); }
-
   std::vector<std::string> log;
   std::function<void()> on_click;
 };

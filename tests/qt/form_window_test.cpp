@@ -134,14 +134,6 @@ TEST_F(QtTest, AFormOpensAnotherAndGetsTheKeyboardBack) {
   });
 }
 
-TEST_F(QtTest, ClosingTheWindowAsksTheForm) {
-  Play([&](FormWindow& window) {
-    window.close();
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_THAT(form.log, ElementsAre("close"));
-  });
-}
-
 TEST_F(QtTest, TheHourglassTakesNoInputAway) {
   Play([&](FormWindow& window) {
     form.SetPointer(MousePointer::kHourglass);

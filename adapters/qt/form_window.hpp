@@ -42,6 +42,8 @@ class ControlView {
   virtual bool Handle(QObject* watched, QEvent* event);
   // As the mouse would, for scripts. REQUIRES: the widget is to be seen.
   virtual void ClickOn(int row, int column);
+  // A button: a click on the widget is no more than a click on the control.
+  virtual bool IsButton() const { return false; }
   // Name of a control that stands behind a field and has no words of its own.
   virtual QString NameBehind(const QString& field) const { return field; }
 

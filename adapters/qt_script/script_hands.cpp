@@ -35,9 +35,9 @@ bool ScriptHands::ClickOn(Form& form, Control& control, int row, int column) {
 
 void ScriptHands::Click(Form& form, Control& control) {
   // Fields keep the caret that their entering rules give, lists stay closed.
-  const bool pointed = control.Kind() == ControlKind::kButton || control.Kind() == ControlKind::kCheckBox ||
-                       control.Kind() == ControlKind::kOptionButton || control.Kind() == ControlKind::kImage;
-  if (pointed && ClickOn(form, control)) return;
+  const FormWindow* window = windows_.WindowOf(form);
+  const ControlView* view = window ? window->ViewOf(control) : nullptr;
+  if (view && view->IsButton() && ClickOn(form, control)) return;
   form.MouseOver(control);
   form.Click(control);
 }

@@ -127,10 +127,9 @@ void ScriptedWindows::PhotographTop() const {
   // One picture for what stands in front of the pages, and of the pages in them.
   QString name = ToQt(window->Shown().Name());
   for (const Control* control : window->Shown().Controls()) {
-    if (control->Kind() != ControlKind::kTabs) continue;
+    const auto* tabs = dynamic_cast<const Tabs*>(control);
     const ControlView* view = window->ViewOf(*control);
-    const auto* tabs = static_cast<const Tabs*>(control);
-    if (!view || !view->Widget()->isVisible() || tabs->Titles().empty()) continue;
+    if (!tabs || !view || !view->Widget()->isVisible() || tabs->Titles().empty()) continue;
     name += QStringLiteral(" ") + ToQt(tabs->Titles()[static_cast<std::size_t>(tabs->Tab())]);
   }
   Photograph(*window, name);

@@ -10,6 +10,7 @@
 #include "adapters/hosting/application.hpp"
 #include "adapters/script/script_keys.hpp"
 #include "adapters/script/script_values.hpp"
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -55,10 +56,10 @@ std::string RowText(Recordset& rows, int columns) {
 int ToNumber(const ScriptWord& word) { return std::stoi(word.text); }
 
 template <typename T>
-T& FindKind(const Form& form, const ScriptWord& word, ControlKind kind, std::string_view what) {
-  Control& control = FindControl(form, word.text);
-  if (control.Kind() != kind) throw ScriptError(word.text + " is no " + std::string(what));
-  return static_cast<T&>(control);
+T& FindKind(const Form& form, const ScriptWord& word, std::string_view what) {
+  auto* control = dynamic_cast<T*>(&FindControl(form, word.text));
+  if (!control) throw ScriptError(word.text + " is no " + std::string(what));
+  return *control;
 }
 
 int ItemOf(const ComboBox& combo, const std::string& text) {
@@ -128,8 +129,8 @@ void ScriptPlayer::Execute(const ScriptCommand& command) {
     driver_.Settle();
   } catch (const ScriptError& error) {
     Stop(error.status(), error.what());
-  } catch (const RuntimeError& error) {
-    Stop(1, OneLine(error));
+  } catch (...) {
+    Stop(1, OneLine(CurrentError()));
   }
 }
 
@@ -191,11 +192,11 @@ void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
     throw ScriptError(words[0].text + " is " + Quoted(text) + ", not " + Quoted(words[1].text), 1);
   }
   if (name == "choose") {
-    auto& combo = FindKind<ComboBox>(form, words[0], ControlKind::kComboBox, "list");
+    auto& combo = FindKind<ComboBox>(form, words[0], "list");
     return driver_.Pick(form, combo, ItemOf(combo, words[1].text));
   }
   if (name == "cell") {
-    auto& grid = FindKind<Grid>(form, words[0], ControlKind::kGrid, "grid");
+    auto& grid = FindKind<Grid>(form, words[0], "grid");
     const int row = ToNumber(words[1]);
     const int column = ToNumber(words[2]);
     if (row < grid.FixedRows() || row >= grid.Rows() || column < grid.FixedColumns() || column >= grid.Columns()) {
@@ -204,7 +205,7 @@ void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
     return driver_.PointTo(form, grid, row, column);
   }
   if (name == "page") {
-    auto& tabs = FindKind<Tabs>(form, words[0], ControlKind::kTabs, "set of pages");
+    auto& tabs = FindKind<Tabs>(form, words[0], "set of pages");
     const int page = ToNumber(words[1]);
     if (static_cast<std::size_t>(page) >= tabs.Titles().size()) {
       throw ScriptError(tabs.Id() + " has no page " + words[1].text);
@@ -214,7 +215,7 @@ void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
   Control& control = FindControl(form, words[0].text);
   if (name == "check") return Check(form, control, ToNumber(words[1]));
   if (name == "click") return driver_.Click(form, control);
-  if (!TakesFocus(control)) throw ScriptError(control.Id() + " never has the focus");
+  if (!control.TakesFocus()) throw ScriptError(control.Id() + " never has the focus");
   driver_.Focus(form, control);
 }
 
@@ -260,17 +261,17 @@ void ScriptPlayer::Type(Form& form, const std::string& text) {
 }
 
 void ScriptPlayer::Check(Form& form, Control& control, int value) {
-  if (control.Kind() == ControlKind::kOptionButton) {
+  if (const auto* option = dynamic_cast<OptionButton*>(&control)) {
     if (value != 1) throw ScriptError(control.Id() + " is an option: only 1 can be chosen");
-    if (!static_cast<OptionButton&>(control).Value()) driver_.Click(form, control);
+    if (!option->Value()) driver_.Click(form, control);
     return;
   }
-  if (control.Kind() != ControlKind::kCheckBox) throw ScriptError(control.Id() + " is no check box or option");
+  const auto* box = dynamic_cast<CheckBox*>(&control);
+  if (!box) throw ScriptError(control.Id() + " is no check box or option");
   if (value > 1) throw ScriptError("a check box is set to 0 or 1");
-  const auto& box = static_cast<CheckBox&>(control);
   // A greyed box is empty after one click, ticked after two.
-  const bool twice = box.Value() == 2 && value == 1;
-  if (box.Value() != value) driver_.Click(form, control);
+  const bool twice = box->Value() == 2 && value == 1;
+  if (box->Value() != value) driver_.Click(form, control);
   if (twice && form.Loaded()) driver_.Click(form, control);
 }
 
@@ -289,17 +290,17 @@ void ScriptPlayer::Show(const Form& form, const std::string& id) {
     Print("value " + name + "=" + Quoted(text));
   };
   Control* control = form.Find(id);
-  if (control && control->Kind() == ControlKind::kGrid) return ForEachValue(*control, tell);
+  if (control) return ForEachValue(*control, tell);
   tell(id, ValueOf(form, id));
 }
 
 void ScriptPlayer::ShowAll(const Form& form) {
   std::vector<Control*> controls = form.Controls();
-  std::erase_if(controls, [](const Control* control) { return !IsEntered(*control); });
+  std::erase_if(controls, [](const Control* control) { return !control->IsEntered(); });
   std::ranges::sort(controls, {}, [](const Control* control) { return std::tuple(control->Name(), control->Index()); });
   for (Control* control : controls) {
     ForEachValue(*control, [&](const std::string& id, const std::string& text) {
-      if (!IsEmptyValue(*control, text)) Print("value " + id + "=" + Quoted(text));
+      if (!text.empty() && !control->IsUnmarked()) Print("value " + id + "=" + Quoted(text));
     });
   }
 }

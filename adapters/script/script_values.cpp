@@ -25,27 +25,6 @@ const std::string& CellOf(const Grid& grid, std::string_view place) {
   return grid.Cell(row, column);
 }
 
-std::string ControlValue(const Control& control) {
-  switch (control.Kind()) {
-    case ControlKind::kTextBox:
-      return static_cast<const TextBox&>(control).Text();
-    case ControlKind::kComboBox:
-      return static_cast<const ComboBox&>(control).Text();
-    case ControlKind::kCheckBox:
-      return std::to_string(static_cast<const CheckBox&>(control).Value());
-    case ControlKind::kOptionButton:
-      return static_cast<const OptionButton&>(control).Value() ? "1" : "0";
-    case ControlKind::kTabs:
-      return std::to_string(static_cast<const Tabs&>(control).Tab());
-    case ControlKind::kGrid: {
-      const auto& grid = static_cast<const Grid&>(control);
-      return grid.Rows() == 0 ? std::string() : grid.Text();
-    }
-    default:
-      return control.Caption();
-  }
-}
-
 }  // namespace
 
 Control& FindControl(const Form& form, std::string_view id) {
@@ -57,47 +36,20 @@ Control& FindControl(const Form& form, std::string_view id) {
 std::string ValueOf(const Form& form, const std::string& id) {
   const std::size_t bracket = id.find('[');
   const Control& control = FindControl(form, std::string_view(id).substr(0, bracket));
-  if (bracket == std::string::npos) return ControlValue(control);
-  if (control.Kind() != ControlKind::kGrid) throw ScriptError(control.Id() + " is no grid");
-  return CellOf(static_cast<const Grid&>(control), std::string_view(id).substr(bracket));
+  if (bracket == std::string::npos) return control.ShownText();
+  const auto* grid = dynamic_cast<const Grid*>(&control);
+  if (!grid) throw ScriptError(control.Id() + " is no grid");
+  return CellOf(*grid, std::string_view(id).substr(bracket));
 }
 
 void ForEachValue(Control& control, const std::function<void(const std::string& id, const std::string& text)>& tell) {
-  if (control.Kind() != ControlKind::kGrid) return tell(control.Id(), ControlValue(control));
-  const auto& grid = static_cast<const Grid&>(control);
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-    for (int column = grid.FixedColumns(); column < grid.Columns(); ++column) {
-      if (!grid.Cell(row, column).empty()) tell(CellId(grid, row, column), grid.Cell(row, column));
+  const auto* grid = dynamic_cast<const Grid*>(&control);
+  if (!grid) return tell(control.Id(), control.ShownText());
+  for (int row = grid->FixedRows(); row < grid->Rows(); ++row) {
+    for (int column = grid->FixedColumns(); column < grid->Columns(); ++column) {
+      if (!grid->Cell(row, column).empty()) tell(CellId(*grid, row, column), grid->Cell(row, column));
     }
   }
-}
-
-bool TakesFocus(const Control& control) {
-  switch (control.Kind()) {
-    case ControlKind::kButton:
-    case ControlKind::kTabs:
-      return true;
-    default:
-      return IsEntered(control);
-  }
-}
-
-bool IsEntered(const Control& control) {
-  switch (control.Kind()) {
-    case ControlKind::kTextBox:
-    case ControlKind::kComboBox:
-    case ControlKind::kCheckBox:
-    case ControlKind::kOptionButton:
-    case ControlKind::kGrid:
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool IsEmptyValue(const Control& control, const std::string& text) {
-  const bool mark = control.Kind() == ControlKind::kCheckBox || control.Kind() == ControlKind::kOptionButton;
-  return text.empty() || (mark && text == "0");
 }
 
 }  // namespace zendara

@@ -105,7 +105,7 @@ void PantallaBase::ConectaMarco() {
   Image1.On().click = [this](int indice) { AbreLista(indice); };
   Image1.On().mouse_move = [this](int) { sesion_.MarcaBoton = static_cast<std::int16_t>(ImageButtonMark()); };
   for (Control* control : Controls()) {
-    if (control->Kind() != ControlKind::kButton) continue;
+    if (!dynamic_cast<Button*>(control)) continue;
     control->On().mouse_move = [this, control](int) {
       const auto pista = marco_.pistas.find(control->Name());
       PonPista(pista == marco_.pistas.end() ? std::string() : pista->second, *control);

@@ -69,7 +69,7 @@ struct Company {
     AbreEmpresa(sesion, "00001", "01");
   }
 
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   BenchHost host;
   Sesion sesion{Platform{.engine = engine.get(),

@@ -44,9 +44,11 @@ class Dialogs {
 class Files {
  public:
   virtual ~Files() = default;
+  // Error 70 when a folder on the way may not be entered.
   virtual bool Exists(std::string_view path) const = 0;
   // The first record of a random-access file: exactly `length` bytes, zeros past the end of the file.
-  // Error 53 when the file is missing, 76 when its folder is, 70 when it may not be read.
+  // Error 53 when the file is missing, 76 when its folder is, 70 when it may not be read, 75 when it is a folder, a
+  // device or a pipe.
   virtual std::string ReadRecord(std::string_view path, std::size_t length) const = 0;
 };
 

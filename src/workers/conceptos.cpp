@@ -70,7 +70,8 @@ class Transferencia {
   bool EnOtroAno() const { return ano_anterior_ != ano_trabajo_; }
 
   bool TieneAno(const std::string& ano) const {
-    return sesion_.platform.files->Exists(sesion_.DirDatos + FileName(FileKind::kYear, sesion_.CodEmpresa.str(), ano));
+    return sesion_.platform.engine->Workspaces(0)->Exists(sesion_.DirDatos +
+                                                          FileName(FileKind::kYear, sesion_.CodEmpresa.str(), ano));
   }
 
   void CambiaRanuras(const std::string& ano) { AbreTablas(sesion_, kTodosLosGrupos, sesion_.CodEmpresa.str(), ano); }

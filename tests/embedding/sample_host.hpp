@@ -61,7 +61,7 @@ class SampleHost {
   }
 
  private:
-  std::unique_ptr<zendara::Engine> engine_ = zendara::MakeSqliteEngine();
+  std::unique_ptr<zendara::Engine> engine_ = zendara::MakeEngine();
   std::unique_ptr<zendara::Files> files_ = zendara::MakeHostFiles();
   std::shared_ptr<zendara::Database> company_;
   zendara::RecordsetArray recordsets_{0, std::vector<std::shared_ptr<zendara::Recordset>>(501)};

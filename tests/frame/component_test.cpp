@@ -90,7 +90,7 @@ class Component : public testing::Test {
   FakeFormHost host;
   FakeMorlane morlane{diary};
   TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   std::shared_ptr<Database> bd = engine->Workspaces(0)->CreateDatabase(folder / "bd.mdb");
   std::shared_ptr<Database> be = engine->Workspaces(0)->CreateDatabase(folder / "be.mdb");

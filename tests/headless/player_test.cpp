@@ -19,13 +19,13 @@ class PlayerTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     folder_ = std::make_unique<TempFolder>();
-    WriteDemoCompany(*MakeSqliteEngine(), {.folder = folder_->path().string(), .workers = 3});
+    WriteDemoCompany(*MakeEngine(), {.folder = folder_->path().string(), .workers = 3});
     RegisterSampleScreens();
   }
   static void TearDownTestSuite() { folder_.reset(); }
 
   ScriptResult PlayAll(const std::string& script) {
-    const auto engine = MakeSqliteEngine();
+    const auto engine = MakeEngine();
     const auto files = MakeHostFiles();
     out_.clear();
     return PlayHeadless(ReadScript(script), *engine, *files, folder_->path().string(),
@@ -125,7 +125,7 @@ TEST_F(PlayerTest, FaultsOfARunEndItWithTheirLine) {
 }
 
 TEST_F(PlayerTest, AnOutputThatTakesNoMoreStopsTheScript) {
-  const auto engine = MakeSqliteEngine();
+  const auto engine = MakeEngine();
   const auto files = MakeHostFiles();
   int lines = 0;
   const auto full = [&](std::string_view) {

@@ -58,9 +58,9 @@ Player::Player(Hands& hands) : hands_(hands) {
 }
 
 void Player::Play(const std::string& folder) {
-  const auto engine = MakeSqliteEngine();
+  const auto engine = MakeEngine();
   const auto files = MakeHostFiles();
-  const auto other_engine = MakeSqliteEngine();
+  const auto other_engine = MakeEngine();
   CompanyHost company({.engine = engine.get(),
                        .dialogs = this,
                        .files = files.get(),

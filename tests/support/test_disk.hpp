@@ -12,6 +12,7 @@ namespace zendara {
 struct Disk {
   int writes_left = -1;  // -1: as many as wanted
   bool read_only = false;
+  int syncs = 0;
   int waited = 0;                       // microseconds that the store wanted to sleep, for a lock to go
   std::function<void()> while_waiting;  // called instead; may be empty
 };
@@ -51,6 +52,11 @@ inline int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 a
   return Pass<&sqlite3_io_methods::xWrite>(file, data, size, at);
 }
 
+inline int Sync(sqlite3_file* file, int flags) {
+  ++disk.syncs;
+  return Pass<&sqlite3_io_methods::xSync>(file, flags);
+}
+
 #define ZENDARA_PASS(name) f->methods.name = Passing<&sqlite3_io_methods::name>(real.name)
 
 inline int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out_flags) {
@@ -66,7 +72,6 @@ inline int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, i
   ZENDARA_PASS(xClose);
   ZENDARA_PASS(xRead);
   ZENDARA_PASS(xTruncate);
-  ZENDARA_PASS(xSync);
   ZENDARA_PASS(xFileSize);
   ZENDARA_PASS(xLock);
   ZENDARA_PASS(xUnlock);
@@ -81,6 +86,7 @@ inline int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, i
   ZENDARA_PASS(xFetch);
   ZENDARA_PASS(xUnfetch);
   f->methods.xWrite = Write;
+  f->methods.xSync = Sync;
   f->base.pMethods = &f->methods;
   return SQLITE_OK;
 }

@@ -104,7 +104,7 @@ class GrabacionTest : public TestDisk, public TrabajadoresTest {
 
   static constexpr std::size_t kConceptos = 5;  // of his
   static constexpr const char* kDelMes[] = {"ConTrabajadorConceptos", "ConTrabajadorPagas"};
-  std::unique_ptr<Engine> otro = MakeSqliteEngine();
+  std::unique_ptr<Engine> otro = MakeEngine();
 };
 
 TEST_F(GrabacionTest, AFullDiskLosesNothingTypedAndTheSecondTryStoresAll) {

@@ -26,7 +26,7 @@ class TrabajadoresTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     modelo = std::make_unique<TempFolder>();
-    const auto engine = MakeSqliteEngine();
+    const auto engine = MakeEngine();
     WriteDemoCompany(*engine, {.folder = modelo->path().string(), .workers = kTrabajadoresDemo});
   }
   static void TearDownTestSuite() { modelo.reset(); }
@@ -79,7 +79,7 @@ class TrabajadoresTest : public testing::Test {
 
   static inline std::unique_ptr<TempFolder> modelo;
   TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   Components components;
   PickAsked asked;

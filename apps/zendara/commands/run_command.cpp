@@ -35,7 +35,7 @@ int RunScript(const RunOptions& options, Console& console) {
     return fail(error.status(), error.what());
   }
   console.Doing("playing " + options.script);
-  const auto engine = MakeSqliteEngine();
+  const auto engine = MakeEngine();
   const auto files = MakeHostFiles();
   // Line by line, so that whoever reads along, or looks after a run that was cut short, has what was done.
   const auto print = [&](std::string_view line) {

@@ -11,6 +11,7 @@
 #include <iostream>
 
 #include "adapters/qt/form_window.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "common/consulta.hpp"

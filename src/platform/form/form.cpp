@@ -104,8 +104,7 @@ void Form::ShowCurrentError() noexcept {
     const RuntimeError error = CurrentError();
     LogDetail(error);
     host_.Untrapped(error.number(), error.text());
-    dialogs_.Show(
-        {.text = "Error en tiempo de ejecución '" + std::to_string(error.number()) + "':\n" + error.text()});
+    dialogs_.Show({.text = "Error en tiempo de ejecución '" + std::to_string(error.number()) + "':\n" + error.text()});
   } catch (...) {
     LogCurrentError();
   }

@@ -87,6 +87,7 @@ ScriptResult ScriptPlayer::Run(CompanyHost& company) {
 
 void ScriptPlayer::Play(const Form* form) {
   while (!ended_ && (!form || form->Loaded())) {
+    PrintStatus();
     PrintFocus();
     if (next_ == script_.size()) {
       ended_ = true;
@@ -99,12 +100,14 @@ void ScriptPlayer::Play(const Form* form) {
 void ScriptPlayer::Modal(Form& form) {
   forms_.push_back(&form);
   ++screens_shown_;
+  told_status_.clear();
   told_focus_ = nullptr;
   Print("screen " + form.Name() + " open");
   Play(&form);
   form.Unload();
   Print("screen " + form.Name() + " closed");
   forms_.pop_back();
+  told_status_.clear();
   told_focus_ = nullptr;
 }
 
@@ -135,6 +138,12 @@ void ScriptPlayer::Print(const std::string& line) {
     output_failure_ = std::current_exception();
     ended_ = true;
   }
+}
+
+void ScriptPlayer::PrintStatus() {
+  if (forms_.empty() || forms_.back()->Status() == told_status_) return;
+  told_status_ = forms_.back()->Status();
+  if (!told_status_.empty()) Print("status " + Quoted(told_status_));
 }
 
 void ScriptPlayer::PrintFocus() {

@@ -130,6 +130,53 @@ Value FichaTrabajador::Valor(int indice) const {
   return texto.empty() ? Value() : FormatText(texto, "DD/MM/YY");
 }
 
+std::string FichaTrabajador::TextoLlano(int indice) const {
+  std::string texto = Texto(indice);
+  const CampoTrabajador* campo = CampoDe(indice);
+  if (campo && campo->Tiene(kFecha)) std::erase(texto, '/');
+  return texto;
+}
+
+void FichaTrabajador::Muestra(Recordset& fila, int desde, int hasta) {
+  std::vector<Value> valores;
+  for (int indice = desde; indice <= hasta; ++indice) valores.push_back(fila.Fields(ColumnaDe(indice)).Get());
+  // Noted before any is put: one that its control does not take keeps what follows from being changed.
+  for (int indice = desde; indice <= hasta; ++indice) {
+    mostrado_[indice] = {TextoLlano(indice), valores[static_cast<std::size_t>(indice - desde)]};
+  }
+  for (int indice = desde; indice <= hasta; ++indice) {
+    Mostrado& mostrado = mostrado_[indice];
+    Pon(indice, mostrado.valor);
+    mostrado.texto = TextoLlano(indice);
+  }
+}
+
+bool FichaTrabajador::Mostro(int indice, std::string_view texto) const {
+  const auto mostrado = mostrado_.find(indice);
+  return mostrado != mostrado_.end() && Trim(mostrado->second.texto) == texto;
+}
+
+std::vector<int> FichaTrabajador::Guarda(Recordset& fila, int desde, int hasta, bool solo_cambiados) {
+  std::vector<int> sustituidos;
+  std::map<int, Mostrado> guardado;
+  for (int indice = desde; indice <= hasta; ++indice) {
+    const auto mostrado = solo_cambiados ? mostrado_.find(indice) : mostrado_.end();
+    const bool se_mostro = mostrado != mostrado_.end();
+    std::string texto = TextoLlano(indice);
+    if (se_mostro && mostrado->second.texto == texto) continue;
+    const Field campo = fila.Fields(ColumnaDe(indice));
+    const Value habia = campo.Get();
+    campo.Set(Valor(indice));
+    const Value queda = campo.Get();
+    if (se_mostro && habia != mostrado->second.valor && habia != queda) sustituidos.push_back(indice);
+    guardado[indice] = {std::move(texto), queda};
+  }
+  fila.Update();
+  guardado.merge(mostrado_);
+  mostrado_ = std::move(guardado);
+  return sustituidos;
+}
+
 void FichaTrabajador::PonEntrada(ComboBox& lista, const std::string& codigo) {
   std::vector<std::string> codigos = Codigos(lista.Index());
   if (std::ranges::find(codigos, codigo) == codigos.end()) codigos.push_back(codigo);
@@ -138,6 +185,7 @@ void FichaTrabajador::PonEntrada(ComboBox& lista, const std::string& codigo) {
 }
 
 void FichaTrabajador::LimpiarCampos(int desde, int hasta) {
+  mostrado_.erase(mostrado_.lower_bound(desde), mostrado_.upper_bound(hasta));
   for (const CampoTrabajador& campo : CamposTrabajador()) {
     if (campo.indice < desde || campo.indice > hasta) continue;
     switch (campo.tipo) {

@@ -1,9 +1,13 @@
 // The fields of the worker screen as the record they show: values put into and taken out of the controls by index.
 #pragma once
 
+#include <map>
+#include <string>
+#include <vector>
+
 #include "platform/form/form.hpp"
 #include "workers/campos_trabajador.hpp"
-#include "zendara/value.hpp"
+#include "zendara/record_engine.hpp"
 
 namespace zendara {
 
@@ -25,7 +29,17 @@ class FichaTrabajador {
   Value Valor(int indice) const;
   // What stands in a field or cell, to the letter.
   std::string Texto(int indice) const;
-  // Empties fields by index; cells are passed over.
+
+  // The row in the fields from the first index to the last; nothing changes when it cannot be read.
+  void Muestra(Recordset& fila, int desde, int hasta);
+  // Whether the field shows that text of a row and has not been emptied since.
+  bool Mostro(int indice, std::string_view texto) const;
+  // Stores the fields in the row that is being added or edited: all of them or, of a row that was shown, those whose
+  // text is not the one that showing put there. Answers the fields in which the row had neither what was shown nor what
+  // is stored now: somebody else has changed them too.
+  std::vector<int> Guarda(Recordset& fila, int desde, int hasta, bool solo_cambiados);
+
+  // Empties fields by index, which show no row then; cells are passed over.
   void LimpiarCampos(int desde, int hasta);
   // Both grids anew, with headers and row labels.
   void PreparaGrids();
@@ -37,12 +51,21 @@ class FichaTrabajador {
   static std::string SeisDigitos(const std::string& fecha);
 
  private:
+  // A column of the row that is shown.
+  struct Mostrado {
+    std::string texto;
+    Value valor;
+  };
+
   void PonEntrada(ComboBox& lista, const std::string& codigo);
+  // As it stands there, but that a date which is being edited is the same as at rest.
+  std::string TextoLlano(int indice) const;
 
   ControlArray<TextBox>& Text1;
   ControlArray<ComboBox>& Combo1;
   ControlArray<CheckBox>& Check1;
   ControlArray<Grid>& Grid1;
+  std::map<int, Mostrado> mostrado_;
 };
 
 }  // namespace zendara

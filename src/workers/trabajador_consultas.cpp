@@ -77,6 +77,11 @@ void Trabajadores::AbreLista(int indice) {
       const std::vector<std::string> cortes = CortaFila(*consulta->lista, fila);
       for (std::size_t i = 0; i < cortes.size(); ++i) ficha_.Pon(consulta->campos[i], cortes[i]);
       if (consulta->carga) SalidaCampo(indice);
+      // The other texts of a contract are those of its type.
+      for (const int campo : consulta->campos) {
+        const CampoTrabajador* lleno = CampoDe(campo);
+        if (lleno->Tiene(kContrato) && !Vacio(campo)) BuscarContrato(campo);
+      }
     }
     Host().DoEvents();
     SetPointer(MousePointer::kDefault);

@@ -61,38 +61,40 @@ void Trabajadores::GrabaFicha() {
     SetPointer(MousePointer::kDefault);
     return;
   }
-  // Concepts that could not be copied stay asked for while the worker is on the screen.
-  if (RespuestaNueva == BoxAnswer::kYes && CopiaConceptos()) RespuestaNueva.reset();
+  SetStatus({});
+  if (RespuestaNueva == BoxAnswer::kYes) CopiaConceptos();
   GrabarTrabajador();
-  RespuestaNueva.reset();
-  copia_ = {};
+  const std::string avisos = Status();
   Text1(kNumero).SetFocus();
   CancelaFicha();
+  SetStatus(avisos);
   SetPointer(MousePointer::kDefault);
 }
 
-bool Trabajadores::CopiaConceptos() {
+// Concepts that cannot be copied keep the situación from being saved and stay asked for.
+void Trabajadores::CopiaConceptos() {
   NuevaSituacion nueva = {TextoRecortado(kNumero), TextoRecortado(kSituacion), Texto(kFechaInicio)};
   if (nueva != copia_.nueva) copia_ = {std::move(nueva)};
-  bool copiados = false;
-  Guarda([&] {
-    TransfiereConceptos(sesion_, copia_);
-    copiados = true;
-  });
-  return copiados;
+  TransfiereConceptos(sesion_, copia_);
+  RespuestaNueva.reset();
+  copia_ = {};
 }
 
 // Each table by itself: the first stays when the second fails.
 void Trabajadores::GrabarTrabajador() {
   const std::string numero = TextoRecortado(kNumero);
+  const std::string situacion = TextoRecortado(kSituacion);
+  const bool mostrado = ficha_.Mostro(kNumero, numero);
+  navegacion_.Recuerda({numero});
   TablaActiva = kTrabajadoresFijo;
-  GrabaFila("Icampo0", {numero});
+  GrabaFila("Icampo0", {numero}, mostrado);
   TablaActiva = kTrabajadoresVar;
-  GrabaFila("Icampo0_1", {numero, TextoRecortado(kSituacion)});
+  GrabaFila("Icampo0_1", {numero, situacion}, mostrado && ficha_.Mostro(kSituacion, situacion));
   TablaActiva = kTrabajadoresFijo;
 }
 
-void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& claves) {
+void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& claves, bool mostrada) {
+  const bool fijo = TablaActiva == kTrabajadoresFijo;
   Recordset& tabla = sesion_.Tabla(TablaActiva);
   tabla.SetIndex(indice);
   bool existe = false;
@@ -106,23 +108,36 @@ void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& 
   } else {
     tabla.AddNew();
   }
-  if (TablaActiva == kTrabajadoresFijo) {
-    PonerCamposFijo(tabla);
-  } else {
-    PonerCamposVar(tabla);
+  if (!fijo) tabla.Fields(0).Set(claves[0]);
+  const std::vector<int> sustituidos =
+      ficha_.Guarda(tabla, fijo ? kNumero : kPrimeroVar, fijo ? kUltimoFijo : kUltimoVar, existe && mostrada);
+  if (mostrada && !existe) {
+    Avisa((fijo ? "El trabajador " : "La situación ") + claves.back().Text() +
+          " ya no estaba en el fichero, otro puesto había borrado sus datos: se graba de nuevo con lo que hay en "
+          "pantalla.");
   }
-  tabla.Update();
+  if (!sustituidos.empty()) {
+    std::string nombres;
+    for (const int campo : sustituidos) nombres += (nombres.empty() ? "" : ", ") + NombreDe(campo);
+    Avisa("Otro puesto había cambiado también, y queda lo grabado aquí: " + nombres + ".");
+  }
 }
 
-void Trabajadores::PonerCamposFijo(Recordset& fila) {
-  for (int indice = kNumero; indice <= kUltimoFijo; ++indice) fila.Fields(ColumnaDe(indice)).Set(ficha_.Valor(indice));
-}
+void Trabajadores::Avisa(const std::string& texto) { SetStatus(Status().empty() ? texto : Status() + " " + texto); }
 
-void Trabajadores::PonerCamposVar(Recordset& fila) {
-  fila.Fields(0).Set(ficha_.Valor(kNumero));
-  for (int indice = kPrimeroVar; indice <= kUltimoVar; ++indice) {
-    fila.Fields(ColumnaDe(indice)).Set(ficha_.Valor(indice));
+std::string Trabajadores::NombreDe(int indice) const {
+  const CampoTrabajador* campo = CampoDe(indice);
+  if (!campo) {
+    const auto [rejilla, fila, columna] = CeldaDe(indice);
+    return Grid1(rejilla).Cell(fila, kColumnaRotulo) + " (" + Grid1(rejilla).Cell(0, columna) + ")";
   }
+  const std::string rotulo(campo->rotulo.substr(0, campo->rotulo.find_last_not_of(" :") + 1));
+  // The outermost of the titled groups around it.
+  std::string grupo;
+  for (const Control* marco = ficha_.Campo(indice)->Container(); marco; marco = marco->Container()) {
+    if (marco->Kind() == ControlKind::kFrame && !marco->Caption().empty()) grupo = marco->Caption();
+  }
+  return grupo.empty() ? rotulo : rotulo + " (" + grupo + ")";
 }
 
 // His row and those of his situaciones; concepts, incidents and history stay.
@@ -132,17 +147,20 @@ void Trabajadores::BorraTrabajador() {
   TablaActiva = kTrabajadoresFijo;
   Recordset& trabajadores = sesion_.Tabla(TablaActiva);
   trabajadores.Seek({numero});
-  if (trabajadores.NoMatch()) {
+  const bool existe = !trabajadores.NoMatch();
+  if (existe) trabajadores.Delete();
+  TablaActiva = kTrabajadoresVar;
+  const auto situacion = [&]() -> Recordset& { return sesion_.Tabla(kTrabajadoresVar); };
+  situacion().SetIndex("ICampo0");
+  situacion().Seek({numero});
+  // Situaciones without a worker are what a removal has left that was cut short.
+  if (!existe && situacion().NoMatch()) {
     Host().DoEvents();
     Mensaje("No existe el Registro que se pretende borrar");
     SetPointer(MousePointer::kDefault);
     return;
   }
-  trabajadores.Delete();
-  TablaActiva = kTrabajadoresVar;
-  const auto situacion = [&]() -> Recordset& { return sesion_.Tabla(kTrabajadoresVar); };
-  situacion().SetIndex("ICampo0");
-  for (situacion().Seek({numero}); !situacion().NoMatch(); situacion().Seek({numero})) {
+  for (; !situacion().NoMatch(); situacion().Seek({numero})) {
     situacion().Delete();
     Host().DoEvents();
   }
@@ -154,8 +172,7 @@ void Trabajadores::BorraTrabajador() {
 void Trabajadores::CancelaFicha() {
   SetPointer(MousePointer::kHourglass);
   ficha_.LimpiarCampos(kNumero, kUltimoTexto);
-  TrabajadorAnterior.clear();
-  SituacionAnterior.clear();
+  Olvida();
   PonListasIniciales();
   Text1(kConvenio).SetText(ConvenioEmpresa);
   ficha_.LimpiarGrid();

@@ -89,7 +89,7 @@ void Trabajadores::ConectaRegularizacion() {
   Text2.On().got_focus = [this](int indice) { Text2(indice).SetBackColor(kWhite); };
   Text2.On().lost_focus = [this](int indice) {
     Text2(indice).SetBackColor(kGrey);
-    if (indice == static_cast<int>(Figura::kRetencionAcumulada)) CalcularRegula.SetFocus();
+    if (indice == static_cast<int>(Figura::kRetencionAcumulada) && Regularizacion.Visible()) CalcularRegula.SetFocus();
   };
   // Those that take no keys are locked.
   Text2.On().key_press = [this](int indice, int& caracter) { TeclaDeTexto(Text2(indice), caracter); };
@@ -131,13 +131,24 @@ void Trabajadores::CalculaRegularizacion() {
   Regularizacion.SetVisible(false);
 }
 
+// Its figures are those of the worker for whom it was opened.
+void Trabajadores::CierraRegularizacion() {
+  if (!Regularizacion.Visible()) return;
+  for (const auto& [indice, cifra] : Text2) cifra->SetText("");
+  Regularizacion.SetVisible(false);
+  if (Focus() && !Focus()->CanFocus()) Regulariza.SetFocus();
+}
+
 // On the rows where the two tables stand, which are those of the worker shown; on an emptied screen they may be
 // another's, who must not get the figures.
 void Trabajadores::GrabaRegularizacion(const std::string& tipo) {
   Recordset& fijo = sesion_.Tabla(kTrabajadoresFijo);
   Recordset& var = sesion_.Tabla(kTrabajadoresVar);
-  for (Recordset* tabla : {&fijo, &var}) {
-    if (TextoNoNulo(tabla->Fields(0).Get()) != TextoRecortado(kNumero)) throw RuntimeError(kNoCurrentRecord);
+  const auto esta_en = [this](Recordset& tabla, int columna, int campo) {
+    return TextoNoNulo(tabla.Fields(columna).Get()) == TextoRecortado(campo);
+  };
+  if (!esta_en(fijo, 0, kNumero) || !esta_en(var, 0, kNumero) || !esta_en(var, ColumnaDe(kSituacion), kSituacion)) {
+    throw RuntimeError(kNoCurrentRecord);
   }
   fijo.Edit();
   for (const CifraGuardada& guardada : kCifras) {

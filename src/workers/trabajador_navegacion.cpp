@@ -7,38 +7,21 @@ namespace zendara {
 using namespace campo;
 
 void Trabajadores::IrAInicio() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  tabla.MoveFirst();
-  MuestraActual();
+  if (navegacion_.AlInicio()) MuestraActual();
 }
 
 void Trabajadores::IrAAnterior() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  if (!tabla.Bof()) {
-    tabla.MovePrevious();
-    if (tabla.Bof()) tabla.MoveFirst();
-  }
-  MuestraActual();
+  if (navegacion_.AlAnterior()) MuestraActual();
 }
 
 void Trabajadores::IrASiguiente() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  if (!tabla.Eof()) {
-    tabla.MoveNext();
-    if (tabla.Eof()) tabla.MoveLast();
-  }
+  if (!navegacion_.AlSiguiente()) return;
   Text1(kNumero).SetFocus();
   MuestraActual();
 }
 
 void Trabajadores::IrAFin() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  tabla.MoveLast();
-  MuestraActual();
+  if (navegacion_.AlFin()) MuestraActual();
 }
 
 void Trabajadores::MuestraActual() {

@@ -65,7 +65,9 @@ void Trabajadores::Vacia(int desde, int hasta) {
 void Trabajadores::SalidaNumero() {
   const std::string numero = TextoRecortado(kNumero);
   if (numero == TrabajadorAnterior) return;
+  Olvida();
   TrabajadorAnterior = numero;
+  navegacion_.Recuerda({numero});
   ficha_.LimpiarCampos(kNumero + 1, kUltimoVar);
   // The children and ascendants of the worker shown before are not the new one's.
   ficha_.LimpiarGrid();

@@ -33,18 +33,20 @@ void Trabajadores::ValoresIniciales() {
 
 void Trabajadores::MostrarTrabajador() {
   Guarda([this] {
+    Olvida();
     ficha_.LimpiarCampos(kNumero, kUltimoTexto);
-    Recordset& fijo = sesion_.Tabla(kTrabajadoresFijo);
-    for (int indice = kNumero; indice <= kUltimoFijo; ++indice)
-      ficha_.Pon(indice, fijo.Fields(ColumnaDe(indice)).Get());
+    ficha_.Muestra(sesion_.Tabla(kTrabajadoresFijo), kNumero, kUltimoFijo);
 
     AbreFichero(sesion_, FileKind::kCompany);
     const auto situaciones = sesion_.BDEmpresa->OpenRecordset("SELECT * FROM TRABAJADORESVAR WHERE Campo0 = '" +
                                                               SqlText(TextoRecortado(kNumero)) + "' ORDER BY Campo3 ");
     if (!situaciones->Eof()) {
       situaciones->MoveLast();
-      PonSituacion(*situaciones);
+      ficha_.Muestra(*situaciones, kPrimeroVar, kUltimoVar);
     }
+    // A number typed over the one shown is another one.
+    TrabajadorAnterior = TextoRecortado(kNumero);
+    SituacionAnterior = TextoRecortado(kSituacion);
     // What is written later on the situación shown is written where its table stands.
     Recordset& var = sesion_.Tabla(kTrabajadoresVar);
     var.SetIndex("Icampo0_1");
@@ -52,12 +54,18 @@ void Trabajadores::MostrarTrabajador() {
   });
 }
 
-void Trabajadores::MostrarSituacion() { PonSituacion(sesion_.Tabla(kTrabajadoresVar)); }
+void Trabajadores::MostrarSituacion() {
+  CierraRegularizacion();
+  ficha_.Muestra(sesion_.Tabla(kTrabajadoresVar), kPrimeroVar, kUltimoVar);
+  SituacionAnterior = TextoRecortado(kSituacion);
+}
 
-void Trabajadores::PonSituacion(Recordset& fila) {
-  for (int indice = kPrimeroVar; indice <= kUltimoVar; ++indice) {
-    ficha_.Pon(indice, fila.Fields(ColumnaDe(indice)).Get());
-  }
+// What belongs to the worker who was shown.
+void Trabajadores::Olvida() {
+  TrabajadorAnterior.clear();
+  SituacionAnterior.clear();
+  SetStatus({});
+  CierraRegularizacion();
 }
 
 }  // namespace zendara

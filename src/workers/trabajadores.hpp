@@ -7,8 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "common/navegacion.hpp"
 #include "common/pantalla_base.hpp"
 #include "common/seleccion_trabajador.hpp"
+#include "frame/catalogo.hpp"
 #include "withholding/entradas_irpf.hpp"
 #include "workers/conceptos.hpp"
 #include "workers/ficha_trabajador.hpp"
@@ -44,8 +46,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   void PonListasIniciales();
   void MostrarTrabajador();  // the row on which slot 402 stands
   void MostrarSituacion();   // the row on which slot 442 stands
-  // A situación's row, from its first column that is a field.
-  void PonSituacion(Recordset& fila);
+  void Olvida();             // what belongs to the worker who was shown
   void PonDescripcionIdentificacion();
 
   // Navigation.
@@ -86,12 +87,14 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   bool TieneFechaBonificacion();
   bool CompruebaGrids();
   void GrabaFicha();
+  void CopiaConceptos();
   void GrabarTrabajador();
-  // In the table of TablaActiva: the row under these keys changed, or a new one.
-  void GrabaFila(std::string_view indice, const std::vector<Value>& claves);
-  void PonerCamposFijo(Recordset& fila);
-  void PonerCamposVar(Recordset& fila);
-  bool CopiaConceptos();  // false when an error ended it, which was shown
+  // In the table of TablaActiva: the row under these keys changed, or a new one. `mostrada`: the screen showed it.
+  void GrabaFila(std::string_view indice, const std::vector<Value>& claves, bool mostrada);
+  // Adds to the status line.
+  void Avisa(const std::string& texto);
+  // A field or cell for the user, with the group that it stands in.
+  std::string NombreDe(int indice) const;
   void BorraTrabajador();
   void CancelaFicha();
 
@@ -99,6 +102,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   void ConectaRegularizacion();
   void CalculaTipo();
   void MuestraRegularizacion();
+  void CierraRegularizacion();
   void SumaHistorico(Recordset& fila);
   void CalculaRegularizacion();
   void GrabaRegularizacion(const std::string& tipo);
@@ -118,6 +122,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   ControlArray<Grid> Grid1{*this, "Grid1"};
   ControlArray<TextBox> Text2{*this, "Text2"};  // figures of a regularisation
   FichaTrabajador ficha_{Text1, Combo1, Check1, Grid1};
+  Navegacion navegacion_{sesion_, kTrabajadoresFijo};
   Label lbDescripcion{*this, "lbDescripcion"};
 
   Tabs Tab1{*this, "Tab1"};
@@ -154,7 +159,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
 
   std::optional<BoxAnswer> RespuestaNueva;  // a new situación awaits saving while it is Yes
   CopiaPendiente copia_;                    // of its concepts, that an error ended
-  std::string TrabajadorAnterior;           // number when its field gained the focus
+  std::string TrabajadorAnterior;           // number when its field gained the focus, or when he was shown
   std::string SituacionAnterior;
   std::string ConvenioEmpresa;  // the company's own agreement
   int TablaActiva = 0;          // slot that is written: 402 or 442

@@ -45,7 +45,7 @@ class FormView {
   virtual ~FormView() = default;
   virtual void ControlChanged(const Control& control) = 0;
   virtual void FocusMoved() = 0;
-  virtual void FormChanged() = 0;  // pointer, title, unloaded
+  virtual void FormChanged() = 0;  // pointer, title, status, unloaded
 };
 
 enum class MousePointer { kDefault = 0, kHourglass = 11 };
@@ -60,6 +60,9 @@ class Form {
   const std::string& Name() const { return name_; }
   const std::string& Title() const { return title_; }
   void SetTitle(std::string_view title);
+  // A line that the user may read and does not have to answer; it stands until the next one. Empty: nothing.
+  const std::string& Status() const { return status_; }
+  void SetStatus(std::string_view status);
   FormHost& Host() const { return host_; }
   MousePointer Pointer() const { return pointer_; }
   void SetPointer(MousePointer pointer);
@@ -141,6 +144,7 @@ class Form {
   FormHost& host_;
   std::string name_;
   std::string title_;
+  std::string status_;
   MousePointer pointer_ = MousePointer::kDefault;
   int width_ = 0;
   int height_ = 0;

@@ -61,6 +61,11 @@ show Text1(135)
 key Alt+G
 show all
 
+# From a new worker the steps go to his neighbours.
+key Alt+Left
+show Text1(1)
+key Alt+C
+
 # Called up again, the rate is applied.
 type "61\n"
 show Text1(1) Text1(92)

@@ -103,6 +103,29 @@ TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
   EXPECT_EQ(host.boxes.back(), "Para aplicar el tipo calculado antes debe registrar el trabajador");
 }
 
+TEST_F(IrpfTest, TheHistoryGivesThePaidAndTheWithheldSum) {
+  constexpr int kHistorico = 425;
+  VaciaTabla(kHistorico);
+  Recordset& historico = sesion.Tabla(kHistorico);
+  historico.AddNew();
+  for (const auto& [columna, valor] : {std::pair(0, "1"),
+                                       {1, "01"},
+                                       {2, "00015"},
+                                       {3, "001"},
+                                       {7, "100000"},
+                                       {8, "20000"},
+                                       {9, "3000"},
+                                       {10, "400"},
+                                       {11, "50"},
+                                       {29, "P"}}) {
+    historico.Fields(columna).Set(valor);
+  }
+  historico.Update();
+  Rellena(1, "15");
+  Pulsa("Regulariza");
+  EXPECT_EQ(El<TextBox>("Text2(4)").Text() + " " + El<TextBox>("Text2(5)").Text(), "103000 20450");
+}
+
 TEST_F(IrpfTest, ErrorsEndTheButtonAndTheScreenStays) {
   Rellena(1, "15");
   const auto falla = [this](const std::string& boton, const std::string& error) {

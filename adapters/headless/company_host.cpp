@@ -43,7 +43,7 @@ void CompanyHost::Open(const SessionValues& values) {
   AbreEmpresa(opened, values.company, values.year);
   values_ = values;
   if (values_.date.empty()) values_.date = "31/12/" + values_.year;
-  CDate(values_.date);
+  CDate(values_.date, opened.VentanaFechas);
   files_ = std::move(opened);
   has_session_ = true;
 }
@@ -60,7 +60,9 @@ std::shared_ptr<Database> CompanyHost::OpenDatabase(std::string_view file) const
 }
 
 std::shared_ptr<Database> CompanyHost::OpenPath(std::string_view path) const {
-  return platform_.engine->Workspaces(0)->OpenDatabase(path);
+  std::shared_ptr<Database> database = platform_.engine->Workspaces(0)->OpenDatabase(path);
+  database->SetYearWindow(files_.VentanaFechas);
+  return database;
 }
 
 }  // namespace zendara

@@ -25,14 +25,16 @@ class OpenDatabase final : public Database {
 
   std::shared_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) override {
     if (type == RecordsetType::kQuery) {
-      return MakeQueryRecordset(MakeQueryCursor(Shared(), sql::ParseSelect(source, Catalogue())));
+      return MakeQueryRecordset(MakeQueryCursor(Shared(), sql::ParseSelect(source, Catalogue(), Years())));
     }
     TableInfo* table = Shared()->FindTable(source);
     if (!table) throw RuntimeError(kObjectNotFound, {std::string(source)});
-    return MakeTableRecordset(MakeTableCursor(connection_, *table));
+    auto recordset = MakeTableRecordset(MakeTableCursor(connection_, *table));
+    recordset->SetYearWindow(Years());
+    return recordset;
   }
 
-  void Execute(std::string_view sql) override { RunDelete(*Shared(), sql::ParseDelete(sql, Catalogue())); }
+  void Execute(std::string_view sql) override { RunDelete(*Shared(), sql::ParseDelete(sql, Catalogue(), Years())); }
 
   std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql) override {
     Shared()->Acquire(nullptr);

@@ -71,7 +71,8 @@ class Field {
   // Error 3021 without a current record, 3167 after it was deleted.
   Value Get() const;
   // Only during AddNew or Edit (3020). Converts to the column's type: a date or number becomes its text, a text is read
-  // as a number by CDbl or as a date; 3421 if it cannot be, also for the empty text. 3163 when longer than the column.
+  // as a number by CDbl or as a date, in the recordset's window of years; 3421 if it cannot be, also for the empty
+  // text. 3163 when longer than the column.
   void Set(const Value& value) const;
   const ColumnDef& Column() const;
 
@@ -133,10 +134,17 @@ class Recordset {
 
   virtual void Close() = 0;
 
+  // What two-digit years mean in the texts that are assigned and searched for. A table-type recordset begins with the
+  // window of its database, a clone with that of its original.
+  void SetYearWindow(YearWindow window) { window_ = window; }
+  YearWindow Years() const { return window_; }
+
  private:
   friend class Field;
   virtual Value GetColumn(int ordinal) const = 0;
   virtual void SetColumn(int ordinal, const Value& value) = 0;
+
+  YearWindow window_;
 };
 
 // A named query of a database. The component keeps one and never runs it.
@@ -187,6 +195,14 @@ class Database {
   virtual void Rollback() = 0;
 
   virtual void Close() = 0;
+
+  // What two-digit years mean in the dates of statements, and in the recordsets that are opened from here on. It ends
+  // in 2029 until it is set; databases open on one file have each their own.
+  void SetYearWindow(YearWindow window) { window_ = window; }
+  YearWindow Years() const { return window_; }
+
+ private:
+  YearWindow window_;
 };
 
 class Workspace {

@@ -17,6 +17,13 @@ struct Date {
   friend auto operator<=>(const Date&, const Date&) = default;
 };
 
+// The hundred years that a year of two digits falls in.
+struct YearWindow {
+  int last = 2029;
+
+  friend bool operator==(const YearWindow&, const YearWindow&) = default;
+};
+
 struct Null {
   friend bool operator==(Null, Null) { return true; }
 };

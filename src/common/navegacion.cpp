@@ -26,7 +26,7 @@ TablaDeRanura TablaDe(int ranura) {
 }
 
 std::string Literal(const Value& valor) {
-  if (valor.IsDate()) return "#" + FormatText(valor, "mm/dd/yyyy") + "#";
+  if (valor.IsDate()) return "#" + FormatDate(valor.AsDate(), "mm/dd/yyyy") + "#";
   return "'" + SqlText(valor.Text()) + "'";
 }
 

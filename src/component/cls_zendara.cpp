@@ -35,7 +35,17 @@ void LeeSesion(Sesion& sesion, Morlane& morlane) noexcept {
   Paso([&] { sesion.ValorSesionEntero = morlane.ValorEntero(); });
   Paso([&] { sesion.CodPrograma = morlane.Programa(); });
   Paso([&] { sesion.TextoRetorno = morlane.Retorno(); });
-  Paso([&] { sesion.FechaSesion = CDate(morlane.FechaTrabajo()); });
+  Paso([&] { sesion.FechaSesion = CDate(morlane.FechaTrabajo(), sesion.VentanaFechas); });
+}
+
+// What the host opened reads dates as the session does.
+void PonVentana(Sesion& sesion) noexcept {
+  for (const auto& base : {sesion.BDEmpresa, sesion.BDSegunda}) {
+    if (base) base->SetYearWindow(sesion.VentanaFechas);
+  }
+  for (const auto& tabla : sesion.Tablas) {
+    if (tabla) tabla->SetYearWindow(sesion.VentanaFechas);
+  }
 }
 
 void MuestraPantalla(Componente& componente, std::string_view nombre) {
@@ -71,6 +81,7 @@ void ClsZendara::Carga_Formulario(const std::string& NombreForm, const std::shar
     Paso([&] { sesion.Tablas[static_cast<std::size_t>(slot)] = MiT.At(slot); });
   }
   LeeSesion(sesion, ObjMorlane);
+  PonVentana(sesion);
   Paso([&] { MuestraPantalla(componente, NombreForm); });
   Paso([&] { ObjMorlane.Retorno(sesion.TextoRetorno); });
 }

@@ -12,6 +12,7 @@ namespace {
 void Abre(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) {
   sesion.WsTrabajo = sesion.platform.engine->Workspaces(0);
   db = sesion.WsTrabajo->OpenDatabase(sesion.DirDatos + std::string(nombre));
+  db->SetYearWindow(sesion.VentanaFechas);
 }
 
 void PonConsulta(Sesion& sesion, Database& db) {

@@ -18,7 +18,8 @@ void Sesion::PonEjercicio(std::string_view ejercicio) {
   if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) return;
   int year = 0;
   for (const char digit : digits) year = 10 * year + (digit - '0');
-  SetWorkingYear(year);
+  VentanaFechas = WindowOfDates(year);
+  VentanaNacimientos = WindowOfBirths(year);
 }
 
 }  // namespace zendara

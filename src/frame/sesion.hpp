@@ -41,6 +41,8 @@ struct Sesion {
   std::string CodPrograma;
   std::string TextoRetorno;  // "P" pesetas, anything else the other currency
   Date FechaSesion;
+  YearWindow VentanaFechas;       // what two-digit years mean
+  YearWindow VentanaNacimientos;  // and in dates of birth
 
   // Folders, with a backslash at their end; set by CargaParametros.
   std::string DirPrograma;
@@ -65,7 +67,7 @@ struct Sesion {
 
   // The recordset of a slot; error 91 when the host filled nothing in, 9 when there is no such slot.
   Recordset& Tabla(int slot) const;
-  // AnoTrabajo takes the last two characters, and two-digit years fall in the window of that year if they are a number.
+  // AnoTrabajo takes the last two characters; the windows are those of that year if they are a number.
   void PonEjercicio(std::string_view ejercicio);
 };
 

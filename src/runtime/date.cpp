@@ -24,10 +24,6 @@ constexpr int SerialOf(year_month_day day) { return static_cast<int>((sys_days{d
 constexpr int kFirstSerial = SerialOf(std::chrono::year{kFirstYear} / std::chrono::January / 1);
 constexpr int kLastSerial = SerialOf(std::chrono::year{kLastYear} / std::chrono::December / 31);
 
-constexpr int kEarliestWindowEnd = 2029;
-constexpr int kYearsAhead = 19;
-int window_end = kEarliestWindowEnd;
-
 bool InRange(double serial) { return serial > kFirstSerial - 1 && serial < kLastSerial + 1; }
 
 // Before the epoch the fraction counts away from it, but stays the time of the day that the whole part names.
@@ -76,10 +72,6 @@ std::optional<Parts> Split(std::string_view text) {
   return parts;
 }
 
-std::optional<Date> FromWritten(int year, int month, int day) {
-  return MakeDate(year < 100 ? FullYear(year) : year, month, day);
-}
-
 // Where day, month and year stand among the numbers of a text; kNone where the text does not have them.
 struct Order {
   std::size_t year, month, day;
@@ -88,23 +80,28 @@ constexpr std::size_t kNone = 3;
 constexpr Order kThreeNumbers[] = {{2, 1, 0}, {0, 1, 2}, {2, 0, 1}, {0, 2, 1}};
 constexpr Order kTwoNumbers[] = {{kNone, 1, 0}, {kNone, 0, 1}, {0, 1, kNone}, {1, 0, kNone}};
 
-std::optional<Date> FromOrder(const Parts& parts, const Order& order) {
+std::optional<Date> FromOrder(const Parts& parts, const Order& order, YearWindow window) {
   const int month = parts.numbers[order.month];
   const int day = order.day == kNone ? 1 : parts.numbers[order.day];
   if (order.year == kNone) return MakeDate(PartsOf(Today()).year, month, day);
-  return FromWritten(parts.numbers[order.year], month, day);
+  return MakeDate(FullYear(parts.numbers[order.year], window), month, day);
 }
+
+int WorkingYear(int two_digits) { return two_digits < 80 ? 2000 + two_digits : 1900 + two_digits; }
 
 }  // namespace
 
-void SetWorkingYear(int working_year) {
-  const int year = working_year < 80 ? 2000 + working_year : 1900 + working_year;
-  window_end = std::max(kEarliestWindowEnd, year + kYearsAhead);
+YearWindow WindowOfDates(int working_year) {
+  constexpr int kYearsAhead = 19;
+  return {.last = std::max(YearWindow{}.last, WorkingYear(working_year) + kYearsAhead)};
 }
 
-int FullYear(int two_digits) {
-  const int year = window_end - window_end % 100 + two_digits;
-  return year > window_end ? year - 100 : year;
+YearWindow WindowOfBirths(int working_year) { return {.last = WorkingYear(working_year)}; }
+
+int FullYear(int year, YearWindow window) {
+  if (year > 99) return year;
+  const int full = window.last - window.last % 100 + year;
+  return full > window.last ? full - 100 : full;
 }
 
 std::optional<Date> MakeDate(int year, int month, int day) {
@@ -121,49 +118,51 @@ DateParts PartsOf(Date date) {
   return {int{day.year()}, static_cast<int>(unsigned{day.month()}), static_cast<int>(unsigned{day.day()})};
 }
 
-std::optional<Date> ReadDate(std::string_view text) {
+std::optional<Date> ReadDate(std::string_view text, YearWindow window) {
   const std::optional<Parts> parts = Split(text);
   if (!parts) return std::nullopt;
   for (const Order& order : parts->count == 3 ? kThreeNumbers : kTwoNumbers) {
-    if (const std::optional<Date> date = FromOrder(*parts, order)) return date;
+    if (const std::optional<Date> date = FromOrder(*parts, order, window)) return date;
   }
   return std::nullopt;
 }
 
-std::optional<Date> ReadDateStrict(std::string_view text) {
+std::optional<Date> ReadDateStrict(std::string_view text, YearWindow window) {
   const std::optional<Parts> parts = Split(text);
   if (!parts) return std::nullopt;
-  return FromOrder(*parts, parts->count == 3 ? kThreeNumbers[0] : kTwoNumbers[0]);
+  return FromOrder(*parts, parts->count == 3 ? kThreeNumbers[0] : kTwoNumbers[0], window);
 }
 
-std::optional<Date> ReadDateOrSerial(std::string_view text) {
-  if (const std::optional<Date> date = ReadDate(text)) return date;
+std::optional<Date> ReadDateOrSerial(std::string_view text, YearWindow window) {
+  if (const std::optional<Date> date = ReadDate(text, window)) return date;
   double serial = 0;
   if (ReadNumber(text, serial) != 0 || !InRange(serial)) return std::nullopt;
   return Date{serial};
 }
 
-bool IsDate(const Value& value) { return value.IsDate() || (value.IsText() && ReadDate(value.Text())); }
+bool IsDate(const Value& value, YearWindow window) {
+  return value.IsDate() || (value.IsText() && ReadDate(value.Text(), window));
+}
 
-Date CDate(const Value& value) {
+Date CDate(const Value& value, YearWindow window) {
   if (value.IsDate()) return value.AsDate();
   if (value.IsNull()) throw RuntimeError(kInvalidUseOfNull);
   if (value.IsNumber()) {
     if (!InRange(value.Number())) throw RuntimeError(kOverflow);
     return Date{value.Number()};
   }
-  if (const std::optional<Date> date = ReadDateOrSerial(value.Text())) return *date;
+  if (const std::optional<Date> date = ReadDateOrSerial(value.Text(), window)) return *date;
   throw RuntimeError(kTypeMismatch);
 }
 
-Value Year(const Value& value) {
+Value Year(const Value& value, YearWindow window) {
   if (value.IsNull()) return Null{};
-  return PartsOf(CDate(value)).year;
+  return PartsOf(CDate(value, window)).year;
 }
 
-Value DateDiffDays(const Value& a, const Value& b) {
+Value DateDiffDays(const Value& a, const Value& b, YearWindow window) {
   if (a.IsNull() || b.IsNull()) return Null{};
-  return WholeDays(CDate(b)) - WholeDays(CDate(a));
+  return WholeDays(CDate(b, window)) - WholeDays(CDate(a, window));
 }
 
 std::string ShortDate(Date date) {

@@ -22,26 +22,6 @@ void AppendNumber(std::string& text, int number, std::size_t width) {
   text.append(width > digits.size() ? width - digits.size() : 0, '0').append(digits);
 }
 
-std::string FormatDate(Date date, std::string_view mask) {
-  const DateParts parts = PartsOf(date);
-  std::string text;
-  for (std::size_t at = 0; at < mask.size();) {
-    const char letter = Small(mask[at]);
-    if (!IsDateLetter(letter)) {
-      text += mask[at++];
-      continue;
-    }
-    std::size_t run = 0;
-    for (; at < mask.size() && Small(mask[at]) == letter; ++at) ++run;
-    if (letter == 'y') {
-      run > 2 ? AppendNumber(text, parts.year, 4) : AppendNumber(text, parts.year % 100, 2);
-    } else {
-      AppendNumber(text, letter == 'd' ? parts.day : parts.month, run);
-    }
-  }
-  return text;
-}
-
 // The digits of a whole number; those beyond the significant ones are zeros, 0 has none.
 std::string WholeDigits(const Digits& digits) {
   std::string text(digits.view());
@@ -88,15 +68,37 @@ std::string FormatNumber(double number, std::string_view mask) {
 Value Format(const Value& value, std::string_view mask) {
   if (value.IsNull()) return Null{};
   if (mask.empty()) return CStr(value);
-  if (std::ranges::any_of(mask, IsDateLetter)) {
-    const std::optional<Date> date = value.IsText() ? ReadDateOrSerial(value.Text()) : CDate(value);
-    return date ? Value(FormatDate(*date, mask)) : value;
-  }
   if (!value.IsText()) return FormatNumber(CDbl(value), mask);
   double number = 0;
   return ReadNumber(value.Text(), number) == 0 ? Value(FormatNumber(number, mask)) : value;
 }
 
 std::string FormatText(const Value& value, std::string_view mask) { return CStr(Format(value, mask)); }
+
+std::string FormatDate(Date date, std::string_view mask) {
+  const DateParts parts = PartsOf(date);
+  std::string text;
+  for (std::size_t at = 0; at < mask.size();) {
+    const char letter = Small(mask[at]);
+    if (!IsDateLetter(letter)) {
+      text += mask[at++];
+      continue;
+    }
+    std::size_t run = 0;
+    for (; at < mask.size() && Small(mask[at]) == letter; ++at) ++run;
+    if (letter == 'y') {
+      run > 2 ? AppendNumber(text, parts.year, 4) : AppendNumber(text, parts.year % 100, 2);
+    } else {
+      AppendNumber(text, letter == 'd' ? parts.day : parts.month, run);
+    }
+  }
+  return text;
+}
+
+Value FormatDate(const Value& value, std::string_view mask, YearWindow window) {
+  if (value.IsNull()) return Null{};
+  const std::optional<Date> date = value.IsText() ? ReadDateOrSerial(value.Text(), window) : CDate(value, window);
+  return date ? Value(FormatDate(*date, mask)) : value;
+}
 
 }  // namespace zendara

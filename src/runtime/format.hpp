@@ -8,8 +8,6 @@
 
 namespace zendara {
 
-// Date masks are made of d/dd, m/mm, yy/yyyy in any case and separators: a date, a number (serial) or a text that CDate
-// reads is formatted, another text comes back unchanged, the empty text is empty.
 // Numeric masks are made of 0, blanks and up to three sections (positive; negative; zero): a number or a text that
 // reads as one by CDbl is rounded half away from zero and formatted, another text comes back unchanged. The rounded
 // number chooses the section; an empty section is the first, with "-" for negatives. Without a mask, as CStr.
@@ -17,5 +15,11 @@ namespace zendara {
 Value Format(const Value& value, std::string_view mask);
 // The same where a text is needed: Null is error 94.
 std::string FormatText(const Value& value, std::string_view mask);
+
+// Date masks are made of d/dd, m/mm, yy/yyyy in any case and separators.
+std::string FormatDate(Date date, std::string_view mask);
+// A date, a number (serial) or a text that CDate reads is formatted, another text comes back unchanged, the empty text
+// is empty, Null gives Null.
+Value FormatDate(const Value& value, std::string_view mask, YearWindow window);
 
 }  // namespace zendara

@@ -1,10 +1,7 @@
 // Readings of texts that report a failure instead of throwing it.
 #pragma once
 
-#include <optional>
 #include <string_view>
-
-#include "zendara/value.hpp"
 
 namespace zendara {
 
@@ -12,8 +9,5 @@ constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // As CDbl of a text: 0 and `number` set, or the number of the error (6 or 13).
 int ReadNumber(std::string_view text, double& number);
-
-// As CDate of a text: ReadDate, then a number that is a serial.
-std::optional<Date> ReadDateOrSerial(std::string_view text);
 
 }  // namespace zendara

@@ -20,12 +20,12 @@ std::string WithBars(const std::string& text, int day_digits) {
 
 }  // namespace
 
-std::string FormatoFecha(TextField& control, Dialogs& dialogs) {
+std::string FormatoFecha(TextField& control, Dialogs& dialogs, YearWindow window) {
   std::string text = control.Text();
   if (text.empty()) return {};
 
   // Any order of the parts: a day of one digit, typed without its zero, gets through here.
-  if (!ReadDate(Mid(text, 1, 2) + "/" + Mid(text, 3, 2) + "/" + Mid(text, 5))) {
+  if (!ReadDate(Mid(text, 1, 2) + "/" + Mid(text, 3, 2) + "/" + Mid(text, 5), window)) {
     dialogs.Show({.text = "  Fecha incorrecta"});
     control.SetText("");
     control.SetFocus();
@@ -44,7 +44,7 @@ std::string FormatoFecha(TextField& control, Dialogs& dialogs) {
     return {};
   }
   const std::string written = WithBars(text, length - 4);
-  const auto date = ReadDateStrict(written);
+  const auto date = ReadDateStrict(written, window);
   if (!date) {
     Warn(written + " ,Fecha Incorrecta", dialogs);
     return {};

@@ -78,7 +78,8 @@ class Calculo {
     std::size_t columna = kPersonalGeneral;
     const Value& nacimiento = e_.FechaNacimiento;
     if (!nacimiento.IsNull() && !(nacimiento.IsText() && nacimiento.Text().empty())) {
-      d_.edad = AnoFin(condiciones_.ano) - static_cast<int>(Year(nacimiento).Number());
+      const int fin = AnoFin(condiciones_.ano);
+      d_.edad = fin - static_cast<int>(Year(nacimiento, WindowOfBirths(fin % 100)).Number());
       if (d_.edad > kEdadMayor) columna = kPersonalMayor65;
     }
     if (e_.GradoMinusvalia == "1" || e_.GradoMinusvalia == "2") columna = kPersonalGrado12;
@@ -154,19 +155,17 @@ class Calculo {
 
   // Row of the scale for the base, -1 for none: a base that equals the last limit finds none.
   int FilaEscala() const {
-    int tomada = -1;
     int ultima = -1;
     for (int fila = 0; fila < static_cast<int>(kFilasEscala); ++fila) {
       const double limite = CeldaEscala(fila, 0);
-      if (limite != 0) ultima = fila;
       if (base_ < limite) {
-        if (fila == 0) throw RuntimeError(kSubscriptOutOfRange);
-        tomada = fila - 1;
-        break;
+        // The bracket would be the row before the first one, whose columns do not exist.
+        if (fila == 0) throw RuntimeError(kItemNotFound);
+        return fila - 1;
       }
+      if (limite != 0) ultima = fila;
     }
-    const bool sin_tipo = tomada < 0 || CeldaEscala(tomada, 2) == 0;
-    return sin_tipo && ultima >= 0 && CeldaEscala(ultima, 0) < base_ ? ultima : tomada;
+    return ultima >= 0 && CeldaEscala(ultima, 0) < base_ ? ultima : -1;
   }
 
   void Escala() {
@@ -260,7 +259,9 @@ class Calculo {
 
 }  // namespace
 
-int AnoFin(std::string_view ano) { return static_cast<int>(Year(Value("31/12/20" + std::string(ano))).Number()); }
+int AnoFin(std::string_view ano) {
+  return static_cast<int>(Year(Value("31/12/20" + std::string(ano)), YearWindow{}).Number());
+}
 
 DesgloseIRPF CalculaTipoIRPF(const EntradasIRPF& entradas, const ParametrosIRPF& parametros,
                              const CondicionesIRPF& condiciones) {

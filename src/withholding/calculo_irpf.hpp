@@ -29,7 +29,7 @@ struct EntradasIRPF {
   std::string SituacionFamiliar;   // "1", "2", "3"
   std::string GradoMinusvalia;     // "0" to "3"
   std::string CeutaMelilla;        // only "S" has an effect
-  Value FechaNacimiento;           // Null or empty: no age
+  Value FechaNacimiento;           // Null or empty: no age; two digits of a year end with the working year
   std::string RetribucionesAnuales;
   std::string RentasIrregulares;
   std::string GastosAnuales;
@@ -92,7 +92,7 @@ struct DesgloseIRPF {
 int AnoFin(std::string_view ano);
 
 // `tipo` is the rate: decimal comma, at most two decimals, "0" when nothing is to be withheld. Run-time errors of the
-// calculation go to the caller: 9 when the scale does not start at 0 and the base lies below it, 6 on overflow, 13 when
+// calculation go to the caller: 3265 when the scale does not start at 0 and the base lies below it, 6 on overflow, 13 when
 // the date of birth is no date.
 DesgloseIRPF CalculaTipoIRPF(const EntradasIRPF& entradas, const ParametrosIRPF& parametros,
                              const CondicionesIRPF& condiciones);

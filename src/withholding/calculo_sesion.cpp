@@ -1,23 +1,9 @@
 #include "withholding/calculo_sesion.hpp"
 
 #include "frame/catalogo.hpp"
-#include "platform/form/form.hpp"
-#include "withholding/entradas_irpf.hpp"
 #include "withholding/explicacion.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
-namespace {
-
-EntradasIRPF LeeEntradas(const Sesion& sesion, const CondicionesIRPF& condiciones) {
-  if (!sesion.FormActivo) throw RuntimeError(kObjectNotSet);
-  if (const auto* pantalla = dynamic_cast<const PantallaIRPF*>(sesion.FormActivo)) {
-    return LeeDatosPantalla(*pantalla, condiciones.ano, condiciones.regularizacion);
-  }
-  return LeeDatosRegistro(sesion.Tabla(kTrabajadoresFijo), condiciones.ano);
-}
-
-}  // namespace
 
 std::vector<BoxDetail> CalculoSesion::Detalle() const {
   std::vector<BoxDetail> detalle;
@@ -27,12 +13,12 @@ std::vector<BoxDetail> CalculoSesion::Detalle() const {
   return detalle;
 }
 
-CalculoSesion CalculaTipoIRPF(const Sesion& sesion, bool regularizacion) {
+CalculoSesion CalculaTipoIRPF(const Sesion& sesion, const PantallaIRPF& pantalla, bool regularizacion) {
   CalculoSesion calculo;
   calculo.condiciones = {
       .ano = sesion.AnoTrabajo.str(), .pesetas = sesion.TextoRetorno == "P", .regularizacion = regularizacion};
   calculo.parametros = LeeParametrosIRPF(sesion.Tabla(kIRPF));
-  calculo.entradas = LeeEntradas(sesion, calculo.condiciones);
+  calculo.entradas = LeeDatosPantalla(pantalla, calculo.condiciones.ano, regularizacion);
   calculo.desglose = CalculaTipoIRPF(calculo.entradas, calculo.parametros, calculo.condiciones);
   return calculo;
 }

@@ -5,6 +5,7 @@
 
 #include "frame/sesion.hpp"
 #include "withholding/calculo_irpf.hpp"
+#include "withholding/entradas_irpf.hpp"
 #include "zendara/ports.hpp"
 
 namespace zendara {
@@ -19,9 +20,8 @@ struct CalculoSesion {
   std::vector<BoxDetail> Detalle() const;
 };
 
-// The parameters are the row on which slot 404 stands. The inputs are those of FormActivo where it shows a worker
-// (PantallaIRPF), otherwise the row on which slot 402 stands. Writes nothing. Errors go to the caller: 91 when
-// FormActivo is nothing, 3021 without a row, and those of the calculation.
-CalculoSesion CalculaTipoIRPF(const Sesion& sesion, bool regularizacion);
+// The inputs are what `pantalla` shows, the parameters the row on which slot 404 stands. Writes nothing. Errors go to
+// the caller: 3021 without a row, and those of the calculation.
+CalculoSesion CalculaTipoIRPF(const Sesion& sesion, const PantallaIRPF& pantalla, bool regularizacion);
 
 }  // namespace zendara

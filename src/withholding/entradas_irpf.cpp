@@ -2,7 +2,6 @@
 
 #include <functional>
 
-#include "runtime/format.hpp"
 #include "values/valor_numero.hpp"
 
 namespace zendara {
@@ -39,7 +38,6 @@ EntradasIRPF Lee(const std::function<std::string(int ordinal)>& campo, std::stri
   entradas.RentasIrregulares = campo(kRentasIrregulares);
   entradas.GastosAnuales = campo(kGastosAnuales);
   entradas.CeutaMelilla = campo(kCeutaMelilla);
-  entradas.FechaNacimiento = campo(kFechaNacimiento);
 
   const int ano_fin = AnoFin(ano);
   for (std::size_t r = 0; r < kFilasFamilia; ++r) {
@@ -65,6 +63,7 @@ ParametrosIRPF LeeParametrosIRPF(Recordset& irpf) {
 EntradasIRPF LeeDatosRegistro(Recordset& trabajadores_fijo, std::string_view ano) {
   const auto campo = [&](int ordinal) { return TextoNoNulo(trabajadores_fijo.Fields(ordinal).Get()); };
   EntradasIRPF entradas = Lee(campo, ano);
+  entradas.FechaNacimiento = trabajadores_fijo.Fields(kFechaNacimiento).Get();
   entradas.Anualidades = campo(kAnualidadesRegistro);  // not Campo79, where the screen saves them
   entradas.RetribucionesAcumuladas = campo(kRetribucionesAcumuladas);
   entradas.RetencionAcumulada = campo(kRetencionAcumulada);
@@ -73,7 +72,7 @@ EntradasIRPF LeeDatosRegistro(Recordset& trabajadores_fijo, std::string_view ano
 
 EntradasIRPF LeeDatosPantalla(const PantallaIRPF& pantalla, std::string_view ano, bool regularizacion) {
   EntradasIRPF entradas = Lee([&](int ordinal) { return pantalla.TextoColumna(ordinal); }, ano);
-  entradas.FechaNacimiento = Format(entradas.FechaNacimiento, "dd/mm/yyyy");
+  entradas.FechaNacimiento = pantalla.TextoColumna(kFechaNacimiento);
   entradas.Anualidades = pantalla.TextoColumna(kAnualidades);
   if (!regularizacion) return entradas;
   using Cifra = CifraRegularizacion;

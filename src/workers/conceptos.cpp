@@ -91,7 +91,8 @@ class Transferencia {
     if (situaciones.RecordCount() == 0) return false;
     situaciones.Seek({nueva_.trabajador, anterior_});
     if (situaciones.NoMatch()) return false;
-    const std::string fin = TextoNoNulo(Format(situaciones.Fields(kColumnaFinSituacion).Get(), "dd/mm/yy"));
+    const std::string fin =
+        TextoNoNulo(FormatDate(situaciones.Fields(kColumnaFinSituacion).Get(), "dd/mm/yy", sesion_.VentanaFechas));
     mes_anterior_ = MesDe(fin);
     ano_anterior_ = AnoDe(fin);
     return true;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "runtime/date.hpp"
 #include "runtime/format.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
@@ -83,6 +84,10 @@ Control* FichaTrabajador::Campo(int indice) const {
   return Check1.Find(indice);
 }
 
+YearWindow FichaTrabajador::Ventana(int indice) const {
+  return indice == campo::kFechaNacimiento ? sesion_.VentanaNacimientos : sesion_.VentanaFechas;
+}
+
 std::string FichaTrabajador::SeisDigitos(const std::string& fecha) {
   return fecha.empty() ? fecha : Mid(fecha, 1, 2) + Mid(fecha, 4, 2) + Right(fecha, 2);
 }
@@ -98,7 +103,7 @@ void FichaTrabajador::Pon(int indice, const Value& valor) {
     case TipoCampo::kTexto: {
       TextBox& texto = Text1(indice);
       if (campo->Tiene(kFecha)) {
-        const std::string fecha = valor.IsNull() ? std::string() : Trim(FormatText(valor, "dd/mm/yy"));
+        const std::string fecha = Trim(TextoNoNulo(FormatDate(valor, "dd/mm/yy", Ventana(indice))));
         texto.SetText(texto.HasFocus() ? SeisDigitos(fecha) : fecha);
       } else {
         texto.SetText(TextoNoNulo(valor));
@@ -127,7 +132,11 @@ Value FichaTrabajador::Valor(int indice) const {
   if (!campo) return Texto(indice);
   const std::string texto = Trim(Texto(indice));
   if (!campo->Tiene(kFecha)) return texto;
-  return texto.empty() ? Value() : FormatText(texto, "DD/MM/YY");
+  if (texto.empty()) return {};
+  const auto mostrado = mostrado_.find(indice);
+  if (mostrado != mostrado_.end() && mostrado->second.texto == TextoLlano(indice)) return mostrado->second.valor;
+  const auto fecha = ReadDate(texto, Ventana(indice));
+  return fecha ? Value(*fecha) : Value(texto);
 }
 
 std::string FichaTrabajador::TextoLlano(int indice) const {

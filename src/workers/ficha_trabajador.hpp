@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/sesion.hpp"
 #include "platform/form/form.hpp"
 #include "workers/campos_trabajador.hpp"
 #include "zendara/record_engine.hpp"
@@ -14,9 +15,9 @@ namespace zendara {
 // The arrays that share the index space; the screen owns them.
 class FichaTrabajador {
  public:
-  FichaTrabajador(ControlArray<TextBox>& text1, ControlArray<ComboBox>& combo1, ControlArray<CheckBox>& check1,
-                  ControlArray<Grid>& grid1)
-      : Text1(text1), Combo1(combo1), Check1(check1), Grid1(grid1) {}
+  FichaTrabajador(const Sesion& sesion, ControlArray<TextBox>& text1, ControlArray<ComboBox>& combo1,
+                  ControlArray<CheckBox>& check1, ControlArray<Grid>& grid1)
+      : sesion_(sesion), Text1(text1), Combo1(combo1), Check1(check1), Grid1(grid1) {}
 
   // Adds the controls of the table, with labels and lengths, and the two grids.
   void CreaControles();
@@ -25,7 +26,8 @@ class FichaTrabajador {
   // takes a value that is none of its codes as one more, so that saving does not lose it. Error 380 for a mark that is
   // not 0 to 2.
   void Pon(int indice, const Value& valor);
-  // The other way: what the column takes of a field or cell. Texts of fields are trimmed, an empty date is Null.
+  // The other way: what the column takes of a field or cell. Texts of fields are trimmed, an empty date is Null, and one
+  // that nobody changed is as it is stored, with its century.
   Value Valor(int indice) const;
   // What stands in a field or cell, to the letter.
   std::string Texto(int indice) const;
@@ -47,6 +49,8 @@ class FichaTrabajador {
 
   // The field of that index, of whatever kind; nullptr for a cell or no field.
   Control* Campo(int indice) const;
+  // What two-digit years mean in that field.
+  YearWindow Ventana(int indice) const;
   // A date as it is edited: its six digits.
   static std::string SeisDigitos(const std::string& fecha);
 
@@ -61,6 +65,7 @@ class FichaTrabajador {
   // As it stands there, but that a date which is being edited is the same as at rest.
   std::string TextoLlano(int indice) const;
 
+  const Sesion& sesion_;
   ControlArray<TextBox>& Text1;
   ControlArray<ComboBox>& Combo1;
   ControlArray<CheckBox>& Check1;

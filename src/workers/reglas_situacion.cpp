@@ -21,7 +21,9 @@ constexpr std::string_view kAbarca =
     "El intervalo de la situación no es valido ya que abarcaria al intervalo correspondiente a la situación ";
 
 // Days from `desde` to `hasta`.
-double Dias(const std::string& desde, const std::string& hasta) { return CDbl(DateDiffDays(desde, hasta)); }
+double Dias(const std::string& desde, const std::string& hasta, YearWindow ventana) {
+  return CDbl(DateDiffDays(desde, hasta, ventana));
+}
 
 FaltaSituacion Falta(std::string_view mensaje, const IntervaloSituacion& otra, int campo) {
   return {std::string(mensaje) + otra.numero, BoxIcon::kExclamation, campo};
@@ -31,20 +33,22 @@ FaltaSituacion SinFinalizar(std::string_view principio, const IntervaloSituacion
   return {std::string(principio) + otra.numero + " no esta finalizada", BoxIcon::kInformation, kSinCampo};
 }
 
-std::optional<FaltaSituacion> ComparaConAbierta(const IntervaloSituacion& nueva, const IntervaloSituacion& otra) {
-  if (Dias(nueva.inicio, otra.inicio) <= 0) return SinFinalizar(kLaNueva, otra);
-  if (!nueva.fin.empty() && Dias(nueva.fin, otra.inicio) <= 0) return SinFinalizar(kUnaNueva, otra);
+std::optional<FaltaSituacion> ComparaConAbierta(const IntervaloSituacion& nueva, const IntervaloSituacion& otra,
+                                                YearWindow ventana) {
+  if (Dias(nueva.inicio, otra.inicio, ventana) <= 0) return SinFinalizar(kLaNueva, otra);
+  if (!nueva.fin.empty() && Dias(nueva.fin, otra.inicio, ventana) <= 0) return SinFinalizar(kUnaNueva, otra);
   return std::nullopt;
 }
 
-std::optional<FaltaSituacion> ComparaConCerrada(const IntervaloSituacion& nueva, const IntervaloSituacion& otra) {
+std::optional<FaltaSituacion> ComparaConCerrada(const IntervaloSituacion& nueva, const IntervaloSituacion& otra,
+                                                YearWindow ventana) {
   const auto dentro = [&](const std::string& fecha) {
-    return Dias(fecha, otra.inicio) <= 0 && Dias(fecha, otra.fin) >= 0;
+    return Dias(fecha, otra.inicio, ventana) <= 0 && Dias(fecha, otra.fin, ventana) >= 0;
   };
   if (dentro(nueva.inicio)) return Falta(kInicioDentro, otra, campo::kFechaInicio);
   if (nueva.fin.empty()) return std::nullopt;
   if (dentro(nueva.fin)) return Falta(kFinDentro, otra, campo::kFechaFin);
-  if (Dias(nueva.inicio, otra.inicio) >= 0 && Dias(nueva.fin, otra.fin) <= 0) {
+  if (Dias(nueva.inicio, otra.inicio, ventana) >= 0 && Dias(nueva.fin, otra.fin, ventana) <= 0) {
     return Falta(kAbarca, otra, campo::kFechaInicio);
   }
   return std::nullopt;
@@ -52,12 +56,13 @@ std::optional<FaltaSituacion> ComparaConCerrada(const IntervaloSituacion& nueva,
 
 }  // namespace
 
-std::optional<FaltaSituacion> ComparaIntervalos(const IntervaloSituacion& nueva, const IntervaloSituacion& otra) {
+std::optional<FaltaSituacion> ComparaIntervalos(const IntervaloSituacion& nueva, const IntervaloSituacion& otra,
+                                                YearWindow ventana) {
   if (otra.numero == nueva.numero || otra.inicio == nueva.inicio) return std::nullopt;
-  return otra.fin.empty() ? ComparaConAbierta(nueva, otra) : ComparaConCerrada(nueva, otra);
+  return otra.fin.empty() ? ComparaConAbierta(nueva, otra, ventana) : ComparaConCerrada(nueva, otra, ventana);
 }
 
-FaltaContratos CompruebaFechasContratos(const FechasContratos& fechas) {
+FaltaContratos CompruebaFechasContratos(const FechasContratos& fechas, YearWindow ventana) {
   const auto ultima = fechas.end() - 1;
   const auto vacia = std::find(fechas.begin(), ultima, std::string());
   if (std::any_of(vacia, ultima, [](const std::string& fecha) { return !fecha.empty(); })) {
@@ -65,7 +70,8 @@ FaltaContratos CompruebaFechasContratos(const FechasContratos& fechas) {
   }
   for (auto fecha = fechas.begin(); fecha != ultima; ++fecha) {
     const std::string& siguiente = *(fecha + 1);
-    if (!fecha->empty() && !siguiente.empty() && Dias(*fecha, siguiente) <= 0) return FaltaContratos::kSolapados;
+    if (!fecha->empty() && !siguiente.empty() && Dias(*fecha, siguiente, ventana) <= 0)
+      return FaltaContratos::kSolapados;
   }
   return FaltaContratos::kNinguna;
 }

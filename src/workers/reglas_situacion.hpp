@@ -7,6 +7,7 @@
 #include <string>
 
 #include "zendara/ports.hpp"
+#include "zendara/value.hpp"
 
 namespace zendara {
 
@@ -27,12 +28,13 @@ struct FaltaSituacion {
 
 // Whether `nueva` may stand beside `otra`, another situación of the worker; all bounds include equality. Its own number
 // and rows of the same start are not compared, nor is an open `nueva` with a closed row that begins later.
-std::optional<FaltaSituacion> ComparaIntervalos(const IntervaloSituacion& nueva, const IntervaloSituacion& otra);
+std::optional<FaltaSituacion> ComparaIntervalos(const IntervaloSituacion& nueva, const IntervaloSituacion& otra,
+                                                YearWindow ventana);
 
 // Start and end of the three bonuses, in order.
 using FechasContratos = std::array<std::string, 6>;
 enum class FaltaContratos { kNinguna, kAnteriorAbierto, kSolapados };
 // No date after one that is missing (the last one is not looked at), and each later than the one before it.
-FaltaContratos CompruebaFechasContratos(const FechasContratos& fechas);
+FaltaContratos CompruebaFechasContratos(const FechasContratos& fechas, YearWindow ventana);
 
 }  // namespace zendara

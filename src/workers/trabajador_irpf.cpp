@@ -4,6 +4,7 @@
 #include "frame/bases_datos.hpp"
 #include "frame/catalogo.hpp"
 #include "platform/sql/literal.hpp"
+#include "runtime/format.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "values/formato_valor.hpp"
@@ -53,12 +54,19 @@ double Divide(double dividendo, double divisor) {
 
 }  // namespace
 
-std::string Trabajadores::TextoColumna(int ordinal) const { return ficha_.Texto(ordinal + kNumero); }
+std::string Trabajadores::TextoColumna(int ordinal) const {
+  const int indice = ordinal + kNumero;
+  if (indice != kFechaNacimiento) return ficha_.Texto(indice);
+  const Value fecha = ficha_.Valor(indice);
+  return fecha.IsDate() ? FormatDate(fecha.AsDate(), "dd/mm/yyyy") : ficha_.Texto(indice);
+}
 
 std::string Trabajadores::TextoCifra(Figura cifra) const { return Cifra(cifra).Text(); }
 
 std::optional<std::string> Trabajadores::TipoAceptado(bool regularizacion) {
-  const CalculoSesion calculo = CalculaTipoIRPF(sesion_, regularizacion);
+  // A screen opened from here and closed again leaves nothing there.
+  if (!sesion_.FormActivo) throw RuntimeError(kObjectNotSet);
+  const CalculoSesion calculo = CalculaTipoIRPF(sesion_, *this, regularizacion);
   const std::string& tipo = calculo.desglose.tipo;
   const BoxAnswer respuesta = Host().Boxes().Show({.text = "El Tipo Calculado es " + tipo + "\n ¿Quiere aplicarlo? ",
                                                    .buttons = BoxButtons::kYesNo,

@@ -40,7 +40,7 @@ void Trabajadores::SalidaCampo(int indice) {
   if (indice == kSituacion) return SalidaSituacion();
   CompletaOtrosCampos(indice);
   if (RechazaValor(indice)) return;
-  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Host().Boxes()));
+  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Host().Boxes(), ficha_.Ventana(indice)));
   if (indice == kFechaFin) CompruebaFechaFin();
   const bool segundo_contrato = indice == kTipo2 || indice == kInicioBonificacion2 || indice == kFinBonificacion2;
   if (segundo_contrato && !Vacio(indice) && Vacio(kTipo1)) {
@@ -99,7 +99,8 @@ void Trabajadores::SalidaSituacion() {
 // What other fields take from this one, and what they lose by it.
 void Trabajadores::CompletaOtrosCampos(int indice) {
   const auto propone = [&](int fecha) {
-    if (!Vacio(indice) && Vacio(fecha)) Text1(fecha).SetText(FormatoFecha(Text1(indice), Host().Boxes()));
+    if (Vacio(indice) || !Vacio(fecha)) return;
+    Text1(fecha).SetText(FormatoFecha(Text1(indice), Host().Boxes(), ficha_.Ventana(indice)));
   };
   const auto excluye = [&](int otro) {
     if (!Vacio(indice)) Text1(otro).SetText("");
@@ -171,7 +172,7 @@ void Trabajadores::CompruebaFechaFin() {
     Mensaje("Debe introducir antes la fecha de inicio de la situación");
     Text1(kFechaFin).SetText("");
     Text1(kFechaInicio).SetFocus();
-  } else if (CDbl(DateDiffDays(Texto(kFechaInicio), Texto(kFechaFin))) < 0) {
+  } else if (CDbl(DateDiffDays(Texto(kFechaInicio), Texto(kFechaFin), sesion_.VentanaFechas)) < 0) {
     Mensaje("La fecha de fin de situación no puede ser anterior a la de inicio");
     Text1(kFechaFin).SetFocus();
   }

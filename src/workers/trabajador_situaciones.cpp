@@ -68,7 +68,8 @@ void Trabajadores::BorraSituacion() {
 bool Trabajadores::ValidarFechasContratos() {
   const FaltaContratos falta = CompruebaFechasContratos(
       {TextoRecortado(kInicioBonificacion1), TextoRecortado(kFinBonificacion1), TextoRecortado(kInicioBonificacion2),
-       TextoRecortado(kFinBonificacion2), TextoRecortado(kInicioBonificacion3), TextoRecortado(kFinBonificacion3)});
+       TextoRecortado(kFinBonificacion2), TextoRecortado(kInicioBonificacion3), TextoRecortado(kFinBonificacion3)},
+      sesion_.VentanaFechas);
   switch (falta) {
     case FaltaContratos::kAnteriorAbierto:
       Mensaje("No se puede registrar un nuevo contrato hasta que el anterior ha finalizado");
@@ -94,7 +95,7 @@ bool Trabajadores::ValidarIntervaloSituacion() {
   Recordset& filas = *sesion_.RsAuxiliar;
   const auto texto = [&](int columna) { return TextoNoNulo(filas.Fields(columna).Get()); };
   for (; !filas.Eof(); filas.MoveNext()) {
-    const auto falta = ComparaIntervalos(nueva, {texto(0), texto(1), texto(2)});
+    const auto falta = ComparaIntervalos(nueva, {texto(0), texto(1), texto(2)}, sesion_.VentanaFechas);
     if (!falta) continue;
     Mensaje(falta->mensaje, falta->icono);
     if (falta->campo != kSinCampo) Text1(falta->campo).SetFocus();

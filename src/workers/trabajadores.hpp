@@ -121,7 +121,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   ControlArray<CheckBox> Check1{*this, "Check1"};
   ControlArray<Grid> Grid1{*this, "Grid1"};
   ControlArray<TextBox> Text2{*this, "Text2"};  // figures of a regularisation
-  FichaTrabajador ficha_{Text1, Combo1, Check1, Grid1};
+  FichaTrabajador ficha_{sesion_, Text1, Combo1, Check1, Grid1};
   Navegacion navegacion_{sesion_, kTrabajadoresFijo};
   Label lbDescripcion{*this, "lbDescripcion"};
 

@@ -10,13 +10,17 @@ namespace {
 
 using testing::HasSubstr;
 
-// A scale of 10 % up to a million and 30 % from there, no reductions, a limit of half a million.
+// A scale of 10 % up to a million and 30 % from there, no reductions, a limit of half a million and 600,000 off
+// for those over 65.
 class RateTest : public CommandFolder {
  protected:
   RateTest() {
     Create();
     EXPECT_EQ(
-        Load("IRPF", "Campo0,Campo1,Campo2,Campo4,Campo5,Campo6,Campo34\n0,0,10,1000000,100000,30,500000\n").status, 0);
+        Load("IRPF",
+             "Campo0,Campo1,Campo2,Campo4,Campo5,Campo6,Campo34,Campo58\n0,0,10,1000000,100000,30,500000,600000\n")
+            .status,
+        0);
     const Outcome load = Load("TrabajadoresFijo",
                               "Campo0,Campo1,Campo2,Campo3,Campo22,Campo75\n"
                               "00010,Peña,,Íñigo,3,2000000\n"
@@ -56,6 +60,16 @@ TEST_F(RateTest, Text) {
   const Outcome explain = RunHere({"rate"}, {"--worker", "3", "--explain"});
   EXPECT_THAT(explain.out, testing::StartsWith("00003  Ruiz Sanz Ana\n"));
   EXPECT_THAT(explain.out, HasSubstr("16,66"));
+}
+
+TEST_F(RateTest, BirthsKeepTheirCentury) {
+  ASSERT_EQ(Load("TrabajadoresFijo",
+                 "Campo0,Campo19,Campo22,Campo75\n00004,1925-03-05,3,1500000\n00005,1895-03-05,3,1500000\n")
+                .status,
+            0);
+  for (const char* worker : {"4", "5"}) {
+    EXPECT_THAT(RunHere({"rate"}, {"--format", "csv", "--worker", worker}).out, HasSubstr(",6\r\n")) << worker;
+  }
 }
 
 TEST_F(RateTest, OneWorkersErrorDoesNotStopTheOthers) {

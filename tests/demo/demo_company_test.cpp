@@ -204,7 +204,7 @@ TEST(DemoWorkers, FillEveryTextAndFitTheirColumns) {
     const auto& columns = StoredTable(FileKind::kCompany, table)->columns;
     for (std::size_t i = 0; i < row.size(); ++i) {
       ASSERT_EQ(row[i].IsText(), columns[i].type == ColumnType::kText) << table << " " << T(row[0]) << " Campo" << i;
-      ASSERT_EQ(ErrorOf([&] { ConvertForColumn(row[i], columns[i]); }), 0) << table << " Campo" << i << T(row[i]);
+      ASSERT_EQ(ErrorOf([&] { ConvertForColumn(row[i], columns[i], {}); }), 0) << table << " Campo" << i << T(row[i]);
     }
   };
   for (const std::uint64_t seed : {1, 2, 3}) {

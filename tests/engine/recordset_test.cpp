@@ -315,6 +315,28 @@ TEST_P(RecordsetContract, RandomWalksAgreeWithASortedVector) {
   EXPECT_GT(next_key, 500);
 }
 
+// Texts that are assigned, keys, dates of statements, and what a clone takes over; each handle on a file for itself.
+TEST_P(RecordsetContract, TwoDigitYearsFollowTheWindowOfTheDatabase) {
+  const auto other = engine->Workspaces(0)->OpenDatabase(Path("Prueba.MDB"));
+  db->SetYearWindow({2001});
+  const auto years = [](Database& database, YearWindow window) {
+    const auto rs = database.OpenRecordset("Gente", RecordsetType::kTable);
+    EXPECT_EQ(rs->Years(), window);
+    const auto clone = rs->Clone();
+    clone->SetIndex("ICampo1_2");
+    for (Recordset* writer : {rs.get(), clone.get()}) {
+      Add(*writer, {"00001", "x", "05/03/25"});
+      clone->Seek({"x", "05/03/25"});
+      EXPECT_EQ(clone->Fields(2).Get(), Value(*MakeDate(FullYear(25, window), 3, 5)));
+      EXPECT_FALSE(database.OpenRecordset("SELECT * FROM Gente WHERE Campo2 = #03/05/25#")->Eof());
+      database.Execute("DELETE * FROM Gente WHERE Campo2 = #03/05/25#");
+      EXPECT_EQ(rs->RecordCount(), 0);
+    }
+  };
+  years(*db, {2001});
+  years(*other, {2029});
+}
+
 TEST_P(RecordsetContract, TablesWithoutAPrimaryKeyComeInTheOrderOfWriting) {
   db->CreateTable({"Listado",
                    {{"Campo0", ColumnType::kText, 255}, {"Campo1", ColumnType::kText, 255}},

@@ -92,6 +92,7 @@ TEST_F(Component, TheSessionIsReadInOrderThenTheScreenIsShownThenTheMarkGoesBack
 }
 
 TEST_F(Component, TheWorkingYearIsTheLastTwoCharactersAndMovesTheWindowOfTwoDigitYears) {
+  tablas.items[402] = std::make_shared<FakeRecordset>(diary, "t");
   struct Case {
     Value ejercicio;
     const char* ano;
@@ -108,6 +109,10 @@ TEST_F(Component, TheWorkingYearIsTheLastTwoCharactersAndMovesTheWindowOfTwoDigi
     Carga("");
     EXPECT_EQ(sesion.AnoTrabajo.str(), c.ano);
     EXPECT_EQ(PartsOf(sesion.FechaSesion).year, c.year_of_45) << c.ano;
+    // What the host hands over reads as the session does.
+    for (const YearWindow window : {bd->Years(), be->Years(), tablas.items[402]->Years()}) {
+      EXPECT_EQ(FullYear(45, window), c.year_of_45);
+    }
   }
 }
 

@@ -41,7 +41,7 @@ constexpr int kLastDay = 1400;  // of those that sessions type: years 00 to 03
 // Days from 01/01/00, as six digits.
 std::string Day(int day) {
   constexpr double kFirst = 36526;
-  return FormatText(Date{kFirst + day}, "ddmmyy");
+  return FormatDate(Date{kFirst + day}, "ddmmyy");
 }
 
 class Clerk {

@@ -10,19 +10,13 @@
 namespace zendara {
 namespace {
 
-TEST(Format, Masks) {
-  const Value date = Date{36955};
+TEST(Format, Numbers) {
   struct {
     Value value;
     const char *mask, *text;
   } rows[] = {
       // clang-format off
-      {date, "dd/mm/yy", "05/03/01"},     {date, "DD/MM/YY", "05/03/01"},     {date, "mm/dd/yy", "03/05/01"},
-      {date, "dd/MM/yyyy", "05/03/2001"}, {date, "mm/dd/yyyy", "03/05/2001"}, {date, "d-m", "5-3"},
-      {Date{36955.75}, "dd/mm/yy", "05/03/01"},       {36955, "dd/mm/yy", "05/03/01"},
-      {"5/3/1", "dd/mm/yy", "05/03/01"},  {"29/02/01", "dd/mm/yy", "01/02/29"},
-      {"010203", "dd/mm/yy", "07/12/27"}, {"abc", "dd/mm/yy", "abc"},         {"9999999", "dd/mm/yy", "9999999"},
-      {"", "dd/mm/yy", ""},   {7, "00000;; ", "00007"},           {0, "00000;; ", " "},   {-1, "00000;; ", "-00001"},
+      {7, "00000;; ", "00007"},           {0, "00000;; ", " "},   {-1, "00000;; ", "-00001"},
       {7, "000;;", "007"},    {0, "000;;", "000"},    {-1, "000;;", "-001"},  {7, "000;", "007"},
       {0, "000;", "000"},     {-1, "000;", "-001"},   {0, "000;; ", " "},     {-1, "000;; ", "-001"},
       {7, "00;; ", "07"},     {0, "00;; ", " "},      {0, "00000", "00000"},  {7, "00", "07"},        {-1, "00", "-01"},
@@ -34,12 +28,28 @@ TEST(Format, Masks) {
       // clang-format on
   };
   for (const auto& row : rows) EXPECT_EQ(FormatText(row.value, row.mask), row.text) << row.mask;
+  EXPECT_TRUE(Format(Null{}, "00").IsNull());
+  EXPECT_EQ(ErrorOf([] { FormatText(Null{}, "00"); }), kInvalidUseOfNull);
 }
 
-TEST(Format, Failures) {
-  EXPECT_TRUE(Format(Null{}, "dd/mm/yy").IsNull());
-  EXPECT_EQ(ErrorOf([] { FormatText(Null{}, "00"); }), kInvalidUseOfNull);
-  EXPECT_EQ(ErrorOf([] { Format(1e300, "dd/mm/yy"); }), kOverflow);
+TEST(Format, Dates) {
+  const Date date{36955};
+  struct {
+    Value value;
+    const char *mask, *text;
+  } rows[] = {
+      // clang-format off
+      {date, "dd/mm/yy", "05/03/01"},     {date, "DD/MM/YY", "05/03/01"},     {date, "mm/dd/yy", "03/05/01"},
+      {date, "dd/MM/yyyy", "05/03/2001"}, {date, "mm/dd/yyyy", "03/05/2001"}, {date, "d-m", "5-3"},
+      {Date{36955.75}, "dd/mm/yy", "05/03/01"},       {36955, "dd/mm/yy", "05/03/01"},
+      {"5/3/1", "dd/mm/yy", "05/03/01"},  {"29/02/01", "dd/mm/yy", "01/02/29"},
+      {"010203", "dd/mm/yy", "07/12/27"}, {"abc", "dd/mm/yy", "abc"},         {"9999999", "dd/mm/yy", "9999999"},
+      {"", "dd/mm/yy", ""},
+      // clang-format on
+  };
+  for (const auto& row : rows) EXPECT_EQ(FormatDate(row.value, row.mask, {}), Value(row.text)) << row.mask;
+  EXPECT_TRUE(FormatDate(Null{}, "dd/mm/yy", {}).IsNull());
+  EXPECT_EQ(ErrorOf([] { FormatDate(1e300, "dd/mm/yy", {}); }), kOverflow);
 }
 
 TEST(Null, Comparisons) {

@@ -44,6 +44,13 @@ show Text1(1) Text2(4)
 key Alt+Left
 sql Nom00001.MDB "SELECT Campo44 FROM TrabajadoresVar WHERE Campo0='00015'"
 
+# Born in 1925, not in 2025: the minimum of those over 65.
+focus Text1(20)
+key Home
+key Shift+End
+type "050325"
+click CmdCalcular
+
 # On an emptied screen nobody gets the figures.
 click Cancela
 focus Text1(135)

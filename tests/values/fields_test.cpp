@@ -36,7 +36,7 @@ TEST(FormatoFecha, TurnsDigitsIntoADate) {
   for (const auto& c : cases) {
     FakeField field(c.typed);
     FakeDialogs dialogs;
-    EXPECT_EQ(FormatoFecha(field, dialogs), c.date) << c.typed;
+    EXPECT_EQ(FormatoFecha(field, dialogs, {}), c.date) << c.typed;
     EXPECT_TRUE(dialogs.boxes.empty() && dialogs.beeps == 0 && field.focused == 0) << c.typed;
     EXPECT_EQ(field.text, c.typed);
   }
@@ -52,7 +52,7 @@ TEST(FormatoFecha, WarnsOfWhatIsNoDateInItsOrder) {
   for (const auto& c : cases) {
     FakeField field(c.typed);
     FakeDialogs dialogs;
-    EXPECT_EQ(FormatoFecha(field, dialogs), "") << c.typed;
+    EXPECT_EQ(FormatoFecha(field, dialogs, {}), "") << c.typed;
     ASSERT_EQ(dialogs.boxes.size(), 1u) << c.typed;
     const Box& box = dialogs.boxes[0];
     EXPECT_EQ(box.text, c.message);
@@ -66,7 +66,7 @@ TEST(FormatoFecha, EmptiesAFieldThatHoldsNoDateAtAll) {
   for (const char* typed : {"000000", "abc", "131313", "01/02/03", "5"}) {
     FakeField field(typed);
     FakeDialogs dialogs;
-    EXPECT_EQ(FormatoFecha(field, dialogs), "");
+    EXPECT_EQ(FormatoFecha(field, dialogs, {}), "");
     ASSERT_EQ(dialogs.boxes.size(), 1u) << typed;
     EXPECT_EQ(dialogs.boxes[0].text, "  Fecha incorrecta");
     EXPECT_TRUE(IsPlain(dialogs.boxes[0]));

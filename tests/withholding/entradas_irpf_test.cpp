@@ -44,7 +44,7 @@ class EntradasTest : public testing::Test {
 };
 
 TEST_F(EntradasTest, TakesEachFigureFromItsColumn) {
-  worker[19] = *MakeDate(1935, 3, 5);
+  worker[19] = *MakeDate(1925, 3, 5);
   worker[81] = Null{};
   worker[24] = 2;
   const EntradasIRPF e = Read();
@@ -55,7 +55,7 @@ TEST_F(EntradasTest, TakesEachFigureFromItsColumn) {
       {&e.GastosAnuales, "c77"},        {&e.Anualidades, "c48"},          {&e.CeutaMelilla, "c80"},
       {&e.RetribucionesAcumuladas, ""}, {&e.RetencionAcumulada, "c82"}};
   for (const auto& [figure, text] : figures) EXPECT_EQ(*figure, text);
-  EXPECT_EQ(e.FechaNacimiento, Value("05/03/35"));
+  EXPECT_EQ(e.FechaNacimiento, Value(*MakeDate(1925, 3, 5)));
 }
 
 TEST_F(EntradasTest, ReadsTheRowsOfTheFamily) {

@@ -42,6 +42,9 @@ class IrpfTest : public TrabajadoresTest {
 };
 
 TEST_F(IrpfTest, ComesFromWhatTheScreenShows) {
+  // Another screen that stands there changes nothing.
+  Form incidencias(host, "MIncidencias");
+  sesion.FormActivo = &incidencias;
   for (int numero = 1; numero <= kTrabajadoresDemo; ++numero) {
     SCOPED_TRACE(numero);
     Rellena(1, std::to_string(numero));

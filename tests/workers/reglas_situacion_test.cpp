@@ -40,7 +40,7 @@ TEST(ReglasSituacion, IntervalsMayNotOverlapAndBoundsCount) {
   };
   for (const auto& [nueva, otra, mensaje] : casos) {
     SCOPED_TRACE(nueva.inicio + "-" + nueva.fin + " beside " + otra.inicio + "-" + otra.fin);
-    const auto falta = ComparaIntervalos(nueva, otra);
+    const auto falta = ComparaIntervalos(nueva, otra, {});
     ASSERT_EQ(falta.has_value(), mensaje != nullptr);
     EXPECT_TRUE(!falta || falta->mensaje.starts_with(mensaje)) << falta->mensaje;
   }
@@ -64,7 +64,7 @@ TEST(ReglasSituacion, DatesOfContractsAreAChain) {
       {{"01/01/01", "31/01/01", "01/02/01", "", "", "31/03/01"}, kNinguna},
   };
   for (const auto& caso : casos)
-    EXPECT_EQ(CompruebaFechasContratos(caso.fechas), caso.falta) << "case " << &caso - casos;
+    EXPECT_EQ(CompruebaFechasContratos(caso.fechas, {}), caso.falta) << "case " << &caso - casos;
 }
 
 }  // namespace

@@ -73,7 +73,10 @@ class TrabajadoresTest : public testing::Test {
   }
   std::string Foco() { return pantalla->Focus() ? pantalla->Focus()->Id() : ""; }
   // What stands in a field or cell, whatever its control.
-  std::string Mostrado(int indice) { return pantalla->TextoColumna(indice - campo::kNumero); }
+  std::string Mostrado(int indice) {
+    // A date of birth has its century for the calculation.
+    return indice == campo::kFechaNacimiento ? Texto(indice) : pantalla->TextoColumna(indice - campo::kNumero);
+  }
   void VaciaTabla(int ranura) {
     Recordset& tabla = sesion.Tabla(ranura);
     if (tabla.RecordCount() == 0) return;

@@ -6,7 +6,6 @@
 #include "adapters/csv/csv.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/data_folder.hpp"
-#include "runtime/date.hpp"
 #include "runtime/null.hpp"
 #include "runtime/text.hpp"
 #include "withholding/calculo_irpf.hpp"
@@ -179,7 +178,6 @@ std::string WorkerName(Recordset& workers) {
 }  // namespace
 
 int Rate(const RateOptions& options, Console& console) {
-  SetWorkingYear(std::stoi(options.company.year));
   const DataFolder folder(options.company);
   const std::unique_ptr<Engine> engine = MakeSqliteEngine();
 

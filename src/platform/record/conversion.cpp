@@ -29,20 +29,20 @@ Value ToNumber(const Value& value) {
   }
 }
 
-Value ToDate(const Value& value) {
+Value ToDate(const Value& value, YearWindow window) {
   if (value.IsDate()) return value;
   if (value.IsNumber() && value.Number() >= kFirstSerial && value.Number() < kEndSerial) {
     return Value(Date{value.Number()});
   }
   if (value.IsText()) {
-    if (const auto date = ReadDate(value.Text())) return Value(*date);
+    if (const auto date = ReadDate(value.Text(), window)) return Value(*date);
   }
   throw RuntimeError(kDataConversion);
 }
 
 }  // namespace
 
-Value ConvertForColumn(const Value& value, const ColumnDef& column) {
+Value ConvertForColumn(const Value& value, const ColumnDef& column, YearWindow window) {
   if (value.IsNull()) return value;
   switch (column.type) {
     case ColumnType::kText:
@@ -50,7 +50,7 @@ Value ConvertForColumn(const Value& value, const ColumnDef& column) {
     case ColumnType::kNumber:
       return ToNumber(value);
     case ColumnType::kDate:
-      return ToDate(value);
+      return ToDate(value, window);
   }
   throw RuntimeError(kDataConversion);
 }

@@ -38,7 +38,7 @@ class TableRecordset final : public Recordset {
     for (std::size_t i = 0; i < keys.size(); ++i) {
       ColumnDef column = table.columns[static_cast<std::size_t>(columns[i])];
       column.width = 0;  // a key that is too long finds nothing
-      keys_.push_back(ConvertForColumn(keys[i], column));
+      keys_.push_back(ConvertForColumn(keys[i], column, Years()));
     }
     CancelUpdate();
     place_ = Place::kNone;
@@ -131,7 +131,11 @@ class TableRecordset final : public Recordset {
     if (!deleted) throw RuntimeError(kRecordDeleted);
   }
 
-  std::shared_ptr<Recordset> Clone() override { return std::make_shared<TableRecordset>(Cursor().Fork(), false); }
+  std::shared_ptr<Recordset> Clone() override {
+    auto clone = std::make_shared<TableRecordset>(Cursor().Fork(), false);
+    clone->SetYearWindow(Years());
+    return clone;
+  }
 
   zendara::Bookmark Bookmark() const override {
     RequireRow();
@@ -207,7 +211,7 @@ class TableRecordset final : public Recordset {
   void SetColumn(int ordinal, const Value& value) override {
     const ColumnDef& column = Columns()[static_cast<std::size_t>(ordinal)];
     if (pending_ == Pending::kNothing) throw RuntimeError(kUpdateWithoutEdit);
-    row_[static_cast<std::size_t>(ordinal)] = ConvertForColumn(value, column);
+    row_[static_cast<std::size_t>(ordinal)] = ConvertForColumn(value, column, Years());
   }
 
   std::unique_ptr<TableCursor> cursor_;  // none once closed

@@ -30,7 +30,8 @@ constexpr int kMaxDepth = 200;
 // Columns of a select list stand before the tables they belong to, so names are kept and resolved once FROM is read.
 class Parser {
  public:
-  Parser(std::string_view sql, const Catalogue& catalogue) : sql_(sql), catalogue_(catalogue), tokens_(Tokenize(sql)) {}
+  Parser(std::string_view sql, const Catalogue& catalogue, YearWindow window)
+      : sql_(sql), catalogue_(catalogue), tokens_(Tokenize(sql, window)) {}
 
   Select ParseSelect() {
     Select select;
@@ -376,8 +377,12 @@ class Parser {
 
 }  // namespace
 
-Select ParseSelect(std::string_view sql, const Catalogue& catalogue) { return Parser(sql, catalogue).ParseSelect(); }
+Select ParseSelect(std::string_view sql, const Catalogue& catalogue, YearWindow window) {
+  return Parser(sql, catalogue, window).ParseSelect();
+}
 
-Delete ParseDelete(std::string_view sql, const Catalogue& catalogue) { return Parser(sql, catalogue).ParseDelete(); }
+Delete ParseDelete(std::string_view sql, const Catalogue& catalogue, YearWindow window) {
+  return Parser(sql, catalogue, window).ParseDelete();
+}
 
 }  // namespace zendara::sql

@@ -12,11 +12,13 @@ namespace zendara::sql {
 // statement.
 using Catalogue = std::function<const TableDef*(std::string_view name)>;
 
+// `window`: what the two-digit years of dates mean.
+
 // One SELECT, or the name of a table for all of it. Errors: 3078 unknown table, 3061 unknown or doubtful column, 3421 a
 // comparison of different types, 3075 everything else.
-Select ParseSelect(std::string_view sql, const Catalogue& catalogue);
+Select ParseSelect(std::string_view sql, const Catalogue& catalogue, YearWindow window);
 
 // One DELETE * FROM table [WHERE ...], with the same errors.
-Delete ParseDelete(std::string_view sql, const Catalogue& catalogue);
+Delete ParseDelete(std::string_view sql, const Catalogue& catalogue, YearWindow window);
 
 }  // namespace zendara::sql

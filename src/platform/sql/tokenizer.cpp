@@ -40,21 +40,19 @@ std::optional<std::array<int, 3>> SplitDate(std::string_view text) {
   return parts;
 }
 
-int WholeYear(int year) { return year < 100 ? FullYear(year) : year; }
-
 // The language's own order, whatever the locale: month first, then year first, then day first.
-std::optional<Date> ReadLiteralDate(std::string_view text) {
+std::optional<Date> ReadLiteralDate(std::string_view text, YearWindow window) {
   const auto parts = SplitDate(text);
   if (!parts) return std::nullopt;
   const auto [a, b, c] = *parts;
-  if (const auto date = MakeDate(WholeYear(c), a, b)) return date;
-  if (const auto date = MakeDate(WholeYear(a), b, c)) return date;
-  return MakeDate(WholeYear(c), b, a);
+  if (const auto date = MakeDate(FullYear(c, window), a, b)) return date;
+  if (const auto date = MakeDate(FullYear(a, window), b, c)) return date;
+  return MakeDate(FullYear(c, window), b, a);
 }
 
 class Scanner {
  public:
-  explicit Scanner(std::string_view sql) : sql_(sql) {}
+  Scanner(std::string_view sql, YearWindow window) : sql_(sql), window_(window) {}
 
   std::vector<Token> Run() {
     std::vector<Token> tokens;
@@ -97,7 +95,7 @@ class Scanner {
   Token DateLiteral() {
     const std::size_t end = sql_.find('#', at_ + 1);
     if (end == std::string_view::npos) FailSyntax(sql_, kBadDate);
-    const auto date = ReadLiteralDate(sql_.substr(at_ + 1, end - at_ - 1));
+    const auto date = ReadLiteralDate(sql_.substr(at_ + 1, end - at_ - 1), window_);
     if (!date) FailSyntax(sql_, kBadDate);
     at_ = end + 1;
     return {TokenKind::kLiteral, {}, true, Value(*date)};
@@ -137,12 +135,13 @@ class Scanner {
   }
 
   std::string_view sql_;
+  YearWindow window_;
   std::size_t at_ = 0;
 };
 
 }  // namespace
 
-std::vector<Token> Tokenize(std::string_view sql) { return Scanner(sql).Run(); }
+std::vector<Token> Tokenize(std::string_view sql, YearWindow window) { return Scanner(sql, window).Run(); }
 
 void FailSyntax(std::string_view sql, std::string_view cause) {
   throw RuntimeError(kQuerySyntax, {std::string(cause), std::string(sql)});

@@ -19,10 +19,9 @@ struct Token {
 };
 
 // The tokens, the last one of kind kEnd. Texts stand in '...' or "..." with the quote doubled inside, names may stand
-// in
-// [...], dates in #...#: month first, then year first, then day first. Error 3075 for an open quote, a date that is
-// none, or a character of no token.
-std::vector<Token> Tokenize(std::string_view sql);
+// in brackets, dates in #...#: month first, then year first, then day first, two-digit years in `window`. Error 3075
+// for an open quote, a date that is none, or a character of no token.
+std::vector<Token> Tokenize(std::string_view sql, YearWindow window);
 
 // The error 3075 of a text: `cause` is its first part.
 [[noreturn]] void FailSyntax(std::string_view sql, std::string_view cause = "Error de sintaxis (falta operador)");

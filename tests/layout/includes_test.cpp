@@ -1,4 +1,5 @@
-// The levels of docs/architecture.md: a file includes files of a lower level, or of its own folder without a circle.
+// Who may include whom: the table of docs/architecture.md.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -7,6 +8,7 @@
 #include <map>
 #include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -14,46 +16,39 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// By the longest prefix of the path. Public headers stand at the level of what they are the contract of.
-const std::map<std::string, int> kLevels = {
-    {"include/zendara/value.hpp", 1},
-    {"include/zendara/runtime_error.hpp", 1},
-    {"src/runtime/", 1},
-    {"include/zendara/ports.hpp", 2},
-    {"include/zendara/record_engine.hpp", 2},
-    {"include/zendara/neighbours.hpp", 2},
-    {"include/zendara/platform.hpp", 2},
-    {"src/platform/", 2},
-    {"src/values/", 3},
-    {"include/zendara/morlane.hpp", 4},
-    {"src/frame/", 4},
-    {"src/common/", 5},
-    {"src/withholding/", 5},
-    {"src/workers/", 6},
-    {"include/zendara/zendara.hpp", 7},
-    {"src/component/", 7},
-    {"include/zendara/engines.hpp", 8},
-    {"adapters/host/", 8},
-    {"adapters/icu/", 8},
-    {"adapters/csv/", 8},
-    {"adapters/sqlite/", 9},
-    {"adapters/headless/", 9},
-    {"include/zendara/windows.hpp", 10},
-    {"adapters/qt/", 10},
-    {"apps/", 11},
-};
+const fs::path kRoot = ZENDARA_SOURCE_DIR;
 
-struct Area {
-  std::string prefix;
-  int level = 0;
-};
+// The table of docs/architecture.md: a folder or public header, and what it may include besides its own files.
+using Table = std::map<std::string, std::set<std::string>>;
 
-Area AreaOf(const std::string& file) {
-  Area area;
-  for (const auto& [prefix, level] : kLevels) {
-    if (file.starts_with(prefix) && prefix.size() > area.prefix.size()) area = {prefix, level};
+Table ReadTable() {
+  std::ifstream page(kRoot / "docs/architecture.md");
+  Table table;
+  std::string key;
+  bool inside = false;
+  for (std::string line; std::getline(page, line);) {
+    if (line.starts_with("```")) inside = line == "```includes";
+    if (!inside || line.starts_with("```")) continue;
+    std::istringstream words(line);
+    for (std::string word; words >> word;) {
+      if (!word.ends_with(':')) {
+        table[key].insert(word);
+        continue;
+      }
+      key = word.substr(0, word.size() - 1);
+      table[key];
+    }
   }
-  return area;
+  return table;
+}
+
+// The entry that a file belongs to: a public header itself, otherwise the innermost folder that the table has.
+std::string EntryOf(const Table& table, const std::string& file) {
+  const fs::path path = file;
+  if (file.starts_with("include/")) return "<" + path.stem().string() + ">";
+  fs::path folder = path.parent_path();
+  while (!folder.empty() && !table.contains(folder.string())) folder = folder.parent_path();
+  return folder.string();
 }
 
 struct Source {
@@ -62,14 +57,13 @@ struct Source {
 };
 
 std::map<std::string, Source> ReadSources() {
-  const fs::path root = ZENDARA_SOURCE_DIR;
   const std::regex include(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
   std::map<std::string, Source> sources;
   for (const char* folder : {"include", "src", "adapters", "apps"}) {
-    for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+    for (const auto& entry : fs::recursive_directory_iterator(kRoot / folder)) {
       const std::string extension = entry.path().extension().string();
       if (extension != ".cpp" && extension != ".hpp") continue;
-      Source& source = sources[fs::relative(entry.path(), root).string()];
+      Source& source = sources[fs::relative(entry.path(), kRoot).string()];
       std::ifstream file(entry.path());
       std::smatch match;
       for (std::string line; std::getline(file, line);) {
@@ -79,7 +73,7 @@ std::map<std::string, Source> ReadSources() {
           continue;
         }
         for (const char* base : {"", "include/", "src/"}) {
-          if (fs::exists(root / (base + match[2].str()))) source.own.push_back(base + match[2].str());
+          if (fs::exists(kRoot / (base + match[2].str()))) source.own.push_back(base + match[2].str());
         }
       }
     }
@@ -105,21 +99,36 @@ std::string Circle(const std::map<std::string, Source>& sources, const std::stri
   return {};
 }
 
-TEST(IncludeLevels, NeverClimb) {
+TEST(Includes, AreThoseOfTheTable) {
+  const Table table = ReadTable();
   const auto sources = ReadSources();
   ASSERT_GT(sources.size(), 50U);
+  Table unused = table;
   for (const auto& [file, source] : sources) {
-    const Area area = AreaOf(file);
-    EXPECT_GT(area.level, 0) << file << " has no level";
+    const std::string entry = EntryOf(table, file);
+    ASSERT_TRUE(table.contains(entry)) << file << " belongs to no entry of the table";
     for (const std::string& included : source.own) {
-      const Area other = AreaOf(included);
-      const bool own = other.prefix == area.prefix || included.starts_with("include/");
-      EXPECT_TRUE(other.level < area.level || (other.level == area.level && own)) << file << " includes " << included;
+      const std::string other = EntryOf(table, included);
+      EXPECT_TRUE(other == entry || table.at(entry).contains(other)) << file << " includes " << included;
+      unused[entry].erase(other);
     }
+  }
+  for (const auto& [entry, rest] : unused) EXPECT_THAT(rest, testing::IsEmpty()) << "nothing needs them in " << entry;
+}
+
+// Folder by folder: with files alone two folders could know each other.
+TEST(Includes, TheTableHasNoCircle) {
+  Table table = ReadTable();
+  while (!table.empty()) {
+    const auto leaf = std::ranges::find_if(table, [](const auto& entry) { return entry.second.empty(); });
+    ASSERT_NE(leaf, table.end()) << "a circle through " << table.begin()->first;
+    const std::string name = leaf->first;
+    table.erase(leaf);
+    for (auto& [entry, others] : table) others.erase(name);
   }
 }
 
-TEST(IncludeLevels, HaveNoCircles) {
+TEST(Includes, HaveNoCircleOfFiles) {
   const auto sources = ReadSources();
   std::set<std::string> done;
   for (const auto& [file, source] : sources) {
@@ -128,7 +137,7 @@ TEST(IncludeLevels, HaveNoCircles) {
   }
 }
 
-TEST(IncludeLevels, TheCoreUsesTheStandardLibraryAlone) {
+TEST(Includes, TheCoreUsesTheStandardLibraryAlone) {
   for (const auto& [file, source] : ReadSources()) {
     if (!file.starts_with("src/") && !file.starts_with("include/")) continue;
     for (const std::string& header : source.system) {

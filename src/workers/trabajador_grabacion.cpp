@@ -1,6 +1,7 @@
 // Saving, removing and dropping the worker on the screen, and leaving it.
 #include <utility>
 
+#include "common/busqueda.hpp"
 #include "frame/catalogo.hpp"
 #include "runtime/text.hpp"
 #include "workers/familia.hpp"
@@ -9,7 +10,7 @@
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 namespace {
 
@@ -24,11 +25,11 @@ bool Trabajadores::ValidarTrabajador() {
          EstanRellenos(kCentro, kCentro) && ValidarFechasContratos() && ValidarIntervaloSituacion();
 }
 
-bool Trabajadores::EstanRellenos(int desde, int hasta) {
-  for (const CampoObligatorio& campo : CamposObligatorios()) {
-    if (campo.indice < desde || campo.indice > hasta || !Trim(ficha_.Texto(campo.indice)).empty()) continue;
-    Mensaje(std::string(campo.mensaje), BoxIcon::kExclamation);
-    ficha_.Campo(campo.indice)->SetFocus();
+bool Trabajadores::EstanRellenos(CampoTrabajador desde, CampoTrabajador hasta) {
+  for (const auto& [campo, mensaje] : CamposObligatorios()) {
+    if (campo < desde || campo > hasta || !ficha_.Vacio(campo)) continue;
+    Mensaje(std::string(mensaje), BoxIcon::kExclamation);
+    ficha_.ControlDe(campo)->SetFocus();
     return false;
   }
   return true;
@@ -96,21 +97,14 @@ void Trabajadores::GrabarTrabajador() {
 void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& claves, bool mostrada) {
   const bool fijo = TablaActiva == kTrabajadoresFijo;
   Recordset& tabla = sesion_.Tabla(TablaActiva);
-  tabla.SetIndex(indice);
-  bool existe = false;
-  if (tabla.RecordCount() > 0) {
-    tabla.Seek(claves);
-    sesion_.platform.engine->Idle(1);
-    existe = !tabla.NoMatch();
-  }
+  const bool existe = tabla.RecordCount() > 0 && Busca(sesion_, TablaActiva, indice, claves);
   if (existe) {
     tabla.Edit();
   } else {
     tabla.AddNew();
   }
   if (!fijo) tabla.Fields(0).Set(claves[0]);
-  const std::vector<int> sustituidos =
-      ficha_.Guarda(tabla, fijo ? kNumero : kPrimeroVar, fijo ? kUltimoFijo : kUltimoVar, existe && mostrada);
+  const std::vector<int> sustituidos = ficha_.Guarda(tabla, fijo ? kTramoFijo : kTramoVar, existe && mostrada);
   if (mostrada && !existe) {
     Avisa((fijo ? "El trabajador " : "La situación ") + claves.back().Text() +
           " ya no estaba en el fichero, otro puesto había borrado sus datos: se graba de nuevo con lo que hay en "
@@ -125,8 +119,8 @@ void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& 
 
 void Trabajadores::Avisa(const std::string& texto) { SetStatus(Status().empty() ? texto : Status() + " " + texto); }
 
-std::string Trabajadores::NombreDe(int indice) const {
-  const CampoTrabajador* campo = CampoDe(indice);
+std::string Trabajadores::NombreDe(IndiceCampo indice) const {
+  const Campo* campo = ficha_.CampoDe(indice);
   if (!campo) {
     const auto [rejilla, fila, columna] = CeldaDe(indice);
     return Grid1(rejilla).Cell(fila, kColumnaRotulo) + " (" + Grid1(rejilla).Cell(0, columna) + ")";
@@ -134,7 +128,7 @@ std::string Trabajadores::NombreDe(int indice) const {
   const std::string rotulo(campo->rotulo.substr(0, campo->rotulo.find_last_not_of(" :") + 1));
   // The outermost of the titled groups around it.
   std::string grupo;
-  for (const Control* marco = ficha_.Campo(indice)->Container(); marco; marco = marco->Container()) {
+  for (const Control* marco = ficha_.ControlDe(indice)->Container(); marco; marco = marco->Container()) {
     if (marco->Kind() == ControlKind::kFrame && !marco->Caption().empty()) grupo = marco->Caption();
   }
   return grupo.empty() ? rotulo : rotulo + " (" + grupo + ")";
@@ -145,23 +139,19 @@ void Trabajadores::BorraTrabajador() {
   SetPointer(MousePointer::kHourglass);
   const std::string numero = Texto(kNumero);
   TablaActiva = kTrabajadoresFijo;
-  Recordset& trabajadores = sesion_.Tabla(TablaActiva);
-  trabajadores.Seek({numero});
-  const bool existe = !trabajadores.NoMatch();
-  if (existe) trabajadores.Delete();
+  const bool existe = Busca(sesion_, TablaActiva, "Icampo0", {numero});
+  if (existe) sesion_.Tabla(TablaActiva).Delete();
   TablaActiva = kTrabajadoresVar;
-  const auto situacion = [&]() -> Recordset& { return sesion_.Tabla(kTrabajadoresVar); };
-  situacion().SetIndex("ICampo0");
-  situacion().Seek({numero});
+  const auto queda = [&] { return Busca(sesion_, TablaActiva, "ICampo0", {numero}); };
   // Situaciones without a worker are what a removal has left that was cut short.
-  if (!existe && situacion().NoMatch()) {
+  if (!existe && !queda()) {
     Host().DoEvents();
     Mensaje("No existe el Registro que se pretende borrar");
     SetPointer(MousePointer::kDefault);
     return;
   }
-  for (; !situacion().NoMatch(); situacion().Seek({numero})) {
-    situacion().Delete();
+  while (queda()) {
+    sesion_.Tabla(TablaActiva).Delete();
     Host().DoEvents();
   }
   CancelaFicha();
@@ -171,11 +161,11 @@ void Trabajadores::BorraTrabajador() {
 // A new situación that was asked for stays pending.
 void Trabajadores::CancelaFicha() {
   SetPointer(MousePointer::kHourglass);
-  ficha_.LimpiarCampos(kNumero, kUltimoTexto);
+  ficha_.Limpia(kNumero, kUltimoTexto);
   Olvida();
   PonListasIniciales();
   Text1(kConvenio).SetText(ConvenioEmpresa);
-  ficha_.LimpiarGrid();
+  PreparaGrids();
   Text1(kNumero).SetFocus();
   SetPointer(MousePointer::kDefault);
   Tab1.SetTab(0);

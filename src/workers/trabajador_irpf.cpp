@@ -1,6 +1,7 @@
 // The withholding rate of the worker on the screen, and its regularisation in mid-year.
 #include <initializer_list>
 
+#include "common/busqueda.hpp"
 #include "frame/bases_datos.hpp"
 #include "frame/catalogo.hpp"
 #include "platform/sql/literal.hpp"
@@ -14,7 +15,7 @@
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 using Figura = CifraRegularizacion;
 
 namespace {
@@ -37,14 +38,14 @@ enum ColumnaHistorico {
 // The figures of the frame that are kept, with their fields on the screen.
 struct CifraGuardada {
   Figura cifra;
-  int campo;
+  CampoTrabajador campo;
 };
 constexpr CifraGuardada kCifras[] = {
-    {Figura::kRetribuciones, campo::kRetribuciones},
-    {Figura::kReduccion, campo::kReduccion},
-    {Figura::kGastos, campo::kGastos},
-    {Figura::kRetribucionesAcumuladas, campo::kRetribucionesAcumuladas},
-    {Figura::kRetencionAcumulada, campo::kRetencionAcumulada},
+    {Figura::kRetribuciones, CampoTrabajador::kRetribuciones},
+    {Figura::kReduccion, CampoTrabajador::kReduccion},
+    {Figura::kGastos, CampoTrabajador::kGastos},
+    {Figura::kRetribucionesAcumuladas, CampoTrabajador::kRetribucionesAcumuladas},
+    {Figura::kRetencionAcumulada, CampoTrabajador::kRetencionAcumulada},
 };
 
 double Divide(double dividendo, double divisor) {
@@ -55,10 +56,10 @@ double Divide(double dividendo, double divisor) {
 }  // namespace
 
 std::string Trabajadores::TextoColumna(int ordinal) const {
-  const int indice = ordinal + kNumero;
-  if (indice != kFechaNacimiento) return ficha_.Texto(indice);
-  const Value fecha = ficha_.Valor(indice);
-  return fecha.IsDate() ? FormatDate(fecha.AsDate(), "dd/mm/yyyy") : ficha_.Texto(indice);
+  const CampoTrabajador campo = kNumero + ordinal;
+  if (campo != kFechaNacimiento) return ficha_.Texto(campo);
+  const Value fecha = ficha_.Valor(campo);
+  return fecha.IsDate() ? FormatDate(fecha.AsDate(), "dd/mm/yyyy") : ficha_.Texto(campo);
 }
 
 std::string Trabajadores::TextoCifra(Figura cifra) const { return Cifra(cifra).Text(); }
@@ -84,12 +85,11 @@ void Trabajadores::CalculaTipo() {
     Mensaje("Para aplicar el tipo calculado antes debe registrar el trabajador", BoxIcon::kInformation);
     return;
   }
-  situaciones.SetIndex("Icampo0_1");
-  situaciones.Seek({TextoRecortado(kNumero), TextoRecortado(kSituacion)});
-  if (situaciones.NoMatch()) return;
+  const std::vector<Value> claves = {TextoRecortado(kNumero), TextoRecortado(kSituacion)};
+  if (!Busca(sesion_, kTrabajadoresVar, "Icampo0_1", claves)) return;
   Text1(kPorcentajeIRPF).SetText(*tipo);
   situaciones.Edit();
-  situaciones.Fields(ColumnaDe(kPorcentajeIRPF)).Set(*tipo);
+  situaciones.Fields(kTramoVar.ColumnaDe(kPorcentajeIRPF)).Set(*tipo);
   situaciones.Update();
 }
 
@@ -152,19 +152,20 @@ void Trabajadores::CierraRegularizacion() {
 void Trabajadores::GrabaRegularizacion(const std::string& tipo) {
   Recordset& fijo = sesion_.Tabla(kTrabajadoresFijo);
   Recordset& var = sesion_.Tabla(kTrabajadoresVar);
-  const auto esta_en = [this](Recordset& tabla, int columna, int campo) {
+  const auto esta_en = [this](Recordset& tabla, int columna, CampoTrabajador campo) {
     return TextoNoNulo(tabla.Fields(columna).Get()) == TextoRecortado(campo);
   };
-  if (!esta_en(fijo, 0, kNumero) || !esta_en(var, 0, kNumero) || !esta_en(var, ColumnaDe(kSituacion), kSituacion)) {
+  if (!esta_en(fijo, 0, kNumero) || !esta_en(var, 0, kNumero) ||
+      !esta_en(var, kTramoVar.ColumnaDe(kSituacion), kSituacion)) {
     throw RuntimeError(kNoCurrentRecord);
   }
   fijo.Edit();
   for (const CifraGuardada& guardada : kCifras) {
-    fijo.Fields(ColumnaDe(guardada.campo)).Set(Cifra(guardada.cifra).Text());
+    fijo.Fields(kTramoFijo.ColumnaDe(guardada.campo)).Set(Cifra(guardada.cifra).Text());
   }
   fijo.Update();
   var.Edit();
-  var.Fields(ColumnaDe(kPorcentajeIRPF)).Set(tipo);
+  var.Fields(kTramoVar.ColumnaDe(kPorcentajeIRPF)).Set(tipo);
   var.Update();
   for (const CifraGuardada& guardada : kCifras) Text1(guardada.campo).SetText(Cifra(guardada.cifra).Text());
   Text1(kPorcentajeIRPF).SetText(tipo);

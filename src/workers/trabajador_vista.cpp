@@ -4,14 +4,15 @@
 #include "platform/sql/literal.hpp"
 #include "runtime/text.hpp"
 #include "values/valor_numero.hpp"
+#include "workers/familia.hpp"
 #include "workers/trabajadores.hpp"
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 void Trabajadores::PonListasIniciales() {
-  for (const int lista : {kTipoIdentificacion, kSituacionPerceptor, kClaseContrato, kMinusvalia}) {
+  for (const CampoTrabajador lista : {kTipoIdentificacion, kSituacionPerceptor, kClaseContrato, kMinusvalia}) {
     Combo1(lista).SetListIndex(0);
   }
 }
@@ -31,18 +32,22 @@ void Trabajadores::ValoresIniciales() {
   Text1(kConvenio).SetText(ConvenioEmpresa);
 }
 
+void Trabajadores::PreparaGrids() {
+  for (const auto& [indice, rejilla] : Grid1) PreparaRejilla(*rejilla);
+}
+
 void Trabajadores::MostrarTrabajador() {
   Guarda([this] {
     Olvida();
-    ficha_.LimpiarCampos(kNumero, kUltimoTexto);
-    ficha_.Muestra(sesion_.Tabla(kTrabajadoresFijo), kNumero, kUltimoFijo);
+    ficha_.Limpia(kNumero, kUltimoTexto);
+    ficha_.Muestra(sesion_.Tabla(kTrabajadoresFijo), kTramoFijo);
 
     AbreFichero(sesion_, FileKind::kCompany);
     const auto situaciones = sesion_.BDEmpresa->OpenRecordset("SELECT * FROM TRABAJADORESVAR WHERE Campo0 = '" +
                                                               SqlText(TextoRecortado(kNumero)) + "' ORDER BY Campo3 ");
     if (!situaciones->Eof()) {
       situaciones->MoveLast();
-      ficha_.Muestra(*situaciones, kPrimeroVar, kUltimoVar);
+      ficha_.Muestra(*situaciones, kTramoVar);
     }
     // A number typed over the one shown is another one.
     TrabajadorAnterior = TextoRecortado(kNumero);
@@ -56,7 +61,7 @@ void Trabajadores::MostrarTrabajador() {
 
 void Trabajadores::MostrarSituacion() {
   CierraRegularizacion();
-  ficha_.Muestra(sesion_.Tabla(kTrabajadoresVar), kPrimeroVar, kUltimoVar);
+  ficha_.Muestra(sesion_.Tabla(kTrabajadoresVar), kTramoVar);
   SituacionAnterior = TextoRecortado(kSituacion);
 }
 

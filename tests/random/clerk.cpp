@@ -1,5 +1,6 @@
 #include "random/clerk.hpp"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -11,7 +12,7 @@
 namespace zendara {
 namespace {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 constexpr std::string_view kCharacters[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9",  ",", ".", "-",
                                             "a", "L", "m", "S", "n", "x", "ñ", "Ñ", "á", "Ü",  "ç", "€", "'",
@@ -149,11 +150,11 @@ class Clerk {
 
   // On the worker screen.
 
-  void Fill(int index, const std::string& text) {
+  void Fill(IndiceCampo index, const std::string& text) {
     auto* box = dynamic_cast<TextBox*>(form_.Find("Text1(" + std::to_string(index) + ")"));
     if (box && !random_.Chance(3)) hands_.Fill(form_, *box, random_.Chance(3) ? AnyHostile() : text);
   }
-  void Fill(int index) { Fill(index, Likely(index)); }
+  void Fill(IndiceCampo index) { Fill(index, Likely(index)); }
 
   void ClickNamed(std::string_view button, double yes = 100) {
     hands_.wish = random_.Chance(yes) ? BoxAnswer::kYes : BoxAnswer::kNo;
@@ -167,9 +168,9 @@ class Clerk {
   }
 
   // What clerks enter into that field.
-  std::string Likely(int index) {
+  std::string Likely(IndiceCampo index) {
     const auto code = [this](const auto& list) { return std::string(random_.Pick(list).code); };
-    switch (index) {
+    switch (static_cast<CampoTrabajador>(static_cast<int>(index))) {
       case kNumero:
         return std::to_string(random_.Between(1, kRandomWorkers + 4));
       case kSituacion:
@@ -201,7 +202,8 @@ class Clerk {
       default:
         break;
     }
-    const CampoTrabajador& field = *CampoDe(index);
+    const Campo& field =
+        *std::ranges::find_if(CamposTrabajador(), [&](const Campo& campo) { return campo.indice == index; });
     if (field.Tiene(kFecha)) return Day(random_.Between(0, kLastDay));
     if (field.Tiene(kImporte)) return Amount();
     return field.Tiene(kCeros) ? std::to_string(random_.Between(0, 9999)) : std::string(random_.Pick(kNames));
@@ -226,7 +228,7 @@ class Clerk {
   void FillContracts(int day) {
     const Contrato& contract = random_.Pick(kContratos);
     Fill(kNumeroContrato, std::string(contract.number));
-    for (int type = kTipo1; type <= kTipo3; type += kTipo2 - kTipo1) {
+    for (const CampoTrabajador type : {kTipo1, kTipo2, kTipo3}) {
       Fill(type, std::string(contract.type));
       if (!contract.percent.empty() || random_.Chance(20)) {
         Fill(type + (kInicioBonificacion1 - kTipo1), Day(day += random_.Between(0, 30)));
@@ -251,14 +253,14 @@ class Clerk {
   void NewWorker() {
     Fill(kNumero, std::to_string(random_.Between(1, 2 * kRandomWorkers)));
     const int start = random_.Between(0, kLastDay);
-    for (const int index : {kApellido1, kNombre, kIdentificacion}) Fill(index);
+    for (const CampoTrabajador index : {kApellido1, kNombre, kIdentificacion}) Fill(index);
     if (random_.Chance(30)) FillFields();
     if (random_.Chance(30)) FillFamily();
-    for (int index = kEntidad; index <= kFormaPago && random_.Chance(90); ++index) Fill(index);
+    for (CampoTrabajador index = kEntidad; index <= kFormaPago && random_.Chance(90); index = index + 1) Fill(index);
     Fill(kSituacion, "1");
     Fill(kFechaInicio, Day(start));
     if (random_.Chance(50)) Fill(kFechaFin, Day(start + random_.Between(-5, 300)));
-    for (const int index : {kConvenio, kCategoria, kEpigrafe, kGrupoTarifa}) Fill(index);
+    for (const CampoTrabajador index : {kConvenio, kCategoria, kEpigrafe, kGrupoTarifa}) Fill(index);
     FillContracts(start);
     Fill(kCentro);
     if (random_.Chance(20)) ClickNamed("CmdCalcular");

@@ -35,14 +35,14 @@ class GrabacionTest : public TestDisk, public TrabajadoresTest {
   // Every field and cell, by index from 1.
   Textos Todo() {
     Textos textos;
-    for (int i = 1; i <= campo::kUltimoVar; ++i) textos.push_back(Mostrado(i));
+    for (int i = 1; i <= kTramoVar.hasta; ++i) textos.push_back(Mostrado(i));
     return textos;
   }
 
   // A new worker, with all that an existing one shows.
   Textos TecleaNuevo(const std::string& numero) {
     Rellena(1, "11");
-    Campo(1).SetText(numero);
+    Caja(1).SetText(numero);
     return Todo();
   }
   // Worker 14, who left on 30/06/01, comes back: his second situación, with the concepts of the first.
@@ -55,7 +55,7 @@ class GrabacionTest : public TestDisk, public TrabajadoresTest {
     Rellena(1, "14");
     Pulsa("CmdNuevo");
     host.boxes.clear();
-    Rellena(campo::kFechaInicio, inicio);
+    Rellena(CampoTrabajador::kFechaInicio, inicio);
     return Todo();
   }
 
@@ -76,13 +76,13 @@ class GrabacionTest : public TestDisk, public TrabajadoresTest {
   // What is stored of that, in the same order.
   Textos Guardado(const Textos& tecleado) {
     const std::string numero = " where campo0='" + tecleado[0] + "'";
-    const std::string situacion = " and campo1='" + tecleado[campo::kSituacion - 1] + "'";
+    const std::string situacion = " and campo1='" + tecleado[static_cast<std::size_t>(kTramoVar.desde - 1)] + "'";
     Textos textos = Lee(FileKind::kCompany, "TrabajadoresFijo" + numero, 0);
     for (const auto& texto : Lee(FileKind::kCompany, "TrabajadoresVar" + numero + situacion, 1))
       textos.push_back(texto);
     return textos;
   }
-  static Textos Fijo(const Textos& tecleado) { return {tecleado.begin(), tecleado.begin() + campo::kUltimoFijo}; }
+  static Textos Fijo(const Textos& tecleado) { return {tecleado.begin(), tecleado.begin() + kTramoFijo.hasta}; }
   // Of a situación of worker 14, without the keys.
   Textos Mes(const std::string& tabla, const std::string& mes, const std::string& situacion,
              const std::string& ano = "01") {
@@ -160,6 +160,7 @@ TEST_F(GrabacionTest, NoFaultLosesAConcept) {
 }
 
 TEST_F(GrabacionTest, WhatAnotherProgramChangedMeanwhileStays) {
+  using enum CampoTrabajador;
   const auto guarda = [this](const std::string& tabla, int columna, const Value& valor) {
     const auto filas = Otro(FileKind::kCompany)->OpenRecordset(tabla, RecordsetType::kTable);
     filas->SetIndex("Icampo0");
@@ -168,19 +169,19 @@ TEST_F(GrabacionTest, WhatAnotherProgramChangedMeanwhileStays) {
     filas->Fields(columna).Set(valor);
     filas->Update();
   };
-  const auto texto = [this](int indice) {
-    return Lee(FileKind::kCompany, "TrabajadoresFijo where campo0='00011'", indice - 1).at(0);
+  const auto texto = [this](CampoTrabajador campo) {
+    return Lee(FileKind::kCompany, "TrabajadoresFijo where campo0='00011'", kTramoFijo.ColumnaDe(campo)).at(0);
   };
   Rellena(1, "11");
-  Rellena(campo::kMunicipio, "Aquí");
-  Rellena(campo::kApellido1, "Aquí");
+  Rellena(kMunicipio, "Aquí");
+  Rellena(kApellido1, "Aquí");
   El<Grid>("Grid1(0)").SetCell(2, 2, "1999");
-  guarda("TrabajadoresFijo", campo::kTelefono - 1, "allí");
-  guarda("TrabajadoresFijo", campo::kMunicipio - 1, "allí");
-  guarda("TrabajadoresFijo", campo::kApellido1 - 1, "Aquí");
+  guarda("TrabajadoresFijo", kTramoFijo.ColumnaDe(kTelefono), "allí");
+  guarda("TrabajadoresFijo", kTramoFijo.ColumnaDe(kMunicipio), "allí");
+  guarda("TrabajadoresFijo", kTramoFijo.ColumnaDe(kApellido1), "Aquí");
   guarda("TrabajadoresFijo", 28, "1998");
   Pulsa("Grabar");
-  EXPECT_EQ(texto(campo::kTelefono) + texto(campo::kMunicipio) + texto(campo::kApellido1), "allíAquíAquí");
+  EXPECT_EQ(texto(kTelefono) + texto(kMunicipio) + texto(kApellido1), "allíAquíAquí");
   EXPECT_EQ(pantalla->Status(),
             "Otro puesto había cambiado también, y queda lo grabado aquí: Municipio (Domicilio), Hijo 2 (Año Nacim.).");
 

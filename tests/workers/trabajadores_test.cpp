@@ -31,7 +31,8 @@ TEST_F(TrabajadoresTest, EveryColumnOfEveryWorkerIsShown) {
   const auto base = engine->Workspaces(0)->OpenDatabase(PathOf("Nom00001.MDB"));
   // Without benefits, and with a class of contract that the list does not have.
   for (const auto& [nombre, columna, valor] :
-       {std::tuple("TrabajadoresVar", 53, "0"), {"TrabajadoresFijo", campo::kClaseContrato - 1, "X"}}) {
+       {std::tuple("TrabajadoresVar", 53, "0"),
+        {"TrabajadoresFijo", kTramoFijo.ColumnaDe(CampoTrabajador::kClaseContrato), "X"}}) {
     const auto tabla = base->OpenRecordset(nombre, RecordsetType::kTable);
     tabla->Edit();
     tabla->Fields(columna).Set(valor);
@@ -45,13 +46,14 @@ TEST_F(TrabajadoresTest, EveryColumnOfEveryWorkerIsShown) {
     const std::string numero = fijo->Fields(0).Get().Text();
     const auto var =
         base->OpenRecordset("select * from TrabajadoresVar where campo0='" + numero + "' order by campo3 desc");
-    for (int i = 1; i <= campo::kUltimoVar; ++i) {
-      const bool es_fijo = i <= campo::kUltimoFijo;
+    for (int i = 1; i <= kTramoVar.hasta; ++i) {
+      const bool es_fijo = i <= kTramoFijo.hasta;
       std::string texto = TextoNoNulo((es_fijo ? fijo : var)->Fields(es_fijo ? i - 1 : i - 91).Get());
       if (texto.empty() && pantalla->Find("Check1(" + std::to_string(i) + ")")) texto = "0";
       EXPECT_EQ(Mostrado(i), texto) << numero << ", " << i;
     }
-    EXPECT_EQ(El<Label>("lbDescripcion").Caption(), TextoIdentificacion(Mostrado(campo::kTipoIdentificacion)));
+    EXPECT_EQ(El<Label>("lbDescripcion").Caption(),
+              TextoIdentificacion(Mostrado(CampoTrabajador::kTipoIdentificacion)));
     Pulsa("Siguiente");
   }
   EXPECT_EQ(vistos, kTrabajadoresDemo);
@@ -89,9 +91,11 @@ TEST_F(TrabajadoresTest, EnterWalksTheFieldsByTheirIndexes) {
   }
   // Only the last mark stands on an earlier page than its index says.
   std::vector<int> esperado;
-  for (const CampoTrabajador& c : CamposTrabajador()) esperado.push_back(c.indice);
-  std::erase(esperado, campo::kPrestaciones);
-  esperado.insert(std::ranges::find(esperado, campo::kCentro), campo::kPrestaciones);
+  for (const Campo& c : CamposTrabajador()) esperado.push_back(c.indice);
+  const int prestaciones = IndiceCampo(CampoTrabajador::kPrestaciones);
+  std::erase(esperado, prestaciones);
+  const int centro = IndiceCampo(CampoTrabajador::kCentro);
+  esperado.insert(std::ranges::find(esperado, centro), prestaciones);
   EXPECT_EQ(recorrido, esperado);
 }
 
@@ -143,7 +147,7 @@ TEST_F(TrabajadoresTest, IncidentScreensAreHandedTheWorkerWhileTheyAreOpen) {
   Pulsa("CmdIncidenciasESP");
   Rellena(1, "13");
   for (const char* situacion : {" ", "009", "002"}) {
-    Campo(92).SetText(situacion);
+    Caja(92).SetText(situacion);
     Pulsa("CmdIncidenciasVar");
   }
   EXPECT_THAT(host.boxes,

@@ -246,9 +246,8 @@ void ScriptPlayer::OpenScreen(const std::string& name) {
 }
 
 void ScriptPlayer::Type(Form& form, const std::string& text) {
-  for (int i = 1; i <= static_cast<int>(Len(text)); ++i) {
-    if (ended_ || !form.Loaded()) return;
-    driver_.Press(form, KeyOfCharacter(Mid(text, i, 1)));
+  for (std::string_view rest = text; !rest.empty() && !ended_ && form.Loaded();) {
+    driver_.Press(form, KeyOfCharacter(TakeCharacter(rest)));
   }
 }
 

@@ -131,14 +131,6 @@ class ButtonView : public ControlView {
       button_->setText(caption);
       button_->setShortcut({});  // access keys are the model's
     }
-    if (control_.Kind() == ControlKind::kCheckBox) {
-      auto* check = static_cast<QCheckBox*>(button_);
-      const int value = static_cast<CheckBox&>(control_).Value();
-      check->setTristate(value == 2);
-      check->setCheckState(value == 0 ? Qt::Unchecked : value == 1 ? Qt::Checked : Qt::PartiallyChecked);
-    } else if (control_.Kind() == ControlKind::kOptionButton) {
-      button_->setChecked(static_cast<OptionButton&>(control_).Value());
-    }
   }
 
   void ClickOn(int /*row*/, int /*column*/) override {
@@ -148,6 +140,38 @@ class ButtonView : public ControlView {
 
  private:
   QAbstractButton* button_;
+};
+
+class CheckView : public ButtonView {
+ public:
+  CheckView(FormWindow& window, CheckBox& box, QCheckBox* check)
+      : ButtonView(window, box, check), box_(box), check_(check) {}
+
+  void Sync() override {
+    ButtonView::Sync();
+    const int value = box_.Value();
+    check_->setTristate(value == 2);
+    check_->setCheckState(value == 0 ? Qt::Unchecked : value == 1 ? Qt::Checked : Qt::PartiallyChecked);
+  }
+
+ private:
+  CheckBox& box_;
+  QCheckBox* check_;
+};
+
+class OptionView : public ButtonView {
+ public:
+  OptionView(FormWindow& window, OptionButton& option, QRadioButton* radio)
+      : ButtonView(window, option, radio), option_(option), radio_(radio) {}
+
+  void Sync() override {
+    ButtonView::Sync();
+    radio_->setChecked(option_.Value());
+  }
+
+ private:
+  OptionButton& option_;
+  QRadioButton* radio_;
 };
 
 QIcon LensIcon(int size) {
@@ -169,6 +193,8 @@ class ImageView : public ControlView {
     QObject::connect(button_, &QAbstractButton::clicked, &window_,
                      [this] { window_.Pass([&] { window_.Shown().Click(control_); }); });
   }
+
+  QString NameBehind(const QString& field) const override { return QStringLiteral("Lista de ") + field; }
 
   void Rescale() override {
     const int size = QFontMetrics(QApplication::font()).height();
@@ -275,9 +301,9 @@ std::unique_ptr<ControlView> MakeView(FormWindow& window, Control& control, QWid
     case ControlKind::kComboBox:
       return std::make_unique<ListView>(window, static_cast<ComboBox&>(control), parent);
     case ControlKind::kCheckBox:
-      return std::make_unique<ButtonView>(window, control, new QCheckBox(&parent));
+      return std::make_unique<CheckView>(window, static_cast<CheckBox&>(control), new QCheckBox(&parent));
     case ControlKind::kOptionButton:
-      return std::make_unique<ButtonView>(window, control, new QRadioButton(&parent));
+      return std::make_unique<OptionView>(window, static_cast<OptionButton&>(control), new QRadioButton(&parent));
     case ControlKind::kButton:
       return std::make_unique<ButtonView>(window, control, new QPushButton(&parent));
     case ControlKind::kTabs:

@@ -1,7 +1,9 @@
 #include "adapters/qt/field_view.hpp"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QStyle>
@@ -56,6 +58,8 @@ class FieldView : public ControlView {
 
   bool Handle(QObject* watched, QEvent* event) override {
     switch (event->type()) {
+      case QEvent::KeyPress:
+        return HandleClipboard(*static_cast<QKeyEvent*>(event));
       case QEvent::InputMethod:
         return Compose(*static_cast<QInputMethodEvent*>(event));
       case QEvent::MouseButtonPress:
@@ -105,6 +109,26 @@ class FieldView : public ControlView {
     QCoreApplication::sendEvent(edit_, &shown);
     composing_ = false;
     Sync();
+    return true;
+  }
+
+  // False for a key that has nothing to do with it.
+  bool HandleClipboard(const QKeyEvent& event) {
+    Form& form = window_.Shown();
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    const bool cut = event.matches(QKeySequence::Cut);
+    if (event.matches(QKeySequence::Paste)) {
+      const std::string text = FromQt(clipboard->text());
+      window_.Pass([&] { form.Paste(text); });
+    } else if (event.matches(QKeySequence::SelectAll)) {
+      window_.Pass([&] { form.PointTo(box_, 0, static_cast<int>(Len(box_.Text()))); });
+    } else if (cut || event.matches(QKeySequence::Copy)) {
+      if (box_.SelLength() == 0) return true;
+      clipboard->setText(ToQt(box_.SelectedText()));
+      if (cut) window_.Pass([&] { form.Press({.code = key::kDelete, .shift = 0, .text = {}}); });
+    } else {
+      return false;
+    }
     return true;
   }
 

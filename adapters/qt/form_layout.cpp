@@ -16,9 +16,8 @@ namespace {
 
 // A field with words before it.
 bool HasLabel(const Layout& layout) {
-  if (layout.kind != LayoutKind::kControl || layout.control->Caption().empty()) return false;
-  const ControlKind kind = layout.control->Kind();
-  return kind == ControlKind::kTextBox || kind == ControlKind::kComboBox;
+  return layout.kind == LayoutKind::kControl && layout.control->HasCaptionBefore() &&
+         !layout.control->Caption().empty();
 }
 
 bool BeginsWithLabel(const Layout& layout) {
@@ -96,10 +95,10 @@ class Builder {
     line.body->addWidget(view.Widget());
     const QString name = PlainCaption(layout.control->Caption());
     for (Control* control : layout.attached) {
-      QWidget* widget = View(parent, *control).Widget();
-      line.body->addWidget(widget);
+      const ControlView& behind = View(parent, *control);
+      line.body->addWidget(behind.Widget());
       if (!control->Caption().empty() || name.isEmpty()) continue;
-      widget->setAccessibleName(control->Kind() == ControlKind::kImage ? QStringLiteral("Lista de ") + name : name);
+      behind.Widget()->setAccessibleName(behind.NameBehind(name));
     }
     return line;
   }
@@ -108,11 +107,10 @@ class Builder {
     QWidget* widget = View(parent, *layout.control).Widget();
     if (layout.kind == LayoutKind::kTabs) {
       auto* tabs = static_cast<QTabWidget*>(widget);
-      const auto& titles = static_cast<Tabs*>(layout.control)->Titles();
-      for (std::size_t i = 0; i < layout.children.size(); ++i) {
+      for (const Layout& child : layout.children) {
         auto* page = new QWidget;
-        Fill(*page, layout.children[i]);
-        tabs->addTab(page, i < titles.size() ? ToQt(titles[i]) : QString());
+        Fill(*page, child);
+        tabs->addTab(page, {});  // the view gives the titles
       }
     } else {
       Fill(*widget, LayoutKind::kColumn, layout.children);

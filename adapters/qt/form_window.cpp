@@ -1,8 +1,6 @@
 #include "adapters/qt/form_window.hpp"
 
 #include <QApplication>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMouseEvent>
@@ -17,7 +15,6 @@
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/script_hands.hpp"
 #include "adapters/qt/text.hpp"
-#include "runtime/text.hpp"
 
 namespace zendara {
 namespace {
@@ -32,7 +29,7 @@ constexpr int kLinesOfLabel = 12;
 ControlView::ControlView(FormWindow& window, Control& control, QWidget* widget)
     : window_(window), control_(control), widget_(widget) {
   // Reached by the model alone: neither a click nor Tab moves the focus by itself.
-  widget->setFocusPolicy(control.CanFocus() || control.Kind() == ControlKind::kTextBox ? Qt::TabFocus : Qt::NoFocus);
+  widget->setFocusPolicy(control.TakesFocus() ? Qt::TabFocus : Qt::NoFocus);
   widget->setMouseTracking(true);
   widget->setObjectName(ToQt(control.Id()));
   QSizePolicy policy = widget->sizePolicy();
@@ -196,29 +193,9 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 void FormWindow::keyPressEvent(QKeyEvent* event) { PressKeys(*event); }
 
 bool FormWindow::PressKeys(const QKeyEvent& event) {
-  if (HandleZoomKey(event) || HandleClipboard(event)) return true;
+  if (HandleZoomKey(event)) return true;
   for (const Key& key : KeysOf(event)) {
     if (form_.Loaded()) Pass([&] { form_.Press(key); });
-  }
-  return true;
-}
-
-bool FormWindow::HandleClipboard(const QKeyEvent& event) {
-  if (!form_.Focus() || form_.Focus()->Kind() != ControlKind::kTextBox) return false;
-  auto& box = static_cast<TextBox&>(*form_.Focus());
-  QClipboard* clipboard = QGuiApplication::clipboard();
-  const bool cut = event.matches(QKeySequence::Cut);
-  if (event.matches(QKeySequence::Paste)) {
-    const std::string text = FromQt(clipboard->text());
-    Pass([&] { form_.Paste(text); });
-  } else if (event.matches(QKeySequence::SelectAll)) {
-    Pass([&] { form_.PointTo(box, 0, static_cast<int>(Len(box.Text()))); });
-  } else if (cut || event.matches(QKeySequence::Copy)) {
-    if (box.SelLength() == 0) return true;
-    clipboard->setText(ToQt(Mid(box.Text(), box.SelStart() + 1, box.SelLength())));
-    if (cut) Pass([&] { form_.Press({.code = key::kDelete, .shift = 0, .text = {}}); });
-  } else {
-    return false;
   }
   return true;
 }
@@ -269,14 +246,14 @@ void FormWindow::Flush() {
       unsetCursor();
     }
   }
-  bool pages_moved = false;
+  bool moved = false;  // what stands in pages and frames
   while (!changed_.empty()) {
     for (const Control* control : std::exchange(changed_, {})) {
       if (ControlView* view = ViewOf(*control)) view->Sync();
-      pages_moved = pages_moved || control->Kind() == ControlKind::kTabs || control->Kind() == ControlKind::kFrame;
+      moved = moved || control->HoldsControls();
     }
   }
-  if (std::exchange(focus_moved_, false) || pages_moved) ShowFocus();
+  if (std::exchange(focus_moved_, false) || moved) ShowFocus();
   syncing_ = false;
 }
 

@@ -42,6 +42,8 @@ class ControlView {
   virtual bool Handle(QObject* watched, QEvent* event);
   // As the mouse would, for scripts. REQUIRES: the widget is to be seen.
   virtual void ClickOn(int row, int column);
+  // Name of a control that stands behind a field and has no words of its own.
+  virtual QString NameBehind(const QString& field) const { return field; }
 
  protected:
   // Events of this widget come to Handle as well.
@@ -93,7 +95,6 @@ class FormWindow : public QWidget, public FormView {
   void Grow();
   void Queue();
   bool PressKeys(const QKeyEvent& event);
-  bool HandleClipboard(const QKeyEvent& event);
   void ShowFocus();
 
   Form& form_;

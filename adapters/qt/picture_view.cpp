@@ -104,11 +104,10 @@ class PictureWidget : public QWidget {
     pixmap_ = QPixmap(wanted);
     pixmap_.setDevicePixelRatio(devicePixelRatioF());
     pixmap_.fill(tone::kWindow);
-    if (!picture_.GetPainter()) return;
     QFont caption = QApplication::font();
     caption.setBold(true);
     Surface surface(pixmap_, caption);
-    picture_.GetPainter()(QtScreen(), surface);
+    picture_.Paint(QtScreen(), surface);
   }
 
   Picture& picture_;

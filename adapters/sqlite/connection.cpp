@@ -73,6 +73,7 @@ Connection::Connection(const std::filesystem::path& path, std::string name, std:
 
 Connection::~Connection() {
   tables_.clear();
+  queries_.Clear();
   data_version_ = Statement();
   sqlite3_close_v2(database_);
 }
@@ -103,6 +104,10 @@ std::shared_ptr<Connection> Connection::Create(const std::filesystem::path& path
     }
     throw;
   }
+}
+
+std::size_t Connection::Limit(int number) const {
+  return static_cast<std::size_t>(sqlite3_limit(database_, number, -1));
 }
 
 std::int64_t Connection::Changes() const { return sqlite3_changes64(database_); }

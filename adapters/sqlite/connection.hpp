@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "adapters/icu/spanish_order.hpp"
+#include "adapters/sqlite/query_cache.hpp"
 #include "adapters/sqlite/statement.hpp"
 #include "zendara/record_engine.hpp"
 
@@ -58,6 +59,9 @@ class Connection {
   const std::string& name() const { return name_; }
   Statement Prepare(std::string_view sql) { return Statement(database_, name_, sql); }
   void Run(std::string_view sql) { Prepare(sql).Run(); }
+  QueryCache& queries() { return queries_; }
+  // What the store allows at most, by its number for that.
+  std::size_t Limit(int number) const;
   // Rows changed by the last write.
   std::int64_t Changes() const;
 
@@ -91,6 +95,7 @@ class Connection {
   Holder* holder_ = nullptr;
   bool in_transaction_ = false;
   Statement data_version_;
+  QueryCache queries_;
   std::unordered_map<std::string, std::unique_ptr<TableInfo>> tables_;  // by lower-case name
 };
 

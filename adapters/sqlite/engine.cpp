@@ -6,7 +6,6 @@
 #include "adapters/sqlite/connection.hpp"
 #include "adapters/sqlite/query_cursor.hpp"
 #include "adapters/sqlite/table_cursor.hpp"
-#include "platform/sql/parser.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -24,9 +23,8 @@ class OpenDatabase final : public Database {
   const std::string& Name() const override { return name_; }
 
   std::shared_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) override {
-    if (type == RecordsetType::kQuery) {
-      return MakeQueryRecordset(MakeQueryCursor(Shared(), sql::ParseSelect(source, Catalogue(), Years())));
-    }
+    if (type == RecordsetType::kQuery) return MakeQueryRecordset(MakeQueryCursor(Shared(), source, Years()));
+    if (type == RecordsetType::kForward) return MakeForwardRecordset(MakeQueryCursor(Shared(), source, Years()));
     TableInfo* table = Shared()->FindTable(source);
     if (!table) throw RuntimeError(kObjectNotFound, {std::string(source)});
     auto recordset = MakeTableRecordset(MakeTableCursor(connection_, *table));
@@ -34,7 +32,7 @@ class OpenDatabase final : public Database {
     return recordset;
   }
 
-  void Execute(std::string_view sql) override { RunDelete(*Shared(), sql::ParseDelete(sql, Catalogue(), Years())); }
+  void Execute(std::string_view sql) override { RunDelete(*Shared(), sql, Years()); }
 
   std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql) override {
     Shared()->Acquire(nullptr);
@@ -89,13 +87,6 @@ class OpenDatabase final : public Database {
   const std::shared_ptr<Connection>& Shared() const {
     if (!connection_) throw RuntimeError(kObjectClosed);
     return connection_;
-  }
-
-  sql::Catalogue Catalogue() const {
-    return [this](std::string_view name) -> const TableDef* {
-      const TableInfo* table = Shared()->FindTable(name);
-      return table ? &table->definition : nullptr;
-    };
   }
 
   std::shared_ptr<QueryDef> FindQuery(std::string_view name) {

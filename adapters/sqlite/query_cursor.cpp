@@ -1,28 +1,29 @@
 #include "adapters/sqlite/query_cursor.hpp"
 
-#include <array>
-#include <charconv>
-#include <deque>
+#include <sqlite3.h>
+
+#include <exception>
 #include <utility>
 
-#include "adapters/sqlite/row_buffer.hpp"
+#include "adapters/sqlite/query_cache.hpp"
+#include "adapters/sqlite/rows_aside.hpp"
+#include "platform/sql/parser.hpp"
 #include "platform/sql/printer.hpp"
-#include "runtime/iso_date.hpp"
+#include "zendara/runtime_error.hpp"
 
 namespace zendara::sqlite {
 namespace {
 
+// What the store takes. Its parser has a stack of 100, of which one condition and what stands around them need up
+// to 20.
+constexpr std::size_t kMaxDepth = 80;
+constexpr std::size_t kMaxTables = 64;
+
 class SqliteDialect final : public sql::Dialect {
  public:
-  std::string Literal(const Value& value) const override {
-    if (value.IsNull()) return "NULL";
-    if (value.IsNumber()) {
-      std::array<char, 32> buffer;
-      return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value.Number()).ptr};
-    }
-    std::string text = "'";
-    for (const char c : value.IsDate() ? IsoDate(value.AsDate()) : value.Text()) text.append(c == '\'' ? 2 : 1, c);
-    return text + "'";
+  // Two literals are compared as a literal and a column are.
+  std::string Placeholder(const sql::Parameter& literal) const override {
+    return "?" + std::to_string(literal.number) + (literal.type == ColumnType::kText ? " COLLATE es" : "");
   }
 
   // min and max give Null when either bound is Null, as the condition must.
@@ -34,74 +35,122 @@ class SqliteDialect final : public sql::Dialect {
   std::string NullOrder(bool) const override { return {}; }  // Null is the least of all here
 };
 
+sql::Catalogue CatalogueOf(Connection& connection) {
+  return [&connection](std::string_view name) -> const TableDef* {
+    const TableInfo* table = connection.FindTable(name);
+    return table ? &table->definition : nullptr;
+  };
+}
+
+void RequireAtMost(std::size_t count, std::size_t limit, const sql::Tokens& tokens) {
+  if (count > limit) sql::FailSyntax(tokens.sql, sql::kTooComplex);
+}
+
+// What the store would refuse in words of its own is an error of the text.
+void CheckLimits(const Connection& connection, const sql::Tokens& tokens, const sql::Printed& printed) {
+  RequireAtMost(static_cast<std::size_t>(printed.depth), kMaxDepth, tokens);
+  RequireAtMost(tokens.literals.size(), connection.Limit(SQLITE_LIMIT_VARIABLE_NUMBER), tokens);
+}
+
+std::shared_ptr<PreparedQuery> Prepare(Connection& connection, sql::Tokens& tokens) {
+  const sql::Select select = ParseSelect(tokens, CatalogueOf(connection));
+  const sql::Printed printed = Print(select, SqliteDialect());
+  CheckLimits(connection, tokens, printed);
+  for (const std::size_t list : {select.items.size(), select.group_by.size(), select.order_by.size()}) {
+    RequireAtMost(list, connection.Limit(SQLITE_LIMIT_COLUMN), tokens);
+  }
+  RequireAtMost(select.from.size(), kMaxTables, tokens);
+  auto query = std::make_shared<PreparedQuery>();
+  query->shape = std::move(tokens.shape);
+  for (const sql::SelectItem& item : select.items) query->columns.push_back(item.column);
+  query->statement = connection.Prepare(printed.text);
+  connection.queries().Keep(query);
+  return query;
+}
+
+void Bind(Statement& statement, const std::vector<Value>& literals) {
+  for (std::size_t i = 0; i < literals.size(); ++i) statement.Bind(static_cast<int>(i) + 1, literals[i]);
+}
+
 class Cursor final : public QueryCursor, private Holder {
  public:
-  Cursor(std::shared_ptr<Connection> connection, const sql::Select& select) : connection_(std::move(connection)) {
-    for (const sql::SelectItem& item : select.items) columns_.push_back(item.column);
+  Cursor(std::shared_ptr<Connection> connection, std::shared_ptr<PreparedQuery> query,
+         const std::vector<Value>& literals)
+      : connection_(std::move(connection)), query_(std::move(query)) {
     connection_->Acquire(this);
-    // The row number column keeps the places of the columns as in a table's rows.
-    statement_ =
-        connection_->Prepare("SELECT 0, " + Print(select, SqliteDialect()).substr(std::string("SELECT ").size()));
+    Bind(query_->statement, literals);
+    rows_ = &query_->statement;
   }
 
-  ~Cursor() override {
-    statement_ = Statement();
-    connection_->Release(this);
-  }
+  ~Cursor() override { Finish(); }
 
-  const std::vector<ColumnDef>& Columns() const override { return columns_; }
+  const std::vector<ColumnDef>& Columns() const override { return query_->columns; }
 
   bool Step() override {
-    if (statement_) {
-      started_ = statement_.Step();
-      if (!started_) Finish();
-      return started_;
+    if (fault_) std::rethrow_exception(fault_);
+    if (!rows_) return false;
+    try {
+      if (rows_->Step()) return true;
+    } catch (...) {
+      fault_ = std::current_exception();
+      Finish();
+      throw;
     }
-    if (!rest_.empty()) rest_.pop_front();
-    return !rest_.empty();
+    Finish();
+    return false;
   }
 
   Value Column(int ordinal) const override {
-    const ColumnType type = columns_[static_cast<std::size_t>(ordinal)].type;
-    return statement_ ? statement_.Read(ordinal + 1, type) : rest_.front().Read(ordinal, type);
+    if (!rows_) throw RuntimeError(kNoCurrentRecord);
+    return rows_->Read(ordinal, query_->columns[static_cast<std::size_t>(ordinal)].type);
   }
 
  private:
-  // Somebody else needs the connection: the rows that are still to come are read now. The first of `rest_` is the
-  // current row, or an empty place before the first row.
+  // Somebody else needs the connection. He is not to suffer from a fault of this reading.
   void Park() override {
-    if (!statement_) return;
-    rest_.emplace_back();
-    if (started_) rest_.back().Assign(statement_, Width());
-    while (statement_.Step()) rest_.emplace_back().Assign(statement_, Width());
+    try {
+      LetReaderKeep();
+      if (rows_ && rows_->Step()) aside_ = std::make_unique<RowsAside>(*rows_, connection_->name());
+    } catch (...) {
+      fault_ = std::current_exception();
+    }
     Finish();
+    if (aside_) rows_ = &aside_->Rows();
   }
 
   void Finish() {
-    statement_ = Statement();
+    if (rows_) rows_->Reset();
+    rows_ = nullptr;
     connection_->Release(this);
   }
 
-  int Width() const { return static_cast<int>(columns_.size()); }
-
   std::shared_ptr<Connection> connection_;
-  std::vector<ColumnDef> columns_;
-  Statement statement_;  // none once all rows are read
-  bool started_ = false;
-  std::deque<RowBuffer> rest_;
+  std::shared_ptr<PreparedQuery> query_;
+  std::unique_ptr<RowsAside> aside_;
+  Statement* rows_ = nullptr;  // of the query, or put aside; none at the end
+  std::exception_ptr fault_;   // what ended the reading
 };
 
 }  // namespace
 
-std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connection, const sql::Select& select) {
-  return std::make_unique<Cursor>(std::move(connection), select);
+std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connection, std::string_view sql,
+                                             YearWindow window) {
+  sql::Tokens tokens = sql::Tokenize(sql, window);
+  auto query = connection->queries().Find(tokens.shape);
+  if (!query) query = Prepare(*connection, tokens);
+  return std::make_unique<Cursor>(std::move(connection), std::move(query), tokens.literals);
 }
 
-void RunDelete(Connection& connection, const sql::Delete& statement) {
+void RunDelete(Connection& connection, std::string_view sql, YearWindow window) {
+  const sql::Tokens tokens = sql::Tokenize(sql, window);
+  const sql::Delete parsed = ParseDelete(tokens, CatalogueOf(connection));
+  const sql::Printed printed = Print(parsed, SqliteDialect());
+  CheckLimits(connection, tokens, printed);
   connection.Acquire(nullptr);
-  connection.Run(Print(statement, SqliteDialect()));
-  TableInfo* table = connection.FindTable(statement.table.table->name);
-  connection.AddToCount(*table, -connection.Changes());
+  Statement statement = connection.Prepare(printed.text);
+  Bind(statement, tokens.literals);
+  statement.Run();
+  connection.AddToCount(*connection.FindTable(parsed.table.table->name), -connection.Changes());
 }
 
 }  // namespace zendara::sqlite

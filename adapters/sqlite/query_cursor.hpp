@@ -2,15 +2,17 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "adapters/sqlite/connection.hpp"
 #include "platform/record/cursor.hpp"
-#include "platform/sql/statement.hpp"
 
 namespace zendara::sqlite {
 
-std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connection, const sql::Select& select);
-// Runs the statement; its table's count is told to the connection.
-void RunDelete(Connection& connection, const sql::Delete& statement);
+// `sql` is what zendara/record_engine.hpp says of OpenRecordset and Execute, with its errors; `window` is what the
+// two-digit years of its dates mean.
+std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connection, std::string_view sql,
+                                             YearWindow window);
+void RunDelete(Connection& connection, std::string_view sql, YearWindow window);
 
 }  // namespace zendara::sqlite

@@ -9,20 +9,13 @@
 
 #include "adapters/host/host_files.hpp"
 #include "frame/stored_tables.hpp"
+#include "runtime/date.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
-
-constexpr int kWindowOfYears = 30;  // 00 to 29 are of this century
-
-// The order of time.
-int FullYear(const std::string& year) {
-  const int two = std::stoi(year);
-  return two < kWindowOfYears ? 2000 + two : 1900 + two;
-}
 
 std::map<std::string, std::string> Names(Engine& engine, const std::filesystem::path& data) {
   std::map<std::string, std::string> names;
@@ -63,7 +56,8 @@ std::vector<Company> FindCompanies(Engine& engine, const std::string& folder) {
     found.code = code;
     found.name = name == names.end() ? std::string() : name->second;
     found.years.assign(years[code].begin(), years[code].end());
-    std::ranges::sort(found.years, std::ranges::greater(), FullYear);
+    const auto in_time = [](const std::string& working_year) { return FullWorkingYear(std::stoi(working_year)); };
+    std::ranges::sort(found.years, std::ranges::greater(), in_time);
   }
   return companies;
 }

@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QTemporaryFile>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -17,6 +18,7 @@
 #include <memory>
 #include <sstream>
 #include <utility>
+#include <vector>
 
 #include "adapters/headless/company_host.hpp"
 #include "adapters/qt/look.hpp"
@@ -181,14 +183,14 @@ class Desk {
   int Choose() {
     std::vector<Company> companies = FindCompanies(*engine_, options_.dir);
     if (companies.empty()) return Fail(kFailed, options_.dir + ": there is no company in its folder DATOS");
-    const auto there = [](const char* name) { return ElComponente().pantallas.Tiene(name); };
+    const std::array<QString, kPantallasPublicas.size()> words = {
+        QStringLiteral("&Trabajadores"), QStringLiteral("&Incidencias de I.T."),
+        QStringLiteral("Incidencias de E.&S.P."), QStringLiteral("Incidencias Conceptos &Variables")};
     std::vector<ScreenChoice> screens;
-    const std::pair<const char*, QString> kScreens[] = {
-        {"Trabajadores", QStringLiteral("&Trabajadores")},
-        {"MIncidencias", QStringLiteral("&Incidencias de I.T.")},
-        {"MIncidenciasESP", QStringLiteral("Incidencias de E.&S.P.")},
-        {"MIncidenciasVAR", QStringLiteral("Incidencias Conceptos &Variables")}};
-    for (const auto& [name, words] : kScreens) screens.push_back({name, words, there(name)});
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      const std::string name(kPantallasPublicas[i]);
+      screens.push_back({name, words[i], ElComponente().pantallas.Tiene(name)});
+    }
     CompanyHost company(Surroundings());
     Chooser chooser(std::move(companies), screens,
                     [&](const Company& chosen, const std::string& year, const std::string& screen) {
@@ -222,7 +224,7 @@ int Main(int argc, char** argv) {
   app.add_option("--company", options.company, "company code, five characters");
   app.add_option("--year", options.year, "working year, two digits");
   app.add_option("--screen", options.screen, "screen to open at once")
-      ->check(CLI::IsMember({"Trabajadores", "MIncidencias", "MIncidenciasESP", "MIncidenciasVAR"}));
+      ->check(CLI::IsMember(std::vector<std::string>(kPantallasPublicas.begin(), kPantallasPublicas.end())));
   app.add_option("--run", options.script, "plays a script on the windows");
   app.add_option("--screenshots", options.screenshots, "folder for a picture of every page that a script shows");
   app.add_option("--zoom", options.zoom, "size of the text in percent")->check(CLI::Range(80, zoom::kMost));

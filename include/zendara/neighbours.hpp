@@ -35,18 +35,21 @@ class PickList {
  public:
   virtual ~PickList() = default;
 
-  // The rows of a query. Eight arguments: columns, query, two that the calling convention leaves free, file, title,
-  // mark and result. `columnas`: the row's columns in their order, codes of three digits: two for N of the column
-  // CampoN, one for its kind, 0 text, 1 code, 2 date. An element with two codes, "032,042", is the first of them that
-  // the query has. `lugares`: stands in the first free argument; the place of each element of `columnas` in the
-  // returned row. `motor`: stands in the second; the engine that opens the file `base`. `resultado`: the chosen row,
-  // each text padded with blanks to its width or cut to it, dates as dd/mm/yy, Null as blanks; empty if nothing was
-  // chosen.
+  // The rows of a query.
+  //   columnas   the row's columns in their order. A code has three digits: two are the N of the query's column CampoN,
+  //              one is its kind, 0 text, 1 code, 2 date. An element with two codes, "032,042", means the first of
+  //              them that the query has.
+  //   lugares    where each element of `columnas` stands in the returned row
+  //   motor      opens the file `base`
+  //   resultado  the chosen row, each text padded with blanks to its width or cut to it, dates as dd/mm/yy, Null as
+  //              blanks; empty if nothing was chosen
+  // The class has eight arguments in this order, of which its calling convention leaves the third and the fourth free:
+  // they carry `lugares` and `motor`.
   virtual void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
                              const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base,
                              const std::string& titulo, std::int16_t marca_boton, std::string& resultado) = 0;
 
-  // Fixed rows; `resultado` is the chosen one to the letter.
+  // Fixed rows; `resultado` is the chosen one, unchanged, or empty.
   virtual void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t marca_boton,
                             std::string& resultado) = 0;
 };

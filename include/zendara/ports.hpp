@@ -26,8 +26,8 @@ struct Box {
   BoxIcon icon = BoxIcon::kNone;
   std::string title{};     // empty: the application's title
   int default_button = 1;  // from 1
-  // How the figure that the box tells came about, step by step; the last row is the result. Empty: there is nothing to
-  // tell. A front end that can shows it when the user asks for it, which answers nothing. Never part of a script's run.
+  // How the figure in the text came about, step by step; the last row is the result. Empty: there is no such figure. A
+  // front end that can shows it when the user asks for it, which does not answer the box. Never part of a script's run.
   std::vector<BoxDetail> detail{};
 };
 

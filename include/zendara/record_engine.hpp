@@ -82,7 +82,12 @@ class Field {
 };
 
 // A table-type recordset has an index, Seek and writes. A query recordset is a read-only result in the order of the
-// query: its writes are error 3027, its Index and Seek error 3019, its NoMatch stays False.
+// query: its writes are error 3027, its Index and Seek error 3019, its NoMatch stays False. It keeps the rows that it
+// reached, and has those of its time however the tables change.
+//
+// A forward-only recordset is a query recordset for long listings: it keeps one row, and what memory it takes does not
+// grow with the number of rows, whatever else is done with the database meanwhile. MoveNext is its only move; MoveFirst
+// on the first row changes nothing. MoveFirst behind it, MoveLast, MovePrevious, Clone, Bookmark and GoTo are error 5.
 //
 // Current record. After opening it is the first row, if any. AddNew, Edit, a move, Seek and setting Index drop a
 // pending change silently; Update after AddNew leaves the record that was current before. After Delete the position
@@ -108,7 +113,7 @@ class Recordset {
 
   virtual bool Bof() const = 0;
   virtual bool Eof() const = 0;
-  // Table-type: exact. Query: 0 if empty, otherwise the rows reached so far, 1 after opening.
+  // Table-type: exact. The others: 0 if empty, otherwise the rows reached so far, 1 after opening.
   virtual std::int64_t RecordCount() const = 0;
 
   // On an empty set, or from no current record, error 3021. MoveNext past the last row makes Eof True; the next one is
@@ -159,7 +164,7 @@ class QueryDef {
   std::string sql_;
 };
 
-enum class RecordsetType { kTable = 1, kQuery = 2 };
+enum class RecordsetType { kTable = 1, kQuery = 2, kForward = 8 };
 
 class Database {
  public:
@@ -168,8 +173,10 @@ class Database {
   // The path as it was given to OpenDatabase.
   virtual const std::string& Name() const = 0;
 
-  // kTable: `source` is a table, 3011 if it does not exist. kQuery: a table or one SELECT of the dialect, 3078 unknown
-  // table, 3061 unknown column, 3075 anything else that is wrong with the text.
+  // kTable: `source` is a table, 3011 if it does not exist. kQuery and kForward: a table or one SELECT of the dialect,
+  // 3078 unknown table, 3061 unknown column, 3421 a comparison of different types, 3075 anything else that is wrong
+  // with the text: also a table twice, or more conditions, columns, tables or brackets in each other than the store has
+  // room for (27,734 conditions and 10 brackets in each other are taken).
   virtual std::shared_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) = 0;
   // kQuery.
   std::shared_ptr<Recordset> OpenRecordset(std::string_view sql) { return OpenRecordset(sql, RecordsetType::kQuery); }
@@ -197,7 +204,8 @@ class Database {
   virtual void Close() = 0;
 
   // What two-digit years mean in the dates of statements, and in the recordsets that are opened from here on. It ends
-  // in 2029 until it is set; databases open on one file have each their own.
+  // in 2029 until it is set; databases open on one file have each their own. The component sets that of its session on
+  // the databases and recordsets that a host hands over.
   void SetYearWindow(YearWindow window) { window_ = window; }
   YearWindow Years() const { return window_; }
 

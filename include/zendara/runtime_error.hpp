@@ -16,6 +16,7 @@ enum ErrorNumber : int {
   kSubscriptOutOfRange = 9,
   kDivisionByZero = 11,
   kTypeMismatch = 13,
+  kInternalError = 51,
   kFileNotFound = 53,
   kDeviceIoError = 57,
   kDiskFull = 61,
@@ -63,7 +64,7 @@ enum ErrorNumber : int {
 // the "…". A number that is not of the library gives "Error definido por la aplicación o el objeto".
 std::string ErrorText(int number, const std::vector<std::string>& names = {});
 
-// Thrown by every routine that fails as the run-time library or the record engine would.
+// What the component and the record engine throw.
 class RuntimeError : public std::runtime_error {
  public:
   explicit RuntimeError(int number, const std::vector<std::string>& names = {}, std::string_view detail = {});

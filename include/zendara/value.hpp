@@ -28,9 +28,9 @@ struct Null {
   friend bool operator==(Null, Null) { return true; }
 };
 
-// One value by value. Texts are UTF-8.
-// operator== tells whether two values are the same to the letter (Null equals Null); the three-valued
-// comparison of the routines is `Equal` in src/runtime/null.hpp.
+// One of the four, copied whole. Texts are UTF-8.
+// Two values are equal when kind and contents are the same, letter case and blanks included. Null equals Null here; in
+// statements of the record engine no comparison with it holds.
 class Value {
  public:
   Value() = default;  // Null

@@ -32,7 +32,8 @@ class ClsZendara {
   // Takes over the host's databases, the slots 1 to 500 and the session's values, shows the screen named
   // "Trabajadores", "MIncidencias", "MIncidenciasESP" or "MIncidenciasVAR" (case counts; another name shows nothing),
   // waits until the user has closed it, and hands the currency mark back to the session. Databases and recordsets are
-  // shared, never closed. A step that fails is passed over and leaves the earlier value: the caller is told nothing.
+  // shared, never closed. While that screen is being shown the call does nothing at all; while another one is, this one
+  // opens above it, and the session goes back to the one below when it closes. A step that fails is passed over and leaves the earlier value: the caller is told nothing.
   void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
                         const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT, Morlane& ObjMorlane) noexcept;
   // Write only: the number that fich2 reads back.

@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
@@ -31,8 +32,6 @@ std::string Plain(std::string_view text) {
   }
   return plain;
 }
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::string TextoDe(const Value& value) {
   if (value.IsNull()) return {};

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "common/vertical.hpp"
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "values/filtro_tecla.hpp"
 #include "values/muestra_error.hpp"
@@ -106,8 +107,8 @@ void PantallaBase::ConectaMarco() {
 void PantallaBase::Guarda(const std::function<void()>& rutina) {
   try {
     rutina();
-  } catch (const RuntimeError& error) {
-    MuestraError(error, Host().Boxes());
+  } catch (...) {
+    MuestraError(CurrentError(), Host().Boxes());
   }
 }
 
@@ -176,9 +177,11 @@ void PantallaBase::AlSalir() {
 }
 
 void PantallaBase::OnUnload() {
-  if (anuncio_) anuncio_->AvisoCierre(Host().WindowHandle(*this));
-  // However it closes, nobody may reach it any more.
+  // However it closes, and whatever the banner does, nobody may reach it any more.
   if (sesion_.FormActivo == this) sesion_.FormActivo = nullptr;
+  Run([this] {
+    if (anuncio_) anuncio_->AvisoCierre(Host().WindowHandle(*this));
+  });
   pantallas_.Descarga(Name());
 }
 

@@ -1,5 +1,5 @@
 // The frame that every screen has: title row, keys, focus shown by colour, overtyping, hints, calculator, help, banner,
-// side caption, leaving. A screen derives from it and tells what is its own.
+// side caption, leaving. A screen derives from it and adds what is its own.
 #pragma once
 
 #include <functional>
@@ -32,6 +32,7 @@ class PantallaBase : public Form, public Pantalla {
   PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco);
 
   void Mostrar() override { Show(); }
+  bool EnPantalla() const override { return Shown(); }
 
   // A mouse movement over a button: the text, or with an empty one the default of its name.
   void PonPista(std::string_view texto, Control& control);
@@ -45,7 +46,8 @@ class PantallaBase : public Form, public Pantalla {
   void PonTitulos();
   void PonTamano() { SetSize(9600, 7200); }
 
-  // A routine that guards itself: a run-time error is shown and ends it. The pointer stays as it is.
+  // A routine that guards itself: an error, whatever exception it came as, is shown and ends it. The pointer stays as
+  // it is.
   void Guarda(const std::function<void()>& rutina);
   // A plain box, or one with an icon.
   void Mensaje(const std::string& texto, BoxIcon icono = BoxIcon::kNone);
@@ -54,7 +56,7 @@ class PantallaBase : public Form, public Pantalla {
   // Copies Text1 and Image1 handlers onto the frame's rules; call it once all controls stand.
   void ConectaMarco();
 
-  // What a screen tells.
+  // What is the screen's own.
   virtual void EntradaCampo(int /*indice*/) {}   // before the caret goes to the end
   virtual void SalidaCampo(int /*indice*/) {}    // after the field is grey again
   virtual void AbreLista(int /*indice*/) {}      // look-up image or F2
@@ -64,7 +66,7 @@ class PantallaBase : public Form, public Pantalla {
   void OnKeyDown(int& code, int shift) override;
   void OnKeyPress(int& character) override;
   void OnClose() override { Click(Salir); }
-  void OnUnload() override;  // tells the banner
+  void OnUnload() override;  // the banner hears of it
 
   Sesion& sesion_;
   RegistroPantallas& pantallas_;

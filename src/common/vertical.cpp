@@ -1,8 +1,8 @@
 #include "common/vertical.hpp"
 
 #include <algorithm>
-#include <exception>
 
+#include "runtime/failure.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
@@ -55,8 +55,9 @@ void Vertical::Draw() const try {
   const int y = CLng(Int((alto - static_cast<double>(Len(caption_))) / 2));
   picture_->TextOut(logica, kAlignCentre, x, y, caption_);
   picture_->Refresh();
-} catch (const std::exception&) {
+} catch (...) {
   // A screen without its band is still a screen.
+  LogCurrentError();
 }
 
 void Vertical::PintaBandas(int alto, int ancho) const {

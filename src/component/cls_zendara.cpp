@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "component/componente.hpp"
 #include "runtime/date.hpp"
+#include "runtime/failure.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
@@ -11,16 +13,13 @@
 namespace zendara {
 namespace {
 
-// The screens that a host can name; the register has more, which open from within these.
-constexpr std::string_view kPantallasPublicas[] = {"Trabajadores", "MIncidencias", "MIncidenciasESP",
-                                                   "MIncidenciasVAR"};
-
 // One step of the entry: whatever it throws, the next one runs.
 template <typename Step>
 void Paso(Step step) noexcept {
   try {
     step();
   } catch (...) {
+    LogCurrentError();
   }
 }
 
@@ -41,18 +40,25 @@ void LeeSesion(Sesion& sesion, Morlane& morlane) noexcept {
 // What the host opened reads dates as the session does.
 void PonVentana(Sesion& sesion) noexcept {
   for (const auto& base : {sesion.BDEmpresa, sesion.BDSegunda}) {
-    if (base) base->SetYearWindow(sesion.VentanaFechas);
+    if (base) Paso([&] { base->SetYearWindow(sesion.VentanaFechas); });
   }
   for (const auto& tabla : sesion.Tablas) {
-    if (tabla) tabla->SetYearWindow(sesion.VentanaFechas);
+    if (tabla) Paso([&] { tabla->SetYearWindow(sesion.VentanaFechas); });
   }
 }
 
 void MuestraPantalla(Componente& componente, std::string_view nombre) {
-  if (std::ranges::find(kPantallasPublicas, nombre) == std::end(kPantallasPublicas)) return;
+  if (std::ranges::find(kPantallasPublicas, nombre) == kPantallasPublicas.end()) return;
   const Platform& platform = componente.sesion.platform;
   if (!platform.engine || !platform.dialogs || !platform.files) throw RuntimeError(kObjectNotSet);
   componente.pantallas.Muestra(nombre);
+}
+
+// The session goes back to the screen below. That screen may have gone meanwhile, so FormActivo is what it is now.
+void Devuelve(Sesion&& de_la_pantalla, Sesion& sesion) noexcept {
+  de_la_pantalla.FormActivo = sesion.FormActivo;
+  sesion = std::move(de_la_pantalla);
+  PonVentana(sesion);
 }
 
 }  // namespace
@@ -74,7 +80,10 @@ void ClsZendara::Carga_Formulario(const std::string& NombreForm, const std::shar
                                   const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT,
                                   Morlane& ObjMorlane) noexcept {
   Componente& componente = ElComponente();
+  if (componente.pantallas.EnPantalla(NombreForm)) return;
   Sesion& sesion = componente.sesion;
+  std::optional<Sesion> de_la_pantalla;
+  if (componente.pantallas.EnPantalla()) Paso([&] { de_la_pantalla = sesion; });
   Paso([&] { sesion.BDEmpresa = MiBD; });
   Paso([&] { sesion.BDSegunda = MiBE; });
   for (int slot = 1; slot <= kSlots; ++slot) {
@@ -84,6 +93,7 @@ void ClsZendara::Carga_Formulario(const std::string& NombreForm, const std::shar
   PonVentana(sesion);
   Paso([&] { MuestraPantalla(componente, NombreForm); });
   Paso([&] { ObjMorlane.Retorno(sesion.TextoRetorno); });
+  if (de_la_pantalla) Devuelve(std::move(*de_la_pantalla), sesion);
 }
 
 void ClsZendara::NumBas(std::int16_t valor) noexcept { ElComponente().numero_bas = valor; }

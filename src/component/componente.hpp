@@ -1,12 +1,18 @@
 // The component's state: one for the process, shared by all instances of ClsZendara.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <string_view>
 
 #include "frame/registro_pantallas.hpp"
 #include "frame/sesion.hpp"
 
 namespace zendara {
+
+// The screens that a host can name; the register has more, which open from within these.
+inline constexpr std::array<std::string_view, 4> kPantallasPublicas = {"Trabajadores", "MIncidencias",
+                                                                       "MIncidenciasESP", "MIncidenciasVAR"};
 
 struct Componente {
   // With all screens registered.

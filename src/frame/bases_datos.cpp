@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "values/muestra_error.hpp"
 #include "zendara/runtime_error.hpp"
@@ -32,20 +33,12 @@ void AbreFichero(Sesion& sesion, FileKind fichero, std::string_view ano) {
   Abre(sesion, sesion.BDEmpresa, FileName(fichero, sesion.CodEmpresa.str(), ano));
 }
 
-bool AbreBaseDatos(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) try {
-  Abre(sesion, db, nombre);
-  return true;
-} catch (const RuntimeError& error) {
-  MuestraError(error, *sesion.platform.dialogs);
-  return false;
-}
-
 bool AbreTabla(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) try {
   Abre(sesion, db, nombre);
   if (nombre.starts_with("NOM")) PonConsulta(sesion, *db);
   return true;
-} catch (const RuntimeError& error) {
-  MuestraError(error, *sesion.platform.dialogs);
+} catch (...) {
+  MuestraError(CurrentError(), *sesion.platform.dialogs);
   return false;
 }
 
@@ -58,7 +51,9 @@ void AbreTablas(Sesion& sesion, int grupo, std::string_view codigo, std::string_
     if (!AbreTabla(sesion, sesion.BDEmpresa, FillFileName(g.nombre, codigo, ano))) return;
     LlenaRanuras(sesion, g);
   }
-} catch (const RuntimeError& error) {
+} catch (...) {
+  const RuntimeError error = CurrentError();
+  LogDetail(error);
   if (error.number() != kObjectClosed && error.number() != kObjectNotFound) return;
   sesion.platform.dialogs->Show({.text = "Error: Base de Datos vacia ó dañada"});
 }

@@ -15,16 +15,13 @@ void AbreFichero(Sesion& sesion, FileKind fichero);
 void AbreFichero(Sesion& sesion, FileKind fichero, std::string_view ano);
 
 // Opens DirDatos + `nombre` into `db`, replacing the handle that stood there; the first workspace goes to WsTrabajo.
-// A failure shows MuestraError, leaves `db` and gives false.
-bool AbreBaseDatos(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre);
-
-// The same; when `nombre` starts with "NOM", in that case, the query "Consulta" of that file goes to ConsultaQD, made
-// if it is not there.
+// When `nombre` starts with "NOM", in that case, the query "Consulta" of that file goes to ConsultaQD, made if it is
+// not there. A failure to open shows MuestraError, leaves `db` and gives false.
 bool AbreTabla(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre);
 
 // Fills the slots of group `grupo`, or of all groups but 5 when it is 0, each with its index set. BDEmpresa is the file
 // opened last. Does nothing when `codigo` or `ano` is blank. The first failure ends it, and the slots filled so far
-// stay: 3420 and 3011 show a box, a file that does not open was told by AbreTabla, anything else is passed over in
+// stay: 3420 and 3011 show a box, a file that does not open was shown by AbreTabla, anything else is passed over in
 // silence.
 void AbreTablas(Sesion& sesion, int grupo, std::string_view codigo, std::string_view ano);
 

@@ -8,7 +8,7 @@
 
 namespace zendara {
 
-// Slots that routines name.
+// Slots that the code names.
 inline constexpr int kTiposVia = 2;  // street types; filled by the host, no group has it
 inline constexpr int kTrabajadoresFijo = 402;
 inline constexpr int kIRPF = 404;
@@ -35,7 +35,7 @@ struct EntradaCatalogo {
 struct GrupoCatalogo {
   int numero;
   FileKind fichero;
-  std::string_view nombre;  // as the routines spell it, with the marks of FillFileName
+  std::string_view nombre;  // as AbreTablas opens it, with the marks of FillFileName
   std::span<const EntradaCatalogo> entradas;
 };
 

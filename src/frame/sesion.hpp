@@ -60,13 +60,13 @@ struct Sesion {
   // otherwise 1.
   std::int16_t MarcaBoton = 0;
 
-  // Scratch shared by all routines, meaningless between operations.
+  // Scratch that every screen uses; nothing reads it after the operation that set it.
   std::string SqlTexto;
   std::shared_ptr<Recordset> RsTrabajo;
   std::shared_ptr<Recordset> RsAuxiliar;
 
   // The recordset of a slot; error 91 when the host filled nothing in, 9 when there is no such slot.
-  Recordset& Tabla(int slot) const;
+  Recordset& Tabla(int ranura) const;
   // AnoTrabajo takes the last two characters; the windows are those of that year if they are a number.
   void PonEjercicio(std::string_view ejercicio);
 };

@@ -1,5 +1,5 @@
 // The host's part: a session with a company's files open and its slots filled, for programs that run the component
-// themselves. Unlike the routines of the screens these show nothing: errors go to the caller, 3024 and 3044 with the
+// themselves. Unlike AbreTablas this shows nothing: errors go to the caller, 3024 and 3044 with the
 // name of the file or folder, 3011 with that of the table; the session is then half filled.
 #pragma once
 

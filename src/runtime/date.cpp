@@ -6,7 +6,8 @@
 #include <cmath>
 #include <ctime>
 
-#include "runtime/reading.hpp"
+#include "runtime/characters.hpp"
+#include "runtime/number.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -87,16 +88,16 @@ std::optional<Date> FromOrder(const Parts& parts, const Order& order, YearWindow
   return MakeDate(FullYear(parts.numbers[order.year], window), month, day);
 }
 
-int WorkingYear(int two_digits) { return two_digits < 80 ? 2000 + two_digits : 1900 + two_digits; }
-
 }  // namespace
+
+int FullWorkingYear(int working_year) { return working_year < 80 ? 2000 + working_year : 1900 + working_year; }
 
 YearWindow WindowOfDates(int working_year) {
   constexpr int kYearsAhead = 19;
-  return {.last = std::max(YearWindow{}.last, WorkingYear(working_year) + kYearsAhead)};
+  return {.last = std::max(YearWindow{}.last, FullWorkingYear(working_year) + kYearsAhead)};
 }
 
-YearWindow WindowOfBirths(int working_year) { return {.last = WorkingYear(working_year)}; }
+YearWindow WindowOfBirths(int working_year) { return {.last = FullWorkingYear(working_year)}; }
 
 int FullYear(int year, YearWindow window) {
   if (year > 99) return year;

@@ -17,12 +17,14 @@ struct DateParts {
   friend bool operator==(const DateParts&, const DateParts&) = default;
 };
 
-// Windows of a working year of two digits: 80 to 99 are 1980 to 1999, 0 to 79 are 2000 to 2079.
-// For dates in general: ends in 2029, or 19 years after the working year when that is later.
+// A working year of two digits in full: 80 to 99 are 1980 to 1999, 0 to 79 are 2000 to 2079.
+int FullWorkingYear(int working_year);
+// The windows of a working year of two digits. For dates in general: ends in 2029, or 19 years after the working year
+// when that is later.
 YearWindow WindowOfDates(int working_year);
 // For dates of birth: ends with the working year.
 YearWindow WindowOfBirths(int working_year);
-// A year of two digits in full; any other year is itself.
+// The year of a date: one of two digits in full, any other is itself.
 int FullYear(int year, YearWindow window);
 
 // Nothing when there is no such day or it is out of range.

@@ -5,17 +5,16 @@
 #include <cmath>
 #include <optional>
 
+#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 #include "runtime/digits.hpp"
 #include "runtime/number.hpp"
-#include "runtime/reading.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
 
-constexpr char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-constexpr bool IsDateLetter(char c) { return Small(c) == 'd' || Small(c) == 'm' || Small(c) == 'y'; }
+constexpr bool IsDateLetter(char c) { return FoldCase(c) == 'd' || FoldCase(c) == 'm' || FoldCase(c) == 'y'; }
 
 void AppendNumber(std::string& text, int number, std::size_t width) {
   const std::string digits = std::to_string(number);
@@ -79,13 +78,13 @@ std::string FormatDate(Date date, std::string_view mask) {
   const DateParts parts = PartsOf(date);
   std::string text;
   for (std::size_t at = 0; at < mask.size();) {
-    const char letter = Small(mask[at]);
+    const char letter = FoldCase(mask[at]);
     if (!IsDateLetter(letter)) {
       text += mask[at++];
       continue;
     }
     std::size_t run = 0;
-    for (; at < mask.size() && Small(mask[at]) == letter; ++at) ++run;
+    for (; at < mask.size() && FoldCase(mask[at]) == letter; ++at) ++run;
     if (letter == 'y') {
       run > 2 ? AppendNumber(text, parts.year, 4) : AppendNumber(text, parts.year % 100, 2);
     } else {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 
 namespace zendara {
@@ -25,9 +26,7 @@ struct Reader {
 
   int Digits(std::size_t width) {
     int number = 0;
-    ok = ok && text.size() >= width &&
-         std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(width),
-                     [](char c) { return c >= '0' && c <= '9'; });
+    ok = ok && text.size() >= width && std::ranges::all_of(text.substr(0, width), IsDigit);
     if (!ok) return 0;
     for (const char c : text.substr(0, width)) number = number * 10 + (c - '0');
     text.remove_prefix(width);

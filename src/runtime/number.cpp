@@ -7,9 +7,9 @@
 #include <limits>
 #include <optional>
 
+#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 #include "runtime/digits.hpp"
-#include "runtime/reading.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {

@@ -29,6 +29,8 @@ double Val(std::string_view text);
 // Implicit conversion with the decimal comma; thousands points are ignored at any place before it. A sign before or
 // after or brackets, "€" or "Pts", an exponent; &H and &O. Error 13 if the text is no number, 6 on overflow.
 double CDbl(std::string_view text);
+// The same reading without exceptions: 0 and `number` set, or the number of the error.
+int ReadNumber(std::string_view text, double& number);
 // Number or date (its serial) as it is, text as above, Null error 94.
 double CDbl(const Value& value);
 template <TextLike T>

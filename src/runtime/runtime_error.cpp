@@ -21,6 +21,7 @@ constexpr ErrorRow kErrors[] = {
     {13, "No coinciden los tipos"},
     {20, "Resume sin error"},
     {28, "Espacio de pila insuficiente"},
+    {51, "Error interno"},
     {53, "No se ha encontrado el archivo"},
     {55, "El archivo ya está abierto"},
     {57, "Error de E/S de dispositivo"},

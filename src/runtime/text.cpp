@@ -41,6 +41,8 @@ struct Prefix {
   std::size_t characters = 0;
 };
 
+constexpr int kReplacementCharacter = 0xFFFD;
+
 // The first `wanted` characters, or all there are.
 Prefix FirstCharacters(std::string_view text, std::size_t wanted) {
   if (IsAscii(text.substr(0, wanted))) {
@@ -136,6 +138,39 @@ std::string Mid(std::string_view text, int start, int length) { return Left(From
 int InStr(std::string_view text, std::string_view part) {
   const std::size_t found = text.find(part);
   return found == std::string_view::npos ? 0 : static_cast<int>(Len(text.substr(0, found))) + 1;
+}
+
+std::size_t BytesOf(std::string_view text, std::size_t characters) { return FirstCharacters(text, characters).bytes; }
+
+std::string_view TakeCharacter(std::string_view& text) {
+  const std::string_view character = text.substr(0, FirstLength(text));
+  text.remove_prefix(character.size());
+  return character;
+}
+
+int CodePoint(std::string_view character) {
+  if (character.empty()) return 0;
+  const auto bits = [&](std::size_t i, unsigned mask) { return static_cast<int>(Byte(character[i]) & mask); };
+  switch (FirstLength(character)) {
+    case 2:
+      return bits(0, 0x1F) << 6 | bits(1, 0x3F);
+    case 3:
+      return bits(0, 0x0F) << 12 | bits(1, 0x3F) << 6 | bits(2, 0x3F);
+    case 4:
+      return bits(0, 0x07) << 18 | bits(1, 0x3F) << 12 | bits(2, 0x3F) << 6 | bits(3, 0x3F);
+    default:
+      return Byte(character[0]) < 0x80 ? character[0] : kReplacementCharacter;
+  }
+}
+
+std::string Utf8(int code_point) {
+  const auto byte = [](int value) { return static_cast<char>(value); };
+  if (code_point < 0x80) return {byte(code_point)};
+  const char last = byte(0x80 | (code_point & 0x3F));
+  if (code_point < 0x800) return {byte(0xC0 | code_point >> 6), last};
+  const char third = byte(0x80 | (code_point >> 6 & 0x3F));
+  if (code_point < 0x10000) return {byte(0xE0 | code_point >> 12), third, last};
+  return {byte(0xF0 | code_point >> 18), byte(0x80 | (code_point >> 12 & 0x3F)), third, last};
 }
 
 std::string Trim(std::string_view text) { return std::string(WithoutLeft(WithoutRight(text))); }

@@ -18,6 +18,14 @@ std::string Mid(std::string_view text, int start, int length);
 // 1-based position of `part` in `text`, 0 if it is not there; an empty `part` is at 1. Case counts.
 int InStr(std::string_view text, std::string_view part);
 
+// Bytes of the first `characters` characters, or of all there are.
+std::size_t BytesOf(std::string_view text, std::size_t characters);
+// Takes the first character off a text that is not empty.
+std::string_view TakeCharacter(std::string_view& text);
+// Number of a character; that of the replacement character for a byte that is no UTF-8, 0 for the empty text.
+int CodePoint(std::string_view character);
+std::string Utf8(int code_point);
+
 // Blanks (character 32) only; tabs and line feeds stay.
 std::string Trim(std::string_view text);
 std::string LTrim(std::string_view text);

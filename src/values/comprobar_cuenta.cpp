@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "runtime/characters.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
@@ -16,7 +17,7 @@ int ControlDigit(std::string_view text, std::size_t first_weight) {
   int place = 1;
   for (std::size_t i = first_weight; i < kWeights.size(); ++i, ++place) {
     const std::string digit = Mid(digits, place, 1);
-    if (digit[0] >= '0' && digit[0] <= '9') sum += (digit[0] - '0') * kWeights[i];
+    if (IsDigit(digit[0])) sum += (digit[0] - '0') * kWeights[i];
   }
   const int rest = 11 - sum % 11;
   return rest == 11 ? 0 : rest == 10 ? 1 : rest;

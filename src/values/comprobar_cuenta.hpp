@@ -8,7 +8,7 @@
 
 namespace zendara {
 
-// The two control digits as a number. A box tells when `dc` differs from them to the letter; nothing is refused.
+// The two control digits as a number. A box warns when `dc` is not exactly these two; nothing is refused.
 // Characters that are no digits count 0, missing ones too.
 std::int16_t ComprobarCuenta(std::string_view entidad, std::string_view oficina, std::string_view dc,
                              std::string_view numero, Dialogs& dialogs);

@@ -1,5 +1,6 @@
 #include "values/filtro_tecla.hpp"
 
+#include "runtime/characters.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
@@ -10,7 +11,7 @@ constexpr int kBackspace = 8;
 bool Passes(int tecla, const TextField& control) {
   if (tecla == ',') return control.Text().find(',') == std::string::npos;
   if (tecla == '-') return !LTrim(control.Text()).starts_with('-') && control.SelStart() == 0;
-  return tecla == kBackspace || (tecla >= '0' && tecla <= '9');
+  return tecla == kBackspace || IsDigit(tecla);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "runtime/characters.hpp"
 #include "runtime/digits.hpp"
 #include "values/valor_numero.hpp"
 #include "zendara/runtime_error.hpp"
@@ -28,7 +29,7 @@ struct Mask {
 
 Mask ReadMask(std::string_view mask) {
   if (mask.size() != kMaskLength) throw RuntimeError(kInvalidCall);
-  const int decimals = mask[2] >= '0' && mask[2] <= '9' ? mask[2] - '0' : 0;
+  const int decimals = IsDigit(mask[2]) ? mask[2] - '0' : 0;
   const auto row = static_cast<std::size_t>(decimals);
   return {.rounding = mask[0] == '1'   ? kHalfUnit[row]
                       : mask[0] == '2' ? kNearlyHalfUnit[row]

@@ -1,7 +1,6 @@
 #include "values/muestra_error.hpp"
 
-#include <algorithm>
-#include <iostream>
+#include "runtime/failure.hpp"
 
 namespace zendara {
 
@@ -10,12 +9,7 @@ void MuestraError(int numero, Dialogs& dialogs) {
 }
 
 void MuestraError(const RuntimeError& error, Dialogs& dialogs) {
-  if (!error.detail().empty()) {
-    std::string line = "zendara: error " + std::to_string(error.number()) + ": " + error.detail();
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-    std::cerr << line + "\n" << std::flush;
-  }
+  LogDetail(error);
   dialogs.Show({.text = error.what()});
 }
 

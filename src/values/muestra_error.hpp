@@ -1,4 +1,4 @@
-// The box in which a routine that guards itself tells a run-time error.
+// The box that shows a run-time error.
 #pragma once
 
 #include "zendara/ports.hpp"

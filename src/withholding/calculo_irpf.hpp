@@ -92,8 +92,8 @@ struct DesgloseIRPF {
 int AnoFin(std::string_view ano);
 
 // `tipo` is the rate: decimal comma, at most two decimals, "0" when nothing is to be withheld. Run-time errors of the
-// calculation go to the caller: 3265 when the scale does not start at 0 and the base lies below it, 6 on overflow, 13 when
-// the date of birth is no date.
+// calculation go to the caller: 3265 when the scale does not start at 0 and the base lies below it, 6 on overflow, 13
+// when the date of birth is no date.
 DesgloseIRPF CalculaTipoIRPF(const EntradasIRPF& entradas, const ParametrosIRPF& parametros,
                              const CondicionesIRPF& condiciones);
 

@@ -20,7 +20,7 @@ enum ColumnaTrabajador {
   kRentasIrregulares = 76,
   kGastosAnuales = 77,
   kAnualidades = 79,
-  kAnualidadesRegistro = 48,
+  kAnualidadesRegistro = 48,  // of the stored row
   kCeutaMelilla = 80,
   kRetribucionesAcumuladas = 81,
   kRetencionAcumulada = 82,
@@ -64,7 +64,7 @@ EntradasIRPF LeeDatosRegistro(Recordset& trabajadores_fijo, std::string_view ano
   const auto campo = [&](int ordinal) { return TextoNoNulo(trabajadores_fijo.Fields(ordinal).Get()); };
   EntradasIRPF entradas = Lee(campo, ano);
   entradas.FechaNacimiento = trabajadores_fijo.Fields(kFechaNacimiento).Get();
-  entradas.Anualidades = campo(kAnualidadesRegistro);  // not Campo79, where the screen saves them
+  entradas.Anualidades = campo(kAnualidadesRegistro);
   entradas.RetribucionesAcumuladas = campo(kRetribucionesAcumuladas);
   entradas.RetencionAcumulada = campo(kRetencionAcumulada);
   return entradas;

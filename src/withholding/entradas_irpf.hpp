@@ -33,8 +33,8 @@ ParametrosIRPF LeeParametrosIRPF(Recordset& irpf);
 
 // `ano` is the working year, two digits. Both take CeutaMelilla from the check box value, which never equals "S".
 
-// The current row of TrabajadoresFijo. Anualidades comes from Campo48, a column of the children's block, as the system
-// has always read it.
+// The current row of TrabajadoresFijo. Anualidades comes from Campo48, a column of the children's block, and not from
+// Campo79, where the screen saves it.
 EntradasIRPF LeeDatosRegistro(Recordset& trabajadores_fijo, std::string_view ano);
 EntradasIRPF LeeDatosPantalla(const PantallaIRPF& pantalla, std::string_view ano, bool regularizacion);
 

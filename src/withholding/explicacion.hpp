@@ -1,4 +1,4 @@
-// A withholding rate told step by step, for a payroll clerk.
+// A withholding rate step by step, for a payroll clerk.
 #pragma once
 
 #include <string>

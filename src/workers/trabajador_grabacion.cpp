@@ -129,7 +129,7 @@ std::string Trabajadores::NombreDe(IndiceCampo indice) const {
   // The outermost of the titled groups around it.
   std::string grupo;
   for (const Control* marco = ficha_.ControlDe(indice)->Container(); marco; marco = marco->Container()) {
-    if (marco->Kind() == ControlKind::kFrame && !marco->Caption().empty()) grupo = marco->Caption();
+    if (!marco->Caption().empty()) grupo = marco->Caption();
   }
   return grupo.empty() ? rotulo : rotulo + " (" + grupo + ")";
 }

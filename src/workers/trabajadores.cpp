@@ -179,8 +179,8 @@ void Trabajadores::OnKeyPress(int& character) {
     FocusNext(atras);
     return;
   }
-  const bool en_rejilla = Focus() && Focus()->Kind() == ControlKind::kGrid;
-  if (character == key::kEnter && en_rejilla && PulsaIntro(static_cast<Grid&>(*Focus()))) {
+  Grid* rejilla = Grid1.Focused();
+  if (character == key::kEnter && rejilla && PulsaIntro(*rejilla)) {
     character = 0;
     return;
   }

@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/fakes.hpp"
 #include "lists_fixture.hpp"
 #include "platform/record/cursor.hpp"
 #include "runtime/text.hpp"
-#include "support/errors.hpp"
+#include "support/fake_engine.hpp"
 
 namespace zendara {
 namespace {
@@ -28,7 +27,7 @@ class NumberRows : public QueryCursor {
 };
 
 struct Numbers : FakeDatabase {
-  Numbers(Diary& d, int& r) : FakeDatabase(d, "numbers"), read(r) {}
+  explicit Numbers(int& r) : read(r) {}
   std::shared_ptr<Recordset> OpenRecordset(std::string_view, RecordsetType) override {
     return MakeQueryRecordset(std::make_unique<NumberRows>(read));
   }
@@ -36,14 +35,12 @@ struct Numbers : FakeDatabase {
 };
 
 struct NumbersEngine : FakeEngine {
-  using FakeEngine::FakeEngine;
-  std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Numbers>(diary, read); }
+  std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Numbers>(read); }
   int read = 0;
 };
 
 TEST(ListaFilasTest, ReadsNoFurtherThanItIsAsked) {
-  Diary diary;
-  const auto engine = std::make_shared<NumbersEngine>(diary);
+  const auto engine = std::make_shared<NumbersEngine>();
   const int& read = engine->read;
   ListaFilas filas(*engine, "x", "x", {"001"}, {{1, 7}});
   EXPECT_LE(read, 1);
@@ -99,31 +96,6 @@ TEST_F(FilasTest, TypingFindsWithoutCaseAndAccents) {
   EXPECT_EQ(filas.Row(1), "         10") << "Null is blank, and so is what no column has";
   EXPECT_EQ(filas.Row(9), "Núñez Ve 9 ") << "a text never runs into the next column";
   EXPECT_EQ(filas.Cell(9, 0), "Núñez Vega") << "shown in full";
-}
-
-TEST_F(FilasTest, FixedRowsAreKeptToTheLetter) {
-  ListaFilas filas({"1 - N.I.F. ", "  2"});
-  EXPECT_EQ(filas.Total(), 2U);
-  EXPECT_EQ(filas.Row(0), "1 - N.I.F. ");
-  EXPECT_EQ(filas.Find(0, "  2", 0), 1U);
-  EXPECT_FALSE(filas.Reach(2));
-}
-
-TEST_F(FilasTest, BadArgumentsAreErrors) {
-  const RowPlace first{1, 3};
-  const auto error = [this](const std::vector<std::string>& codes, const std::vector<RowPlace>& places) {
-    return ErrorOf([&] { Open(codes, places); });
-  };
-  EXPECT_EQ(error({"052,010"}, {first}), 0) << "the first that the query has";
-  EXPECT_EQ(error({"052,062"}, {first}), kItemNotFound);
-  EXPECT_EQ(error({""}, {first}), kItemNotFound);
-  EXPECT_EQ(error({"01"}, {first}), kInvalidCall);
-  EXPECT_EQ(error({"x10"}, {first}), kInvalidCall);
-  EXPECT_EQ(error({"001", "010"}, {first}), kInvalidCall);
-  EXPECT_EQ(error({"001", "010"}, {first, {3, 5}}), kInvalidCall);
-  EXPECT_EQ(error({"001"}, {{0, 5}}), kInvalidCall);
-  EXPECT_EQ(ErrorOf([&] { Open({"001"}, {first}, "select campo0 from Nadie"); }), kInputTableNotFound);
-  EXPECT_EQ(Open({"001"}, {first}).Total(), 0U);
 }
 
 }  // namespace

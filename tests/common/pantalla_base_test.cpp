@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+
 #include "support/fake_form_host.hpp"
 
 namespace zendara {
@@ -15,7 +17,10 @@ struct FakeBanner : Banner {
   void PosicionBanner(std::int32_t handle, BannerPlace& place) override {
     log.push_back("banner " + std::to_string(handle) + " " + std::to_string(place.width));
   }
-  void AvisoCierre(std::int32_t handle) override { log.push_back("closed " + std::to_string(handle)); }
+  void AvisoCierre(std::int32_t handle) override {
+    log.push_back("closed " + std::to_string(handle));
+    throw std::runtime_error("of the host");
+  }
   std::vector<std::string>& log;
 };
 
@@ -31,25 +36,22 @@ struct FakeShell : Shell {
   std::vector<std::string> activated;
 };
 
-// A few fields, one with a look-up, and a button that saves.
+// Two fields, a button that saves, and a routine of its own behind it.
 struct Screen7 : PantallaBase {
   Screen7(Sesion& sesion, RegistroPantallas& pantallas)
       : PantallaBase(sesion, pantallas, {"Prueba", "De prueba", 30001, {{"Grabar", " Graba Incidencia "}}}) {
-    for (int i = 1; i <= 3; ++i) Text1.Add(i);
-    Image1.Add(3);
-    SetLayout(Column({Place(Text1(1)), Place(Text1(2)), Place(Text1(3)), Place(Grabar), Place(Calculadora)}));
+    for (int i = 1; i <= 2; ++i) Text1.Add(i);
+    Grabar.On().click = [this](int) { Guarda(routine); };
+    SetLayout(Column({Place(Text1(1)), Place(Text1(2)), Place(Grabar), Place(Calculadora)}));
     ConectaMarco();
   }
   void OnLoad() override { CreaAnuncio(); }
-  bool EscSale() const override { return true; }
-  void SalidaCampo(int indice) override { log.push_back("sale" + std::to_string(indice)); }
-  void AbreLista(int indice) override { log.push_back("lista" + std::to_string(indice)); }
 
   TextBox& Field(int i) { return Text1(i); }
   Button& Calculator() { return Calculadora; }
 
   Button Grabar{*this, "Grabar"};
-  std::vector<std::string> log;
+  std::function<void()> routine;
 };
 
 class PantallaBaseTest : public testing::Test {
@@ -60,11 +62,9 @@ class PantallaBaseTest : public testing::Test {
     sesion.platform.dialogs = &host;
     sesion.platform.shell = &shell;
     sesion.platform.components = &components;
-    screen = std::make_unique<Screen7>(sesion, pantallas);
-    screen->Show();
+    pantallas.Registra("Prueba", [this] { return screen = std::make_shared<Screen7>(sesion, pantallas); });
+    pantallas.Muestra("Prueba");
   }
-
-  void Press(int code) { screen->Press({code, 0, {}}); }
 
   FakeFormHost host;
   FakeShell shell;
@@ -72,32 +72,35 @@ class PantallaBaseTest : public testing::Test {
   std::vector<std::string> banner;
   Sesion sesion{Platform{}};
   RegistroPantallas pantallas;
-  std::unique_ptr<Screen7> screen;
+  std::shared_ptr<Screen7> screen;
 };
 
-TEST_F(PantallaBaseTest, TheBannerIsToldItsPlaceAndTheClosing) {
-  screen->Close();
+TEST_F(PantallaBaseTest, HoweverItClosesNobodyReachesItAnyMore) {
+  EXPECT_EQ(pantallas.Objeto("Prueba"), screen);
+  sesion.FormActivo = screen.get();
+  const std::shared_ptr<Screen7> before = screen;
+  screen->Unload();  // not by its button, and the banner fails
   EXPECT_THAT(banner, ElementsAre("banner 7 9300", "closed 7"));
-  EXPECT_FALSE(screen->Loaded());
+  EXPECT_THAT(host.boxes, ElementsAre("Error en tiempo de ejecución '51':\nError interno"));
+  EXPECT_EQ(sesion.FormActivo, nullptr);
+  EXPECT_NE(pantallas.Objeto("Prueba"), before);
+}
+
+TEST_F(PantallaBaseTest, AGuardedRoutineEndsWithABoxWhateverItThrows) {
+  screen->routine = [] { throw std::runtime_error("of the host"); };
+  testing::internal::CaptureStderr();
+  screen->Click(screen->Grabar);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "zendara: error 51: of the host\n");
+  EXPECT_THAT(host.boxes, ElementsAre("51  Error interno"));
+  EXPECT_TRUE(screen->Loaded());
 }
 
 TEST_F(PantallaBaseTest, TheFieldWithTheFocusIsWhiteAndTheOthersAreGrey) {
   EXPECT_EQ(screen->Field(1).BackColor(), kWhite);
-  Press(key::kEnter);
+  EXPECT_EQ(screen->Field(2).BackColor(), kGrey);
+  screen->Press({key::kDown, 0, {}});
   EXPECT_EQ(screen->Field(1).BackColor(), kGrey);
-  Press(key::kDown);
-  Press(key::kF2);
-  Press(key::kUp);
-  Press(key::kF2);
-  EXPECT_TRUE(screen->Field(2).HasFocus());
-  EXPECT_THAT(screen->log, ElementsAre("sale1", "sale2", "lista3", "sale3"));
-}
-
-TEST_F(PantallaBaseTest, TypingReplacesWhatIsSelected) {
-  screen->Field(1).SetText("abcd");
-  screen->Field(1).Select(0, 3);
-  screen->Press({0, 0, "1"});
-  EXPECT_EQ(screen->Field(1).Text(), "1d");
+  EXPECT_EQ(screen->Field(2).BackColor(), kWhite);
 }
 
 TEST_F(PantallaBaseTest, HintsComeFromTheScreenOrFromTheName) {
@@ -110,15 +113,12 @@ TEST_F(PantallaBaseTest, HintsComeFromTheScreenOrFromTheName) {
   EXPECT_EQ(PistaPorDefecto("Borrar", "Trabajadores"), " Borra el periodo seleccionado ");
 }
 
-TEST_F(PantallaBaseTest, TheCalculatorIsStartedOrBroughtForward) {
-  screen->Field(3).SetFocus();
-  for (const int window : {0, 9}) {
-    shell.window = window;
-    screen->Click(screen->Calculator());
-    EXPECT_TRUE(screen->Field(3).HasFocus());
-  }
-  EXPECT_THAT(shell.activated, ElementsAre("5", "calculadora"));
-  EXPECT_EQ(screen->Pointer(), MousePointer::kDefault);
+TEST_F(PantallaBaseTest, ACalculatorThatIsOpenIsBroughtForward) {
+  shell.window = 9;
+  screen->Field(2).SetFocus();
+  screen->Click(screen->Calculator());
+  EXPECT_TRUE(screen->Field(2).HasFocus());
+  EXPECT_THAT(shell.activated, ElementsAre("calculadora"));
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "common/vertical.hpp"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/errors.hpp"
@@ -35,7 +34,7 @@ struct RecordingSurface : DrawingSurface {
   double Width() const override { return width; }
   double Height() const override { return height; }
   PictureFont Font() const override { return font; }
-  int VerticalPixelsPerInch() const override { return pixels_per_inch; }
+  int VerticalPixelsPerInch() const override { return 96; }
   void FillRect(int left, int top, int right, int bottom, std::uint32_t color) override {
     bands.push_back({left, top, right, bottom, color});
   }
@@ -47,113 +46,67 @@ struct RecordingSurface : DrawingSurface {
   double width = 360;
   double height = 150;
   PictureFont font{.name = "Arial", .size = 8.25};
-  int pixels_per_inch = 96;
   std::vector<Band> bands;
   std::vector<Text> texts;
   int refreshes = 0;
 };
 
-class VerticalTest : public testing::Test {
- protected:
-  void Paint(std::string_view caption, std::string_view start = "16744576", std::string_view end = "12632319") {
-    picture.bands.clear();
-    picture.texts.clear();
-    picture.refreshes = 0;
-    PintaVertical(screen, picture, caption, start, end);
-  }
-
+struct VerticalTest : testing::Test {
   RecordingScreen screen;
   RecordingSurface picture;
 };
 
-TEST_F(VerticalTest, BandsRunFromTheBottomInTheStartColourNearlyToTheEndColour) {
-  Paint("Listados", "0", "10");
+TEST_F(VerticalTest, BandsRunFromTheBottomNearlyToTheEndColourBesideTheCaption) {
+  picture.font = {"Arial", 9.75, true, true, false, true};
+  PintaVertical(screen, picture, "Españá", "0", "10");
   // 10 pixels high, red from 0 to 10 in as many steps; the first factor is zero.
   ASSERT_EQ(picture.bands.size(), 11U);
   for (int i = 0; i <= 10; ++i) {
     const RecordingSurface::Band expected{0, 9 - i, 24, 10 - i, static_cast<std::uint32_t>(i == 0 ? 0 : i - 1)};
     EXPECT_EQ(picture.bands[static_cast<std::size_t>(i)], expected) << i;
   }
-  EXPECT_EQ(picture.refreshes, 1);
-}
-
-TEST_F(VerticalTest, StepsHeightsAndRoundingOfTheBands) {
-  const auto paints = [this](double height, double twips_per_pixel, std::size_t bands, int step) {
-    picture.height = height;
-    screen.twips_per_pixel = twips_per_pixel;
-    Paint("x");
-    EXPECT_EQ(picture.bands.size(), bands) << height;
-    EXPECT_EQ(picture.bands[0].bottom - picture.bands[0].top, step) << height;
-  };
-  paints(509 * 15, 15, 510, 1);            // the step is a whole division
-  paints(510 * 15, 15, 256, 2);            //
-  paints(1021 * 15, 15, 256, 4);           // does not end on 0
-  paints(22.5, 15, 2, 1);                  // 22 twips, ties to even
-  paints(100 * 15, 8.5, 1500 / 8 + 1, 1);  // so is the divisor
-
-  // Red from 0 to 1 over four rows: 0, 1/4, 2/4, 3/4 of it, the tie to the even 0.
-  picture.height = 60;
-  screen.twips_per_pixel = 15;
-  Paint("x", "0", "1");
-  std::vector<std::uint32_t> colors;
-  for (const auto& band : picture.bands) colors.push_back(band.color);
-  EXPECT_THAT(colors, testing::ElementsAre(0, 0, 0, 0, 1));
-}
-
-TEST_F(VerticalTest, ComponentsMoveApartFromEachOther) {
-  picture.height = 30;  // two rows
-  Paint("x");
-  // From 128, 128, 255 half way to 255, 192, 192: 191.5 and 223.5 to even.
-  EXPECT_EQ(picture.bands.at(2).color, 192U + 160U * 256 + 224U * 65536);
-}
-
-TEST_F(VerticalTest, CaptionStandsWhereItsFormulaPutsIt) {
-  picture.height = 6000;  // 400 pixels
-  picture.font = {"Arial", 9.75, true, true, false, true};
-  Paint("Españá");
-  ASSERT_EQ(picture.texts.size(), 1U);
   const LogicalFont font{"Arial", -13, 700, 900, true, false, true};
-  EXPECT_EQ(picture.texts[0], (RecordingSurface::Text{font, 6, 2, 197, "Españá"}));
+  EXPECT_EQ(picture.texts, (std::vector<RecordingSurface::Text>{{font, 6, 2, 2, "Españá"}}));
+  EXPECT_EQ(picture.refreshes, 1);
 
-  picture.width = 90;  // 6 pixels: left of the edge
-  picture.font = {.name = "Arial", .size = 8.5};
-  picture.pixels_per_inch = 99;
-  Paint("Lista");
-  EXPECT_EQ(picture.texts[0].font.height, -11) << "8 points, the tie to even, of 99 to the inch: a half up";
-  EXPECT_EQ(picture.texts[0].font.weight, 400);
-  EXPECT_EQ(picture.texts[0].x, -6) << "3 - 8.5 goes down";
-  EXPECT_EQ(picture.texts[0].y, 197) << "half of 395 goes down";
+  // A step of two pixels from 510 on; a tie of the colour goes to even.
+  picture.bands.clear();
+  picture.height = 510 * 15;
+  picture.width = 25 * 15;
+  picture.font = {.name = "Arial", .size = 8.25};
+  PintaVertical(screen, picture, "x", "16744576", "12632319");
+  ASSERT_EQ(picture.bands.size(), 256U);
+  EXPECT_EQ(picture.bands[0].top, 508);
+  EXPECT_EQ(picture.texts[1].x, 4);
+  EXPECT_EQ(picture.texts[1].font.weight, 400);
+  EXPECT_EQ(picture.bands[129].color, 192U + 160U * 256 + 223U * 65536);
 }
 
 TEST_F(VerticalTest, PaintsOnChangedColoursOnceThePictureIsSet) {
   Vertical vertical(screen);
   vertical.SetStartColor(255);
-  vertical.Draw();
-  EXPECT_EQ(picture.refreshes, 0);
   vertical.SetDrawingObject(&picture);
-  vertical.SetCaption("x");
   vertical.SetStartColor(255);
   EXPECT_EQ(picture.refreshes, 0) << "the same value";
-  vertical.SetEndColor(255);
+  vertical.SetEndColor(-2147483633);
   EXPECT_EQ(picture.refreshes, 1);
-  for (const auto& band : picture.bands) EXPECT_EQ(band.color, 255U) << "one colour";
-  vertical.SetStartColor(-2147483633);
-  EXPECT_EQ(picture.refreshes, 2);
-  EXPECT_EQ(vertical.StartColor(), -2147483633);
-  EXPECT_EQ(picture.bands[picture.bands.size() / 2].color, 0x332211U) << "system colours are translated";
+  EXPECT_EQ(picture.bands.back().color, 0x2E1F29U) << "system colours are translated";
 }
 
 TEST_F(VerticalTest, FailuresEndInSilence) {
+  const auto paints = [&] {
+    picture.bands.clear();
+    picture.texts.clear();
+    PintaVertical(screen, picture, "x", "0", "1");
+    return picture.bands.size() + 100 * picture.texts.size();
+  };
   picture.font.name = std::string(33, 'x');
-  Paint("x");
-  EXPECT_EQ(picture.texts.size(), 1U);
+  EXPECT_EQ(paints(), 111U);
   picture.font.name += 'x';
-  Paint("x");
-  EXPECT_EQ(picture.bands.size(), 11U) << "painted before the name of the font is looked at";
-  EXPECT_EQ(picture.texts.size() + static_cast<std::size_t>(picture.refreshes), 0U);
+  EXPECT_EQ(paints(), 11U) << "painted before the name of the font is looked at";
   screen.twips_per_pixel = 0.4;
-  Paint("x");
-  EXPECT_TRUE(picture.bands.empty());
+  EXPECT_EQ(paints(), 0U);
+  EXPECT_EQ(picture.refreshes, 1);
   EXPECT_EQ(ErrorOf([&] { PintaVertical(screen, picture, "x", "azul", "0"); }), kTypeMismatch);
 }
 

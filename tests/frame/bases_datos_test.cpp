@@ -1,10 +1,18 @@
+// The declared tables, and what opens them, over the default engine.
 #include "frame/bases_datos.hpp"
 
 #include <gmock/gmock.h>
 
-#include "fakes.hpp"
+#include <fstream>
+#include <functional>
+
 #include "frame/parametros.hpp"
+#include "frame/sesion_anfitrion.hpp"
 #include "support/errors.hpp"
+#include "support/fake_dialogs.hpp"
+#include "support/fake_engine.hpp"
+#include "support/temp_folder.hpp"
+#include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
@@ -15,121 +23,150 @@ using testing::StartsWith;
 
 class BasesDatos : public testing::Test {
  protected:
-  BasesDatos() { PonCarpetas(sesion); }
+  BasesDatos() {
+    std::filesystem::create_directory(folder / "DATOS");
+    for (const StoredFile& file : StoredFiles()) EXPECT_EQ(Crea(file.kind)->Tables(), file.tables);
+    PonCarpetas(sesion);
+  }
 
-  std::vector<std::string> Lines(std::string_view start) const {
-    std::vector<std::string> found;
-    for (const std::string& line : diary.lines) {
-      if (line.starts_with(start)) found.push_back(line.substr(start.size()));
+  // The file anew, with something changed in each table.
+  std::shared_ptr<Database> Crea(
+      FileKind kind, const std::function<void(TableDef&)>& change = [](TableDef&) {}) const {
+    std::filesystem::remove(PathOf(kind));
+    auto db = engine->Workspaces(0)->CreateDatabase(PathOf(kind));
+    for (TableDef table : FileOf(kind).tables) {
+      change(table);
+      db->CreateTable(table);
     }
-    return found;
+    return db;
   }
-  std::string TableIn(std::size_t slot) const {
-    const auto& recordset = sesion.Tablas[slot];
-    return recordset ? static_cast<const FakeRecordset&>(*recordset).table : "";
+  std::string PathOf(FileKind kind) const { return folder / "DATOS/" + FileName(kind, "00001", "01"); }
+  const std::vector<ColumnDef>& ColumnsOf(int slot) const { return sesion.Tabla(slot).Columns(); }
+  static const std::vector<ColumnDef>& Stored(FileKind kind, std::string_view table) {
+    return StoredTable(kind, table)->columns;
   }
 
-  Diary diary;
-  std::shared_ptr<FakeEngine> engine = std::make_shared<FakeEngine>(diary);
+  TempFolder folder;
+  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Files> files = MakeHostFiles();
   FakeDialogs dialogs;
-  FakeFiles files;
-  Sesion sesion{Platform{engine.get(), &dialogs, &files, "C:\\nom"}};
-  std::shared_ptr<Database> db;
+  Sesion sesion{Platform{engine.get(), &dialogs, files.get(), folder.path().string()}};
 };
 
-TEST_F(BasesDatos, AbreTablasOpensEveryGroupButTheGeneralTablesWhichTakeTheDoubleSlots) {
-  AbreTablas(sesion, 0, "00001", "01");
-  EXPECT_THAT(Lines("open C:\\nom\\DATOS\\"),
-              ElementsAre("NOM00001.MDB", "N0000101.MDB", "DOC00001.MDB", "NOM00A01.MDB", "HACIEN01.MDB"));
-  // The two files whose names start with NOM have the query; locks go once a group.
-  EXPECT_EQ(Lines("create ").size(), 2u);
-  EXPECT_EQ(Lines("idle 1").size(), 5u);
-  EXPECT_EQ(std::ranges::count(sesion.Tablas, nullptr), kSlots + 1 - 58);
-  EXPECT_EQ(TableIn(414), "IRPFE");
-  EXPECT_EQ(TableIn(429), "");
-  EXPECT_EQ(sesion.BDEmpresa->Name(), "C:\\nom\\DATOS\\HACIEN01.MDB");
-  EXPECT_TRUE(sesion.WsTrabajo);
-  AbreTablas(sesion, 5, "00001", "01");
-  EXPECT_EQ(sesion.BDEmpresa->Name(), "C:\\nom\\DATOS\\Empresa.MDB");
-  EXPECT_EQ(TableIn(414), "Calles");
-  EXPECT_EQ(TableIn(404), "IRPF");
-  EXPECT_THAT(dialogs.texts, IsEmpty());
-
-  EXPECT_EQ(&sesion.Tabla(402), sesion.Tablas[402].get());
+TEST_F(BasesDatos, TheHostsPartFillsEverySlot) {
+  AbreEmpresa(sesion, "00001", "2001");
+  for (const GrupoCatalogo& grupo : Catalogo()) {
+    EXPECT_EQ(&Grupo(grupo.numero), &grupo);
+    EXPECT_EQ(FileOf(grupo.fichero).tables.size(), grupo.entradas.size()) << grupo.nombre;
+    for (const EntradaCatalogo& entrada : grupo.entradas) {
+      // The general tables took these two.
+      if (grupo.numero == 4 && (entrada.ranura == 406 || entrada.ranura == 414)) continue;
+      EXPECT_EQ(sesion.Tabla(entrada.ranura).Index(), entrada.indice);
+      EXPECT_EQ(ColumnsOf(entrada.ranura), Stored(grupo.fichero, entrada.tabla)) << entrada.tabla;
+    }
+  }
+  EXPECT_EQ(ColumnsOf(kTiposVia), Stored(FileKind::kEmpresas, "Calles"));
+  EXPECT_EQ(sesion.BDEmpresa->Name(), sesion.DirDatos + "Nom00001.MDB");
+  EXPECT_EQ(sesion.BDSegunda->Name(), sesion.DirDatos + "Empresa.MDB");
   EXPECT_EQ(ErrorOf([&] { sesion.Tabla(500); }), 91) << "left empty by the host";
   for (const int no_slot : {501, -1}) EXPECT_EQ(ErrorOf([&] { sesion.Tabla(no_slot); }), 9) << no_slot;
 }
 
-TEST_F(BasesDatos, AGroupOpensItsTablesInOrderEachWithItsIndex) {
-  AbreTablas(sesion, 6, "00001", "01");
-  EXPECT_THAT(
-      diary.lines,
-      ElementsAre("open C:\\nom\\DATOS\\HACIEN01.MDB", "table MAN190", "index MAN190 Icampo0_1_2_3_4_5", "table M110",
-                  "index M110 Icampo1_3", "table C190", "index C190 Icampo1", "table PendientesMensual",
-                  "index PendientesMensual Icampo1", "table M111", "index M111 Icampo1_3", "table N110",
-                  "index N110 Icampo1_3", "table N111", "index N111 Icampo1_3", "idle 1"));
-  EXPECT_EQ(TableIn(115), "N111");
-}
-
-TEST_F(BasesDatos, ABlankCodeOrYearDoesNothing) {
+TEST_F(BasesDatos, AbreTablasOpensEveryGroupButTheGeneralTablesWhichTakeTheDoubleSlots) {
   for (const int group : {0, 1, 5}) {
     AbreTablas(sesion, group, "00001", "  ");
     AbreTablas(sesion, group, "     ", "01");
   }
-  EXPECT_THAT(diary.lines, IsEmpty());
+  EXPECT_EQ(sesion.BDEmpresa, nullptr) << "a blank code or year does nothing";
+
+  // A second time with the query already there.
+  for (int i = 0; i < 2; ++i) {
+    sesion.ConsultaQD = nullptr;
+    AbreTablas(sesion, 0, "00001", "01");
+    EXPECT_EQ(sesion.ConsultaQD->Name(), "Consulta");
+  }
+  EXPECT_EQ(std::ranges::count(sesion.Tablas, nullptr), kSlots + 1 - 58);
+  EXPECT_EQ(ColumnsOf(414), Stored(FileKind::kOfficial, "IRPFE"));
+  EXPECT_EQ(sesion.BDEmpresa->Name(), sesion.DirDatos + "HACIEN01.MDB");
+  AbreTablas(sesion, 5, "00001", "01");
+  EXPECT_EQ(ColumnsOf(414), Stored(FileKind::kEmpresa, "Calles"));
+  EXPECT_EQ(ColumnsOf(404), Stored(FileKind::kOfficial, "IRPF"));
+  EXPECT_EQ(sesion.BDEmpresa->Name(), sesion.DirDatos + "Empresa.MDB");
+  EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
 TEST_F(BasesDatos, TheFirstFailureEndsAbreTablas) {
-  struct Case {
-    const char* line;
-    int number;
-    bool in_first_group;
-    std::string box;  // how it starts
-  };
-  const auto earlier = std::make_shared<FakeRecordset>(diary, "earlier");
-  for (const Case& c : std::initializer_list<Case>{
-           {"table FPago", kObjectNotFound, true, "Error: Base de Datos vacia ó dañada"},
-           {"table FPago", kObjectClosed, true, "Error: Base de Datos vacia ó dañada"},
-           {"table FPago", kCannotOpenFile, true, ""},
-           {"index FPago Icampo0", kNotAnIndex, true, ""},
-           {"open C:\\nom\\DATOS\\N0000101.MDB", kDatabaseNotFound, false, "3024  "},
-           {"open C:\\nom\\DATOS\\N0000101.MDB", kObjectClosed, false, "3420  "},
-       }) {
-    SCOPED_TRACE(std::string(c.line) + " " + std::to_string(c.number));
-    diary = {{}, {{c.line, c.number}}};
+  const auto earlier = Crea(FileKind::kEmpresa)->OpenRecordset("Calles", RecordsetType::kTable);
+  const auto opens = [&](bool in_first_group, const std::vector<std::string>& boxes) {
     sesion.Tablas = {};
     sesion.Tablas[490] = earlier;
-    dialogs.texts.clear();
+    dialogs.boxes.clear();
     AbreTablas(sesion, 0, "00001", "01");
-    EXPECT_EQ(diary.lines.back(), c.line) << "nothing was opened after the failure";
-    EXPECT_EQ(TableIn(420), "TincidenciasESP") << "what came before stays";
-    EXPECT_EQ(TableIn(460), "");
-    EXPECT_EQ(sesion.Tablas[490] == earlier, c.in_first_group) << "what was not reached keeps its recordset";
-    EXPECT_EQ(dialogs.texts.size(), c.box.empty() ? 0u : 1u);
-    EXPECT_THAT(dialogs.texts, testing::Each(StartsWith(c.box)));
-  }
+    EXPECT_NE(sesion.Tablas[420], nullptr) << "what came before stays";
+    EXPECT_EQ(sesion.Tablas[460], nullptr);
+    EXPECT_EQ(sesion.Tablas[490] == earlier, in_first_group) << "what was not reached keeps its recordset";
+    EXPECT_EQ(dialogs.boxes.size(), boxes.size());
+    for (std::size_t i = 0; i < boxes.size(); ++i) EXPECT_THAT(dialogs.boxes.at(i), StartsWith(boxes[i]));
+  };
+  std::filesystem::remove(PathOf(FileKind::kYear));
+  opens(false, {"3024  "});
+  Crea(FileKind::kCompany, [](TableDef& table) {
+    if (table.name == "FPago") table.indexes.clear();
+  });
+  opens(true, {});
+  Crea(FileKind::kCompany, [](TableDef& table) {
+    if (table.name == "FPago") table.name = "FPagos";
+  });
+  opens(true, {"Error: Base de Datos vacia ó dañada"});
 }
 
-TEST_F(BasesDatos, AFileThatDoesNotOpenIsToldAndLeavesTheHandle) {
-  ASSERT_TRUE(AbreBaseDatos(sesion, db, "Empresas.mdb"));
-  ASSERT_TRUE(AbreTabla(sesion, db, "Nom00002.MDB"));
+TEST_F(BasesDatos, ATableThatIsClosedMeansADamagedFile) {
+  struct Closed : FakeDatabase {
+    std::shared_ptr<Recordset> OpenRecordset(std::string_view, RecordsetType) override {
+      throw RuntimeError(kObjectClosed);
+    }
+  };
+  struct ClosedEngine : FakeEngine {
+    std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Closed>(); }
+  };
+  const auto closed = std::make_shared<ClosedEngine>();
+  sesion.platform.engine = closed.get();
+  AbreTablas(sesion, 2, "00001", "01");
+  EXPECT_THAT(dialogs.boxes, ElementsAre("Error: Base de Datos vacia ó dañada"));
+}
+
+TEST_F(BasesDatos, AFileThatDoesNotOpenIsShownAndLeavesTheHandle) {
+  std::shared_ptr<Database> db;
+  ASSERT_TRUE(AbreTabla(sesion, db, "Nom00001.MDB"));
   EXPECT_EQ(sesion.ConsultaQD, nullptr) << "the query of the files NOM: the case counts";
   const std::shared_ptr<Database> before = db;
-  diary.failures["open C:\\nom\\DATOS\\Nom00001.MDB"] = kDatabaseNotFound;
-  diary.failures["open C:\\nom\\DATOS\\NOM00001.MDB"] = kForeignFile;
-  EXPECT_FALSE(AbreBaseDatos(sesion, db, "Nom00001.MDB"));
-  EXPECT_FALSE(AbreTabla(sesion, db, "NOM00001.MDB"));
+  EXPECT_FALSE(AbreTabla(sesion, db, "Nom00009.MDB"));
+  EXPECT_FALSE(AbreTabla(sesion, db, "NOM00009.MDB"));
   EXPECT_EQ(db, before);
-  EXPECT_THAT(dialogs.texts, ElementsAre(StartsWith("3024  "), StartsWith("3343  ")));
+  EXPECT_THAT(dialogs.boxes, ElementsAre(StartsWith("3024  "), StartsWith("3024  ")));
 }
 
 TEST_F(BasesDatos, CargaParametrosReadsTheThreeFilesAndLetsAMissingOneThrough) {
+  for (const char* name : {"IMPM1600.DAT", "IMPM0999.DAT", "NOM00997.DAT"}) {
+    std::ofstream(folder / "DATOS/" + name) << name << std::string(300, '.');
+  }
+  sesion.DirDatos.clear();
   CargaParametros(sesion);
-  EXPECT_EQ(sesion.ParametrosListado, "C:\\nom\\DATOS\\IMPM1600.DAT 256");
-  EXPECT_EQ(sesion.ParametrosImpresion, "C:\\nom\\DATOS\\IMPM0999.DAT 300");
-  EXPECT_EQ(sesion.ParametrosNomina, "C:\\nom\\DATOS\\NOM00997.DAT 256");
-  files.missing = "C:\\nom\\DATOS\\IMPM0999.DAT";
+  EXPECT_EQ(sesion.ParametrosListado, "IMPM1600.DAT" + std::string(244, '.'));
+  EXPECT_EQ(sesion.ParametrosImpresion, "IMPM0999.DAT" + std::string(288, '.'));
+  EXPECT_EQ(sesion.ParametrosNomina, "NOM00997.DAT" + std::string(244, '.'));
+  std::filesystem::remove(folder / "DATOS/IMPM0999.DAT");
   EXPECT_EQ(ErrorOf([&] { CargaParametros(sesion); }), kFileNotFound);
+}
+
+TEST(StoredTables, AreFoundByNameInAnyCaseInTheirOwnFile) {
+  EXPECT_NE(StoredTable(FileKind::kCompany, "TRABAJADORESFIJO"), nullptr);
+  EXPECT_EQ(StoredTable(FileKind::kYear, "TrabajadoresFijo"), nullptr);
+  EXPECT_EQ(FileWithTable("Clientes"), nullptr);
+  for (const TableDef& table : FileOf(FileKind::kEmpresas).tables) {
+    EXPECT_EQ(table, *StoredTable(FileKind::kEmpresa, table.name)) << "read under both names: " << table.name;
+  }
+  EXPECT_EQ(FileName(FileKind::kYear, "12   ", "01"), "N12   01.MDB");
 }
 
 }  // namespace

@@ -4,15 +4,29 @@
 #include <map>
 
 #include "component/componente.hpp"
-#include "fakes.hpp"
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
+#include "support/fake_dialogs.hpp"
+#include "support/temp_folder.hpp"
+#include "zendara/engines.hpp"
+#include "zendara/runtime_error.hpp"
 #include "zendara/zendara.hpp"
 
 namespace zendara {
 namespace {
 
 using testing::ElementsAre;
+
+// What is asked and called, in order.
+struct Diary {
+  std::vector<std::string> lines;
+  std::map<std::string, int> failures;  // line: number of the error that it raises
+
+  void Note(const std::string& line) {
+    lines.push_back(line);
+    if (const auto failure = failures.find(line); failure != failures.end()) throw RuntimeError(failure->second);
+  }
+};
 
 struct FakeMorlane : Morlane {
   explicit FakeMorlane(Diary& d) : diary(d) {}
@@ -42,14 +56,21 @@ class Component : public testing::Test {
  protected:
   struct FakePantalla : Pantalla {
     explicit FakePantalla(Component& t) : test(t) {}
-    void Mostrar() override { test.muestra(); }
+    void Mostrar() override {
+      mostrada = true;
+      const std::unique_ptr<bool, void (*)(bool*)> fin(&mostrada, [](bool* fuera) { *fuera = false; });
+      test.muestra();
+    }
+    bool EnPantalla() const override { return mostrada; }
     Component& test;
+    bool mostrada = false;
   };
 
   Component() {
     ElComponente().sesion = Sesion{Platform{}};
     ElComponente().pantallas = {};
-    InstallPlatform({engine.get(), &dialogs, &files, "C:\\nom"});
+    InstallPlatform({engine.get(), &dialogs, files.get(), folder.path().string()});
+    bd->CreateTable({"T", {{"Campo0", ColumnType::kText, 1}}, {}});
   }
 
   void Registra(const std::string& nombre) {
@@ -66,12 +87,13 @@ class Component : public testing::Test {
   void Carga(const std::string& nombre) { ClsZendara().Carga_Formulario(nombre, bd, be, tablas, morlane); }
 
   Diary diary;
-  std::shared_ptr<FakeEngine> engine = std::make_shared<FakeEngine>(diary);
   FakeDialogs dialogs;
-  FakeFiles files;
   FakeMorlane morlane{diary};
-  std::shared_ptr<Database> bd = std::make_shared<FakeDatabase>(diary, "bd");
-  std::shared_ptr<Database> be = std::make_shared<FakeDatabase>(diary, "be");
+  TempFolder folder;
+  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Files> files = MakeHostFiles();
+  std::shared_ptr<Database> bd = engine->Workspaces(0)->CreateDatabase(folder / "bd.mdb");
+  std::shared_ptr<Database> be = engine->Workspaces(0)->CreateDatabase(folder / "be.mdb");
   RecordsetArray tablas{0, std::vector<std::shared_ptr<Recordset>>(kSlots + 1)};
   Sesion& sesion = ElComponente().sesion;
   std::function<void()> muestra = [this] { diary.Note("Mostrar"); };
@@ -92,7 +114,7 @@ TEST_F(Component, TheSessionIsReadInOrderThenTheScreenIsShownThenTheMarkGoesBack
 }
 
 TEST_F(Component, TheWorkingYearIsTheLastTwoCharactersAndMovesTheWindowOfTwoDigitYears) {
-  tablas.items[402] = std::make_shared<FakeRecordset>(diary, "t");
+  tablas.items[402] = bd->OpenRecordset("T", RecordsetType::kTable);
   struct Case {
     Value ejercicio;
     const char* ano;
@@ -129,7 +151,7 @@ TEST_F(Component, AFailedReadLeavesItsValueAndTheOthersAreRead) {
 }
 
 TEST_F(Component, SlotsAreSharedFromTheLowerBoundAndMissingOnesStay) {
-  const auto recordset = [&] { return std::make_shared<FakeRecordset>(diary, "t"); };
+  const auto recordset = [&] { return bd->OpenRecordset("T", RecordsetType::kTable); };
   for (const std::size_t i : {0, 1, 402, 500}) tablas.items[i] = recordset();
   Carga("");
   EXPECT_EQ(sesion.Tablas[0], nullptr);
@@ -171,6 +193,34 @@ TEST_F(Component, AScreenLivesFromItsFirstUseUntilItUnloadsEvenWhileShown) {
   EXPECT_TRUE(registro.Muestra("X"));
   EXPECT_TRUE(pantalla.expired());
   EXPECT_FALSE(registro.Muestra("x"));
+}
+
+TEST_F(Component, AShownScreenIsLeftAloneAndGetsItsSessionBackFromTheOneAboveIt) {
+  Registra("Trabajadores");
+  Registra("MIncidencias");
+  std::string above;
+  bool first = true;
+  muestra = [&] {
+    if (!std::exchange(first, false)) {
+      above = sesion.CodEmpresa.str() + sesion.BDEmpresa->Name();
+      return;
+    }
+    morlane.values = {{"CodigoEmpresa", "77"}, {"Ejercicio", 2026}, {"Retorno", "E"}};
+    diary.lines.clear();
+    Carga("Trabajadores");
+    EXPECT_THAT(diary.lines, testing::IsEmpty());
+
+    std::swap(bd, be);
+    Carga("MIncidencias");
+    std::swap(bd, be);
+    EXPECT_EQ(above, "77   " + be->Name());
+    EXPECT_EQ(diary.lines.back(), "Retorno = E");
+    EXPECT_THAT(Textos(), testing::Contains("P"));
+    EXPECT_EQ(sesion.CodEmpresa.str() + sesion.AnoTrabajo.str(), "12   01");
+    EXPECT_EQ(sesion.BDEmpresa, bd);
+  };
+  Carga("Trabajadores");
+  EXPECT_EQ(diary.lines.back(), "Retorno = P");
 }
 
 TEST_F(Component, AScreenThatFailsOrCannotBeMadeIsPassedOver) {

@@ -29,6 +29,7 @@ class SampleScreen : public Form, public Pantalla {
   }
 
   void Mostrar() override { Show(); }
+  bool EnPantalla() const override { return Shown(); }
 
   Tabs Tab1{*this, "Tab1"};
   ControlArray<TextBox> Text1{*this, "Text1"};

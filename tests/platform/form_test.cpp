@@ -3,6 +3,10 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
+#include <stdexcept>
+
+#include "runtime/text.hpp"
 #include "support/errors.hpp"
 #include "support/fake_form_host.hpp"
 
@@ -14,7 +18,7 @@ using testing::ElementsAre;
 // Three fields on two pages, a field in a frame, a list, a check box, two options and two buttons; every event is
 // noted.
 struct Sample : Form {
-  explicit Sample(FormHost& host) : Form(host, "Sample") {
+  explicit Sample(FakeFormHost& host) : Form(host, "Sample") {
     for (int i = 1; i <= 4; ++i) Text1.Add(i);
     Accept.SetCaption("&Grabar");
     Cancel.SetCaption("Salir &ñu");
@@ -25,6 +29,7 @@ struct Sample : Form {
       log.push_back("out" + std::to_string(i));
       if (on_leave) on_leave(i);
     };
+    Text1.On().change = [this](int) { ++changes; };
     Accept.On().click = [this](int) { log.push_back("accept"); };
     Pages.On().click = [this](int) { log.push_back("page" + std::to_string(Pages.Tab())); };
     SetLayout(Column({zendara::Pages(Pages, {Column({Place(Text1(1)), Place(Text1(2))}),
@@ -37,9 +42,17 @@ struct Sample : Form {
   }
 
   void OnKeyPress(int& character) override {
+    if (on_key_press) on_key_press();
     if (character != key::kEnter) return;
     character = 0;
     FocusNext();
+  }
+
+  void OnLoad() override {
+    if (on_load) on_load();
+  }
+  void OnUnload() override {
+    if (on_unload) on_unload();
   }
 
   Tabs Pages{*this, "Tab1"};
@@ -51,6 +64,8 @@ struct Sample : Form {
   Button Accept{*this, "Grabar"}, Cancel{*this, "Salir"};
   std::vector<std::string> log;
   std::function<void(int)> on_leave;
+  std::function<void()> on_load, on_unload, on_key_press;
+  int changes = 0;
 };
 
 class FormTest : public testing::Test {
@@ -96,26 +111,60 @@ TEST_F(FormTest, PageKeysTurnThePagesAroundTheFocus) {
   EXPECT_THAT(form.log, ElementsAre("out1", "page1", "in3", "out3", "page0", "in4"));
 }
 
-TEST_F(FormTest, LeavingDecidesWhereTheFocusGoes) {
-  form.on_leave = [&](int i) {
-    if (i == 1) form.Text1(3).SetFocus();
-  };
-  Press(key::kTab);
-  EXPECT_EQ(Focus(), "Text1(3)");
-  EXPECT_THAT(form.log, ElementsAre("out1", "in3")) << "the field first aimed at gets no event";
-
+TEST_F(FormTest, AFieldThatTakesItsFocusBackIsEnteredAgainAndKeepsTheClickAway) {
   form.on_leave = [&](int i) { form.Text1(i).SetFocus(); };
   form.Click(form.Accept);
-  EXPECT_THAT(form.log, ElementsAre("out1", "in3", "out3", "in3")) << "it took its focus back, so there was no click";
+  EXPECT_THAT(form.log, ElementsAre("out1", "in1"));
 }
 
-TEST_F(FormTest, AnErrorThatNobodyTrapsEndsItsEventAlone) {
-  form.Text1(1).SetText("escrito");
-  form.on_leave = [](int) { throw RuntimeError(kInvalidUseOfNull); };
+TEST_F(FormTest, AnyExceptionIsAnErrorInABoxWithItsOwnWordsInTheLog) {
+  const struct {
+    std::function<void()> fail;
+    std::string box;
+    std::string log;
+  } cases[] = {
+      {[] { throw RuntimeError(kFileNotFound, {}, "a.dat\nb"); }, "'53':\nNo se ha encontrado el archivo",
+       "zendara: error 53: a.dat b\n"},
+      {[] { throw std::bad_alloc(); }, "'7':\nMemoria insuficiente", ""},
+      {[] { throw std::out_of_range("of the host"); }, "'51':\nError interno", "zendara: error 51: of the host\n"},
+      {[] { throw 7; }, "'51':\nError interno", "zendara: error 51: an exception of an unknown kind\n"},
+  };
+  for (const auto& c : cases) {
+    host.boxes.clear();
+    testing::internal::CaptureStderr();
+    form.Run(c.fail);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), c.log);
+    EXPECT_THAT(host.boxes, ElementsAre("Error en tiempo de ejecución " + c.box));
+  }
+}
+
+// A host's own objects may fail where a screen opens, loads, unloads, and even in the box that says so.
+TEST_F(FormTest, NothingFliesOutOfAForm) {
+  const auto fail = [](auto&&...) { throw std::runtime_error("of the host"); };
+  testing::internal::CaptureStderr();
+  form.on_leave = fail;
   Press(key::kTab);
-  EXPECT_THAT(host.boxes, ElementsAre("Error en tiempo de ejecución '94':\nUso no válido de Null"));
-  EXPECT_EQ(Focus(), "Text1(2)");
-  EXPECT_EQ(form.Text1(1).Text(), "escrito");
+  EXPECT_EQ(Focus(), "Text1(2)") << "the rules of leaving ended, the move went on";
+  Sample other(host);
+  form.Accept.On().click = [&](int) { other.Show(); };
+  form.on_leave = nullptr;
+  other.on_load = fail;
+  form.Click(form.Accept);
+  other.on_unload = fail;
+  other.Unload();
+  host.while_shown = fail;
+  form.Click(form.Accept);
+  EXPECT_EQ(host.boxes.size(), 5U) << "leaving; load, unload; load again, and the place that shows it";
+  EXPECT_TRUE(form.Loaded());
+  EXPECT_FALSE(other.Shown());
+  struct : FakeFormHost {
+    BoxAnswer Show(const Box&) override { throw std::runtime_error("of the host"); }
+  } no_boxes;
+  Sample silent(no_boxes);
+  silent.on_load = fail;
+  silent.Show();
+  EXPECT_TRUE(silent.Loaded());
+  EXPECT_NE(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(FormTest, ButtonsAreClickedByKeysAndAccessKeys) {
@@ -131,18 +180,108 @@ TEST_F(FormTest, ButtonsAreClickedByKeysAndAccessKeys) {
   EXPECT_EQ(std::ranges::count(form.log, "accept"), 3);
 }
 
-TEST_F(FormTest, TheFormSeesKeysFirst) {
-  form.Text1.On().key_press = [&](int, int& character) {
-    form.log.push_back("press");
-    if (character == 'x') character = 0;
+// The rest of a key, a click or a paste is lost when a handler has taken the ground from under it.
+TEST(FormEvents, EndWithTheControlThatTheyBeganOn) {
+  using Handler = std::function<void()>;
+  struct Event {
+    const char* what;
+    bool click;    // on the button; otherwise into the first field
+    bool entered;  // the focus was on the button already
+    std::function<void(Sample&, Handler)> attach;
+    std::function<void(Sample&)> happen;
   };
-  form.Type("axb");
-  EXPECT_EQ(form.Text1(1).Text(), "ab");
-  Press(key::kEnter);  // cancelled by the form, the field never sees it
-  EXPECT_THAT(form.log, ElementsAre("press", "press", "press", "out1", "in2"));
+  const auto type = [](Sample& f) { f.Type("x"); };
+  const auto paste = [](Sample& f) { f.Paste("xy"); };
+  const auto click = [](Sample& f) { f.Click(f.Accept); };
+  const auto on_down = [](Sample& f, Handler h) { f.Text1.On().key_down = [h](int, int&, int) { h(); }; };
+  const auto on_press = [](Sample& f, Handler h) { f.Text1.On().key_press = [h](int, int&) { h(); }; };
+  const auto on_form = [](Sample& f, Handler h) {
+    f.on_key_press = h;
+    f.Text1.On().key_press = [&f](int, int&) { ++f.changes; };
+  };
+  const auto on_button = [](Sample& f, Handler h) {
+    f.Accept.SetFocus();
+    f.Accept.On().key_down = [h](int, int&, int) { h(); };
+  };
+  const auto enter = [](Sample& f) { f.Press({key::kEnter, 0, {}}); };
+  const auto on_leave = [](Sample& f, Handler h) { f.on_leave = [h](int i) { i == 1 ? h() : void(); }; };
+  const auto on_enter = [](Sample& f, Handler h) { f.Accept.On().got_focus = [h](int) { h(); }; };
+  const Event events[] = {
+      {"key_down", false, false, on_down, type},
+      {"key_press of the form", false, false, on_form, type},
+      {"key_press", false, false, on_press, type},
+      {"key_press of a paste", false, false, on_press, paste},
+      {"lost_focus", true, false, on_leave, click},
+      {"got_focus", true, true, on_enter, click},
+      {"key_down of a button", true, true, on_button, enter},
+  };
+  const struct {
+    const char* what;
+    std::function<void(Sample&, Control&)> deed;
+    bool moves;
+    std::vector<std::string> log;  // of a click, when it is done on leaving
+  } deeds[] = {
+      {"hides", [](Sample&, Control& c) { c.SetVisible(false); }, false, {"out1", "in1"}},
+      {"disables", [](Sample&, Control& c) { c.SetEnabled(false); }, false, {"out1", "in1"}},
+      {"unloads", [](Sample& f, Control&) { f.Unload(); }, false, {"out1"}},
+      {"moves the focus", [](Sample& f, Control&) { f.Text1(2).SetFocus(); }, true, {"out1", "in2"}},
+  };
+  for (const Event& event : events) {
+    for (const auto& deed : deeds) {
+      SCOPED_TRACE(std::string(deed.what) + " on " + event.what);
+      FakeFormHost host;
+      Sample form(host);
+      form.Show();
+      form.log.clear();
+      Control& target = event.click ? static_cast<Control&>(form.Accept) : form.Text1(1);
+      event.attach(form, [&] { deed.deed(form, target); });
+      event.happen(form);
+      EXPECT_EQ(form.Text1(1).Text() + form.Text1(2).Text(), "");
+      EXPECT_EQ(form.changes, 0);
+      EXPECT_EQ(std::ranges::count(form.log, "accept"), 0);
+      EXPECT_EQ(form.Focus()->Id(), deed.moves ? "Text1(2)" : event.entered ? "Grabar" : "Text1(1)");
+      if (event.click && !event.entered) {
+        EXPECT_EQ(form.log, deed.log);
+      }
+      EXPECT_EQ(host.boxes.size(), 0U);
+    }
+  }
+}
+
+TEST_F(FormTest, WhatIsNotLoadedTakesNoInput) {
+  form.Unload();
+  form.Type("x");
+  form.Paste("x");
+  form.Click(form.Accept);
+  form.Click(form.check);
+  form.Pick(form.combo, 1);
+  form.TurnTo(form.Pages, 1);
+  form.Close();
   form.HelpContext = 20004;
-  Press(key::kF1);
-  EXPECT_THAT(host.help, ElementsAre(20004));
+  form.Text1.On().key_down = [this](int, int&, int) { form.Unload(); };
+  for (const Key& key : {Key{key::kF1, 0, {}}, Key{'G', key::kAlt, "g"}, Key{key::kPageDown, key::kControl, {}}}) {
+    form.Show();  // loads it
+    form.Press(key);
+  }
+  EXPECT_THAT(host.help, ElementsAre());
+  EXPECT_EQ(form.Text1(1).Text() + form.combo.Text(), "");
+  EXPECT_EQ(form.check.Value() + form.Pages.Tab(), 0);
+  EXPECT_THAT(form.log, ElementsAre());
+}
+
+TEST_F(FormTest, AFormThatIsShownIsNotShownAgain) {
+  form.Unload();
+  int again = 0;
+  host.while_shown = [&](Form& shown) {
+    ++again;
+    shown.Show();
+    EXPECT_TRUE(shown.Shown());
+    shown.Close();
+    EXPECT_FALSE(shown.Shown());
+  };
+  form.Show();
+  form.Show();
+  EXPECT_EQ(again, 2) << "and a form that has closed is";
 }
 
 TEST_F(FormTest, TextsAreEditedByCharacters) {
@@ -158,15 +297,89 @@ TEST_F(FormTest, TextsAreEditedByCharacters) {
   Press(key::kEnd, key::kShift);
   Press(key::kLeft, key::kShift);
   EXPECT_EQ(box.SelStart(), 0);
-  EXPECT_EQ(box.SelLength(), 3);
-  form.Press({0, 0, "é"});
-  form.Paste("1\n23456");
-  EXPECT_EQ(box.Text(), "é1234ü");
+  EXPECT_EQ(box.SelectedText(), "ndú");
+  Press(key::kRight);
+  EXPECT_EQ(box.Caret(), 3) << "to the end of what was selected";
+  for (int i = 0; i < 2; ++i) Press(key::kLeft, key::kShift);
+  EXPECT_EQ(box.SelectedText(), "dú");
+  Press(key::kLeft);
+  EXPECT_EQ(box.Caret(), 1);
   box.SetText("más de seis letras");
   EXPECT_EQ(box.Text(), "más de");
+  Press(key::kEnd);
+  box.SetText("12");
+  form.Type("0");
+  EXPECT_EQ(box.Text(), "012") << "a text set by code has its caret at the start";
   box.SetLocked(true);
+  for (const int code : {key::kDelete, key::kBack}) Press(code);
   form.Type("x");
-  EXPECT_EQ(box.Text(), "más de");
+  EXPECT_EQ(box.Text(), "012");
+}
+
+TEST_F(FormTest, APasteIsOneChangeOfAsMuchAsTheFieldHoldsAndLetsPass) {
+  std::string long_text;
+  for (int i = 0; i < 10'000; ++i) long_text += "línea ñ(&\r\n";
+  const struct {
+    const char* what;
+    const char* text;
+    int start;
+    int length;
+    std::string pasted;
+    const char* result;
+    int caret;
+  } cases[] = {
+      {"in place of what is selected", "abcd", 1, 2, "ñú", "añúd", 3},
+      {"as far as there is room", "abcd", 2, 0, "12345", "ab12cd", 4},
+      {"one line of it all", "", 0, 0, "1\n2\t3", "123", 3},
+      {"signs that are keys of a form", "", 0, 0, "(&%\x1b\x08", "(&%", 3},
+      {"what the field lets pass", "", 0, 0, "1x2,x", "12.", 3},
+      {"a text of any length", "ab", 2, 0, long_text, "ablnea", 6},
+      {"nothing that passes leaves the selection", "abc", 0, 3, "xxx", "abc", 0},
+  };
+  TextBox& box = form.Text1(1);
+  box.SetMaxLength(6);
+  form.Text1.On().key_press = [&](int, int& character) {
+    if (character == 'x' || character == 0xed) character = 0;
+    if (character == ',') character = box.Text() == "12" ? '.' : 0;
+    box.Select(box.SelStart(), 1);  // as going over the text with the keys does
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    box.SetText(c.text);
+    box.Select(c.start, c.length);
+    form.changes = 0;
+    form.Paste(c.pasted);
+    EXPECT_EQ(box.Text(), c.result);
+    EXPECT_EQ(box.SelStart(), c.caret);
+    EXPECT_EQ(box.SelLength(), std::string_view(c.text) == c.result ? c.length : 0);
+    EXPECT_EQ(form.changes, std::string_view(c.text) == c.result ? 0 : 1);
+    EXPECT_EQ(Focus(), "Text1(1)");
+  }
+  box.SetText("abc");
+  form.Text1.On().key_press = [&](int, int& character) {
+    if (character == '2') throw RuntimeError(kInvalidCall);
+  };
+  form.Paste("123");
+  EXPECT_EQ(box.Text(), "abc") << "half of it is not left behind";
+  form.Text1.On().key_press = [&](int, int& character) {
+    if (character == '2') box.SetText("fin");
+  };
+  form.Paste("123");
+  EXPECT_EQ(box.Text(), "fin") << "the field has answered itself";
+  form.Text1.On().key_press = nullptr;
+  box.SetLocked(true);
+  form.Paste("1");
+  box.SetLocked(false);
+  box.SetMaxLength(0);
+  box.SetText("");
+  form.Paste(long_text);
+  EXPECT_EQ(Len(box.Text()), 90'000U);
+  form.SetFocus(form.Accept);
+  form.Paste(" 1");
+  form.SetFocus(form.combo);
+  form.Paste("1");
+  EXPECT_EQ(form.combo.Text(), "");
+  EXPECT_EQ(std::ranges::count(form.log, "accept"), 0);
 }
 
 TEST_F(FormTest, ListsCheckBoxesOptionsAndGridsTakeOnlyWhatTheyHave) {
@@ -178,8 +391,11 @@ TEST_F(FormTest, ListsCheckBoxesOptionsAndGridsTakeOnlyWhatTheyHave) {
   EXPECT_EQ(ErrorOf([&] { form.combo.SetText("3"); }), 380);
   form.combo.SetText("");
   EXPECT_EQ(form.combo.ListIndex(), -1);
-  form.Pick(form.combo, 1);
+  int picked = 0;
+  form.combo.On().click = [&](int) { ++picked; };
+  for (int i = 0; i < 2; ++i) form.Pick(form.combo, 1);
   EXPECT_EQ(form.combo.Text(), "2");
+  EXPECT_EQ(picked, 1) << "the entry that shows already is no click";
 
   form.Click(form.check);
   form.Press({key::kSpace, 0, " "});
@@ -202,20 +418,6 @@ TEST_F(FormTest, ListsCheckBoxesOptionsAndGridsTakeOnlyWhatTheyHave) {
   EXPECT_EQ(moved, 1);
   EXPECT_EQ(ErrorOf([&] { grid.SetRow(0); }), 380);
   EXPECT_EQ(ErrorOf([&] { grid.Cell(11, 0); }), 9);
-}
-
-TEST_F(FormTest, AFormOpensAnotherAndComesBack) {
-  Sample other(host);
-  host.while_shown = [](Form& shown) { shown.Close(); };
-  form.Accept.On().click = [&](int) {
-    other.Show();
-    form.log.push_back("back");
-  };
-  form.Click(form.Accept);
-  EXPECT_FALSE(other.Loaded());
-  form.Unload();
-  form.Click(form.Accept);
-  EXPECT_EQ(std::ranges::count(form.log, "back"), 1) << "nothing happens on a screen that is gone";
 }
 
 }  // namespace

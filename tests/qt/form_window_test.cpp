@@ -183,6 +183,21 @@ TEST_F(QtTest, TheHourglassTakesNoInputAway) {
   });
 }
 
+TEST_F(QtTest, APainterThatFailsLeavesItsPictureEmptyAndIsNotAskedAgain) {
+  int painted = 0;
+  form.Picture25.SetPainter([&](const Screen&, DrawingSurface&) {
+    ++painted;
+    throw std::runtime_error("of the host");
+  });
+  Play([&](FormWindow& window) {
+    for (int i = 0; i < 2; ++i) {
+      form.Picture25.SetVisible(true);  // changed, so drawn anew
+      window.grab();
+    }
+    EXPECT_EQ(painted, 1);
+  });
+}
+
 TEST_F(QtTest, EverythingScalesWithTheText) {
   Play([&](FormWindow& window) {
     QWidget& edit = WidgetOf(window, form.Text1(1));

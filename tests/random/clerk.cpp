@@ -4,15 +4,17 @@
 #include <functional>
 #include <vector>
 
-#include "apps/demo/code_tables.hpp"
 #include "runtime/format.hpp"
 #include "runtime/text.hpp"
+#include "workers/trabajador_consultas.hpp"
 #include "workers/trabajadores.hpp"
 
 namespace zendara {
 namespace {
 
 using enum CampoTrabajador;
+
+std::string Named(const std::string& array, IndiceCampo index) { return array + "(" + std::to_string(index) + ")"; }
 
 constexpr std::string_view kCharacters[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9",  ",", ".", "-",
                                             "a", "L", "m", "S", "n", "x", "ñ", "Ñ", "á", "Ü",  "ç", "€", "'",
@@ -89,14 +91,9 @@ class Clerk {
 
   void PressAccessKey() { hands_.Press(form_, std::string("Alt+") + random_.Pick(kAccessKeys)); }
 
-  void ClickAnything() { hands_.Click(form_, *Any<Control>()); }
-
-  void ClickButton() {
-    if (auto* button = Any<Button>()) hands_.Click(form_, *button);
-  }
-
-  void LookUp() {
-    if (auto* image = Any<Image>()) hands_.Click(form_, *image);
+  template <typename T>
+  void Click() {
+    if (auto* control = Any<T>()) hands_.Click(form_, *control);
   }
 
   void PickEntry() {
@@ -150,11 +147,16 @@ class Clerk {
 
   // On the worker screen.
 
-  void Fill(IndiceCampo index, const std::string& text) {
-    auto* box = dynamic_cast<TextBox*>(form_.Find("Text1(" + std::to_string(index) + ")"));
+  void Fill(CampoTrabajador field, const std::string& text) {
+    auto* box = dynamic_cast<TextBox*>(form_.Find(Named("Text1", field)));
     if (box && !random_.Chance(3)) hands_.Fill(form_, *box, random_.Chance(3) ? AnyHostile() : text);
   }
-  void Fill(IndiceCampo index) { Fill(index, Likely(index)); }
+  // From its list, if it has one that loads no record.
+  void Fill(CampoTrabajador field) {
+    const ConsultaTrabajador* list = ConsultaDeCampo(field);
+    if (!list || list->carga || random_.Chance(5)) return Fill(field, Likely(field));
+    hands_.Click(form_, *form_.Find(Named("Image1", field)));
+  }
 
   void ClickNamed(std::string_view button, double yes = 100) {
     hands_.wish = random_.Chance(yes) ? BoxAnswer::kYes : BoxAnswer::kNo;
@@ -167,46 +169,16 @@ class Clerk {
     return random_.Chance(30) ? whole + "," + std::to_string(random_.Between(0, 99)) : whole;
   }
 
-  // What clerks enter into that field.
-  std::string Likely(IndiceCampo index) {
-    const auto code = [this](const auto& list) { return std::string(random_.Pick(list).code); };
-    switch (static_cast<CampoTrabajador>(static_cast<int>(index))) {
-      case kNumero:
-        return std::to_string(random_.Between(1, kRandomWorkers + 4));
-      case kSituacion:
-        return std::to_string(random_.Between(1, 4));
-      case kSiglas:
-        return code(kCalles);
-      case kFormaPago:
-        return code(kFormasPago);
-      case kConvenio:
-        return code(kConvenios);
-      case kCategoria:
-        return code(random_.Pick(kConvenios).categorias);
-      case kEpigrafe:
-        return code(kEpigrafes);
-      case kGrupoTarifa:
-        return std::to_string(random_.Between(0, 13));
-      case kNumeroContrato:
-        return std::string(random_.Pick(kContratos).number);
-      case kTipo1:
-      case kTipo2:
-      case kTipo3:
-        return std::string(random_.Pick(kContratos).type);
-      case kCentro:
-        return code(kCentros);
-      case kSeccion:
-        return code(kSecciones);
-      case kDiasParcial:
-        return random_.Chance(50) ? "lmxJV" : std::to_string(random_.Between(1, 31));
-      default:
-        break;
-    }
-    const Campo& field =
-        *std::ranges::find_if(CamposTrabajador(), [&](const Campo& campo) { return campo.indice == index; });
-    if (field.Tiene(kFecha)) return Day(random_.Between(0, kLastDay));
-    if (field.Tiene(kImporte)) return Amount();
-    return field.Tiene(kCeros) ? std::to_string(random_.Between(0, 9999)) : std::string(random_.Pick(kNames));
+  // What clerks enter into a field that no list fills.
+  std::string Likely(CampoTrabajador field) {
+    if (field == kNumero) return std::to_string(random_.Between(1, kRandomWorkers + 4));
+    if (field == kSituacion) return std::to_string(random_.Between(1, 4));
+    if (field == kDiasParcial) return random_.Chance(50) ? "lmxJV" : std::to_string(random_.Between(1, 31));
+    const Campo& rules = *std::ranges::find_if(CamposTrabajador(),
+                                               [&](const Campo& campo) { return campo.indice == IndiceCampo(field); });
+    if (rules.Tiene(kFecha)) return Day(random_.Between(0, kLastDay));
+    if (rules.Tiene(kImporte)) return Amount();
+    return rules.Tiene(kCeros) ? std::to_string(random_.Between(0, 9999)) : std::string(random_.Pick(kNames));
   }
 
   void ShowWorker() {
@@ -220,17 +192,18 @@ class Clerk {
   }
 
   void FillFields() {
-    for (int fields = random_.Between(1, 4); fields > 0; --fields) Fill(random_.Pick(CamposTrabajador()).indice);
+    for (int fields = random_.Between(1, 4); fields > 0; --fields)
+      Fill(CampoTrabajador{random_.Pick(CamposTrabajador()).indice});
     if (random_.Chance(70)) hands_.Press(form_, "Enter");
   }
 
   // Types of one number of contract, with bonuses one after the other.
   void FillContracts(int day) {
-    const Contrato& contract = random_.Pick(kContratos);
-    Fill(kNumeroContrato, std::string(contract.number));
+    Fill(kNumeroContrato);
     for (const CampoTrabajador type : {kTipo1, kTipo2, kTipo3}) {
-      Fill(type, std::string(contract.type));
-      if (!contract.percent.empty() || random_.Chance(20)) {
+      Fill(type);
+      const auto* bonus = dynamic_cast<TextBox*>(form_.Find(Named("Text1", type + (kBonificacion1 - kTipo1))));
+      if ((bonus && !bonus->Text().empty()) || random_.Chance(20)) {
         Fill(type + (kInicioBonificacion1 - kTipo1), Day(day += random_.Between(0, 30)));
         if (random_.Chance(70)) Fill(type + (kFinBonificacion1 - kTipo1), Day(day += random_.Between(0, 200)));
       }
@@ -253,14 +226,14 @@ class Clerk {
   void NewWorker() {
     Fill(kNumero, std::to_string(random_.Between(1, 2 * kRandomWorkers)));
     const int start = random_.Between(0, kLastDay);
-    for (const CampoTrabajador index : {kApellido1, kNombre, kIdentificacion}) Fill(index);
+    for (const CampoTrabajador field : {kApellido1, kNombre, kIdentificacion}) Fill(field);
     if (random_.Chance(30)) FillFields();
     if (random_.Chance(30)) FillFamily();
-    for (CampoTrabajador index = kEntidad; index <= kFormaPago && random_.Chance(90); index = index + 1) Fill(index);
+    for (CampoTrabajador field = kEntidad; field <= kFormaPago && random_.Chance(90); field = field + 1) Fill(field);
     Fill(kSituacion, "1");
     Fill(kFechaInicio, Day(start));
     if (random_.Chance(50)) Fill(kFechaFin, Day(start + random_.Between(-5, 300)));
-    for (const CampoTrabajador index : {kConvenio, kCategoria, kEpigrafe, kGrupoTarifa}) Fill(index);
+    for (const CampoTrabajador field : {kConvenio, kCategoria, kEpigrafe, kGrupoTarifa}) Fill(field);
     FillContracts(start);
     Fill(kCentro);
     if (random_.Chance(20)) ClickNamed("CmdCalcular");
@@ -317,13 +290,13 @@ class Clerk {
 };
 
 const Clerk::Habit Clerk::kHabits[] = {
-    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},     {2, false, &Clerk::PressAccessKey},
-    {5, false, &Clerk::ClickButton},    {8, false, &Clerk::ClickAnything}, {4, false, &Clerk::PickEntry},
-    {4, false, &Clerk::TurnPage},       {5, false, &Clerk::PointToCell},   {4, false, &Clerk::PasteHostile},
-    {3, false, &Clerk::MoveMouse},      {1, false, &Clerk::CloseWindow},   {3, false, &Clerk::EmptyField},
-    {2, false, &Clerk::LookUp},         {4, true, &Clerk::ShowWorker},     {1, true, &Clerk::ShowSituacion},
-    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},      {2, true, &Clerk::ChangeWorker},
-    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},     {2, true, &Clerk::Calculate},
+    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},      {2, false, &Clerk::PressAccessKey},
+    {5, false, &Clerk::Click<Button>},  {8, false, &Clerk::Click<Control>}, {4, false, &Clerk::PickEntry},
+    {4, false, &Clerk::TurnPage},       {5, false, &Clerk::PointToCell},    {4, false, &Clerk::PasteHostile},
+    {3, false, &Clerk::MoveMouse},      {1, false, &Clerk::CloseWindow},    {3, false, &Clerk::EmptyField},
+    {2, false, &Clerk::Click<Image>},   {4, true, &Clerk::ShowWorker},      {1, true, &Clerk::ShowSituacion},
+    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},       {2, true, &Clerk::ChangeWorker},
+    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},      {2, true, &Clerk::Calculate},
     {2, true, &Clerk::Regularise},      {1, true, &Clerk::Remove},
 };
 

@@ -1,7 +1,8 @@
-// The hands of a random user: each of their doings is one event, told to the trail and followed by checks.
+// The hands of a random user: each of their doings is one event, followed by checks.
 #pragma once
 
 #include <functional>
+#include <iostream>
 #include <map>
 #include <optional>
 #include <string>
@@ -10,7 +11,6 @@
 #include "apps/demo/random.hpp"
 #include "platform/form/form.hpp"
 #include "random/ledger.hpp"
-#include "random/trail.hpp"
 
 namespace zendara {
 
@@ -27,14 +27,15 @@ class Hands {
   // What all draw from; it makes the session.
   Random random;
 
-  // The company's folder is watched; `events` is the share of the session.
-  Hands(std::uint64_t seed, const std::filesystem::path& folder, int events, Trail& trail, Findings& findings)
-      : random(seed), ledger_(folder), left_(events), trail_(trail), findings_(findings) {}
+  // The company's folder is watched; `events` is the share of the session. `aloud`: prints each event, and what came
+  // of it: boxes, lists, errors.
+  Hands(std::uint64_t seed, const std::filesystem::path& folder, int events, bool aloud, Findings& findings)
+      : random(seed), ledger_(folder), left_(events), aloud_(aloud), findings_(findings) {}
 
   // Whether the form takes another event: it is open, nothing has failed, the session has events left.
   bool Going(const Form& form) const { return form.Loaded() && !Done(); }
-  bool Done() const { return left_ <= 0 || failed_; }
-  bool Failed() const { return failed_; }
+  bool Done() const { return left_ <= 0 || Failed(); }
+  bool Failed() const { return !failure_.empty(); }
 
   void Do(Form& form, const std::string& what, const std::function<void()>& event);
   void Press(Form& form, std::string_view name);  // as scripts name keys
@@ -48,11 +49,16 @@ class Hands {
   std::optional<BoxAnswer> wish;
   BoxAnswer Answer(const Box& box);
   void Untrapped(int number, const std::string& text);
-  void Note(const std::string& what) { trail_.Note(what); }
+  void Note(const std::string& what) const {
+    if (aloud_) std::cout << left_ << "  " << what << std::endl;
+  }
   // Rows were changed by somebody else.
   void Forgive() { ledger_.Changed(); }
-  // The first failure is printed, with what led to it.
-  void Fail(const std::string& reason);
+  // Ends the session; the first reason counts.
+  void Fail(const std::string& reason) {
+    if (!Failed()) failure_ = std::to_string(left_) + " events before the end: " + reason;
+  }
+  const std::string& Failure() const { return failure_; }
 
  private:
   void CheckModel(const Form& form);
@@ -68,9 +74,9 @@ class Hands {
 
   Ledger ledger_;
   int left_;
-  Trail& trail_;
+  bool aloud_;
   Findings& findings_;
-  bool failed_ = false;
+  std::string failure_;
   int boxes_ = 0;  // of the event
 };
 

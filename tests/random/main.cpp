@@ -1,21 +1,19 @@
 // Long random sessions on the worker screen.
 //
-//   random_sessions                                     the seeds that once failed
-//   random_sessions SEED [EVENTS]                       one session, each event printed
-//   random_sessions --from A --count N [--events E]     a range
+//   random_sessions                 the seeds that once failed
+//   random_sessions SEED            one session, each event printed
+//   random_sessions SEED COUNT      that many, from this one on
 #include <stdlib.h>
 
-#include <charconv>
 #include <cstdint>
 #include <exception>
 #include <filesystem>
 #include <iostream>
 #include <map>
+#include <numeric>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 #include "apps/demo/demo_company.hpp"
@@ -39,37 +37,6 @@ constexpr std::string_view kMustWrite[] = {"click Grabar", "click Borrar", "clic
                                            "click CalcularRegula"};
 constexpr int kLongRun = 20'000;
 
-struct Options {
-  std::vector<std::uint64_t> seeds;
-  int events = kEvents;
-  bool aloud = false;
-};
-
-template <typename Number>
-Number ToNumber(const std::string& word) {
-  Number number{};
-  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-  if (error != std::errc() || end != word.data() + word.size()) throw std::runtime_error(word + " is no number");
-  return number;
-}
-
-Options ReadOptions(const std::vector<std::string>& words) {
-  Options options;
-  if (words.empty()) {
-    options.seeds = kFailedOnce;
-  } else if (!words[0].starts_with("--")) {
-    options.seeds.push_back(ToNumber<std::uint64_t>(words[0]));
-    if (words.size() > 1) options.events = ToNumber<int>(words[1]);
-    options.aloud = true;
-  } else {
-    std::map<std::string, std::uint64_t> named = {{"--from", 1}, {"--count", 1}, {"--events", kEvents}};
-    for (std::size_t i = 0; i + 1 < words.size(); i += 2) named.at(words[i]) = ToNumber<std::uint64_t>(words[i + 1]);
-    for (std::uint64_t i = 0; i < named["--count"]; ++i) options.seeds.push_back(named["--from"] + i);
-    options.events = static_cast<int>(named["--events"]);
-  }
-  return options;
-}
-
 void Print(std::string_view what, const std::map<std::string, int>& counts) {
   for (const auto& [text, times] : counts) std::cout << what << " " << times << "  " << text << "\n";
 }
@@ -83,39 +50,40 @@ std::string FaultsOf(const std::string& folder) {
   return out.str();
 }
 
-// On a copy of the company in `model`. The same seed and number of events give the same session.
-bool PlaySession(const std::filesystem::path& model, std::uint64_t seed, int events, Trail& trail, Findings& findings) {
+// On a copy of the company in `model`. What failed, empty if nothing; the same seed gives the same session.
+std::string PlaySession(const std::filesystem::path& model, std::uint64_t seed, bool aloud, Findings& findings) {
   const TempFolder folder;
   std::filesystem::copy(model, folder.path(), std::filesystem::copy_options::recursive);
-  trail.Begin(seed);
-  Hands hands(seed, folder.path(), events, trail, findings);
+  Hands hands(seed, folder.path(), kEvents, aloud, findings);
   PlayOnWorkerScreen(hands, folder.path().string());
   // Nothing of the component's state passes on to the next session, nor keeps files open.
   ElComponente().sesion = Sesion(Platform{});
   if (const std::string faults = FaultsOf(folder.path().string()); !faults.empty()) hands.Fail(faults);
-  return !hands.Failed();
+  return hands.Failure();
 }
 
-int Play(const Options& options) {
+int Play(const std::vector<std::uint64_t>& seeds, bool aloud) {
   const TempFolder model;
   WriteDemoCompany(*MakeSqliteEngine(), {.folder = model.path().string(), .workers = kRandomWorkers});
-  Trail trail(options.aloud);
-  trail.WatchProcess();
   Findings findings;
-  std::string failed;
-  for (const std::uint64_t seed : options.seeds) {
-    if (!PlaySession(model.path(), seed, options.events, trail, findings)) failed += " " + std::to_string(seed);
+  int failed = 0;
+  for (const std::uint64_t seed : seeds) {
+    std::cout << "seed " << seed << std::endl;  // the last one that is seen if the process dies
+    const std::string failure = PlaySession(model.path(), seed, aloud, findings);
+    if (failure.empty()) continue;
+    std::cout << "failed, " << failure << "\n";
+    ++failed;
   }
   Print("box", findings.boxes);
   Print("untrapped error", findings.errors);
   Print("wrote", findings.writes);
-  std::cout << options.seeds.size() << " seeds, " << findings.events << " events\n";
   for (const std::string_view command : kMustWrite) {
     if (findings.events < kLongRun || findings.writes.contains(std::string(command))) continue;
-    failed += " (nothing written by " + std::string(command) + ")";
+    std::cout << "failed: nothing was written by " << command << "\n";
+    ++failed;
   }
-  if (!failed.empty()) std::cout << "failed:" << failed << "\n";
-  return failed.empty() ? 0 : 1;
+  std::cout << seeds.size() << " seeds, " << findings.events << " events, " << failed << " failed\n";
+  return failed == 0 ? 0 : 1;
 }
 
 }  // namespace
@@ -125,7 +93,12 @@ int main(int argc, char** argv) {
   // The sessions need not wait for a disk.
   if (std::filesystem::exists("/dev/shm")) setenv("TMPDIR", "/dev/shm", 0);
   try {
-    return zendara::Play(zendara::ReadOptions({argv + 1, argv + argc}));
+    std::vector<std::uint64_t> seeds = zendara::kFailedOnce;
+    if (argc > 1) {
+      seeds.resize(argc > 2 ? std::stoul(argv[2]) : 1);
+      std::iota(seeds.begin(), seeds.end(), std::stoull(argv[1]));
+    }
+    return zendara::Play(seeds, argc == 2);
   } catch (const std::exception& error) {
     std::cerr << "random_sessions: " << error.what() << "\n";
     return 2;

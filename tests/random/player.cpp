@@ -7,6 +7,8 @@
 #include "adapters/headless/row_pick_list.hpp"
 #include "common/lista_filas.hpp"
 #include "random/clerk.hpp"
+#include "support/fake_form_host.hpp"
+#include "support/fake_neighbours.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
 
@@ -14,18 +16,6 @@ namespace zendara {
 namespace {
 
 constexpr int kInnerEvents = 60;  // of a screen that another one has opened
-
-struct SilentBanner : Banner {
-  void PosicionBanner(std::int32_t, BannerPlace&) override {}
-  void AvisoCierre(std::int32_t) override {}
-};
-
-struct SilentViewer : ListingViewer {
-  void Visualiza(ListingDescription&) override {}
-  void FicheroDatos(const std::string&) override {}
-  void TablaDatos(const std::string&) override {}
-  void FormularioPadre(Form*) override {}
-};
 
 // Takes any row, or none.
 class RandomPickList : public RowPickList {
@@ -36,7 +26,7 @@ class RandomPickList : public RowPickList {
   std::optional<std::size_t> Choose(const std::string&, ListaFilas& rows) override {
     const int last = static_cast<int>(rows.Total()) - 1;
     std::optional<std::size_t> row;
-    if (last >= 0 && hands_.random.Chance(75)) row = static_cast<std::size_t>(hands_.random.Between(0, last));
+    if (last >= 0 && hands_.random.Chance(92)) row = static_cast<std::size_t>(hands_.random.Between(0, last));
     hands_.Note("list -> \"" + (row ? rows.Row(*row) : "") + "\"");
     return row;
   }
@@ -44,26 +34,18 @@ class RandomPickList : public RowPickList {
   Hands& hands_;
 };
 
-// All ports end here.
-class Player : public FormHost, public Dialogs, public Shell {
+class Player : public FakeFormHost, public Shell {
  public:
   explicit Player(Hands& hands);
 
   void Play(const std::string& folder);
 
   void ShowModal(Form& form) override;
-  void DoEvents() override {}
-  void ShowHelp(const std::string&, int) override {}
   void Untrapped(int number, const std::string& text) override { hands_.Untrapped(number, text); }
-  Dialogs& Boxes() override { return *this; }
-  std::string ApplicationTitle() const override { return "Zendara"; }
-  std::int32_t WindowHandle(const Form&) const override { return 0; }
-
   BoxAnswer Show(const Box& box) override { return hands_.Answer(box); }
-  void Beep() override {}
 
   int FindWindow(std::string_view, std::string_view) override { return hands_.random.Between(0, 1); }
-  int Start(std::string_view) override;
+  int Start(std::string_view) override { return hands_.random.Chance(30) ? throw RuntimeError(kFileNotFound) : 1; }
   void Activate(int) override {}
   void Activate(std::string_view) override {}
 
@@ -74,13 +56,12 @@ class Player : public FormHost, public Dialogs, public Shell {
   Hands& hands_;
   Components components_;
   std::shared_ptr<Database> other_program_;  // its handle on the company's file
-  int shown_ = 0;
   int open_ = 0;
 };
 
 Player::Player(Hands& hands) : hands_(hands) {
-  components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
-  components_.Register(kListingViewerClass, [] { return std::make_unique<SilentViewer>(); });
+  components_.Register(kBannerClass, [] { return std::make_unique<FakeBanner>(); });
+  components_.Register(kListingViewerClass, [] { return std::make_unique<FakeViewer>(); });
   components_.Register(kPickListClass, [this] { return std::make_unique<RandomPickList>(hands_); });
 }
 
@@ -104,16 +85,16 @@ void Player::Play(const std::string& folder) {
   company.Open(values);
   other_program_ = other_engine->Workspaces(0)->OpenDatabase(folder + "/DATOS/Nom00001.MDB");
   while (!hands_.Done()) {
-    const int shown = shown_;
+    const std::size_t before = shown.size();
     company.Show(std::string(kPantallaTrabajadores));
-    if (shown == shown_) hands_.Fail("the screen does not open");
+    if (shown.size() == before) hands_.Fail("the screen does not open");
   }
   other_program_.reset();
 }
 
 void Player::ShowModal(Form& form) {
   hands_.Note("screen " + form.Name());
-  ++shown_;
+  shown.push_back(form.Name());
   ++open_;
   for (int acts = open_ > 1 ? kInnerEvents : hands_.random.Between(50, 1000); acts > 0 && hands_.Going(form); --acts) {
     if (hands_.random.Chance(0.3)) Interfere();
@@ -121,11 +102,6 @@ void Player::ShowModal(Form& form) {
   }
   form.Unload();
   --open_;
-}
-
-int Player::Start(std::string_view) {
-  if (hands_.random.Chance(30)) throw RuntimeError(kFileNotFound);
-  return 1;
 }
 
 void Player::Interfere() {

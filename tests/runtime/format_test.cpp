@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "runtime/null.hpp"
 #include "support/errors.hpp"
 
 namespace zendara {
@@ -50,43 +49,6 @@ TEST(Format, Dates) {
   for (const auto& row : rows) EXPECT_EQ(FormatDate(row.value, row.mask, {}), Value(row.text)) << row.mask;
   EXPECT_TRUE(FormatDate(Null{}, "dd/mm/yy", {}).IsNull());
   EXPECT_EQ(ErrorOf([] { FormatDate(1e300, "dd/mm/yy", {}); }), kOverflow);
-}
-
-TEST(Null, Comparisons) {
-  constexpr Truth kYes = Truth::kTrue, kNo = Truth::kFalse;
-  struct {
-    Value a, b;
-    Truth equal, less;
-  } rows[] = {
-      // clang-format off
-      {"a", "a", kYes, kNo},        {"a", "A", kNo, kNo},         {"10", "9", kNo, kYes},
-      {"ab", "ab   ", kNo, kYes},   {"1,50", 1.5, kYes, kNo},     {2, "10", kNo, kYes},         {Date{5}, 5, kYes, kNo},
-      {Date{5}, Date{6.5}, kNo, kYes},        {Null{}, Null{}, Truth::kNull, Truth::kNull},
-      {Null{}, "a", Truth::kNull, Truth::kNull},        {1, Null{}, Truth::kNull, Truth::kNull},
-      // clang-format on
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(Equal(row.a, row.b), row.equal);
-    EXPECT_EQ(Less(row.a, row.b), row.less);
-    EXPECT_EQ(Equal(row.b, row.a), row.equal);
-  }
-  EXPECT_EQ(ErrorOf([] { Equal("abc", 1); }), kTypeMismatch);
-  EXPECT_EQ(ErrorOf([] { Less(1, ""); }), kTypeMismatch);
-}
-
-TEST(Null, IfTakesNullAsFalseEvenTurnedAround) {
-  for (const Truth truth : {Truth::kTrue, Truth::kFalse, Truth::kNull}) {
-    EXPECT_EQ(If(truth), truth == Truth::kTrue);
-    EXPECT_EQ(If(Not(truth)), truth == Truth::kFalse);
-  }
-}
-
-TEST(Null, Join) {
-  EXPECT_EQ(Join("a", Null{}), Value("a"));
-  EXPECT_EQ(Join(Null{}, 1.5), Value("1,5"));
-  EXPECT_EQ(Join(Date{36955}, "x"), Value("05/03/01x"));
-  EXPECT_TRUE(Join(Null{}, Null{}).IsNull());
-  EXPECT_EQ(ErrorOf([] { TextOf(Null{}); }), kInvalidUseOfNull);
 }
 
 }  // namespace

@@ -24,6 +24,8 @@ TEST(Text, CutsCountCharacters) {
   EXPECT_EQ(Mid("abc", 2147483647, 2147483647), "");
   EXPECT_EQ(Fit(text, 4), "Peña");
   EXPECT_EQ(Fit("ñ", 3), "ñ  ");
+  EXPECT_EQ(BytesOf(text, 6), 9u);
+  EXPECT_EQ(CodePoint("𝄞") + CodePoint("€") + CodePoint("ñ"), 0x1D11E + 0x20AC + 0xF1);
   EXPECT_EQ(InStr(text, "x"), 8);
   EXPECT_EQ(InStr(text, "X"), 0);
   EXPECT_EQ(InStr(text, ""), 1);
@@ -56,6 +58,15 @@ TEST(Text, DamagedTextsAreCutWithoutLoss) {
       EXPECT_EQ(Len(Left(text, i)), static_cast<std::size_t>(i));
     }
     EXPECT_EQ(Fit(text, characters + 2), text + "  ");
+    std::string walked;
+    for (std::string_view rest = text; !rest.empty();) {
+      const std::string character(TakeCharacter(rest));
+      walked += character;
+      EXPECT_EQ(Len(character), 1u);
+      const bool damaged = character.size() == 1 && character[0] < 0;
+      EXPECT_EQ(Utf8(CodePoint(character)), damaged ? "\xEF\xBF\xBD" : character);
+    }
+    EXPECT_EQ(walked, text);
   }
 }
 

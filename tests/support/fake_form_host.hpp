@@ -6,10 +6,11 @@
 #include <vector>
 
 #include "platform/form/form.hpp"
+#include "support/fake_dialogs.hpp"
 
 namespace zendara {
 
-struct FakeFormHost : FormHost, Dialogs {
+struct FakeFormHost : FormHost, FakeDialogs {
   void ShowModal(Form& form) override {
     shown.push_back(form.Name());
     if (while_shown) while_shown(form);
@@ -20,21 +21,10 @@ struct FakeFormHost : FormHost, Dialogs {
   std::string ApplicationTitle() const override { return "Zendara"; }
   std::int32_t WindowHandle(const Form&) const override { return 7; }
 
-  BoxAnswer Show(const Box& box) override {
-    boxes.push_back(box.text);
-    last_box = box;
-    return box.buttons == BoxButtons::kOk ? BoxAnswer::kOk : answer;
-  }
-  void Beep() override { ++beeps; }
-
   std::vector<std::string> shown;
   std::function<void(Form&)> while_shown;
-  std::vector<std::string> boxes;
-  Box last_box;
-  BoxAnswer answer = BoxAnswer::kYes;
   std::vector<int> help;
   int do_events = 0;
-  int beeps = 0;
 };
 
 }  // namespace zendara

@@ -1,11 +1,25 @@
 #include <gtest/gtest.h>
 
-#include "fakes.hpp"
+#include "platform/text_field.hpp"
+#include "support/fake_dialogs.hpp"
 #include "values/filtro_tecla.hpp"
 #include "values/formato_fecha.hpp"
 
 namespace zendara {
 namespace {
+
+struct FakeField : TextField {
+  explicit FakeField(std::string start, int caret_at = 0) : text(std::move(start)), caret(caret_at) {}
+
+  std::string Text() const override { return text; }
+  void SetText(const std::string& value) override { text = value; }
+  int SelStart() const override { return caret; }
+  void SetFocus() override { ++focused; }
+
+  std::string text;
+  int caret;
+  int focused = 0;
+};
 
 TEST(FiltroTecla, LetsNumbersThrough) {
   const struct {
@@ -23,61 +37,45 @@ TEST(FiltroTecla, LetsNumbersThrough) {
   }
 }
 
-TEST(FormatoFecha, TurnsDigitsIntoADate) {
+TEST(FormatoFecha, TurnsDigitsIntoADateOrSaysWhatIsWrong) {
+  // The last six digits are no date in their order; a text that is no date at all empties the field, which is entered
+  // again.
   const struct {
-    const char *typed, *date;
+    const char *typed, *date, *message = "";
+    bool emptied = false;
   } cases[] = {{"", ""},
                {"010203", "01/02/03"},
                {"10203", "01/02/03"},
                {"31203", "03/12/03"},
                {"290204", "29/02/04"},
                {"10203 ", "01/02/03"},
-               {" 10203", "01/02/03"}};
+               {" 10203", "01/02/03"},
+               {"290201", "", "29/02/01 ,Fecha Incorrecta"},
+               {"310401", "", "31/04/01 ,Fecha Incorrecta"},
+               {"031301", "", "3/13/01 ,Fecha Incorrecta"},
+               {"01022003", "", "Formato de fecha Incorrecto, Introducir [DDMMAA]"},
+               {"000000", "", "  Fecha incorrecta", true},
+               {"abc", "", "  Fecha incorrecta", true},
+               {"131313", "", "  Fecha incorrecta", true},
+               {"01/02/03", "", "  Fecha incorrecta", true},
+               {"5", "", "  Fecha incorrecta", true}};
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.typed);
+    const std::string message = c.message;
     FakeField field(c.typed);
     FakeDialogs dialogs;
-    EXPECT_EQ(FormatoFecha(field, dialogs, {}), c.date) << c.typed;
-    EXPECT_TRUE(dialogs.boxes.empty() && dialogs.beeps == 0 && field.focused == 0) << c.typed;
-    EXPECT_EQ(field.text, c.typed);
+    EXPECT_EQ(FormatoFecha(field, dialogs, {}), c.date);
+    EXPECT_EQ(field.text, c.emptied ? "" : c.typed);
+    EXPECT_EQ(field.focused, c.emptied);
+    EXPECT_EQ(dialogs.boxes, std::vector<std::string>(message.empty() ? 0 : 1, message));
+    const bool warned = !message.empty() && !c.emptied;
+    EXPECT_EQ(dialogs.beeps, warned);
+    EXPECT_EQ(dialogs.last_box.title, warned ? "Atención" : "");
+    EXPECT_EQ(dialogs.last_box.icon, warned ? BoxIcon::kExclamation : BoxIcon::kNone);
   }
 }
 
-TEST(FormatoFecha, WarnsOfWhatIsNoDateInItsOrder) {
-  const struct {
-    const char *typed, *message;
-  } cases[] = {{"290201", "29/02/01 ,Fecha Incorrecta"},
-               {"310401", "31/04/01 ,Fecha Incorrecta"},
-               {"031301", "3/13/01 ,Fecha Incorrecta"},
-               {"01022003", "Formato de fecha Incorrecto, Introducir [DDMMAA]"}};
-  for (const auto& c : cases) {
-    FakeField field(c.typed);
-    FakeDialogs dialogs;
-    EXPECT_EQ(FormatoFecha(field, dialogs, {}), "") << c.typed;
-    ASSERT_EQ(dialogs.boxes.size(), 1u) << c.typed;
-    const Box& box = dialogs.boxes[0];
-    EXPECT_EQ(box.text, c.message);
-    EXPECT_TRUE(box.title == "Atención" && box.icon == BoxIcon::kExclamation && box.buttons == BoxButtons::kOk);
-    EXPECT_EQ(dialogs.beeps, 1);
-    EXPECT_EQ(field.focused, 0);
-  }
-}
-
-TEST(FormatoFecha, EmptiesAFieldThatHoldsNoDateAtAll) {
-  for (const char* typed : {"000000", "abc", "131313", "01/02/03", "5"}) {
-    FakeField field(typed);
-    FakeDialogs dialogs;
-    EXPECT_EQ(FormatoFecha(field, dialogs, {}), "");
-    ASSERT_EQ(dialogs.boxes.size(), 1u) << typed;
-    EXPECT_EQ(dialogs.boxes[0].text, "  Fecha incorrecta");
-    EXPECT_TRUE(IsPlain(dialogs.boxes[0]));
-    EXPECT_TRUE(field.text.empty() && field.focused == 1 && dialogs.beeps == 0) << typed;
-  }
-}
-
-TEST(SinBarras, GivesTheDigitsBack) {
-  EXPECT_EQ(SinBarras(FakeField("01/02/03")), "010203");
-  EXPECT_EQ(SinBarras(FakeField("010203")), "010203");
-}
+TEST(SinBarras, GivesTheDigitsBack) { EXPECT_EQ(SinBarras(FakeField("01/02/03")), "010203"); }
 
 }  // namespace
 }  // namespace zendara

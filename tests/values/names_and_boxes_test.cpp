@@ -3,7 +3,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "fakes.hpp"
+#include "support/fake_dialogs.hpp"
 #include "values/comprobar_cuenta.hpp"
 #include "values/muestra_error.hpp"
 #include "values/nombres.hpp"
@@ -54,17 +54,17 @@ TEST(MuestraError, ShowsNumberAndTextAndLogsWhatTheStoreSaidInOneLine) {
   MuestraError(RuntimeError(3015, {"Icampo9"}, "no such index:\nIcampo9"), dialogs);
   std::cerr.rdbuf(standard_error);
   EXPECT_EQ(log.str(), "zendara: error 3015: no such index: Icampo9\n");
-  ASSERT_EQ(dialogs.boxes.size(), 2u);
-  EXPECT_EQ(dialogs.boxes[0].text, "94  Uso no válido de Null");
-  EXPECT_EQ(dialogs.boxes[1].text, "3015  'Icampo9' no es un índice de esta tabla.");
-  EXPECT_TRUE(IsPlain(dialogs.boxes[0]) && IsPlain(dialogs.boxes[1]));
+  const std::vector<std::string> boxes = {"94  Uso no válido de Null",
+                                          "3015  'Icampo9' no es un índice de esta tabla."};
+  EXPECT_EQ(dialogs.boxes, boxes);
+  EXPECT_EQ(dialogs.last_box.icon, BoxIcon::kNone);
 }
 
 TEST(ComprobarCuenta, ComputesTheControlDigits) {
   const struct {
     const char* parts[4];
     int digits;
-    bool told;
+    bool shown;
   } cases[] = {
       {{"1234", "5678", "06", "1234567890"}, 6, false},
       {{"1234", "5678", "6", "1234567890"}, 6, true},
@@ -80,10 +80,8 @@ TEST(ComprobarCuenta, ComputesTheControlDigits) {
   for (const auto& c : cases) {
     FakeDialogs dialogs;
     EXPECT_EQ(ComprobarCuenta(c.parts[0], c.parts[1], c.parts[2], c.parts[3], dialogs), c.digits) << c.parts[2];
-    ASSERT_EQ(dialogs.boxes.size(), c.told ? 1u : 0u);
-    if (!c.told) continue;
-    EXPECT_EQ(dialogs.boxes[0].text, "EL NÚMERO DE CUENTA ES INCORRECTO");
-    EXPECT_TRUE(IsPlain(dialogs.boxes[0]));
+    EXPECT_EQ(dialogs.boxes, std::vector<std::string>(c.shown ? 1 : 0, "EL NÚMERO DE CUENTA ES INCORRECTO"));
+    EXPECT_EQ(dialogs.last_box.icon, BoxIcon::kNone);
   }
 }
 

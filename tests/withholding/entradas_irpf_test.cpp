@@ -5,7 +5,6 @@
 #include "runtime/date.hpp"
 #include "support/temp_folder.hpp"
 #include "zendara/engines.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
@@ -47,6 +46,10 @@ TEST_F(EntradasTest, TakesEachFigureFromItsColumn) {
   worker[19] = *MakeDate(1925, 3, 5);
   worker[81] = Null{};
   worker[24] = 2;
+  worker[25] = "1990";
+  worker[28] = Null{};
+  worker[31] = "2001";
+  worker[52] = "1975,5";
   const EntradasIRPF e = Read();
 
   const std::pair<const std::string*, const char*> figures[] = {
@@ -56,14 +59,7 @@ TEST_F(EntradasTest, TakesEachFigureFromItsColumn) {
       {&e.RetribucionesAcumuladas, ""}, {&e.RetencionAcumulada, "c82"}};
   for (const auto& [figure, text] : figures) EXPECT_EQ(*figure, text);
   EXPECT_EQ(e.FechaNacimiento, Value(*MakeDate(1925, 3, 5)));
-}
 
-TEST_F(EntradasTest, ReadsTheRowsOfTheFamily) {
-  worker[25] = "1990";
-  worker[28] = Null{};
-  worker[31] = "2001";
-  worker[52] = "1975,5";
-  const EntradasIRPF e = Read();
   const double ages[] = {11, 2001, 0};
   for (std::size_t r = 0; r < std::size(ages); ++r) EXPECT_EQ(e.Hijos[r].edad, ages[r]);
   EXPECT_EQ(e.Hijos[9].edad, 25.5);
@@ -90,12 +86,6 @@ TEST_F(EntradasTest, ReadsParametersFromNumbersAndTextsOfEitherPoint) {
   irpf[75] = "no column of the calculation";
   const ParametrosIRPF p = LeeParametrosIRPF(*Stored(irpf));
   EXPECT_EQ((std::array{p[0], p[1], p[2], p[3], p[4], p[74]}), (std::array{612000.0, 28.3, 37.2, 0.1923, 0.0, 35.0}));
-}
-
-TEST(AnoFin, IsInThisCentury) {
-  EXPECT_EQ(AnoFin("01"), 2001);
-  EXPECT_EQ(AnoFin("99"), 2099);
-  EXPECT_THROW(AnoFin("x1"), RuntimeError);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include "adapters/csv/csv.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/data_folder.hpp"
-#include "runtime/null.hpp"
+#include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "withholding/calculo_irpf.hpp"
 #include "withholding/entradas_irpf.hpp"
@@ -203,7 +203,7 @@ int Rate(const RateOptions& options, Console& console) {
   printer->Begin();
   for (std::int64_t done = 0; !workers->Eof() && done < all; ++done) {
     Rated rated;
-    rated.worker = TextOf(workers->Fields(0).Get());
+    rated.worker = CStr(workers->Fields(0).Get());
     try {
       if (options.format == RateFormat::kText) rated.name = WorkerName(*workers);
       rated.inputs = LeeDatosRegistro(*workers, options.company.year);

@@ -36,12 +36,20 @@ void ComboBox::SetText(std::string_view text) {
   if (changed && On().change) On().change(Index());
 }
 
-void ComboBox::Type(std::string_view character) {
-  if (editable_) return SetText(text_ + std::string(character));
+void ComboBox::Type(int character) {
+  if (character >= key::kSpace) {
+    const std::string typed = Utf8(character);
+    editable_ ? SetText(text_ + typed) : PickNext(typed);
+  } else if (character == key::kBack && editable_) {
+    SetText(Left(text_, std::max(static_cast<int>(Len(text_)) - 1, 0)));
+  }
+}
+
+void ComboBox::PickNext(std::string_view beginning) {
   const int count = static_cast<int>(items_.size());
   for (int step = 1; step <= count; ++step) {
     const int item = (list_index_ + step) % count;
-    if (LCase(items_[static_cast<std::size_t>(item)]).starts_with(LCase(character))) return SetListIndex(item);
+    if (LCase(items_[static_cast<std::size_t>(item)]).starts_with(LCase(beginning))) return SetListIndex(item);
   }
 }
 

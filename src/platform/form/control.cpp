@@ -1,6 +1,8 @@
 #include "platform/form/control.hpp"
 
 #include "platform/form/form.hpp"
+#include "runtime/failure.hpp"
+#include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -48,16 +50,7 @@ void Control::SetForeColor(Color color) {
   Changed();
 }
 
-bool Control::CanFocus() const {
-  switch (kind_) {
-    case ControlKind::kFrame:
-    case ControlKind::kLabel:
-    case ControlKind::kPicture:
-    case ControlKind::kImage:
-      return false;
-    default:
-      break;
-  }
+bool Control::Usable() const {
   for (const Control* control = this; control; control = control->container_) {
     if (!control->visible_ || !control->enabled_) return false;
   }
@@ -65,6 +58,8 @@ bool Control::CanFocus() const {
 }
 
 bool Control::HasFocus() const { return form_.Focus() == this; }
+
+bool Control::TakesInput() const { return form_.Loaded() && HasFocus() && CanFocus(); }
 
 void Control::SetFocus() { form_.SetFocus(*this); }
 
@@ -94,11 +89,36 @@ void OptionButton::SetValue(bool value) {
   Changed();
   if (!value) return;
   for (Control* control : Owner().Controls()) {
-    if (control == this || control->Kind() != ControlKind::kOptionButton || control->Container() != Container())
-      continue;
-    static_cast<OptionButton*>(control)->SetValue(false);
+    if (control != this && control->Container() == Container()) control->Unchoose();
   }
   if (On().click) On().click(Index());
+}
+
+void Button::Click() {
+  pressed_ = true;
+  Owner().Run([this] {
+    if (On().click) On().click(Index());
+  });
+  pressed_ = false;
+}
+
+std::string Button::AccessKey() const {
+  const std::size_t mark = Caption().find('&');
+  return mark == std::string::npos ? std::string() : LCase(Left(std::string_view(Caption()).substr(mark + 1), 1));
+}
+
+void Image::Click() {
+  if (On().click) On().click(Index());
+}
+
+void Picture::Paint(const Screen& screen, DrawingSurface& surface) {
+  if (!painter_) return;
+  try {
+    painter_(screen, surface);
+  } catch (...) {
+    painter_ = nullptr;
+    LogCurrentError();
+  }
 }
 
 }  // namespace zendara

@@ -47,7 +47,7 @@ struct Key {
 };
 
 // Handlers of a control, or of all controls of an array, which get the index of the one concerned. A handler sets a key
-// or character to 0 to cancel it.
+// or character to 0 to cancel it. The characters of a paste go through key_press alone.
 struct Events {
   std::function<void(int index)> got_focus;
   std::function<void(int index)> lost_focus;
@@ -74,6 +74,8 @@ enum class ControlKind {
   kImage
 };
 
+// What the kinds of controls have in common. Where they differ a control answers for itself: the defaults are those of
+// one that takes no input.
 class Control {
  public:
   Control(Form& form, ControlKind kind, std::string_view name, int index = kNoIndex);
@@ -103,10 +105,16 @@ class Control {
   Color ForeColor() const { return fore_color_; }
   void SetForeColor(Color color);
 
-  // In tab order, and reached by a click: fields, lists, buttons, grids, unless hidden or disabled, themselves or a
-  // frame around them. Pages that are not in front do not count: the focus brings them up.
-  bool CanFocus() const;
+  // Neither hidden nor disabled, itself or a frame around it: otherwise it takes no input. Pages that are not in front
+  // do not count: the focus brings them up.
+  bool Usable() const;
+  // Whether the kind of control ever has the focus, and is a stop of the keys that walk from field to field.
+  virtual bool TakesFocus() const { return true; }
+  virtual bool IsTabStop() const { return TakesFocus(); }
+  bool CanFocus() const { return TakesFocus() && Usable(); }
   bool HasFocus() const;
+  // It has the focus and can have it, on a form that is loaded. Handlers may end that at any moment of an event.
+  bool TakesInput() const;
   // Error 5 when the control cannot have it. See Form::SetFocus.
   void SetFocus();
 
@@ -117,9 +125,30 @@ class Control {
     container_ = container;
     page_ = page;
   }
+  virtual bool HoldsControls() const { return false; }
+  virtual bool HasCaptionBefore() const { return false; }  // the words beside a field; others show theirs themselves
+
+  // Pages of tabs, from 0; other controls have none.
+  virtual int PageCount() const { return 0; }
+  virtual int FrontPage() const { return 0; }
+  virtual void BringUp(int /*page*/) {}
+
+  // Another one was chosen of those that exclude each other in its container.
+  virtual void Unchoose() {}
 
  protected:
-  void Changed() const;  // tells the view
+  void Changed() const;  // for the view
+
+  // Input as the form passes it on: the control is usable, has the focus if it ever does, and no handler has cancelled
+  // what comes.
+  friend class Form;
+  virtual void Click() {}
+  virtual bool ClickedBy(int /*code*/) const { return false; }  // Enter or blank
+  virtual std::string AccessKey() const { return {}; }          // a small letter; Alt with it clicks
+  virtual void Type(int /*character*/) {}                       // backspace is one too
+  virtual void PressKey(int /*code*/, int /*shift*/) {}         // one that types nothing
+  virtual void Paste(std::string_view /*text*/) {}
+  virtual bool MarksMouseButton() const { return false; }  // see Form::ImageButtonMark
 
  private:
   template <typename T>
@@ -170,14 +199,25 @@ class TextBox : public Control, public TextField {
   // The end of the selection that moves, for a front end's caret.
   int Caret() const { return caret_at_start_ ? sel_start_ : sel_start_ + sel_length_; }
 
-  // Editing by keys, after the handlers. Each answers whether it did something.
-  void Type(std::string_view character);  // in place of the selection, unless the text is full
-  void Backspace();
-  void Delete();
-  bool MoveCaret(int code, int shift);  // Left, Right, Home, End, with Shift selecting
+  std::string SelectedText() const;
+
+  bool HasCaptionBefore() const override { return true; }
+
+ protected:
+  // Typed in place of the selection, unless the text is full.
+  void Type(int character) override;
+  // Delete; Left, Right, Home and End move the caret, with Shift they select.
+  void PressKey(int code, int shift) override;
+  // In place of the selection goes what the field has room for, each character through key_press first, as one change.
+  // Nothing of it comes when that fails or lets nothing pass.
+  void Paste(std::string_view text) override;
 
  private:
-  void Replace(int start, int length, std::string_view text, int caret);
+  void MoveCaret(int caret, bool selecting);
+  void Replace(int start, int length, std::string_view text);
+  // Whatever the user's hand changes in the text ends here.
+  void Edited();
+  std::size_t Byte(int character) const;  // where it begins in the text
 
   std::string text_;
   int max_length_ = 0;
@@ -187,6 +227,7 @@ class TextBox : public Control, public TextField {
   int sel_start_ = 0;
   int sel_length_ = 0;
   bool caret_at_start_ = false;
+  int texts_set_ = 0;  // by code
 };
 
 // A list of which one entry shows. Not editable: the text is that of the entry, typing picks the next entry that begins
@@ -206,9 +247,15 @@ class ComboBox : public Control {
   const std::string& Text() const { return text_; }
   // Error 380 when not editable and no entry has that text; the empty text is no entry.
   void SetText(std::string_view text);
-  void Type(std::string_view character);
+
+  bool HasCaptionBefore() const override { return true; }
+
+ protected:
+  void Type(int character) override;
 
  private:
+  void PickNext(std::string_view beginning);
+
   std::vector<std::string> items_;
   bool editable_ = false;
   int list_index_ = -1;
@@ -222,6 +269,10 @@ class CheckBox : public Control {
   int Value() const { return value_; }  // 0, 1, 2 (greyed)
   void SetValue(int value);             // error 380 for others; fires click when it changes
 
+ protected:
+  void Click() override { SetValue(value_ == 0 ? 1 : 0); }
+  bool ClickedBy(int code) const override { return code == key::kSpace; }
+
  private:
   int value_ = 0;
 };
@@ -233,6 +284,11 @@ class OptionButton : public Control {
       : Control(form, ControlKind::kOptionButton, name, index) {}
   bool Value() const { return value_; }
   void SetValue(bool value);  // true clears the others and fires click
+  void Unchoose() override { SetValue(false); }
+
+ protected:
+  void Click() override { SetValue(true); }
+  bool ClickedBy(int code) const override { return code == key::kSpace; }
 
  private:
   bool value_ = false;
@@ -244,8 +300,12 @@ class Button : public Control {
   // True while its click runs because the user pressed it.
   bool Value() const { return pressed_; }
 
+ protected:
+  void Click() override;
+  bool ClickedBy(int code) const override { return code == key::kEnter || code == key::kSpace; }
+  std::string AccessKey() const override;
+
  private:
-  friend class Form;
   bool pressed_ = false;
 };
 
@@ -253,16 +313,27 @@ class Button : public Control {
 class Image : public Control {
  public:
   Image(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kImage, name, index) {}
+
+  bool TakesFocus() const override { return false; }
+
+ protected:
+  void Click() override;
+  bool MarksMouseButton() const override { return true; }
 };
 
 class Label : public Control {
  public:
   Label(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kLabel, name, index) {}
+
+  bool TakesFocus() const override { return false; }
 };
 
 class Frame : public Control {
  public:
   Frame(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kFrame, name, index) {}
+
+  bool TakesFocus() const override { return false; }
+  bool HoldsControls() const override { return true; }
 };
 
 // A surface that a routine of the screen paints on, as often as the front end has to show it.
@@ -273,11 +344,13 @@ class Picture : public Control {
   Picture(Form& form, std::string_view name, int index = kNoIndex)
       : Control(form, ControlKind::kPicture, name, index) {}
 
-  const Painter& GetPainter() const { return painter_; }
+  bool TakesFocus() const override { return false; }
   void SetPainter(Painter painter) {
     painter_ = std::move(painter);
     Changed();
   }
+  // A routine that fails leaves the picture as far as it came, and is not called again.
+  void Paint(const Screen& screen, DrawingSurface& surface);
 
  private:
   Painter painter_;
@@ -291,6 +364,12 @@ class Tabs : public Control {
   int Tab() const { return tab_; }
   // By code: no event. Error 380 for no page.
   void SetTab(int page);
+
+  bool IsTabStop() const override { return false; }
+  bool HoldsControls() const override { return true; }
+  int PageCount() const override { return static_cast<int>(titles_.size()); }
+  int FrontPage() const override { return tab_; }
+  void BringUp(int page) override { SetTab(page); }
 
  private:
   std::vector<std::string> titles_;
@@ -333,6 +412,9 @@ class Grid : public Control {
   const std::string& Text() const { return Cell(row_, col_); }
   void SetText(std::string_view text) { SetCell(row_, col_, text); }
 
+ protected:
+  void PressKey(int code, int shift) override;
+
  private:
   std::size_t At(int row, int column) const;
 
@@ -367,6 +449,13 @@ class ControlArray {
   T* Find(int index) const {
     const auto member = members_.find(index);
     return member == members_.end() ? nullptr : member->second.get();
+  }
+  // The member that has the focus, if one has it.
+  T* Focused() const {
+    for (const auto& [index, member] : members_) {
+      if (member->HasFocus()) return member.get();
+    }
+    return nullptr;
   }
   int UBound() const { return members_.empty() ? -1 : members_.rbegin()->first; }
   Events& On() { return events_; }

@@ -4,39 +4,11 @@
 #include <tuple>
 #include <utility>
 
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
 namespace {
-
-int CodePoint(std::string_view character) {
-  if (character.empty()) return 0;
-  const auto byte = [&](std::size_t i) {
-    return i < character.size() ? static_cast<int>(static_cast<unsigned char>(character[i])) : 0;
-  };
-  const auto tail = [&](std::size_t i) { return byte(i) & 0x3f; };
-  if (byte(0) < 0x80) return byte(0);
-  if (byte(0) < 0xe0) return (byte(0) & 0x1f) << 6 | tail(1);
-  if (byte(0) < 0xf0) return (byte(0) & 0x0f) << 12 | tail(1) << 6 | tail(2);
-  return (byte(0) & 0x07) << 18 | tail(1) << 12 | tail(2) << 6 | tail(3);
-}
-
-std::string Utf8(int code_point) {
-  const auto byte = [](int value) { return static_cast<char>(value); };
-  if (code_point < 0x80) return {byte(code_point)};
-  const char last = byte(0x80 | (code_point & 0x3f));
-  if (code_point < 0x800) return {byte(0xc0 | code_point >> 6), last};
-  const char third = byte(0x80 | (code_point >> 6 & 0x3f));
-  if (code_point < 0x10000) return {byte(0xe0 | code_point >> 12), third, last};
-  return {byte(0xf0 | code_point >> 18), byte(0x80 | (code_point >> 12 & 0x3f)), third, last};
-}
-
-// The character behind the "&" of a caption, in lower case; empty if it has none.
-std::string AccessKey(const Control& control) {
-  const std::string& caption = control.Caption();
-  const std::size_t mark = caption.find('&');
-  return mark == std::string::npos ? std::string() : LCase(Left(std::string_view(caption).substr(mark + 1), 1));
-}
 
 template <typename Handler, typename... Args>
 void Fire(const Handler& handler, Args&&... args) {
@@ -93,6 +65,13 @@ void Form::PutInto(const Layout& layout, Control* container, int page) {
 // Life.
 
 void Form::Show() {
+  if (Shown()) return;
+  const bool before = std::exchange(showing_, true);
+  const struct Ending {
+    Form& form;
+    bool before;
+    ~Ending() { form.showing_ = before; }
+  } ending{*this, before};
   if (!loaded_) {
     loaded_ = true;
     Run([this] { OnLoad(); });
@@ -111,25 +90,40 @@ void Form::Unload() {
   if (view_) view_->FormChanged();
 }
 
-void Form::Close() {
-  Run([this] { OnClose(); });
-}
+// Events.
 
 void Form::Run(const std::function<void()>& event) {
-  const auto show = [this](int number, const std::string& text) {
-    host_.Untrapped(number, text);
-    host_.Boxes().Show({.text = "Error en tiempo de ejecución '" + std::to_string(number) + "':\n" + text});
-  };
   try {
     event();
-  } catch (const RuntimeError& error) {
-    show(error.number(), error.text());
-  } catch (const std::bad_alloc&) {
-    show(kOutOfMemory, ErrorText(kOutOfMemory));
+  } catch (...) {
+    ShowCurrentError();
+  }
+}
+
+void Form::Input(const std::function<void()>& event) {
+  if (loaded_) Run(event);
+}
+
+// Nothing gets out of here: there is nobody to take it.
+void Form::ShowCurrentError() noexcept {
+  try {
+    const RuntimeError error = CurrentError();
+    LogDetail(error);
+    host_.Untrapped(error.number(), error.text());
+    host_.Boxes().Show(
+        {.text = "Error en tiempo de ejecución '" + std::to_string(error.number()) + "':\n" + error.text()});
+  } catch (...) {
+    LogCurrentError();
   }
 }
 
 // Focus.
+//
+// Moving the focus is leaving one control and entering another. The rules of leaving may set the focus themselves:
+// while they run, SetFocus notes its control in `aimed_` and does no more, and the last one noted is where the focus
+// goes. The control first aimed at then gets no event. The control that was left is entered again when it was noted
+// itself, or when its rules have hidden or disabled the one that the focus was to go to. When they unload the form
+// nothing is entered.
 
 void Form::SetFocus(Control& control) {
   if (!control.CanFocus()) throw RuntimeError(kInvalidCall);
@@ -140,63 +134,37 @@ void Form::SetFocus(Control& control) {
   if (focus_ == &control) return;
   Control* target = &control;
   if (focus_) {
-    Control& left = *focus_;
-    leaving_ = true;
-    aimed_ = nullptr;
-    Run([&left] { Fire(left.On().lost_focus, left.Index()); });
-    leaving_ = false;
+    const bool loaded = loaded_;
+    Leave(*focus_);
+    if (loaded && !loaded_) return;
     if (aimed_) target = std::exchange(aimed_, nullptr);
-    if (!target->CanFocus()) return;  // leaving has hidden or disabled it
+    if (!target->CanFocus()) target = focus_;
+    if (!target->CanFocus()) return;
   }
   Enter(*target);
 }
 
+void Form::Leave(const Control& control) {
+  leaving_ = true;
+  aimed_ = nullptr;
+  Run([&control] { Fire(control.On().lost_focus, control.Index()); });
+  leaving_ = false;
+}
+
 void Form::Enter(Control& control) {
   focus_ = &control;
-  BringUp(control);
+  int page = control.Page();
+  for (Control* outer = control.Container(); outer; outer = outer->Container()) {
+    outer->BringUp(page);
+    page = outer->Page();
+  }
   if (view_) view_->FocusMoved();
   Run([&control] { Fire(control.On().got_focus, control.Index()); });
 }
 
-void Form::BringUp(const Control& control) {
-  int page = control.Page();
-  for (Control* outer = control.Container(); outer; outer = outer->Container()) {
-    if (outer->Kind() == ControlKind::kTabs) static_cast<Tabs*>(outer)->SetTab(page);
-    page = outer->Page();
-  }
-}
-
-// Whether it stands on the front page of the tabs that have the focus.
-bool Form::InFrontPage(const Control& control) const {
-  int page = control.Page();
-  for (const Control* outer = control.Container(); outer; outer = outer->Container()) {
-    if (outer == focus_) return static_cast<const Tabs*>(outer)->Tab() == page;
-    page = outer->Page();
-  }
-  return false;
-}
-
-void Form::TurnPage(int step) {
-  const auto turn = [&](Control* control) {
-    if (!control || control->Kind() != ControlKind::kTabs || !control->CanFocus()) return false;
-    auto& tabs = static_cast<Tabs&>(*control);
-    const int page = tabs.Tab() + step;
-    if (page < 0 || static_cast<std::size_t>(page) >= tabs.Titles().size()) return false;
-    TurnTo(tabs, page);
-    return true;
-  };
-  bool inside = false;
-  for (Control* outer = focus_; outer; outer = outer->Container()) {
-    inside = inside || outer->Kind() == ControlKind::kTabs;
-    if (turn(outer)) return;
-  }
-  if (!inside) std::ignore = std::ranges::find_if(controls_, turn);
-}
-
 void Form::FocusNext(bool backwards) {
   std::vector<Control*> order = tab_order_.empty() ? controls_ : tab_order_;
-  std::erase_if(order,
-                [](const Control* control) { return !control->CanFocus() || control->Kind() == ControlKind::kTabs; });
+  std::erase_if(order, [](const Control* control) { return !control->IsTabStop() || !control->CanFocus(); });
   if (order.empty()) return;
   const std::size_t count = order.size();
   const auto here = static_cast<std::size_t>(std::ranges::find(order, focus_) - order.begin());
@@ -206,180 +174,166 @@ void Form::FocusNext(bool backwards) {
   SetFocus(inside == order.end() ? *order.front() : **inside);
 }
 
+// Whether it stands on the front page of the tabs that have the focus.
+bool Form::InFrontPage(const Control& control) const {
+  int page = control.Page();
+  for (const Control* outer = control.Container(); outer; outer = outer->Container()) {
+    if (outer == focus_) return outer->FrontPage() == page;
+    page = outer->Page();
+  }
+  return false;
+}
+
 // Keys.
 
 void Form::OnKeyDown(int&, int) {}
 
 void Form::OnKeyPress(int&) {}
 
+// A key goes this way and ends at the first that takes it:
+//
+//   Tab                       moves the focus; no handler sees it
+//   Insert                    changes the state of all forms, and goes on
+//   key_down of the form, of the control that has the focus
+//   F1, Alt with the access key of a button, Ctrl with Page Up or Page Down
+//   Enter on a button         clicks it
+//   what types a character    key_press of the form, of the control; then a blank clicks, the rest goes into the text
+//   any other key             the control itself: caret, selection, current cell
+//   key_up of the control
+//
+// A handler cancels a key or character by setting it to 0. It may also hide the control, move the focus, unload the
+// form: then too the rest of the way is not gone, since a key belongs to the control that had the focus when it was
+// pressed.
 void Form::Press(const Key& pressed) {
-  Run([&] {
+  Input([&] {
     if (pressed.code == key::kTab && !(pressed.shift & (key::kControl | key::kAlt))) {
-      FocusNext((pressed.shift & key::kShift) != 0);
-      return;
+      return FocusNext((pressed.shift & key::kShift) != 0);
     }
     if (pressed.code == key::kInsert && pressed.shift == 0) host_.insert_on = !host_.insert_on;
     Control* control = focus_;
     int code = pressed.code;
+    const auto cancelled = [&] { return !loaded_ || (code == 0 && pressed.code != 0); };
     OnKeyDown(code, pressed.shift);
-    const auto cancelled = [&] { return code == 0 && pressed.code != 0; };
     if (!cancelled() && control) Fire(control->On().key_down, control->Index(), code, pressed.shift);
-    if (cancelled() || !loaded_) return;
+    if (cancelled()) return;
     if (code == key::kF1 && HelpContext) return host_.ShowHelp(HelpFile, HelpContext);
     if (PressAccessKey(pressed)) return;
     if (pressed.shift == key::kControl && (code == key::kPageUp || code == key::kPageDown)) {
       return TurnPage(code == key::kPageUp ? -1 : 1);
     }
-    if (!control) return;
-    if (code == key::kEnter && control->Kind() == ControlKind::kButton) return MoveFocusAndClick(*control);
-
-    const bool typed = !pressed.text.empty() && !(pressed.shift & (key::kControl | key::kAlt));
-    if (typed) {
-      Character(CodePoint(pressed.text));
-    } else if (code == key::kEnter || code == key::kEsc || code == key::kBack) {
-      Character(code);
-    } else if (control->Kind() == ControlKind::kTextBox && control == focus_) {
-      auto& box = static_cast<TextBox&>(*control);
-      if (code == key::kDelete) {
-        box.Delete();
-      } else {
-        box.MoveCaret(code, pressed.shift);
-      }
-    } else if (control->Kind() == ControlKind::kGrid && control == focus_) {
-      auto& grid = static_cast<Grid&>(*control);
-      const int row = grid.Row() + (code == key::kPageDown) - (code == key::kPageUp);
-      const int column = grid.Col() + (code == key::kRight) - (code == key::kLeft);
-      if (grid.IsCell(row, column)) grid.SetCurrent(row, column);
-    }
-    if (control == focus_) Fire(control->On().key_up, control->Index(), code, pressed.shift);
+    if (control) PressOn(*control, code, pressed);
   });
 }
 
-void Form::Character(int character) {
-  OnKeyPress(character);
-  Control* control = focus_;
-  if (!character || !control) return;
-  Fire(control->On().key_press, control->Index(), character);
-  if (!character || control != focus_) return;
-  switch (control->Kind()) {
-    case ControlKind::kTextBox: {
-      auto& box = static_cast<TextBox&>(*control);
-      if (character == key::kBack) {
-        box.Backspace();
-      } else if (character >= key::kSpace) {
-        box.Type(Utf8(character));
-      }
-      break;
-    }
-    case ControlKind::kComboBox: {
-      auto& combo = static_cast<ComboBox&>(*control);
-      if (character >= key::kSpace) {
-        combo.Type(Utf8(character));
-      } else if (character == key::kBack && combo.Editable()) {
-        combo.SetText(Left(combo.Text(), std::max(static_cast<int>(Len(combo.Text())) - 1, 0)));
-      }
-      break;
-    }
-    case ControlKind::kCheckBox:
-    case ControlKind::kOptionButton:
-    case ControlKind::kButton:
-      if (character == key::kSpace) MoveFocusAndClick(*control);
-      break;
-    default:
-      break;
+void Form::PressOn(Control& control, int code, const Key& pressed) {
+  if (!control.TakesInput()) return;
+  if (code == key::kEnter && control.ClickedBy(code)) return control.Click();
+  const bool typed = !pressed.text.empty() && !(pressed.shift & (key::kControl | key::kAlt));
+  if (typed) {
+    Type(control, CodePoint(pressed.text));
+  } else if (code == key::kEnter || code == key::kEsc || code == key::kBack) {
+    Type(control, code);
+  } else {
+    control.PressKey(code, pressed.shift);
   }
+  if (control.TakesInput()) Fire(control.On().key_up, control.Index(), code, pressed.shift);
+}
+
+void Form::Type(Control& control, int character) {
+  OnKeyPress(character);
+  if (!character || !control.TakesInput()) return;
+  Fire(control.On().key_press, control.Index(), character);
+  if (!character || !control.TakesInput()) return;
+  if (character == key::kSpace && control.ClickedBy(character)) return control.Click();
+  control.Type(character);
 }
 
 bool Form::PressAccessKey(const Key& pressed) {
   if (pressed.shift != key::kAlt || pressed.text.empty()) return false;
-  for (Control* control : controls_) {
-    if (control->Kind() != ControlKind::kButton || !control->CanFocus() || AccessKey(*control) != LCase(pressed.text)) {
-      continue;
-    }
-    MoveFocusAndClick(*control);
+  const std::string letter = LCase(pressed.text);
+  const auto control = std::ranges::find_if(
+      controls_, [&](const Control* button) { return button->AccessKey() == letter && button->CanFocus(); });
+  if (control == controls_.end()) return false;
+  MoveFocusAndClick(**control);
+  return true;
+}
+
+void Form::TurnPage(int step) {
+  const auto turn = [&](Control* tabs) {
+    const int page = tabs->FrontPage() + step;
+    if (page < 0 || page >= tabs->PageCount() || !tabs->CanFocus()) return false;
+    TurnTo(*tabs, page);
     return true;
+  };
+  bool inside = false;
+  for (Control* outer = focus_; outer; outer = outer->Container()) {
+    inside = inside || outer->PageCount() > 0;
+    if (turn(outer)) return;
   }
-  return false;
+  if (!inside) std::ignore = std::ranges::find_if(controls_, turn);
+}
+
+void Form::Paste(std::string_view text) {
+  Input([&] {
+    if (focus_ && focus_->TakesInput()) focus_->Paste(text);
+  });
 }
 
 // Clicks.
 
-void Form::Click(Control& control) {
-  Run([&] { MoveFocusAndClick(control); });
+// The focus comes first, and the click only if it came to rest there.
+void Form::MoveFocusAndClick(Control& control) {
+  if (!control.Usable()) return;
+  if (control.TakesFocus()) {
+    SetFocus(control);
+    if (!control.TakesInput()) return;
+  }
+  control.Click();
 }
 
-void Form::MoveFocusAndClick(Control& control) {
-  if (control.Kind() == ControlKind::kImage) {
-    if (control.Visible() && control.Enabled()) Fire(control.On().click, control.Index());
-    return;
-  }
-  if (!control.CanFocus()) return;
-  SetFocus(control);
-  if (focus_ != &control || !loaded_) return;
-  switch (control.Kind()) {
-    case ControlKind::kButton: {
-      auto& button = static_cast<Button&>(control);
-      button.pressed_ = true;
-      Run([&] { Fire(control.On().click, control.Index()); });
-      button.pressed_ = false;
-      break;
-    }
-    case ControlKind::kCheckBox: {
-      auto& box = static_cast<CheckBox&>(control);
-      box.SetValue(box.Value() == 0 ? 1 : 0);
-      break;
-    }
-    case ControlKind::kOptionButton:
-      static_cast<OptionButton&>(control).SetValue(true);
-      break;
-    default:
-      break;
-  }
+void Form::Click(Control& control) {
+  Input([&] { MoveFocusAndClick(control); });
 }
 
 void Form::PointTo(TextBox& box, int start, int length) {
-  Run([&] {
+  Input([&] {
     MoveFocusAndClick(box);
-    if (focus_ == &box) box.Select(start, length);
+    if (box.TakesInput()) box.Select(start, length);
   });
 }
 
 void Form::Pick(ComboBox& combo, int item) {
-  Run([&] {
+  Input([&] {
     MoveFocusAndClick(combo);
-    if (focus_ == &combo) combo.SetListIndex(item);
+    if (combo.TakesInput()) combo.SetListIndex(item);
   });
 }
 
-void Form::TurnTo(Tabs& tabs, int page) {
-  Run([&] {
+void Form::TurnTo(Control& tabs, int page) {
+  Input([&] {
     MoveFocusAndClick(tabs);
-    if (focus_ != &tabs) return;
-    tabs.SetTab(page);
+    if (!tabs.TakesInput()) return;
+    tabs.BringUp(page);
     Fire(tabs.On().click, tabs.Index());
   });
 }
 
 void Form::PointTo(Grid& grid, int row, int column) {
-  Run([&] {
+  Input([&] {
     MoveFocusAndClick(grid);
-    if (focus_ == &grid) grid.SetCurrent(row, column);
-  });
-}
-
-void Form::Paste(std::string_view text) {
-  Run([&] {
-    for (std::size_t i = 1; i <= Len(text); ++i) {
-      if (!focus_ || focus_->Kind() != ControlKind::kTextBox) return;
-      const int character = CodePoint(Mid(text, static_cast<int>(i), 1));
-      if (character >= key::kSpace) Character(character);
-    }
+    if (grid.TakesInput()) grid.SetCurrent(row, column);
   });
 }
 
 void Form::MouseOver(Control& control, bool right_button_only) {
-  if (control.Kind() == ControlKind::kImage) image_button_mark_ = right_button_only ? 0 : 1;
-  Run([&] { Fire(control.On().mouse_move, control.Index()); });
+  Input([&] {
+    if (control.MarksMouseButton()) image_button_mark_ = right_button_only ? 0 : 1;
+    Fire(control.On().mouse_move, control.Index());
+  });
+}
+
+void Form::Close() {
+  Input([this] { OnClose(); });
 }
 
 }  // namespace zendara

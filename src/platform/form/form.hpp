@@ -26,7 +26,7 @@ class FormHost {
   virtual void DoEvents() = 0;
   // F1 on a form with a help context.
   virtual void ShowHelp(const std::string& file, int context) = 0;
-  // Told of a run-time error that no routine trapped, before its box.
+  // A run-time error that no routine trapped, before its box.
   virtual void Untrapped(int /*number*/, const std::string& /*text*/) {}
   // Box of a run-time error that no routine trapped, and boxes and beeps of the screens.
   virtual Dialogs& Boxes() = 0;
@@ -81,13 +81,15 @@ class Form {
   Control* Find(std::string_view id) const;  // "Text1(7)"; case counts; nullptr if there is none
   void SetTabOrder(std::vector<Control*> order) { tab_order_ = std::move(order); }
   const Layout& GetLayout() const { return layout_; }
-  // Also tells the controls what they stand in, and makes the tab order.
+  // The controls know from it what they stand in, and its order is the tab order.
   void SetLayout(Layout layout);
 
-  // Life. Show loads the form if it is not loaded, and is modal. Unload ends the show.
+  // Life. Show loads the form if it is not loaded, and is modal; on a form that is being shown it returns at once.
+  // Unload ends the show.
   void Show();
   void Unload();
   bool Loaded() const { return loaded_; }
+  bool Shown() const { return loaded_ && showing_; }
 
   // Focus. Moving it: the control that has it runs its lost_focus first; if that sets the focus, there it goes, and the
   // control first aimed at gets no event. A control that takes its own focus back runs got_focus again. The page of
@@ -96,22 +98,25 @@ class Form {
   void SetFocus(Control& control);
   void FocusNext(bool backwards = false);
 
-  // What a front end passes in. Each runs as an event: a run-time error that escapes it shows a box and ends it.
+  // What a front end passes in. Each runs as an event, on a form that is loaded: otherwise nothing happens.
   // Ctrl with Page Up or Page Down turns pages, as a click on them.
   void Press(const Key& key);
   void Click(Control& control);                       // mouse; the focus moves there first
   void PointTo(TextBox& box, int start, int length);  // mouse in a text, once the focus is there
   void Pick(ComboBox& combo, int item);
-  void TurnTo(Tabs& tabs, int page);
+  void TurnTo(Control& tabs, int page);
   void PointTo(Grid& grid, int row, int column);
-  void Paste(std::string_view text);  // into the text box with the focus, character by character as typed
+  // Into the text box that has the focus: no key press, so the form's keys are not asked. As much as the field has room
+  // for, each character through its key_press, as one change.
+  void Paste(std::string_view text);
   void MouseOver(Control& control, bool right_button_only = false);
   // The user closes the window.
   void Close();
-  // Runs a routine as an event.
+  // Runs a routine as an event: whatever exception escapes it ends it and is shown in a box, an error that is none of
+  // the run-time library as error 51. The form stays as it is.
   void Run(const std::function<void()>& event);
 
-  // 0 if the last mouse movement over an image was with the right button alone held, otherwise 1; 0 at start.
+  // 0 if the last mouse movement over a look-up image was with the right button alone held, otherwise 1; 0 at start.
   int ImageButtonMark() const { return image_button_mark_; }
 
   void SetView(FormView* view) { view_ = view; }
@@ -130,15 +135,18 @@ class Form {
   friend class Control;
 
   void Add(Control& control) { controls_.push_back(&control); }
+  void Input(const std::function<void()>& event);
+  void ShowCurrentError() noexcept;
+  void Leave(const Control& control);
   void Enter(Control& control);
-  void MoveFocusAndClick(Control& control);
+  bool InFrontPage(const Control& control) const;
+  void PressOn(Control& control, int code, const Key& pressed);
+  void Type(Control& control, int character);
   bool PressAccessKey(const Key& key);
   // The next or previous page of the innermost tabs around the focus that have one; of the first tabs when there are
   // none around it.
   void TurnPage(int step);
-  void Character(int character);
-  static void BringUp(const Control& control);
-  bool InFrontPage(const Control& control) const;
+  void MoveFocusAndClick(Control& control);
   void PutInto(const Layout& layout, Control* container, int page);
 
   FormHost& host_;
@@ -152,6 +160,7 @@ class Form {
   std::vector<Control*> tab_order_;
   Layout layout_;
   bool loaded_ = false;
+  bool showing_ = false;  // ShowModal has not returned, though the form may be unloaded
   Control* focus_ = nullptr;
   bool leaving_ = false;      // lost_focus of the control with the focus is running
   Control* aimed_ = nullptr;  // where that handler has set it

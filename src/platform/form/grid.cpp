@@ -58,4 +58,10 @@ void Grid::SetCurrent(int row, int column) {
   if (On().selection) On().selection(Index());
 }
 
+void Grid::PressKey(int code, int /*shift*/) {
+  const int row = row_ + (code == key::kPageDown) - (code == key::kPageUp);
+  const int column = col_ + (code == key::kRight) - (code == key::kLeft);
+  if (IsCell(row, column)) SetCurrent(row, column);
+}
+
 }  // namespace zendara

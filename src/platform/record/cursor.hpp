@@ -1,11 +1,14 @@
 // What a record engine supplies below the recordsets of zendara/record_engine.hpp: positions in one table and running
-// queries. The rules of the current record stand above it, in table_recordset.cpp and query_recordset.cpp.
+// queries. The rules of the current record stand above it, in table_recordset.cpp,
+// query_recordset.cpp and forward_recordset.cpp.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "zendara/record_engine.hpp"
@@ -58,13 +61,31 @@ class TableCursor {
 class QueryCursor {
  public:
   virtual ~QueryCursor() = default;
+  // Good as long as the cursor.
   virtual const std::vector<ColumnDef>& Columns() const = 0;
   // False past the last row.
   virtual bool Step() = 0;
+  // REQUIRES: the last Step gave a row.
   virtual Value Column(int ordinal) const = 0;
+
+  // The reader's `keep` is called when the engine has to end the reading for another operation, before the current row
+  // is lost: the reader keeps that row, and may step to the end and keep all. What it leaves the engine puts aside
+  // where it takes no memory, and Step goes on with it. A fault is raised by the Step that comes to it.
+  void WhenEnded(std::function<void()> keep) { keep_ = std::move(keep); }
+
+ protected:
+  void LetReaderKeep() const {
+    if (keep_) keep_();
+  }
+
+ private:
+  std::function<void()> keep_;
 };
 
 std::shared_ptr<Recordset> MakeTableRecordset(std::unique_ptr<TableCursor> cursor);
-std::shared_ptr<Recordset> MakeQueryRecordset(std::unique_ptr<QueryCursor> cursor);
+// Keeps every row that was reached.
+std::shared_ptr<Recordset> MakeQueryRecordset(std::unique_ptr<QueryCursor> query);
+// Keeps one row.
+std::shared_ptr<Recordset> MakeForwardRecordset(std::unique_ptr<QueryCursor> query);
 
 }  // namespace zendara

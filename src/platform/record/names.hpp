@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <string_view>
 
-namespace zendara {
+#include "runtime/characters.hpp"
 
-inline char FoldCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+namespace zendara {
 
 inline bool SameName(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, {}, FoldCase, FoldCase);

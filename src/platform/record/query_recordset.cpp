@@ -1,56 +1,56 @@
 // A query's rows: read as they come to be asked for, kept once read, never changed.
+#include <deque>
 #include <utility>
 
-#include "platform/record/cursor.hpp"
-#include "zendara/runtime_error.hpp"
+#include "platform/record/packed_row.hpp"
+#include "platform/record/read_only_recordset.hpp"
 
 namespace zendara {
 namespace {
 
-// Rows reached so far, shared by a recordset and its clones.
+// Rows reached so far, shared by a recordset and its clones. The last one is the query's until it goes on.
 class Result {
  public:
-  explicit Result(std::unique_ptr<QueryCursor> query) : columns_(query->Columns()), query_(std::move(query)) {}
+  explicit Result(std::unique_ptr<QueryCursor> query) : query_(std::move(query)) {
+    query_->WhenEnded([this] { ReachAll(); });
+  }
 
-  const std::vector<ColumnDef>& Columns() const { return columns_; }
-  std::size_t Reached() const { return cells_.size() / columns_.size(); }
-  const Value& Cell(std::size_t row, int column) const {
-    return cells_[row * columns_.size() + static_cast<std::size_t>(column)];
+  const std::vector<ColumnDef>& Columns() const { return query_->Columns(); }
+  std::size_t Reached() const { return kept_.size() + (on_row_ ? 1 : 0); }
+  Value Cell(std::size_t row, int column) const {
+    return row < kept_.size() ? kept_[row].Read(column) : query_->Column(column);
   }
 
   // True if there is such a row; reads up to it.
   bool Reach(std::size_t row) {
-    while (query_ && Reached() <= row) {
-      if (!query_->Step()) {
-        query_.reset();
-        break;
-      }
-      for (std::size_t c = 0; c < columns_.size(); ++c) cells_.push_back(query_->Column(static_cast<int>(c)));
-    }
+    while (!complete_ && Reached() <= row) Advance();
     return row < Reached();
   }
 
   void ReachAll() {
-    while (query_) Reach(Reached());
+    while (!complete_) Advance();
   }
 
  private:
-  std::vector<ColumnDef> columns_;
-  std::unique_ptr<QueryCursor> query_;  // none once all rows are read
-  std::vector<Value> cells_;
+  void Advance() {
+    if (on_row_) kept_.emplace_back(*query_);
+    on_row_ = false;
+    on_row_ = query_->Step();
+    complete_ = !on_row_;
+  }
+
+  std::unique_ptr<QueryCursor> query_;
+  std::deque<PackedRow> kept_;
+  bool on_row_ = false;
+  bool complete_ = false;
 };
 
-class QueryRecordset final : public Recordset {
+class QueryRecordset final : public ReadOnlyRecordset {
  public:
   QueryRecordset(std::shared_ptr<Result> result, bool at_first)
       : result_(std::move(result)), place_(at_first && result_->Reach(0) ? Place::kRow : Place::kNone) {}
 
   const std::vector<ColumnDef>& Columns() const override { return Rows().Columns(); }
-
-  std::string Index() const override { return Rows(), std::string(); }
-  void SetIndex(std::string_view) override { throw RuntimeError(kNoActiveIndex); }
-  void Seek(const std::vector<Value>&) override { throw RuntimeError(kNoActiveIndex); }
-  bool NoMatch() const override { return Rows(), false; }
 
   bool Bof() const override { return place_ == Place::kBeforeFirst || Rows().Reached() == 0; }
   bool Eof() const override { return place_ == Place::kAfterLast || Rows().Reached() == 0; }
@@ -83,12 +83,6 @@ class QueryRecordset final : public Recordset {
     place_ = Place::kBeforeFirst;
   }
 
-  void AddNew() override { throw RuntimeError(kReadOnly); }
-  void Edit() override { throw RuntimeError(kReadOnly); }
-  void Update() override { throw RuntimeError(kUpdateWithoutEdit); }
-  void CancelUpdate() override {}
-  void Delete() override { throw RuntimeError(kReadOnly); }
-
   std::shared_ptr<Recordset> Clone() override {
     Rows();
     return std::make_shared<QueryRecordset>(result_, false);
@@ -114,6 +108,8 @@ class QueryRecordset final : public Recordset {
     return *result_;
   }
 
+  void RequireOpen() const override { Rows(); }
+
   void RequireRows() const {
     if (Rows().Reached() == 0) throw RuntimeError(kNoCurrentRecord);
   }
@@ -132,8 +128,6 @@ class QueryRecordset final : public Recordset {
     RequireRow();
     return result_->Cell(row_, ordinal);
   }
-
-  void SetColumn(int, const Value&) override { throw RuntimeError(kUpdateWithoutEdit); }
 
   std::shared_ptr<Result> result_;  // none once closed
   std::size_t row_ = 0;

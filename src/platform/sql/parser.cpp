@@ -1,13 +1,14 @@
 #include "platform/sql/parser.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/record/names.hpp"
-#include "platform/sql/tokenizer.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara::sql {
@@ -24,14 +25,17 @@ constexpr std::pair<std::string_view, Operator> kComparisons[] = {
     {"=", Operator::kEqual},      {"<>", Operator::kNotEqual}, {"<", Operator::kLess},
     {"<=", Operator::kLessEqual}, {">", Operator::kGreater},   {">=", Operator::kGreaterEqual}};
 
-// Deeper nesting is refused before it exhausts the stack.
+// Deeper brackets are refused before they exhaust the stack, more conditions before an engine takes minutes to plan.
 constexpr int kMaxDepth = 200;
+constexpr int kMaxConditions = 32000;
+
+constexpr std::string_view kTableTwice = "Tabla repetida";
 
 // Columns of a select list stand before the tables they belong to, so names are kept and resolved once FROM is read.
 class Parser {
  public:
-  Parser(std::string_view sql, const Catalogue& catalogue, YearWindow window)
-      : sql_(sql), catalogue_(catalogue), tokens_(Tokenize(sql, window)) {}
+  Parser(const Tokens& tokens, const Catalogue& catalogue)
+      : sql_(tokens.sql), tokens_(tokens.tokens), catalogue_(catalogue) {}
 
   Select ParseSelect() {
     Select select;
@@ -48,7 +52,7 @@ class Parser {
       ReadItems(select);
       at_ = rest;
     }
-    if (Accept("where")) select.where = Or();
+    if (Accept("where")) Require(select.where, Or());
     if (Accept("group")) ReadGroups(select);
     if (Accept("order")) ReadOrder(select);
     Finish();
@@ -106,7 +110,7 @@ class Parser {
     if (!AcceptSymbol(symbol)) FailSyntax(sql_);
   }
 
-  std::string Name() {
+  std::string_view Name() {
     if (Current().kind != TokenKind::kWord || AtKeyword()) FailSyntax(sql_);
     return tokens_[at_++].text;
   }
@@ -127,9 +131,10 @@ class Parser {
   }
 
   void ReadTable(std::vector<TableRef>& from) {
-    const std::string name = Name();
+    const std::string name(Name());
     const TableDef* table = catalogue_(name);
     if (!table) throw RuntimeError(kInputTableNotFound, {name});
+    if (std::ranges::find(from, table, &TableRef::table) != from.end()) FailSyntax(sql_, kTableTwice);
     from.push_back({table, name});
   }
 
@@ -143,7 +148,7 @@ class Parser {
         Expect("join");
         ReadTable(tables_);
         Expect("on");
-        select.joins.push_back(Or());
+        Require(select.where, Or());
       } else {
         break;
       }
@@ -200,16 +205,39 @@ class Parser {
   Expression And() { return Chain("and", Operator::kAnd, &Parser::Negation); }
 
   Expression Chain(std::string_view word, Operator op, Expression (Parser::*next)()) {
-    Expression left = (this->*next)();
-    while (Accept(word)) left = Combine(op, std::move(left), (this->*next)());
-    return left;
+    Expression first = (this->*next)();
+    if (!IsWord(word)) return first;
+    Operation chain{op, {}};
+    Append(chain, std::move(first));
+    while (Accept(word)) Append(chain, (this->*next)());
+    return {std::move(chain)};
+  }
+
+  // In brackets of its own or not, a chain of the same operator becomes part of this one.
+  static void Append(Operation& chain, Expression&& part) {
+    auto* inner = std::get_if<Operation>(&part.node);
+    if (!inner || inner->op != chain.op) return chain.operands.push_back(std::move(part));
+    std::ranges::move(inner->operands, std::back_inserter(chain.operands));
+  }
+
+  // Both have to hold.
+  static void Require(std::optional<Expression>& conditions, Expression&& condition) {
+    if (conditions) {
+      Operation both{Operator::kAnd, {}};
+      Append(both, std::move(*conditions));
+      Append(both, std::move(condition));
+      condition.node = std::move(both);
+    }
+    conditions = std::move(condition);
   }
 
   Expression Negation() {
-    if (++depth_ > kMaxDepth) FailSyntax(sql_);
-    Expression result = Accept("not") ? Expression{Operation{Operator::kNot, {Negation()}}} : Condition();
+    bool negated = false;
+    while (Accept("not")) negated = !negated;
+    if (++depth_ > kMaxDepth) FailSyntax(sql_, kTooComplex);
+    Expression condition = Condition();
     --depth_;
-    return result;
+    return negated ? Not(std::move(condition)) : std::move(condition);
   }
 
   Expression Condition() {
@@ -218,12 +246,13 @@ class Parser {
       ExpectSymbol(")");
       return inner;
     }
+    if (++conditions_ > kMaxConditions) FailSyntax(sql_, kTooComplex);
     Expression left = Operand(false);
     if (Accept("is")) {
       const bool negated = Accept("not");
       Expect("null");
-      Expression test{Operation{Operator::kIsNull, {std::move(left)}}};
-      return negated ? Expression{Operation{Operator::kNot, {std::move(test)}}} : test;
+      Expression test = Make(Operator::kIsNull, {std::move(left)});
+      return negated ? Not(std::move(test)) : test;
     }
     if (Accept("between")) {
       Expression low = Operand(false);
@@ -231,25 +260,25 @@ class Parser {
       Expression high = Operand(false);
       CheckTypes(left, low);
       CheckTypes(left, high);
-      return {Operation{Operator::kBetween, {std::move(left), std::move(low), std::move(high)}}};
+      return Make(Operator::kBetween, {std::move(left), std::move(low), std::move(high)});
     }
     for (const auto& [symbol, op] : kComparisons) {
       if (!AcceptSymbol(symbol)) continue;
       Expression right = Operand(false);
       CheckTypes(left, right);
-      return Combine(op, std::move(left), std::move(right));
+      return Make(op, {std::move(left), std::move(right)});
     }
     FailSyntax(sql_);
   }
 
   Expression Operand(bool aggregates) {
-    if (Current().kind == TokenKind::kLiteral) return {tokens_[at_++].literal};
-    if (Accept("null")) return {Value()};
-    if (AcceptSymbol("-")) {
-      if (Current().kind != TokenKind::kLiteral || !Current().literal.IsNumber()) FailSyntax(sql_);
-      return {Value(-tokens_[at_++].literal.Number())};
+    if (Current().kind == TokenKind::kLiteral) {
+      const Token& literal = tokens_[at_++];
+      return {Parameter{literal.number, literal.type}};
     }
-    if (tokens_[std::min(at_ + 1, tokens_.size() - 1)].text == "(") {
+    if (Accept("null")) return {Null()};
+    if (const Token& next = tokens_[std::min(at_ + 1, tokens_.size() - 1)];
+        next.kind == TokenKind::kSymbol && next.text == "(") {
       for (const auto& [name, function] : kAggregates) {
         if (aggregates && Accept(name)) return Aggregation(function);
       }
@@ -261,23 +290,26 @@ class Parser {
   Expression Aggregation(Aggregate function) {
     ExpectSymbol("(");
     Call call{function, {}};
-    if (function != Aggregate::kCount || !AcceptSymbol("*")) call.argument.push_back({Column()});
+    if (function != Aggregate::kCount || !AcceptSymbol("*")) call.argument = Column();
     ExpectSymbol(")");
-    return {std::move(call)};
+    return {call};
   }
 
-  static Expression Combine(Operator op, Expression left, Expression right) {
-    Operation operation{op, {}};
-    operation.operands.push_back(std::move(left));
-    operation.operands.push_back(std::move(right));
-    return {std::move(operation)};
+  static Expression Make(Operator op, std::vector<Expression>&& operands) {
+    return {Operation{op, std::move(operands)}};
+  }
+
+  static Expression Not(Expression&& condition) {
+    std::vector<Expression> operand;
+    operand.push_back(std::move(condition));
+    return Make(Operator::kNot, std::move(operand));
   }
 
   // Names. An unknown one is counted and stands for column 0 until Finish raises the error.
 
   ColumnRef Column() {
-    std::string name = Name();
-    std::string qualifier;
+    std::string_view name = Name();
+    std::string_view qualifier;
     if (AcceptSymbol(".")) qualifier = std::exchange(name, Name());
     std::optional<ColumnRef> found;
     bool doubtful = false;
@@ -289,36 +321,36 @@ class Parser {
       if (!found) found = ColumnRef{static_cast<int>(t), column};
     }
     if (found && !doubtful) return *found;
-    if (std::ranges::find(unknown_, name) == unknown_.end()) unknown_.push_back(name);
+    unknown_.insert(name);
     return {};
   }
 
-  ColumnDef Definition(ColumnRef ref) const {
+  const ColumnDef& Definition(ColumnRef ref) const {
     return tables_[static_cast<std::size_t>(ref.table)].table->columns[static_cast<std::size_t>(ref.column)];
   }
 
   ColumnDef ColumnOf(const Expression& expression) const {
     if (const auto* ref = std::get_if<ColumnRef>(&expression.node)) return Definition(*ref);
-    if (const auto* value = std::get_if<Value>(&expression.node)) return {{}, TypeOf(*value), 0};
+    if (const auto* literal = std::get_if<Parameter>(&expression.node)) return {{}, literal->type, 0};
+    if (std::holds_alternative<Null>(expression.node)) return {};
     const auto& call = std::get<Call>(expression.node);
     if (call.function == Aggregate::kCount || call.function == Aggregate::kSum) return {{}, ColumnType::kNumber, 0};
-    ColumnDef column = Definition(std::get<ColumnRef>(call.argument[0].node));
+    ColumnDef column = Definition(*call.argument);
     column.name.clear();
     return column;
   }
 
-  static ColumnType TypeOf(const Value& value) {
-    if (value.IsNumber()) return ColumnType::kNumber;
-    return value.IsDate() ? ColumnType::kDate : ColumnType::kText;
+  ColumnType TypeOf(const Expression& operand) const {
+    const auto* literal = std::get_if<Parameter>(&operand.node);
+    return literal ? literal->type : Definition(std::get<ColumnRef>(operand.node)).type;
   }
 
   void CheckTypes(const Expression& left, const Expression& right) const {
     if (!unknown_.empty()) return;
     for (const Expression* side : {&left, &right}) {
-      const auto* value = std::get_if<Value>(&side->node);
-      if (value && value->IsNull()) return;
+      if (std::holds_alternative<Null>(side->node)) return;
     }
-    if (ColumnOf(left).type != ColumnOf(right).type) throw RuntimeError(kDataConversion);
+    if (TypeOf(left) != TypeOf(right)) throw RuntimeError(kDataConversion);
   }
 
   // Rules of the whole.
@@ -366,23 +398,20 @@ class Parser {
   }
 
   std::string_view sql_;
+  const std::vector<Token>& tokens_;
   const Catalogue& catalogue_;
-  std::vector<Token> tokens_;
   std::size_t at_ = 0;
   std::vector<TableRef> tables_;
-  std::vector<std::string> unknown_;
+  std::set<std::string_view> unknown_;
   int unnamed_ = 0;
   int depth_ = 0;
+  int conditions_ = 0;
 };
 
 }  // namespace
 
-Select ParseSelect(std::string_view sql, const Catalogue& catalogue, YearWindow window) {
-  return Parser(sql, catalogue, window).ParseSelect();
-}
+Select ParseSelect(const Tokens& tokens, const Catalogue& catalogue) { return Parser(tokens, catalogue).ParseSelect(); }
 
-Delete ParseDelete(std::string_view sql, const Catalogue& catalogue, YearWindow window) {
-  return Parser(sql, catalogue, window).ParseDelete();
-}
+Delete ParseDelete(const Tokens& tokens, const Catalogue& catalogue) { return Parser(tokens, catalogue).ParseDelete(); }
 
 }  // namespace zendara::sql

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/sql/statement.hpp"
+#include "platform/sql/tokenizer.hpp"
 
 namespace zendara::sql {
 
@@ -12,13 +13,11 @@ namespace zendara::sql {
 // statement.
 using Catalogue = std::function<const TableDef*(std::string_view name)>;
 
-// `window`: what the two-digit years of dates mean.
-
 // One SELECT, or the name of a table for all of it. Errors: 3078 unknown table, 3061 unknown or doubtful column, 3421 a
-// comparison of different types, 3075 everything else.
-Select ParseSelect(std::string_view sql, const Catalogue& catalogue, YearWindow window);
+// comparison of different types, 3075 everything else. They depend on the types of the literals, never on their values.
+Select ParseSelect(const Tokens& tokens, const Catalogue& catalogue);
 
 // One DELETE * FROM table [WHERE ...], with the same errors.
-Delete ParseDelete(std::string_view sql, const Catalogue& catalogue, YearWindow window);
+Delete ParseDelete(const Tokens& tokens, const Catalogue& catalogue);
 
 }  // namespace zendara::sql

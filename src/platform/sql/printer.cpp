@@ -1,6 +1,8 @@
 #include "platform/sql/printer.hpp"
 
+#include <algorithm>
 #include <array>
+#include <span>
 #include <utility>
 
 namespace zendara::sql {
@@ -34,21 +36,31 @@ std::string_view Symbol(Operator op) {
   return {};
 }
 
+// Conditions in one group of a chain.
+constexpr std::size_t kGroup = 8;
+
 class Printer {
  public:
   Printer(const std::vector<TableRef>& from, const Dialect& dialect) : from_(from), dialect_(dialect) {}
 
-  std::string Tables() const {
-    std::string text;
+  void Add(std::string_view text) { printed_.text += text; }
+
+  void AddTables() {
     for (const TableRef& ref : from_) {
-      if (!text.empty()) text += ", ";
-      text += QuoteName(ref.table->name) + " AS " + QuoteName(ref.alias);
+      if (&ref != from_.data()) Add(", ");
+      Add(QuoteName(ref.table->name) + " AS " + QuoteName(ref.alias));
     }
-    return text;
   }
 
-  std::string Text(const Expression& expression) const {
-    return std::visit([this](const auto& node) { return Node(node); }, expression.node);
+  void AddWhere(const std::optional<Expression>& where) {
+    if (!where) return;
+    Add(" WHERE ");
+    AddCondition(*where);
+  }
+
+  // What a condition compares, or an item of the select list.
+  std::string Text(const Expression& operand) const {
+    return std::visit([this](const auto& node) { return Node(node); }, operand.node);
   }
 
   std::string Node(ColumnRef ref) const {
@@ -57,39 +69,63 @@ class Printer {
     return QuoteName(table.alias) + "." + QuoteName(table.table->columns[static_cast<std::size_t>(ref.column)].name);
   }
 
+  Printed Finish() { return std::move(printed_); }
+
  private:
-  std::string Node(const Value& value) const { return dialect_.Literal(value); }
+  std::string Node(Null) const { return "NULL"; }
+  std::string Node(const Parameter& literal) const { return dialect_.Placeholder(literal); }
+  std::string Node(const Operation&) const { return {}; }  // no operand
 
   std::string Node(const Call& call) const {
     std::string text(kAggregateNames[static_cast<std::size_t>(call.function)]);
-    return text + "(" + (call.argument.empty() ? "*" : Text(call.argument[0])) + ")";
+    return text + "(" + (call.argument ? Node(*call.argument) : "*") + ")";
   }
 
-  std::string Node(const Operation& operation) const {
+  void AddCondition(const Expression& condition) {
+    const auto& operation = std::get<Operation>(condition.node);
     const auto operand = [&](std::size_t i) { return Text(operation.operands[i]); };
     switch (operation.op) {
+      case Operator::kAnd:
+      case Operator::kOr:
+        return Within("(", 1, [&] { AddChain(operation.operands, Symbol(operation.op)); });
       case Operator::kNot:
-        return "NOT (" + operand(0) + ")";
+        return Within("NOT ", 1, [&] { AddCondition(operation.operands[0]); });
       case Operator::kIsNull:
-        return "(" + operand(0) + " IS NULL)";
+        return Add("(" + operand(0) + " IS NULL)");
       case Operator::kBetween:
-        return "(" + dialect_.Between(operand(0), operand(1), operand(2)) + ")";
+        return Add("(" + dialect_.Between(operand(0), operand(1), operand(2)) + ")");
       default:
-        return "(" + operand(0) + std::string(Symbol(operation.op)) + operand(1) + ")";
+        return Add("(" + operand(0) + std::string(Symbol(operation.op)) + operand(1) + ")");
     }
+  }
+
+  void AddChain(std::span<const Expression> conditions, std::string_view symbol) {
+    std::size_t part = 1;
+    while (part * kGroup < conditions.size()) part *= kGroup;
+    for (std::size_t i = 0; i < conditions.size(); i += part) {
+      const auto group = conditions.subspan(i, std::min(part, conditions.size() - i));
+      Within(i > 0 ? symbol : "", i > 0 ? 2 : 0, [&] {
+        if (group.size() == 1) return AddCondition(group[0]);
+        Within("(", 1, [&] { AddChain(group, symbol); });
+      });
+    }
+  }
+
+  // Writes something that stands behind `opening`, for which so many parts wait.
+  void Within(std::string_view opening, int parts, const auto& inside) {
+    Add(opening);
+    open_ += parts;
+    printed_.depth = std::max(printed_.depth, open_);
+    inside();
+    open_ -= parts;
+    if (opening == "(") Add(")");
   }
 
   const std::vector<TableRef>& from_;
   const Dialect& dialect_;
+  Printed printed_;
+  int open_ = 0;
 };
-
-void AppendList(std::string& text, std::string_view opening, const std::vector<std::string>& parts,
-                std::string_view separator) {
-  for (const std::string& part : parts) {
-    text += &part == parts.data() ? opening : separator;
-    text += part;
-  }
-}
 
 }  // namespace
 
@@ -99,35 +135,34 @@ std::string QuoteName(std::string_view name) {
   return text + '"';
 }
 
-std::string Print(const Select& select, const Dialect& dialect) {
-  const Printer printer(select.from, dialect);
-  std::vector<std::string> items;
-  for (const SelectItem& item : select.items) items.push_back(printer.Text(item.expression));
-  std::vector<std::string> conditions;
-  for (const Expression& join : select.joins) conditions.push_back(printer.Text(join));
-  if (select.where) conditions.push_back(printer.Text(*select.where));
-  std::vector<std::string> groups;
-  for (const ColumnRef column : select.group_by) groups.push_back(printer.Node(column));
-  std::vector<std::string> order;
-  for (const OrderTerm& term : select.order_by) {
-    order.push_back(printer.Node(term.column) + (term.descending ? " DESC" : "") + dialect.NullOrder(term.descending));
+Printed Print(const Select& select, const Dialect& dialect) {
+  Printer printer(select.from, dialect);
+  printer.Add("SELECT ");
+  for (const SelectItem& item : select.items) {
+    if (&item != select.items.data()) printer.Add(", ");
+    printer.Add(printer.Text(item.expression));
   }
-
-  std::string text;
-  AppendList(text, "SELECT ", items, ", ");
-  text += " FROM " + printer.Tables();
-  AppendList(text, " WHERE ", conditions, " AND ");
-  AppendList(text, " GROUP BY ", groups, ", ");
-  AppendList(text, " ORDER BY ", order, ", ");
-  return text;
+  printer.Add(" FROM ");
+  printer.AddTables();
+  printer.AddWhere(select.where);
+  for (const ColumnRef& column : select.group_by) {
+    printer.Add(&column == select.group_by.data() ? " GROUP BY " : ", ");
+    printer.Add(printer.Node(column));
+  }
+  for (const OrderTerm& term : select.order_by) {
+    printer.Add(&term == select.order_by.data() ? " ORDER BY " : ", ");
+    printer.Add(printer.Node(term.column) + (term.descending ? " DESC" : "") + dialect.NullOrder(term.descending));
+  }
+  return printer.Finish();
 }
 
-std::string Print(const Delete& statement, const Dialect& dialect) {
+Printed Print(const Delete& statement, const Dialect& dialect) {
   const std::vector<TableRef> from = {statement.table};
-  const Printer printer(from, dialect);
-  std::string text = "DELETE FROM " + printer.Tables();
-  if (statement.where) text += " WHERE " + printer.Text(*statement.where);
-  return text;
+  Printer printer(from, dialect);
+  printer.Add("DELETE FROM ");
+  printer.AddTables();
+  printer.AddWhere(statement.where);
+  return printer.Finish();
 }
 
 }  // namespace zendara::sql

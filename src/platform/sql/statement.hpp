@@ -1,4 +1,5 @@
-// A parsed statement of the dialect, names resolved. It stands on its own: no engine, no text of the original.
+// A parsed statement of the dialect, names resolved. It stands on its own: no engine, not the text that was read, and
+// no values: literals are parameters.
 #pragma once
 
 #include <optional>
@@ -20,6 +21,12 @@ struct ColumnRef {
   int column = 0;  // ordinal
 };
 
+// A literal.
+struct Parameter {
+  int number = 0;  // from 1, in the order of the text
+  ColumnType type = ColumnType::kText;
+};
+
 enum class Operator {
   kAnd,
   kOr,
@@ -37,6 +44,8 @@ enum class Aggregate { kMin, kMax, kCount, kSum };
 
 struct Expression;
 
+// kAnd and kOr are chains of two operands or more, none of which is a chain of the same operator: however long a list
+// of conditions is, it is one level of the tree, and the tree is as deep as its brackets.
 struct Operation {
   Operator op;
   std::vector<Expression> operands;
@@ -44,11 +53,11 @@ struct Operation {
 
 struct Call {
   Aggregate function;
-  std::vector<Expression> argument;  // empty for Count(*)
+  std::optional<ColumnRef> argument;  // none for Count(*)
 };
 
 struct Expression {
-  std::variant<Value, ColumnRef, Operation, Call> node;
+  std::variant<Null, Parameter, ColumnRef, Operation, Call> node;
 };
 
 struct SelectItem {
@@ -67,8 +76,7 @@ struct OrderTerm {
 struct Select {
   std::vector<SelectItem> items;
   std::vector<TableRef> from;
-  std::vector<Expression> joins;  // conditions of INNER JOIN, all of which hold
-  std::optional<Expression> where;
+  std::optional<Expression> where;  // the conditions of INNER JOIN too
   std::vector<ColumnRef> group_by;
   std::vector<OrderTerm> order_by;  // complete: ends in the primary keys, or in the columns of the groups
 };

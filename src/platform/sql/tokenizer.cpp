@@ -5,7 +5,9 @@
 #include <optional>
 #include <utility>
 
+#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
+#include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara::sql {
@@ -13,8 +15,6 @@ namespace {
 
 constexpr std::string_view kBadText = "Error de sintaxis en la cadena";
 constexpr std::string_view kBadDate = "Error de sintaxis en la fecha";
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool StartsWord(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
@@ -52,13 +52,14 @@ std::optional<Date> ReadLiteralDate(std::string_view text, YearWindow window) {
 
 class Scanner {
  public:
-  Scanner(std::string_view sql, YearWindow window) : sql_(sql), window_(window) {}
+  Scanner(std::string_view sql, YearWindow window) : sql_(sql), window_(window), result_{sql, {}, {}, {}} {}
 
-  std::vector<Token> Run() {
-    std::vector<Token> tokens;
-    for (SkipBlanks(); at_ < sql_.size(); SkipBlanks()) tokens.push_back(Next());
-    tokens.emplace_back();
-    return tokens;
+  Tokens Run() {
+    result_.tokens.reserve(sql_.size() / 4 + 1);
+    result_.shape.reserve(sql_.size());
+    for (SkipBlanks(); at_ < sql_.size(); SkipBlanks()) Next();
+    result_.tokens.emplace_back();
+    return std::move(result_);
   }
 
  private:
@@ -66,85 +67,110 @@ class Scanner {
     while (at_ < sql_.size() && IsBlank(sql_[at_])) ++at_;
   }
 
-  Token Next() {
+  void Next() {
     const char c = sql_[at_];
     if (c == '\'' || c == '"') return Text(c);
     if (c == '#') return DateLiteral();
     if (c == '[') return Bracketed();
-    if (IsDigit(c)) return Number();
+    if (IsDigit(c)) return Number(1);
+    if (c == '-') return Negative();
     if (StartsWord(c)) return Word();
-    return Symbol();
+    Symbol();
   }
 
-  Token Text(char quote) {
+  void Add(TokenKind kind, std::string_view text) {
+    result_.tokens.push_back({kind, text});
+    (result_.shape += text) += ' ';
+  }
+
+  // No statement has a "?" elsewhere.
+  template <typename T>
+  void AddLiteral(T value, ColumnType type, std::string_view mark) {
+    result_.literals.emplace_back(std::move(value));
+    result_.tokens.push_back({TokenKind::kLiteral, {}, true, static_cast<int>(result_.literals.size()), type});
+    result_.shape += mark;
+  }
+
+  void Text(char quote) {
     std::string text;
     for (++at_; at_ < sql_.size(); ++at_) {
       if (sql_[at_] == quote) {
         if (at_ + 1 == sql_.size() || sql_[at_ + 1] != quote) {
           ++at_;
-          return {TokenKind::kLiteral, {}, true, Value(std::move(text))};
+          return AddLiteral(std::move(text), ColumnType::kText, "?t ");
         }
         ++at_;
       }
-      if (sql_[at_] == '\0') break;  // engines end a statement there
+      if (sql_[at_] == '\0') break;  // no column holds it
       text += sql_[at_];
     }
     FailSyntax(sql_, kBadText);
   }
 
-  Token DateLiteral() {
+  void DateLiteral() {
     const std::size_t end = sql_.find('#', at_ + 1);
     if (end == std::string_view::npos) FailSyntax(sql_, kBadDate);
     const auto date = ReadLiteralDate(sql_.substr(at_ + 1, end - at_ - 1), window_);
     if (!date) FailSyntax(sql_, kBadDate);
     at_ = end + 1;
-    return {TokenKind::kLiteral, {}, true, Value(*date)};
+    AddLiteral(*date, ColumnType::kDate, "?d ");
   }
 
-  Token Bracketed() {
+  void Bracketed() {
     const std::size_t end = sql_.find(']', at_);
     if (end == std::string_view::npos) FailSyntax(sql_);
-    Token token{TokenKind::kWord, std::string(sql_.substr(at_ + 1, end - at_ - 1)), true, {}};
+    result_.tokens.push_back({TokenKind::kWord, sql_.substr(at_ + 1, end - at_ - 1), true});
+    (result_.shape += sql_.substr(at_, end + 1 - at_)) += ' ';
     at_ = end + 1;
-    return token;
   }
 
-  Token Number() {
+  void Number(double sign) {
     double number = 0;
     const char* begin = sql_.data() + at_;
     const auto [end, error] = std::from_chars(begin, sql_.data() + sql_.size(), number);
     if (error != std::errc()) FailSyntax(sql_);
     at_ += static_cast<std::size_t>(end - begin);
-    return {TokenKind::kLiteral, {}, true, Value(number)};
+    AddLiteral(sign * number, ColumnType::kNumber, "?n ");
   }
 
-  Token Word() {
+  // A minus is the sign of a number and nothing else.
+  void Negative() {
+    ++at_;
+    SkipBlanks();
+    if (at_ == sql_.size() || !IsDigit(sql_[at_])) FailSyntax(sql_);
+    Number(-1);
+  }
+
+  void Word() {
     const std::size_t begin = at_;
     while (at_ < sql_.size() && (StartsWord(sql_[at_]) || IsDigit(sql_[at_]))) ++at_;
-    return {TokenKind::kWord, std::string(sql_.substr(begin, at_ - begin)), false, {}};
+    Add(TokenKind::kWord, sql_.substr(begin, at_ - begin));
   }
 
-  Token Symbol() {
-    for (const std::string_view symbol : {"<>", "<=", ">=", "=", "<", ">", "(", ")", ",", ".", "*", "-", ";"}) {
-      if (sql_.substr(at_).starts_with(symbol)) {
-        at_ += symbol.size();
-        return {TokenKind::kSymbol, std::string(symbol), false, {}};
-      }
+  void Symbol() {
+    for (const std::string_view symbol : {"<>", "<=", ">=", "=", "<", ">", "(", ")", ",", ".", "*", ";"}) {
+      if (!sql_.substr(at_).starts_with(symbol)) continue;
+      at_ += symbol.size();
+      return Add(TokenKind::kSymbol, symbol);
     }
     FailSyntax(sql_);
   }
 
   std::string_view sql_;
   YearWindow window_;
+  Tokens result_;
   std::size_t at_ = 0;
 };
 
 }  // namespace
 
-std::vector<Token> Tokenize(std::string_view sql, YearWindow window) { return Scanner(sql, window).Run(); }
+Tokens Tokenize(std::string_view sql, YearWindow window) { return Scanner(sql, window).Run(); }
 
 void FailSyntax(std::string_view sql, std::string_view cause) {
-  throw RuntimeError(kQuerySyntax, {std::string(cause), std::string(sql)});
+  constexpr int kShown = 500;  // characters
+  std::string shown = Left(sql, kShown);
+  if (shown.size() < sql.size()) shown += "…";
+  throw RuntimeError(kQuerySyntax, {std::string(cause), std::move(shown)});
 }
 
 }  // namespace zendara::sql

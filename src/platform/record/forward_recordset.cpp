@@ -1,0 +1,87 @@
+// A query's rows one after the other, for long listings: one row is kept, whatever their number.
+#include <optional>
+#include <utility>
+
+#include "platform/record/packed_row.hpp"
+#include "platform/record/read_only_recordset.hpp"
+
+namespace zendara {
+namespace {
+
+class ForwardRecordset final : public ReadOnlyRecordset {
+ public:
+  explicit ForwardRecordset(std::unique_ptr<QueryCursor> query) : query_(std::move(query)) {
+    query_->WhenEnded([this] {
+      if (on_row_ && !kept_) kept_.emplace(*query_);
+    });
+    Advance();
+  }
+
+  const std::vector<ColumnDef>& Columns() const override { return Query().Columns(); }
+
+  bool Bof() const override { return Query(), reached_ == 0; }
+  bool Eof() const override { return Query(), !on_row_; }
+  std::int64_t RecordCount() const override { return Query(), reached_; }
+
+  void MoveFirst() override {
+    RequireRow();
+    if (reached_ > 1) FailMove();
+  }
+
+  void MoveNext() override {
+    RequireRow();
+    Advance();
+  }
+
+  void MoveLast() override { FailMove(); }
+  void MovePrevious() override { FailMove(); }
+  std::shared_ptr<Recordset> Clone() override { FailMove(); }
+  zendara::Bookmark Bookmark() const override { FailMove(); }
+  void GoTo(zendara::Bookmark) override { FailMove(); }
+
+  void Close() override { query_.reset(); }
+
+ private:
+  QueryCursor& Query() const {
+    if (!query_) throw RuntimeError(kObjectClosed);
+    return *query_;
+  }
+
+  void RequireOpen() const override { Query(); }
+
+  void RequireRow() const {
+    Query();
+    if (!on_row_) throw RuntimeError(kNoCurrentRecord);
+  }
+
+  [[noreturn]] void FailMove() const {
+    Query();
+    throw RuntimeError(kInvalidCall);
+  }
+
+  // A fault leaves no current row.
+  void Advance() {
+    kept_.reset();
+    on_row_ = false;
+    on_row_ = query_->Step();
+    if (on_row_) ++reached_;
+  }
+
+  Value GetColumn(int ordinal) const override {
+    RequireRow();
+    return kept_ ? kept_->Read(ordinal) : query_->Column(ordinal);
+  }
+
+  std::unique_ptr<QueryCursor> query_;  // none once closed
+  std::optional<PackedRow> kept_;       // the current row, once the query does not hold it any more
+  bool on_row_ = false;
+  std::int64_t reached_ = 0;
+};
+
+}  // namespace
+
+std::shared_ptr<Recordset> MakeForwardRecordset(std::unique_ptr<QueryCursor> query) {
+  return std::make_shared<ForwardRecordset>(std::move(query));
+}
+
+}  // namespace zendara

@@ -1,0 +1,41 @@
+#include "runtime/failure.hpp"
+
+#include <algorithm>
+#include <exception>
+#include <iostream>
+#include <new>
+#include <string>
+
+namespace zendara {
+
+RuntimeError CurrentError() {
+  try {
+    throw;
+  } catch (const RuntimeError& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return RuntimeError(kOutOfMemory);
+  } catch (const std::exception& error) {
+    return RuntimeError(kInternalError, {}, error.what());
+  } catch (...) {
+    return RuntimeError(kInternalError, {}, "an exception of an unknown kind");
+  }
+}
+
+void LogDetail(const RuntimeError& error) {
+  if (error.detail().empty()) return;
+  std::string line = "zendara: error " + std::to_string(error.number()) + ": " + error.detail();
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  std::cerr << line + "\n" << std::flush;
+}
+
+void LogCurrentError() noexcept {
+  try {
+    LogDetail(CurrentError());
+  } catch (...) {
+    // Without the memory for a line.
+  }
+}
+
+}  // namespace zendara

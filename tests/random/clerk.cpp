@@ -193,7 +193,7 @@ class Clerk {
 
   void FillFields() {
     for (int fields = random_.Between(1, 4); fields > 0; --fields)
-      Fill(CampoTrabajador{random_.Pick(CamposTrabajador()).indice});
+      Fill(CampoTrabajador(int{random_.Pick(CamposTrabajador()).indice}));
     if (random_.Chance(70)) hands_.Press(form_, "Enter");
   }
 

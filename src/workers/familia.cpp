@@ -101,7 +101,6 @@ void EscribeFamilia(Grid& rejilla, int caracter) {
 }
 
 void BorraFamilia(Grid& rejilla, int tecla) {
-  if (rejilla.Col() == kColumnaRotulo) return;
   const std::string texto = rejilla.Text();
   if (tecla == key::kDelete) rejilla.SetText("");
   if (tecla == key::kBack && !texto.empty()) rejilla.SetText(Left(texto, static_cast<int>(Len(texto)) - 1));

@@ -19,7 +19,8 @@ void PreparaRejilla(Grid& rejilla);
 
 // A character typed into the current cell of Grid1(kHijos) or Grid1(kAscendientes).
 void EscribeFamilia(Grid& rejilla, int caracter);
-// A key let go: Delete empties the current cell, Backspace takes its last character.
+// A key let go: Delete empties the current cell, Backspace takes its last character. REQUIRES: a cell with data, as the
+// screen keeps it.
 void BorraFamilia(Grid& rejilla, int tecla);
 
 // Enter in the current cell: true when it moved the current cell; otherwise it leaves the grid.

@@ -18,8 +18,9 @@ expect Text1(1) "00060"
 key Alt+Home
 expect Text1(1) "00001"
 # A number typed over the one shown is another one, whatever stood there when the field was entered.
+key Alt+End
 key Home
-type "00060"
+type "00001"
 key Enter
 show Text1(1) Text1(2)
 # Without a worker on the screen the steps start from the number that was typed.

@@ -183,6 +183,11 @@ bool Ficha::Mostro(IndiceCampo indice, std::string_view texto) const {
   return mostrado != mostrado_.end() && Trim(mostrado->second.texto) == texto;
 }
 
+void Ficha::Escrito(IndiceCampo indice) {
+  const auto mostrado = mostrado_.find(indice);
+  if (mostrado != mostrado_.end()) mostrado->second = {TextoLlano(indice), Valor(indice)};
+}
+
 std::vector<int> Ficha::Guarda(Recordset& fila, const Tramo& tramo, bool solo_cambiados) {
   std::vector<int> sustituidos;
   std::map<int, Mostrado> guardado;

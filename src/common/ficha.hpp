@@ -48,6 +48,8 @@ class Ficha {
   // text is not the one that showing put there. Answers the fields in which the row had neither what was shown nor what
   // is stored now: somebody else has changed them too.
   std::vector<int> Guarda(Recordset& fila, const Tramo& tramo, bool solo_cambiados);
+  // The screen has stored by itself, in the row that is shown, what stands in the field.
+  void Escrito(IndiceCampo indice);
 
   // Empties the fields from one index to another; cells are passed over.
   void Vacia(IndiceCampo desde, IndiceCampo hasta);

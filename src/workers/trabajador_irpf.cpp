@@ -91,6 +91,7 @@ void Trabajadores::CalculaTipo() {
   situaciones.Edit();
   situaciones.Fields(kTramoVar.ColumnaDe(kPorcentajeIRPF)).Set(*tipo);
   situaciones.Update();
+  ficha_.Escrito(kPorcentajeIRPF);
 }
 
 void Trabajadores::ConectaRegularizacion() {
@@ -167,8 +168,12 @@ void Trabajadores::GrabaRegularizacion(const std::string& tipo) {
   var.Edit();
   var.Fields(kTramoVar.ColumnaDe(kPorcentajeIRPF)).Set(tipo);
   var.Update();
-  for (const CifraGuardada& guardada : kCifras) Text1(guardada.campo).SetText(Cifra(guardada.cifra).Text());
+  for (const auto& [cifra, campo] : kCifras) {
+    Text1(campo).SetText(Cifra(cifra).Text());
+    ficha_.Escrito(campo);
+  }
   Text1(kPorcentajeIRPF).SetText(tipo);
+  ficha_.Escrito(kPorcentajeIRPF);
 }
 
 }  // namespace zendara

@@ -72,6 +72,12 @@ show Text1(1) Text1(92)
 answer yes
 key Alt+R
 show Text1(135)
+# Another one typed over it is no change of somebody else's.
+focus Text1(135)
+key Home
+key Shift+End
+type "15\n"
+key Alt+G
 key Alt+S
 sql Nom00001.MDB "SELECT * FROM TrabajadoresFijo WHERE Campo0='00061'"
 sql Nom00001.MDB "SELECT * FROM TrabajadoresVar WHERE Campo0='00061'"

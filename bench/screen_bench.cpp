@@ -127,7 +127,7 @@ void TwoKeys(benchmark::State& state) {
 }
 BENCHMARK(TwoKeys)->Unit(benchmark::kMillisecond);
 
-TextBox& Enter(Form& form, int field) {
+TextBox& Enter(Form& form, IndiceCampo field) {
   auto& box = static_cast<TextBox&>(*form.Find("Text1(" + std::to_string(field) + ")"));
   form.Run([&] { form.SetFocus(box); });
   return box;
@@ -141,7 +141,7 @@ double SecondsOf(FormWindow& window, const std::function<void()>& action) {
 }
 
 void ShowWorker(Form& form, std::int64_t number) {
-  Enter(form, campo::kNumero).SetText(std::to_string(number));
+  Enter(form, CampoTrabajador::kNumero).SetText(std::to_string(number));
   form.Press({key::kEnter, 0, {}});
 }
 
@@ -154,20 +154,20 @@ void LeaveField(benchmark::State& state) {
     for (auto _ : state) {
       number = number % kWorkersLeft + 1;
       TextBox& box = Enter(form, field);
-      if (field == campo::kNumero) box.SetText(std::to_string(number * kWorkersApart));
-      if (field == campo::kSituacion) box.SetText(std::to_string(number % kSituations + 1));
+      if (field == IndiceCampo(CampoTrabajador::kNumero)) box.SetText(std::to_string(number * kWorkersApart));
+      if (field == IndiceCampo(CampoTrabajador::kSituacion)) box.SetText(std::to_string(number % kSituations + 1));
       state.SetIterationTime(SecondsOf(window, [&] { form.Press({key::kEnter, 0, {}}); }));
     }
   });
 }
 BENCHMARK(LeaveField)
     ->ArgName("Text1")
-    ->Arg(campo::kNumero)
-    ->Arg(campo::kSituacion)
-    ->Arg(campo::kFechaAlta)
-    ->Arg(campo::kCategoria)
-    ->Arg(campo::kTipo1)
-    ->Arg(campo::kCentro)
+    ->Arg(IndiceCampo(CampoTrabajador::kNumero))
+    ->Arg(IndiceCampo(CampoTrabajador::kSituacion))
+    ->Arg(IndiceCampo(CampoTrabajador::kFechaAlta))
+    ->Arg(IndiceCampo(CampoTrabajador::kCategoria))
+    ->Arg(IndiceCampo(CampoTrabajador::kTipo1))
+    ->Arg(IndiceCampo(CampoTrabajador::kCentro))
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
@@ -178,7 +178,7 @@ void SaveWorker(benchmark::State& state) {
     for (auto _ : state) {
       number = number % kWorkersLeft + 1;
       ShowWorker(form, number * kWorkersApart);
-      TextBox& box = Enter(form, campo::kApellido1);
+      TextBox& box = Enter(form, CampoTrabajador::kApellido1);
       box.SetText(box.Text() == "Cambiado" ? "Otro" : "Cambiado");
       state.SetIterationTime(SecondsOf(window, [&] { form.Press({'G', key::kAlt, "g"}); }));
       if (!box.Text().empty()) state.SkipWithError("it was not saved");

@@ -91,7 +91,12 @@ void FormWindow::Build() {
   scroll_->setFocusPolicy(Qt::NoFocus);
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(0, 0, 0, 0);
-  outer->addWidget(scroll_);
+  outer->addWidget(scroll_, 1);
+  status_ = new QLabel(this);
+  status_->setObjectName("status");
+  status_->setWordWrap(true);
+  status_->setMargin(fontMetrics().descent());
+  outer->addWidget(status_);
   auto* content = new QWidget;
   BuildLayout(*this, form_.GetLayout(), *content,
               [this](std::unique_ptr<ControlView> view, Control& control) { views_[&control] = std::move(view); });
@@ -113,12 +118,13 @@ void FormWindow::Fit() {
   const QRect area = screen()->availableGeometry();
   RenewSizes(*scroll_->widget());
   const QSize wanted = scroll_->widget()->sizeHint();
+  const int status = status_->sizeHint().height();
   // Scrolled, never squeezed.
   scroll_->widget()->setMinimumSize(wanted);
-  QSize size = wanted;
+  QSize size = wanted + QSize(0, status);
   // What does not fit on the screen is scrolled, and the bar needs its own place.
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2;
-  if (wanted.height() > area.height()) size.rwidth() += bar;
+  if (size.height() > area.height()) size.rwidth() += bar;
   if (wanted.width() > area.width()) size.rheight() += bar;
   size = size.boundedTo(area.size());
   setMinimumSize(size.boundedTo(QSize(320, 240)));
@@ -245,6 +251,7 @@ void FormWindow::Flush() {
   if (syncing_) return;
   syncing_ = true;
   if (std::exchange(form_changed_, false)) {
+    status_->setText(ToQt(form_.Status()));
     setWindowTitle(ToQt(form_.Title().empty() ? form_.Name() : form_.Title()));
     // The hourglass takes no input away.
     if (form_.Pointer() == MousePointer::kHourglass) {

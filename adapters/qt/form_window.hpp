@@ -103,6 +103,7 @@ class FormWindow : public QWidget, public FormView {
 
   Form& form_;
   QScrollArea* scroll_ = nullptr;
+  QLabel* status_ = nullptr;  // below the content, always there
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<QObject*, ControlView*> watched_;
   std::set<const Control*> changed_;

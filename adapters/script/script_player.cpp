@@ -89,6 +89,7 @@ ScriptResult ScriptPlayer::Result() const {
 
 void ScriptPlayer::Play(const Form* form) {
   while (!ended_ && (!form || form->Loaded())) {
+    PrintStatus();
     PrintFocus();
     if (ended_) return;
     if (const auto command = Next()) {
@@ -113,12 +114,14 @@ std::optional<ScriptCommand> ScriptPlayer::Next() {
 void ScriptPlayer::Modal(Form& form) {
   forms_.push_back(&form);
   ++screens_shown_;
+  printed_status_.clear();
   printed_focus_ = nullptr;
   Print("screen " + form.Name() + " open");
   Play(&form);
   form.Unload();
   Print("screen " + form.Name() + " closed");
   forms_.pop_back();
+  printed_status_.clear();
   printed_focus_ = nullptr;
 }
 
@@ -151,6 +154,12 @@ void ScriptPlayer::Print(const std::string& line) {
     failure_ = std::current_exception();
     ended_ = true;
   }
+}
+
+void ScriptPlayer::PrintStatus() {
+  if (forms_.empty() || forms_.back()->Status() == printed_status_) return;
+  printed_status_ = forms_.back()->Status();
+  if (!printed_status_.empty()) Print("status " + Quoted(printed_status_));
 }
 
 void ScriptPlayer::PrintFocus() {

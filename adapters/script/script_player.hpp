@@ -85,6 +85,7 @@ class ScriptPlayer : public Shell {
   void ActOn(Form& form, const ScriptCommand& command);
   void Stop(int status, const std::string& reason);
   void Print(const std::string& line);
+  void PrintStatus();
   void PrintFocus();
   std::optional<std::size_t> Chosen(ListaFilas& rows);
 
@@ -109,6 +110,7 @@ class ScriptPlayer : public Shell {
   std::exception_ptr failure_;  // of the functions that give commands and take lines
 
   std::vector<Form*> forms_;  // the last is on top
+  std::string printed_status_;
   const Control* printed_focus_ = nullptr;
   int screens_shown_ = 0;
   std::deque<BoxAnswer> answers_;

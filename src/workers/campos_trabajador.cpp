@@ -1,20 +1,19 @@
 #include "workers/campos_trabajador.hpp"
 
-#include <algorithm>
 #include <utility>
 
 namespace zendara {
 namespace {
 
 using enum TipoCampo;
-using namespace campo;
+using enum CampoTrabajador;
 
 constexpr int kLargoFecha = 8;
 constexpr int kLargoCodigo = 1;
 constexpr int kLargoImporte = 10;
 constexpr int kLargoLibre = 50;  // no screen limits it
 
-constexpr CampoTrabajador kCampos[] = {
+constexpr Campo kCampos[] = {
     {kNumero, kTexto, "Nº Trabajador:", 5, kCeros},
     {kApellido1, kTexto, "Apellido 1:", 20, kSinRegla},
     {kApellido2, kTexto, "Apellido2:", 20, kSinRegla},
@@ -35,7 +34,7 @@ constexpr CampoTrabajador kCampos[] = {
     {kProvincia, kTexto, "Provincia:", 25, kSinRegla},
     {kCodigoPostal, kTexto, "Cód. Postal:", 5, kSinRegla},
     {kTelefono, kTexto, "Teléfono:", 10, kSinRegla},
-    {kFechaNacimiento, kTexto, "Fecha de Nacimiento:", kLargoFecha, kFecha},
+    {kFechaNacimiento, kTexto, "Fecha de Nacimiento:", kLargoFecha, kFecha | kNacimiento},
 
     {kSituacionPerceptor, kLista, "Situación:", kLargoCodigo, kSinRegla},
     {kClaseContrato, kLista, "Tipo Contrato:", kLargoCodigo, kSinRegla},
@@ -124,7 +123,8 @@ constexpr CampoTrabajador kCampos[] = {
 
 constexpr int kDatosHijo = 3;         // year of birth, por entero, grade
 constexpr int kDatosAscendiente = 2;  // convivencia, grade
-constexpr int kPrimeraCeldaAscendientes = kPrimeraCelda + kFilasRejilla * kDatosHijo;
+constexpr int kPrimeraCeldaHijos = static_cast<int>(kPrimeraCelda);
+constexpr int kPrimeraCeldaAscendientes = kPrimeraCeldaHijos + kFilasRejilla * kDatosHijo;
 
 constexpr std::string_view kIdentificaciones[] = {"1", "2", "3", "4", "6", "9"};
 constexpr std::string_view kSituacionesPerceptor[] = {"A", "D", "P"};
@@ -139,22 +139,17 @@ constexpr std::pair<std::string_view, std::string_view> kTextosIdentificacion[] 
 
 }  // namespace
 
-std::span<const CampoTrabajador> CamposTrabajador() { return kCampos; }
+std::span<const Campo> CamposTrabajador() { return kCampos; }
 
-const CampoTrabajador* CampoDe(int indice) {
-  const auto* encontrado = std::ranges::lower_bound(kCampos, indice, {}, &CampoTrabajador::indice);
-  return encontrado == std::end(kCampos) || encontrado->indice != indice ? nullptr : encontrado;
-}
-
-CeldaTrabajador CeldaDe(int indice) {
+CeldaTrabajador CeldaDe(IndiceCampo indice) {
   const bool hijo = indice < kPrimeraCeldaAscendientes;
   const int datos = hijo ? kDatosHijo : kDatosAscendiente;
-  const int orden = indice - (hijo ? +kPrimeraCelda : kPrimeraCeldaAscendientes);
+  const int orden = indice - (hijo ? kPrimeraCeldaHijos : kPrimeraCeldaAscendientes);
   return {hijo ? kHijos : kAscendientes, orden / datos + 1, orden % datos + kPrimeraColumna};
 }
 
-std::span<const std::string_view> CodigosDe(int indice) {
-  switch (indice) {
+std::span<const std::string_view> CodigosDe(IndiceCampo indice) {
+  switch (static_cast<CampoTrabajador>(static_cast<int>(indice))) {
     case kTipoIdentificacion:
       return kIdentificaciones;
     case kSituacionPerceptor:

@@ -5,10 +5,11 @@
 #include <span>
 #include <string_view>
 
+#include "common/campos.hpp"
+
 namespace zendara {
 
-namespace campo {
-enum Indice : int {
+enum class CampoTrabajador : int {
   // TrabajadoresFijo: the worker.
   kNumero = 1,
   kApellido1 = 2,
@@ -113,41 +114,26 @@ enum Indice : int {
   kPrestaciones = 144,
   kUltimoVar = kPrestaciones,
 };
-}  // namespace campo
 
-// Which array the control belongs to: Text1, Combo1 or Check1. The cells of Grid1 are not in the table.
-enum class TipoCampo { kTexto, kLista, kMarca };
+constexpr CampoTrabajador operator+(CampoTrabajador campo, int pasos) {
+  return static_cast<CampoTrabajador>(static_cast<int>(campo) + pasos);
+}
+constexpr int operator-(CampoTrabajador campo, CampoTrabajador otro) {
+  return static_cast<int>(campo) - static_cast<int>(otro);
+}
 
-// What leaving and entering a field does; rules that single fields have are in reglas_trabajador.hpp.
-enum ReglaCampo : unsigned {
-  kSinRegla = 0,
-  kFecha = 1,      // dd/mm/yy, six digits while it has the focus
-  kCeros = 2,      // filled with zeros on the left
-  kVista = 4,      // shows what a code stands for; leaving it does nothing
-  kImporte = 8,    // numeric typing, on the right
-  kCodigo = 16,    // of a table, which tells what the fields after it show; empty, the next one is emptied
-  kContrato = 32,  // type of a contract; empty, the five fields of its block are emptied
-};
-
-struct CampoTrabajador {
-  int indice;
-  TipoCampo tipo;
-  std::string_view rotulo;
-  int largo;  // characters, as wide as its column; dates have 8
-  unsigned reglas;
-
-  bool Tiene(ReglaCampo regla) const { return (reglas & regla) != 0; }
-};
+// What leaving a field does besides; rules that single fields have are in reglas_trabajador.hpp.
+// A code of a table, whose row the fields after it show; empty, the next one is emptied.
+inline constexpr unsigned kCodigo = kReglaPropia;
+// The type of a contract; empty, the other fields of its block are emptied.
+inline constexpr unsigned kContrato = 2 * kReglaPropia;
 
 // All but the cells, in the order of their indexes.
-std::span<const CampoTrabajador> CamposTrabajador();
-// nullptr for an index that is no field or a cell.
-const CampoTrabajador* CampoDe(int indice);
+std::span<const Campo> CamposTrabajador();
 
-// Ordinal of a field's or cell's column in TrabajadoresFijo, from kPrimeroVar on in TrabajadoresVar.
-constexpr int ColumnaDe(int indice) {
-  return indice - (indice < campo::kPrimeroVar ? campo::kNumero : campo::kUltimoFijo);
-}
+// Their columns in TrabajadoresFijo and, behind the worker's number, in TrabajadoresVar.
+inline constexpr Tramo kTramoFijo = {CampoTrabajador::kNumero, CampoTrabajador::kUltimoFijo, 0};
+inline constexpr Tramo kTramoVar = {CampoTrabajador::kPrimeroVar, CampoTrabajador::kUltimoVar, 1};
 
 // The place of a cell: Grid1(rejilla), row from 1, column.
 struct CeldaTrabajador {
@@ -156,7 +142,7 @@ struct CeldaTrabajador {
   int columna;
 };
 // REQUIRES: kPrimeraCelda to kUltimaCelda.
-CeldaTrabajador CeldaDe(int indice);
+CeldaTrabajador CeldaDe(IndiceCampo indice);
 
 // The two grids: their columns from ordinal 0, of which 0 is a margin and 1 the label of the row.
 inline constexpr int kHijos = 0;
@@ -166,7 +152,7 @@ inline constexpr int kColumnaRotulo = 1;
 inline constexpr int kPrimeraColumna = 2;  // with data
 
 // The entries of a list, the codes that its column holds.
-std::span<const std::string_view> CodigosDe(int indice);
+std::span<const std::string_view> CodigosDe(IndiceCampo indice);
 // What stands beside the kind of identification; empty for an unknown code.
 std::string_view TextoIdentificacion(std::string_view codigo);
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "frame/bases_datos.hpp"
 #include "frame/catalogo.hpp"
@@ -15,11 +16,13 @@ namespace zendara {
 namespace {
 
 constexpr int kTodosLosGrupos = 0;
+constexpr int kGrupoAno = 2;
 constexpr int kColumnaFinSituacion = 4;  // of TrabajadoresVar
 constexpr std::string_view kIndiceMes = "Icampo0_1_2";
+constexpr std::string_view kIndiceConcepto = "Icampo0_1_2_3";
 
 // Columns of both tables of a month, by ordinal; what follows is copied blindly.
-enum ColumnaMes { kMes, kTrabajador, kSituacion, kPrimeraCopiada };
+enum ColumnaMes { kMes, kTrabajador, kSituacion, kPrimeraCopiada, kConcepto = kPrimeraCopiada };
 
 struct TablaMes {
   int ranura;
@@ -37,7 +40,7 @@ class Transferencia {
   Transferencia(Sesion& sesion, CopiaPendiente& copia)
       : sesion_(sesion),
         nueva_(copia.nueva),
-        copiados_(copia.copiados),
+        empezada_(copia.empezada),
         ano_trabajo_(sesion.AnoTrabajo.str()),
         ano_nuevo_(AnoDe(nueva_.inicio)),
         anterior_(FormatText(Val(nueva_.numero) - 1, "000;")) {}
@@ -50,12 +53,11 @@ class Transferencia {
         if (!TieneAno(ano_anterior_)) return;
         AbreFichero(sesion_, FileKind::kYear, ano_anterior_);
       }
-      if (copiados_ > 0 || FaltaEn(kConceptos)) {
+      if (empezada_ || FaltaEn(kConceptos)) {
         sesion_.RsTrabajo = FilasAnteriores(kConceptos);
-        for (int fila = 0; !sesion_.RsTrabajo->Eof(); sesion_.RsTrabajo->MoveNext(), ++fila) {
-          if (fila < copiados_) continue;
-          Copia(kConceptos, *sesion_.RsTrabajo);
-          ++copiados_;
+        const bool sigue = std::exchange(empezada_, true);
+        for (; !sesion_.RsTrabajo->Eof(); sesion_.RsTrabajo->MoveNext()) {
+          if (!sigue || FaltaConcepto(*sesion_.RsTrabajo)) Copia(kConceptos, *sesion_.RsTrabajo);
         }
       }
       if (FaltaEn(kPagas)) {
@@ -74,16 +76,22 @@ class Transferencia {
                                                           FileName(FileKind::kYear, sesion_.CodEmpresa.str(), ano));
   }
 
-  void CambiaRanuras(const std::string& ano) { AbreTablas(sesion_, kTodosLosGrupos, sesion_.CodEmpresa.str(), ano); }
+  // AbreTablas goes on without the tables that it does not reach, but rows must not go to another year's.
+  void CambiaRanuras(const std::string& ano) {
+    const auto antes = sesion_.Tablas[kConTrabajadorConceptos];
+    AbreTablas(sesion_, kTodosLosGrupos, sesion_.CodEmpresa.str(), ano);
+    if (ano.empty() || sesion_.Tablas[kConTrabajadorConceptos] != antes) return;
+    AbreFichero(sesion_, FileKind::kYear, ano);
+    LlenaRanuras(sesion_, Grupo(kGrupoAno));
+  }
 
   // Where the previous situación ended; an open one gives empty texts.
   bool LeeAnterior() {
     Recordset& situaciones = sesion_.Tabla(kTrabajadoresVar);
     situaciones.SetIndex("ICampo0_1");
-    if (situaciones.RecordCount() > 0) {
-      situaciones.Seek({nueva_.trabajador, anterior_});
-      if (situaciones.NoMatch()) return false;
-    }
+    if (situaciones.RecordCount() == 0) return false;
+    situaciones.Seek({nueva_.trabajador, anterior_});
+    if (situaciones.NoMatch()) return false;
     const std::string fin =
         TextoNoNulo(FormatDate(situaciones.Fields(kColumnaFinSituacion).Get(), "dd/mm/yy", sesion_.VentanaFechas));
     mes_anterior_ = MesDe(fin);
@@ -95,6 +103,13 @@ class Transferencia {
     Recordset& filas = sesion_.Tabla(tabla.ranura);
     filas.SetIndex(kIndiceMes);
     filas.Seek({MesDe(nueva_.inicio), nueva_.trabajador, nueva_.numero});
+    return filas.NoMatch();
+  }
+
+  bool FaltaConcepto(Recordset& fila) {
+    Recordset& filas = sesion_.Tabla(kConTrabajadorConceptos);
+    filas.SetIndex(kIndiceConcepto);
+    filas.Seek({MesDe(nueva_.inicio), nueva_.trabajador, nueva_.numero, fila.Fields(kConcepto).Get()});
     return filas.NoMatch();
   }
 
@@ -122,7 +137,7 @@ class Transferencia {
 
   Sesion& sesion_;
   const NuevaSituacion& nueva_;
-  int& copiados_;
+  bool& empezada_;
   const std::string ano_trabajo_;
   const std::string ano_nuevo_;
   const std::string anterior_;

@@ -15,10 +15,10 @@ struct NuevaSituacion {
   bool operator==(const NuevaSituacion&) const = default;
 };
 
-// A transfer and how far it came.
+// A transfer that may have been cut short.
 struct CopiaPendiente {
   NuevaSituacion nueva;
-  int copiados = 0;  // rows of concepts
+  bool empezada = false;  // its concepts, so that those which the new situación has may be copies
 };
 
 // Copies the rows of the previous situación, of the month in which it ended, to the new one in the month in which it
@@ -29,7 +29,8 @@ struct CopiaPendiente {
 // back to the year of the previous situación, not to the working year, and not at all when that year has no file: so
 // they can stay in another year.
 //
-// Errors go to the caller; rows copied until then stay, and are counted: another call goes on behind them.
+// Errors go to the caller; rows copied until then stay, and another call with the same `copia` copies those that are
+// missing.
 void TransfiereConceptos(Sesion& sesion, CopiaPendiente& copia);
 
 }  // namespace zendara

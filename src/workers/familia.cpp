@@ -1,5 +1,6 @@
 #include "workers/familia.hpp"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,33 @@
 
 namespace zendara {
 namespace {
+
+constexpr int kAnchoNormal = 960;  // of a column of which nothing is said
+constexpr int kAnchoMargen = 20;
+
+struct ColumnaRejilla {
+  std::string_view titulo;
+  int ancho;  // twips
+  Alignment alineacion;
+};
+
+struct Rejilla {
+  std::string_view rotulo;  // of a row, before its number
+  std::span<const ColumnaRejilla> columnas;
+};
+
+constexpr ColumnaRejilla kColumnasHijos[] = {
+    {"", kAnchoMargen, Alignment::kLeft},       {"", kAnchoNormal, Alignment::kCenter},
+    {"Año Nacim.", 1000, Alignment::kRight},    {"Por entero", 900, Alignment::kCenter},
+    {"G.Minusvalia", 1100, Alignment::kCenter},
+};
+constexpr ColumnaRejilla kColumnasAscendientes[] = {
+    {"", kAnchoMargen, Alignment::kLeft},
+    {"", 1200, Alignment::kCenter},
+    {"Convivencia", 1000, Alignment::kCenter},
+    {"G.Minusvalía", 1000, Alignment::kCenter},
+};
+constexpr Rejilla kRejillas[] = {{"Hijo ", kColumnasHijos}, {"Ascendiente ", kColumnasAscendientes}};
 
 constexpr std::size_t kLargoAno = 4;
 constexpr std::string_view kSinMinusvalia = "0";
@@ -50,6 +78,20 @@ void EscribeAscendiente(Grid& rejilla, int caracter) {
 
 }  // namespace
 
+void PreparaRejilla(Grid& rejilla) {
+  const Rejilla& modelo = kRejillas[rejilla.Index()];
+  rejilla.Resize(kFilasRejilla + 1, static_cast<int>(modelo.columnas.size()), 1, 1);
+  for (int columna = 0; columna < rejilla.Columns(); ++columna) {
+    const auto& [titulo, ancho, alineacion] = modelo.columnas[static_cast<std::size_t>(columna)];
+    rejilla.ColumnAt(columna) = {ancho, alineacion};
+    rejilla.SetCell(0, columna, titulo);
+  }
+  for (int fila = 1; fila <= kFilasRejilla; ++fila) {
+    rejilla.SetCell(fila, kColumnaRotulo, std::string(modelo.rotulo) + std::to_string(fila));
+  }
+  rejilla.SetCurrent(1, kPrimeraColumna);
+}
+
 void EscribeFamilia(Grid& rejilla, int caracter) {
   if (rejilla.Index() == kHijos) {
     EscribeHijo(rejilla, caracter);
@@ -59,7 +101,6 @@ void EscribeFamilia(Grid& rejilla, int caracter) {
 }
 
 void BorraFamilia(Grid& rejilla, int tecla) {
-  if (rejilla.Col() == kColumnaRotulo) return;
   const std::string texto = rejilla.Text();
   if (tecla == key::kDelete) rejilla.SetText("");
   if (tecla == key::kBack && !texto.empty()) rejilla.SetText(Left(texto, static_cast<int>(Len(texto)) - 1));

@@ -1,5 +1,5 @@
-// The grids of children and ascendants: what typing in a cell does, and which rows are half filled. Keys outside of the
-// rules change nothing.
+// The grids of children and ascendants: their shape, what typing in a cell does, and which rows are half filled. Keys
+// outside of the rules change nothing.
 #pragma once
 
 #include "platform/form/control.hpp"
@@ -14,9 +14,13 @@ namespace columna_ascendiente {
 enum Columna : int { kConvivencia = 2, kGrado = 3 };
 }
 
+// Empties Grid1(kHijos) or Grid1(kAscendientes), with headers and the labels of its rows.
+void PreparaRejilla(Grid& rejilla);
+
 // A character typed into the current cell of Grid1(kHijos) or Grid1(kAscendientes).
 void EscribeFamilia(Grid& rejilla, int caracter);
-// A key let go: Delete empties the current cell, Backspace takes its last character.
+// A key let go: Delete empties the current cell, Backspace takes its last character. REQUIRES: a cell with data, as the
+// screen keeps it.
 void BorraFamilia(Grid& rejilla, int tecla);
 
 // Enter in the current cell: true when it moved the current cell; otherwise it leaves the grid.

@@ -5,7 +5,6 @@
 
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
-#include "workers/campos_trabajador.hpp"
 
 namespace zendara {
 namespace {
@@ -25,12 +24,12 @@ double Dias(const std::string& desde, const std::string& hasta, YearWindow venta
   return CDbl(DateDiffDays(desde, hasta, ventana));
 }
 
-FaltaSituacion Falta(std::string_view mensaje, const IntervaloSituacion& otra, int campo) {
+FaltaSituacion Falta(std::string_view mensaje, const IntervaloSituacion& otra, CampoTrabajador campo) {
   return {std::string(mensaje) + otra.numero, BoxIcon::kExclamation, campo};
 }
 
 FaltaSituacion SinFinalizar(std::string_view principio, const IntervaloSituacion& otra) {
-  return {std::string(principio) + otra.numero + " no esta finalizada", BoxIcon::kInformation, kSinCampo};
+  return {std::string(principio) + otra.numero + " no esta finalizada", BoxIcon::kInformation, std::nullopt};
 }
 
 std::optional<FaltaSituacion> ComparaConAbierta(const IntervaloSituacion& nueva, const IntervaloSituacion& otra,
@@ -45,11 +44,11 @@ std::optional<FaltaSituacion> ComparaConCerrada(const IntervaloSituacion& nueva,
   const auto dentro = [&](const std::string& fecha) {
     return Dias(fecha, otra.inicio, ventana) <= 0 && Dias(fecha, otra.fin, ventana) >= 0;
   };
-  if (dentro(nueva.inicio)) return Falta(kInicioDentro, otra, campo::kFechaInicio);
+  if (dentro(nueva.inicio)) return Falta(kInicioDentro, otra, CampoTrabajador::kFechaInicio);
   if (nueva.fin.empty()) return std::nullopt;
-  if (dentro(nueva.fin)) return Falta(kFinDentro, otra, campo::kFechaFin);
+  if (dentro(nueva.fin)) return Falta(kFinDentro, otra, CampoTrabajador::kFechaFin);
   if (Dias(nueva.inicio, otra.inicio, ventana) >= 0 && Dias(nueva.fin, otra.fin, ventana) <= 0) {
-    return Falta(kAbarca, otra, campo::kFechaInicio);
+    return Falta(kAbarca, otra, CampoTrabajador::kFechaInicio);
   }
   return std::nullopt;
 }

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "workers/campos_trabajador.hpp"
 #include "zendara/ports.hpp"
 #include "zendara/value.hpp"
 
@@ -17,13 +18,11 @@ struct IntervaloSituacion {
   std::string fin;  // empty: open
 };
 
-inline constexpr int kSinCampo = 0;
-
-// What is wrong, for the box, and the field to correct.
+// What is wrong, for the box, and the field to correct if it is one.
 struct FaltaSituacion {
   std::string mensaje;
   BoxIcon icono = BoxIcon::kNone;
-  int campo = kSinCampo;
+  std::optional<CampoTrabajador> campo;
 };
 
 // Whether `nueva` may stand beside `otra`, another situación of the worker; all bounds include equality. Its own number

@@ -8,7 +8,7 @@
 namespace zendara {
 namespace {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 constexpr CampoObligatorio kObligatorios[] = {
     {kNumero, "Debe introducir el número de trabajador"},
@@ -44,8 +44,8 @@ constexpr std::size_t kLargoCodigoTarifa = 2;
 constexpr std::size_t kInicioTextoTarifa = 5;  // behind "01 - "
 
 template <typename Tabla>
-auto Busca(const Tabla& tabla, int indice) -> decltype(std::begin(tabla)) {
-  const auto* fila = std::ranges::find(tabla, indice, [](const auto& f) { return f.indice; });
+auto FilaDe(const Tabla& tabla, CampoTrabajador campo) -> decltype(std::begin(tabla)) {
+  const auto* fila = std::ranges::find(tabla, campo, [](const auto& f) { return f.campo; });
   return fila == std::end(tabla) ? nullptr : fila;
 }
 
@@ -53,9 +53,9 @@ auto Busca(const Tabla& tabla, int indice) -> decltype(std::begin(tabla)) {
 
 std::span<const CampoObligatorio> CamposObligatorios() { return kObligatorios; }
 
-const MaximoCampo* MaximoDe(int indice) { return Busca(kMaximos, indice); }
+const MaximoCampo* MaximoDe(CampoTrabajador campo) { return FilaDe(kMaximos, campo); }
 
-const DescripcionCampo* DescripcionDe(int indice) { return Busca(kDescripciones, indice); }
+const DescripcionCampo* DescripcionDe(CampoTrabajador campo) { return FilaDe(kDescripciones, campo); }
 
 std::string_view TextoGrupoTarifa(std::string_view codigo) {
   for (const std::string_view linea : kListaGruposTarifa.lineas) {

@@ -1,7 +1,6 @@
 #include "workers/trabajador_consultas.hpp"
 
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,72 +10,77 @@
 namespace zendara {
 namespace {
 
-using namespace campo;
+using enum CampoTrabajador;
 
-constexpr int kCamposNumero[] = {kNumero};
-constexpr int kCamposIdentificacion[] = {kTipoIdentificacion};
-constexpr int kCamposSiglas[] = {kSiglas};
-constexpr int kCamposPerceptor[] = {kSituacionPerceptor};
-constexpr int kCamposClase[] = {kClaseContrato};
-constexpr int kCamposFamilia[] = {kSituacionFamiliar};
-constexpr int kCamposMinusvalia[] = {kMinusvalia};
-constexpr int kCamposFormaPago[] = {kFormaPago, kDescripcionFormaPago};
-constexpr int kCamposSituacion[] = {kSituacion, kDescripcionSituacion, kFechaInicio};
-constexpr int kCamposConvenio[] = {kConvenio, kDescripcionConvenio};
-constexpr int kCamposCategoria[] = {kCategoria, kDescripcionCategoria};
-constexpr int kCamposEpigrafe[] = {kEpigrafe, kDescripcionEpigrafe};
-constexpr int kCamposTarifa[] = {kGrupoTarifa, kDescripcionGrupoTarifa};
-constexpr int kCamposContrato[] = {kNumeroContrato, kTipo1};
-constexpr int kCamposTipo1[] = {kTipo1, kModalidad1, kDisposicion1, kBonificacion1};
-constexpr int kCamposTipo2[] = {kTipo2, kModalidad2, kDisposicion2, kBonificacion2};
-constexpr int kCamposTipo3[] = {kTipo3, kModalidad3, kDisposicion3, kBonificacion3};
-constexpr int kCamposCentro[] = {kCentro, kDescripcionCentro};
-constexpr int kCamposSeccion[] = {kSeccion, kDescripcionSeccion};
+constexpr CampoTrabajador kCamposNumero[] = {kNumero};
+constexpr CampoTrabajador kCamposIdentificacion[] = {kTipoIdentificacion};
+constexpr CampoTrabajador kCamposSiglas[] = {kSiglas};
+constexpr CampoTrabajador kCamposPerceptor[] = {kSituacionPerceptor};
+constexpr CampoTrabajador kCamposClase[] = {kClaseContrato};
+constexpr CampoTrabajador kCamposFamilia[] = {kSituacionFamiliar};
+constexpr CampoTrabajador kCamposMinusvalia[] = {kMinusvalia};
+constexpr CampoTrabajador kCamposFormaPago[] = {kFormaPago, kDescripcionFormaPago};
+constexpr CampoTrabajador kCamposSituacion[] = {kSituacion, kDescripcionSituacion, kFechaInicio};
+constexpr CampoTrabajador kCamposConvenio[] = {kConvenio, kDescripcionConvenio};
+constexpr CampoTrabajador kCamposCategoria[] = {kCategoria, kDescripcionCategoria};
+constexpr CampoTrabajador kCamposEpigrafe[] = {kEpigrafe, kDescripcionEpigrafe};
+constexpr CampoTrabajador kCamposTarifa[] = {kGrupoTarifa, kDescripcionGrupoTarifa};
+constexpr CampoTrabajador kCamposContrato[] = {kNumeroContrato, kTipo1};
+constexpr CampoTrabajador kCamposTipo1[] = {kTipo1, kModalidad1, kDisposicion1, kBonificacion1};
+constexpr CampoTrabajador kCamposTipo2[] = {kTipo2, kModalidad2, kDisposicion2, kBonificacion2};
+constexpr CampoTrabajador kCamposTipo3[] = {kTipo3, kModalidad3, kDisposicion3, kBonificacion3};
+constexpr CampoTrabajador kCamposCentro[] = {kCentro, kDescripcionCentro};
+constexpr CampoTrabajador kCamposSeccion[] = {kSeccion, kDescripcionSeccion};
 
 constexpr ConsultaTrabajador kConsultas[] = {
-    {kNumero, &kListaFichaTrabajadores, kSinParametro, kCamposNumero, true},
-    {kTipoIdentificacion, &kListaIdentificaciones, kSinParametro, kCamposIdentificacion},
-    {kSiglas, &kListaCalles, kSinParametro, kCamposSiglas},
-    {kSituacionPerceptor, &kListaSituacionesIRPF, kSinParametro, kCamposPerceptor},
-    {kClaseContrato, &kListaClasesContrato, kSinParametro, kCamposClase},
-    {kSituacionFamiliar, &kListaSituacionesFamilia, kSinParametro, kCamposFamilia},
-    {kMinusvalia, &kListaMinusvalias, kSinParametro, kCamposMinusvalia},
-    {kFormaPago, &kListaFormasPago, kSinParametro, kCamposFormaPago},
-    {kSituacion, &kListaSituaciones, kNumero, kCamposSituacion, true},
-    {kConvenio, &kListaConvenios, kSinParametro, kCamposConvenio},
-    {kCategoria, &kListaCategorias, kConvenio, kCamposCategoria},
-    {kEpigrafe, &kListaEpigrafes, kSinParametro, kCamposEpigrafe},
-    {kGrupoTarifa, &kListaGruposTarifa, kSinParametro, kCamposTarifa},
-    {kNumeroContrato, &kListaContratos, kSinParametro, kCamposContrato},
-    {kTipo1, &kListaTiposContrato, kNumeroContrato, kCamposTipo1},
-    {kTipo2, &kListaTiposContrato, kNumeroContrato, kCamposTipo2},
-    {kTipo3, &kListaTiposContrato, kNumeroContrato, kCamposTipo3},
-    {kCentro, &kListaCentros, kSinParametro, kCamposCentro},
-    {kSeccion, &kListaSecciones, kSinParametro, kCamposSeccion},
+    {kNumero, &kListaFichaTrabajadores, kCamposNumero, {}, true},
+    {kTipoIdentificacion, &kListaIdentificaciones, kCamposIdentificacion},
+    {kSiglas, &kListaCalles, kCamposSiglas},
+    {kSituacionPerceptor, &kListaSituacionesIRPF, kCamposPerceptor},
+    {kClaseContrato, &kListaClasesContrato, kCamposClase},
+    {kSituacionFamiliar, &kListaSituacionesFamilia, kCamposFamilia},
+    {kMinusvalia, &kListaMinusvalias, kCamposMinusvalia},
+    {kFormaPago, &kListaFormasPago, kCamposFormaPago},
+    {kSituacion, &kListaSituaciones, kCamposSituacion, kNumero, true},
+    {kConvenio, &kListaConvenios, kCamposConvenio},
+    {kCategoria, &kListaCategorias, kCamposCategoria, kConvenio},
+    {kEpigrafe, &kListaEpigrafes, kCamposEpigrafe},
+    {kGrupoTarifa, &kListaGruposTarifa, kCamposTarifa},
+    {kNumeroContrato, &kListaContratos, kCamposContrato},
+    {kTipo1, &kListaTiposContrato, kCamposTipo1, kNumeroContrato},
+    {kTipo2, &kListaTiposContrato, kCamposTipo2, kNumeroContrato},
+    {kTipo3, &kListaTiposContrato, kCamposTipo3, kNumeroContrato},
+    {kCentro, &kListaCentros, kCamposCentro},
+    {kSeccion, &kListaSecciones, kCamposSeccion},
 };
 
 }  // namespace
 
 std::span<const ConsultaTrabajador> ConsultasTrabajador() { return kConsultas; }
 
-const ConsultaTrabajador* ConsultaDeCampo(int indice) {
-  const auto* encontrada = std::ranges::find(kConsultas, indice, &ConsultaTrabajador::indice);
+const ConsultaTrabajador* ConsultaDeCampo(CampoTrabajador campo) {
+  const auto* encontrada = std::ranges::find(kConsultas, campo, &ConsultaTrabajador::campo);
   return encontrada == std::end(kConsultas) ? nullptr : encontrada;
 }
 
 void Trabajadores::AbreLista(int indice) {
-  const ConsultaTrabajador* consulta = ConsultaDeCampo(indice);
+  const auto campo = static_cast<CampoTrabajador>(indice);
+  const ConsultaTrabajador* consulta = ConsultaDeCampo(campo);
   if (!consulta) return;
   Guarda([&] {
     SetPointer(MousePointer::kHourglass);
-    ficha_.Campo(indice)->SetFocus();
+    ficha_.ControlDe(campo)->SetFocus();
     std::vector<std::string> parametros;
-    if (consulta->parametro != kSinParametro) parametros.push_back(TextoRecortado(consulta->parametro));
+    if (consulta->parametro) parametros.push_back(ficha_.TextoRecortado(*consulta->parametro));
     const std::string fila = Consulta(sesion_, *consulta->lista, parametros).value_or("");
     if (!fila.empty()) {
       const std::vector<std::string> cortes = CortaFila(*consulta->lista, fila);
-      for (std::size_t i = 0; i < cortes.size(); ++i) ficha_.Pon(consulta->campos[i], cortes[i]);
+      for (std::size_t i = 0; i < cortes.size(); ++i) ficha_.Pon(consulta->llena[i], cortes[i]);
       if (consulta->carga) SalidaCampo(indice);
+      // The other texts of a contract are those of its type.
+      for (const CampoTrabajador lleno : consulta->llena) {
+        if (ficha_.CampoDe(lleno)->Tiene(kContrato) && !ficha_.Vacio(lleno)) BuscarContrato(lleno);
+      }
     }
     Host().DoEvents();
     SetPointer(MousePointer::kDefault);

@@ -8,7 +8,7 @@
 namespace zendara {
 namespace {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 // Titled groups of fields.
 enum IndiceGrupo {
@@ -125,17 +125,17 @@ void Trabajadores::PonRotulos() {
 }
 
 Layout Trabajadores::Disposicion() {
-  const auto campo = [this](int indice) {
-    Control& control = *ficha_.Campo(indice);
+  const auto campo = [this](IndiceCampo indice) {
+    Control& control = *ficha_.ControlDe(indice);
     Image* imagen = Image1.Find(indice);
     return imagen ? Place(control, {imagen}) : Place(control);
   };
-  const auto campos = [&](int desde, int hasta) {
+  const auto campos = [&](IndiceCampo desde, IndiceCampo hasta) {
     std::vector<Layout> lugares;
     for (int indice = desde; indice <= hasta; ++indice) lugares.push_back(campo(indice));
     return lugares;
   };
-  const auto fila = [&](int desde, int hasta) {
+  const auto fila = [&](IndiceCampo desde, IndiceCampo hasta) {
     std::vector<Layout> lugares = campos(desde, hasta);
     lugares.push_back(Space());
     return Row(std::move(lugares));
@@ -154,8 +154,8 @@ Layout Trabajadores::Disposicion() {
     for (Button* boton : derecha) lugares.push_back(Place(*boton));
     return Row(std::move(lugares));
   };
-  const auto contrato = [&](IndiceGrupo marco, IndiceGrupo bonificacion, int tipo) {
-    const int porcentaje = tipo + (kBonificacion1 - kTipo1);
+  const auto contrato = [&](IndiceGrupo marco, IndiceGrupo bonificacion, CampoTrabajador tipo) {
+    const CampoTrabajador porcentaje = tipo + (kBonificacion1 - kTipo1);
     return grupo(marco, {Row({campo(tipo), campo(tipo + 1), campo(tipo + 2),
                               grupo(bonificacion, {fila(porcentaje, porcentaje + 2)}), Space()})});
   };

@@ -1,6 +1,7 @@
 // Saving, removing and dropping the worker on the screen, and leaving it.
 #include <utility>
 
+#include "common/busqueda.hpp"
 #include "frame/catalogo.hpp"
 #include "runtime/text.hpp"
 #include "workers/familia.hpp"
@@ -9,7 +10,7 @@
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 namespace {
 
@@ -24,11 +25,11 @@ bool Trabajadores::ValidarTrabajador() {
          EstanRellenos(kCentro, kCentro) && ValidarFechasContratos() && ValidarIntervaloSituacion();
 }
 
-bool Trabajadores::EstanRellenos(int desde, int hasta) {
-  for (const CampoObligatorio& campo : CamposObligatorios()) {
-    if (campo.indice < desde || campo.indice > hasta || !Trim(ficha_.Texto(campo.indice)).empty()) continue;
-    Mensaje(std::string(campo.mensaje), BoxIcon::kExclamation);
-    ficha_.Campo(campo.indice)->SetFocus();
+bool Trabajadores::EstanRellenos(CampoTrabajador desde, CampoTrabajador hasta) {
+  for (const auto& [campo, mensaje] : CamposObligatorios()) {
+    if (campo < desde || campo > hasta || !ficha_.Vacio(campo)) continue;
+    Mensaje(std::string(mensaje), BoxIcon::kExclamation);
+    ficha_.ControlDe(campo)->SetFocus();
     return false;
   }
   return true;
@@ -61,68 +62,76 @@ void Trabajadores::GrabaFicha() {
     SetPointer(MousePointer::kDefault);
     return;
   }
-  // Concepts that could not be copied stay asked for while the worker is on the screen.
-  if (RespuestaNueva == BoxAnswer::kYes && CopiaConceptos()) RespuestaNueva.reset();
+  SetStatus({});
+  if (RespuestaNueva == BoxAnswer::kYes) CopiaConceptos();
   GrabarTrabajador();
-  RespuestaNueva.reset();
-  copia_ = {};
+  const std::string avisos = Status();
   Text1(kNumero).SetFocus();
   CancelaFicha();
+  SetStatus(avisos);
   SetPointer(MousePointer::kDefault);
 }
 
-bool Trabajadores::CopiaConceptos() {
+// Concepts that cannot be copied keep the situación from being saved and stay asked for.
+void Trabajadores::CopiaConceptos() {
   NuevaSituacion nueva = {TextoRecortado(kNumero), TextoRecortado(kSituacion), Texto(kFechaInicio)};
   if (nueva != copia_.nueva) copia_ = {std::move(nueva)};
-  bool copiados = false;
-  Guarda([&] {
-    TransfiereConceptos(sesion_, copia_);
-    copiados = true;
-  });
-  return copiados;
+  TransfiereConceptos(sesion_, copia_);
+  RespuestaNueva.reset();
+  copia_ = {};
 }
 
 // Each table by itself: the first stays when the second fails.
 void Trabajadores::GrabarTrabajador() {
   const std::string numero = TextoRecortado(kNumero);
+  const std::string situacion = TextoRecortado(kSituacion);
+  const bool mostrado = ficha_.Mostro(kNumero, numero);
+  navegacion_.Recuerda({numero});
   TablaActiva = kTrabajadoresFijo;
-  GrabaFila("Icampo0", {numero});
+  GrabaFila("Icampo0", {numero}, mostrado);
   TablaActiva = kTrabajadoresVar;
-  GrabaFila("Icampo0_1", {numero, TextoRecortado(kSituacion)});
+  GrabaFila("Icampo0_1", {numero, situacion}, mostrado && ficha_.Mostro(kSituacion, situacion));
   TablaActiva = kTrabajadoresFijo;
 }
 
-void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& claves) {
+void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& claves, bool mostrada) {
+  const bool fijo = TablaActiva == kTrabajadoresFijo;
   Recordset& tabla = sesion_.Tabla(TablaActiva);
-  tabla.SetIndex(indice);
-  bool existe = false;
-  if (tabla.RecordCount() > 0) {
-    tabla.Seek(claves);
-    sesion_.platform.engine->Idle(1);
-    existe = !tabla.NoMatch();
-  }
+  const bool existe = tabla.RecordCount() > 0 && Busca(sesion_, TablaActiva, indice, claves);
   if (existe) {
     tabla.Edit();
   } else {
     tabla.AddNew();
   }
-  if (TablaActiva == kTrabajadoresFijo) {
-    PonerCamposFijo(tabla);
-  } else {
-    PonerCamposVar(tabla);
+  if (!fijo) tabla.Fields(0).Set(claves[0]);
+  const std::vector<int> sustituidos = ficha_.Guarda(tabla, fijo ? kTramoFijo : kTramoVar, existe && mostrada);
+  if (mostrada && !existe) {
+    Avisa((fijo ? "El trabajador " : "La situación ") + claves.back().Text() +
+          " ya no estaba en el fichero, otro puesto había borrado sus datos: se graba de nuevo con lo que hay en "
+          "pantalla.");
   }
-  tabla.Update();
+  if (!sustituidos.empty()) {
+    std::string nombres;
+    for (const int campo : sustituidos) nombres += (nombres.empty() ? "" : ", ") + NombreDe(campo);
+    Avisa("Otro puesto había cambiado también, y queda lo grabado aquí: " + nombres + ".");
+  }
 }
 
-void Trabajadores::PonerCamposFijo(Recordset& fila) {
-  for (int indice = kNumero; indice <= kUltimoFijo; ++indice) fila.Fields(ColumnaDe(indice)).Set(ficha_.Valor(indice));
-}
+void Trabajadores::Avisa(const std::string& texto) { SetStatus(Status().empty() ? texto : Status() + " " + texto); }
 
-void Trabajadores::PonerCamposVar(Recordset& fila) {
-  fila.Fields(0).Set(ficha_.Valor(kNumero));
-  for (int indice = kPrimeroVar; indice <= kUltimoVar; ++indice) {
-    fila.Fields(ColumnaDe(indice)).Set(ficha_.Valor(indice));
+std::string Trabajadores::NombreDe(IndiceCampo indice) const {
+  const Campo* campo = ficha_.CampoDe(indice);
+  if (!campo) {
+    const auto [rejilla, fila, columna] = CeldaDe(indice);
+    return Grid1(rejilla).Cell(fila, kColumnaRotulo) + " (" + Grid1(rejilla).Cell(0, columna) + ")";
   }
+  const std::string rotulo(campo->rotulo.substr(0, campo->rotulo.find_last_not_of(" :") + 1));
+  // The outermost of the titled groups around it.
+  std::string grupo;
+  for (const Control* marco = ficha_.ControlDe(indice)->Container(); marco; marco = marco->Container()) {
+    if (!marco->Caption().empty()) grupo = marco->Caption();
+  }
+  return grupo.empty() ? rotulo : rotulo + " (" + grupo + ")";
 }
 
 // His row and those of his situaciones; concepts, incidents and history stay.
@@ -130,20 +139,19 @@ void Trabajadores::BorraTrabajador() {
   SetPointer(MousePointer::kHourglass);
   const std::string numero = Texto(kNumero);
   TablaActiva = kTrabajadoresFijo;
-  Recordset& trabajadores = sesion_.Tabla(TablaActiva);
-  trabajadores.Seek({numero});
-  if (trabajadores.NoMatch()) {
+  const bool existe = Busca(sesion_, TablaActiva, "Icampo0", {numero});
+  if (existe) sesion_.Tabla(TablaActiva).Delete();
+  TablaActiva = kTrabajadoresVar;
+  const auto queda = [&] { return Busca(sesion_, TablaActiva, "ICampo0", {numero}); };
+  // Situaciones without a worker are what a removal has left that was cut short.
+  if (!existe && !queda()) {
     Host().DoEvents();
     Mensaje("No existe el Registro que se pretende borrar");
     SetPointer(MousePointer::kDefault);
     return;
   }
-  trabajadores.Delete();
-  TablaActiva = kTrabajadoresVar;
-  const auto situacion = [&]() -> Recordset& { return sesion_.Tabla(kTrabajadoresVar); };
-  situacion().SetIndex("ICampo0");
-  for (situacion().Seek({numero}); !situacion().NoMatch(); situacion().Seek({numero})) {
-    situacion().Delete();
+  while (queda()) {
+    sesion_.Tabla(TablaActiva).Delete();
     Host().DoEvents();
   }
   CancelaFicha();
@@ -153,12 +161,11 @@ void Trabajadores::BorraTrabajador() {
 // A new situación that was asked for stays pending.
 void Trabajadores::CancelaFicha() {
   SetPointer(MousePointer::kHourglass);
-  ficha_.LimpiarCampos(kNumero, kUltimoTexto);
-  TrabajadorAnterior.clear();
-  SituacionAnterior.clear();
+  ficha_.Limpia(kNumero, kUltimoTexto);
+  Olvida();
   PonListasIniciales();
   Text1(kConvenio).SetText(ConvenioEmpresa);
-  ficha_.LimpiarGrid();
+  PreparaGrids();
   Text1(kNumero).SetFocus();
   SetPointer(MousePointer::kDefault);
   Tab1.SetTab(0);

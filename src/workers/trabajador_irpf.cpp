@@ -1,9 +1,11 @@
 // The withholding rate of the worker on the screen, and its regularisation in mid-year.
 #include <initializer_list>
 
+#include "common/busqueda.hpp"
 #include "frame/bases_datos.hpp"
 #include "frame/catalogo.hpp"
 #include "platform/sql/literal.hpp"
+#include "runtime/format.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "values/formato_valor.hpp"
@@ -13,7 +15,7 @@
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 using Figura = CifraRegularizacion;
 
 namespace {
@@ -36,14 +38,14 @@ enum ColumnaHistorico {
 // The figures of the frame that are kept, with their fields on the screen.
 struct CifraGuardada {
   Figura cifra;
-  int campo;
+  CampoTrabajador campo;
 };
 constexpr CifraGuardada kCifras[] = {
-    {Figura::kRetribuciones, campo::kRetribuciones},
-    {Figura::kReduccion, campo::kReduccion},
-    {Figura::kGastos, campo::kGastos},
-    {Figura::kRetribucionesAcumuladas, campo::kRetribucionesAcumuladas},
-    {Figura::kRetencionAcumulada, campo::kRetencionAcumulada},
+    {Figura::kRetribuciones, CampoTrabajador::kRetribuciones},
+    {Figura::kReduccion, CampoTrabajador::kReduccion},
+    {Figura::kGastos, CampoTrabajador::kGastos},
+    {Figura::kRetribucionesAcumuladas, CampoTrabajador::kRetribucionesAcumuladas},
+    {Figura::kRetencionAcumulada, CampoTrabajador::kRetencionAcumulada},
 };
 
 double Divide(double dividendo, double divisor) {
@@ -53,7 +55,12 @@ double Divide(double dividendo, double divisor) {
 
 }  // namespace
 
-std::string Trabajadores::TextoColumna(int ordinal) const { return ficha_.Texto(ordinal + kNumero); }
+std::string Trabajadores::TextoColumna(int ordinal) const {
+  const CampoTrabajador campo = kNumero + ordinal;
+  if (campo != kFechaNacimiento) return ficha_.Texto(campo);
+  const Value fecha = ficha_.Valor(campo);
+  return fecha.IsDate() ? FormatDate(fecha.AsDate(), "dd/mm/yyyy") : ficha_.Texto(campo);
+}
 
 std::string Trabajadores::TextoCifra(Figura cifra) const { return Cifra(cifra).Text(); }
 
@@ -78,20 +85,20 @@ void Trabajadores::CalculaTipo() {
     Mensaje("Para aplicar el tipo calculado antes debe registrar el trabajador", BoxIcon::kInformation);
     return;
   }
-  situaciones.SetIndex("Icampo0_1");
-  situaciones.Seek({TextoRecortado(kNumero), TextoRecortado(kSituacion)});
-  if (situaciones.NoMatch()) return;
+  const std::vector<Value> claves = {TextoRecortado(kNumero), TextoRecortado(kSituacion)};
+  if (!Busca(sesion_, kTrabajadoresVar, "Icampo0_1", claves)) return;
   Text1(kPorcentajeIRPF).SetText(*tipo);
   situaciones.Edit();
-  situaciones.Fields(ColumnaDe(kPorcentajeIRPF)).Set(*tipo);
+  situaciones.Fields(kTramoVar.ColumnaDe(kPorcentajeIRPF)).Set(*tipo);
   situaciones.Update();
+  ficha_.Escrito(kPorcentajeIRPF);
 }
 
 void Trabajadores::ConectaRegularizacion() {
   Text2.On().got_focus = [this](int indice) { Text2(indice).SetBackColor(kWhite); };
   Text2.On().lost_focus = [this](int indice) {
     Text2(indice).SetBackColor(kGrey);
-    if (indice == static_cast<int>(Figura::kRetencionAcumulada)) CalcularRegula.SetFocus();
+    if (indice == static_cast<int>(Figura::kRetencionAcumulada) && Regularizacion.Visible()) CalcularRegula.SetFocus();
   };
   // Those that take no keys are locked.
   Text2.On().key_press = [this](int indice, int& caracter) { TeclaDeTexto(Text2(indice), caracter); };
@@ -133,24 +140,40 @@ void Trabajadores::CalculaRegularizacion() {
   Regularizacion.SetVisible(false);
 }
 
+// Its figures are those of the worker for whom it was opened.
+void Trabajadores::CierraRegularizacion() {
+  if (!Regularizacion.Visible()) return;
+  for (const auto& [indice, cifra] : Text2) cifra->SetText("");
+  Regularizacion.SetVisible(false);
+  if (Focus() && !Focus()->CanFocus()) Regulariza.SetFocus();
+}
+
 // On the rows where the two tables stand, which are those of the worker shown; on an emptied screen they may be
 // another's, who must not get the figures.
 void Trabajadores::GrabaRegularizacion(const std::string& tipo) {
   Recordset& fijo = sesion_.Tabla(kTrabajadoresFijo);
   Recordset& var = sesion_.Tabla(kTrabajadoresVar);
-  for (Recordset* tabla : {&fijo, &var}) {
-    if (TextoNoNulo(tabla->Fields(0).Get()) != TextoRecortado(kNumero)) throw RuntimeError(kNoCurrentRecord);
+  const auto esta_en = [this](Recordset& tabla, int columna, CampoTrabajador campo) {
+    return TextoNoNulo(tabla.Fields(columna).Get()) == TextoRecortado(campo);
+  };
+  if (!esta_en(fijo, 0, kNumero) || !esta_en(var, 0, kNumero) ||
+      !esta_en(var, kTramoVar.ColumnaDe(kSituacion), kSituacion)) {
+    throw RuntimeError(kNoCurrentRecord);
   }
   fijo.Edit();
   for (const CifraGuardada& guardada : kCifras) {
-    fijo.Fields(ColumnaDe(guardada.campo)).Set(Cifra(guardada.cifra).Text());
+    fijo.Fields(kTramoFijo.ColumnaDe(guardada.campo)).Set(Cifra(guardada.cifra).Text());
   }
   fijo.Update();
   var.Edit();
-  var.Fields(ColumnaDe(kPorcentajeIRPF)).Set(tipo);
+  var.Fields(kTramoVar.ColumnaDe(kPorcentajeIRPF)).Set(tipo);
   var.Update();
-  for (const CifraGuardada& guardada : kCifras) Text1(guardada.campo).SetText(Cifra(guardada.cifra).Text());
+  for (const auto& [cifra, campo] : kCifras) {
+    Text1(campo).SetText(Cifra(cifra).Text());
+    ficha_.Escrito(campo);
+  }
   Text1(kPorcentajeIRPF).SetText(tipo);
+  ficha_.Escrito(kPorcentajeIRPF);
 }
 
 }  // namespace zendara

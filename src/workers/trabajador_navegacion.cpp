@@ -1,44 +1,28 @@
 // From worker to worker, and from the worker to the incidents.
+#include "common/busqueda.hpp"
 #include "frame/catalogo.hpp"
 #include "workers/trabajadores.hpp"
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 void Trabajadores::IrAInicio() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  tabla.MoveFirst();
-  MuestraActual();
+  if (navegacion_.AlInicio()) MuestraActual();
 }
 
 void Trabajadores::IrAAnterior() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  if (!tabla.Bof()) {
-    tabla.MovePrevious();
-    if (tabla.Bof()) tabla.MoveFirst();
-  }
-  MuestraActual();
+  if (navegacion_.AlAnterior()) MuestraActual();
 }
 
 void Trabajadores::IrASiguiente() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  if (!tabla.Eof()) {
-    tabla.MoveNext();
-    if (tabla.Eof()) tabla.MoveLast();
-  }
+  if (!navegacion_.AlSiguiente()) return;
   Text1(kNumero).SetFocus();
   MuestraActual();
 }
 
 void Trabajadores::IrAFin() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  tabla.MoveLast();
-  MuestraActual();
+  if (navegacion_.AlFin()) MuestraActual();
 }
 
 void Trabajadores::MuestraActual() {
@@ -47,18 +31,14 @@ void Trabajadores::MuestraActual() {
 }
 
 bool Trabajadores::VerificarTrabajador() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  tabla.Seek({TextoRecortado(kNumero)});
-  if (!tabla.NoMatch()) return true;
+  if (Busca(sesion_, kTrabajadoresFijo, "Icampo0", {TextoRecortado(kNumero)})) return true;
   Mensaje("El trabajador seleccionado no esta registrado", BoxIcon::kExclamation);
   return false;
 }
 
 bool Trabajadores::VerificarSituacion() {
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresVar);
-  tabla.SetIndex("Icampo0_1");
-  tabla.Seek({TextoRecortado(kNumero), TextoRecortado(kSituacion)});
-  if (!tabla.NoMatch()) return true;
+  const std::vector<Value> claves = {TextoRecortado(kNumero), TextoRecortado(kSituacion)};
+  if (Busca(sesion_, kTrabajadoresVar, "Icampo0_1", claves)) return true;
   Mensaje("El trabajador seleccionado no esta registrado", BoxIcon::kExclamation);
   return false;
 }

@@ -1,4 +1,5 @@
 // What entering and leaving a field of the worker screen does.
+#include "common/busqueda.hpp"
 #include "frame/bases_datos.hpp"
 #include "frame/catalogo.hpp"
 #include "platform/sql/literal.hpp"
@@ -13,7 +14,7 @@
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 namespace {
 
@@ -26,56 +27,45 @@ constexpr double kUltimoGrupoTarifa = 11;
 }  // namespace
 
 void Trabajadores::EntradaCampo(int indice) {
-  if (indice == kNumero) TrabajadorAnterior = TextoRecortado(kNumero);
-  if (indice == kSituacion) SituacionAnterior = TextoRecortado(kSituacion);
-  if (CampoDe(indice)->Tiene(kFecha)) Text1(indice).SetText(FichaTrabajador::SeisDigitos(Texto(indice)));
+  const auto campo = static_cast<CampoTrabajador>(indice);
+  if (campo == kNumero) TrabajadorAnterior = TextoRecortado(kNumero);
+  if (campo == kSituacion) SituacionAnterior = TextoRecortado(kSituacion);
+  ficha_.Edita(campo);
 }
 
 // The order of the steps is part of the rules: one leaving can run several of them.
 void Trabajadores::SalidaCampo(int indice) {
-  const CampoTrabajador& campo = *CampoDe(indice);
-  if (campo.Tiene(kVista)) return;
-  if (campo.Tiene(kCeros)) RellenaCeros(indice);
-  if (indice == kNumero) return SalidaNumero();
-  if (indice == kSituacion) return SalidaSituacion();
-  CompletaOtrosCampos(indice);
-  if (RechazaValor(indice)) return;
-  if (campo.Tiene(kFecha)) Text1(indice).SetText(FormatoFecha(Text1(indice), Boxes(), ficha_.Ventana(indice)));
-  if (indice == kFechaFin) CompruebaFechaFin();
-  const bool segundo_contrato = indice == kTipo2 || indice == kInicioBonificacion2 || indice == kFinBonificacion2;
-  if (segundo_contrato && !Vacio(indice) && Vacio(kTipo1)) {
+  const auto campo = static_cast<CampoTrabajador>(indice);
+  const Campo& reglas = *ficha_.CampoDe(campo);
+  if (reglas.Tiene(kVista)) return;
+  if (reglas.Tiene(kCeros)) ficha_.RellenaCeros(campo);
+  if (campo == kNumero) return SalidaNumero();
+  if (campo == kSituacion) return SalidaSituacion();
+  CompletaOtrosCampos(campo);
+  if (RechazaValor(campo)) return;
+  if (reglas.Tiene(kFecha)) Text1(campo).SetText(FormatoFecha(Text1(campo), Boxes(), ficha_.Ventana(campo)));
+  if (campo == kFechaFin) CompruebaFechaFin();
+  const bool segundo_contrato = campo == kTipo2 || campo == kInicioBonificacion2 || campo == kFinBonificacion2;
+  if (segundo_contrato && !Vacio(campo) && Vacio(kTipo1)) {
     Mensaje("No se puede introducir el segundo contrato si no se ha introducido antes el primero");
-    Text1(indice).SetText("");
+    Text1(campo).SetText("");
   }
-  if (campo.Tiene(kCodigo)) BuscaCodigo(indice);
-}
-
-void Trabajadores::RellenaCeros(int indice) {
-  const std::string texto = TextoRecortado(indice);
-  if (texto.empty()) return;
-  const int faltan = Text1(indice).MaxLength() - static_cast<int>(Len(texto));
-  if (faltan > 0) Text1(indice).SetText(Repeat('0', faltan) + texto);
-}
-
-void Trabajadores::Vacia(int desde, int hasta) {
-  for (int indice = desde; indice <= hasta; ++indice) Text1(indice).SetText("");
+  if (reglas.Tiene(kCodigo)) BuscaCodigo(campo);
 }
 
 // Another number: its worker, or an empty screen in which a new one starts.
 void Trabajadores::SalidaNumero() {
   const std::string numero = TextoRecortado(kNumero);
   if (numero == TrabajadorAnterior) return;
+  Olvida();
   TrabajadorAnterior = numero;
-  ficha_.LimpiarCampos(kNumero + 1, kUltimoVar);
+  navegacion_.Recuerda({numero});
+  ficha_.Limpia(kNumero + 1, kUltimoVar);
   // The children and ascendants of the worker shown before are not the new one's.
-  ficha_.LimpiarGrid();
+  PreparaGrids();
   ValoresIniciales();
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresFijo);
-  if (tabla.RecordCount() == 0) return;
-  tabla.SetIndex("ICampo0");
-  tabla.Seek({numero});
-  sesion_.platform.engine->Idle(1);
-  if (!tabla.NoMatch()) MostrarTrabajador();
+  if (sesion_.Tabla(kTrabajadoresFijo).RecordCount() == 0) return;
+  if (Busca(sesion_, kTrabajadoresFijo, "ICampo0", {numero})) MostrarTrabajador();
 }
 
 // Another number of situación: its row, or the worker's last one if there is none.
@@ -84,26 +74,23 @@ void Trabajadores::SalidaSituacion() {
   const std::string situacion = TextoRecortado(kSituacion);
   if (situacion == SituacionAnterior) return;
   SituacionAnterior = situacion;
-  Recordset& tabla = sesion_.Tabla(kTrabajadoresVar);
-  tabla.SetIndex("ICampo0_1");
-  tabla.Seek({TextoRecortado(kNumero), situacion});
-  sesion_.platform.engine->Idle(1);
-  if (!tabla.NoMatch()) return MostrarSituacion();
+  if (Busca(sesion_, kTrabajadoresVar, "ICampo0_1", {TextoRecortado(kNumero), situacion})) return MostrarSituacion();
   Mensaje("La situación seleccionada no existe");
   Text1(kSituacion).SetText(UltimaSituacion(TextoRecortado(kNumero)));
-  SalidaCampo(kSituacion);
+  ficha_.RellenaCeros(kSituacion);
+  SalidaSituacion();
 }
 
 // What other fields take from this one, and what they lose by it.
-void Trabajadores::CompletaOtrosCampos(int indice) {
-  const auto propone = [&](int fecha) {
-    if (Vacio(indice) || !Vacio(fecha)) return;
-    Text1(fecha).SetText(FormatoFecha(Text1(indice), Boxes(), ficha_.Ventana(indice)));
+void Trabajadores::CompletaOtrosCampos(CampoTrabajador campo) {
+  const auto propone = [&](CampoTrabajador fecha) {
+    if (Vacio(campo) || !Vacio(fecha)) return;
+    Text1(fecha).SetText(FormatoFecha(Text1(campo), Boxes(), ficha_.Ventana(campo)));
   };
-  const auto excluye = [&](int otro) {
-    if (!Vacio(indice)) Text1(otro).SetText("");
+  const auto excluye = [&](CampoTrabajador otro) {
+    if (!Vacio(campo)) Text1(otro).SetText("");
   };
-  switch (indice) {
+  switch (campo) {
     case kFechaInicio:
       propone(kFechaAlta);
       break;
@@ -128,39 +115,39 @@ void Trabajadores::CompletaOtrosCampos(int indice) {
     default:
       break;
   }
-  if (CampoDe(indice)->Tiene(kContrato) && Vacio(indice)) Vacia(indice + 1, indice + kCamposContrato - 1);
+  if (ficha_.CampoDe(campo)->Tiene(kContrato) && Vacio(campo)) ficha_.Vacia(campo + 1, campo + (kCamposContrato - 1));
 }
 
-bool Trabajadores::RechazaValor(int indice) {
-  if (Vacio(indice)) return false;
-  if (indice == kDiasParcial) return RechazaDias();
-  if (indice == kGrupoTarifa) {
-    const double grupo = ValorNumero(Texto(indice));
+bool Trabajadores::RechazaValor(CampoTrabajador campo) {
+  if (Vacio(campo)) return false;
+  if (campo == kDiasParcial) return RechazaDias();
+  if (campo == kGrupoTarifa) {
+    const double grupo = ValorNumero(Texto(campo));
     // Told, not refused.
     if (grupo < kPrimerGrupoTarifa || grupo > kUltimoGrupoTarifa) {
       Mensaje("El número del Grupo de tarifa tiene que estar entre el 1 y el 11");
     }
     return false;
   }
-  const MaximoCampo* maximo = MaximoDe(indice);
-  if (!maximo || ValorNumero(Texto(indice)) <= maximo->maximo) return false;
+  const MaximoCampo* maximo = MaximoDe(campo);
+  if (!maximo || ValorNumero(Texto(campo)) <= maximo->maximo) return false;
   Mensaje(std::string(maximo->mensaje));
-  Text1(indice).SetText("");
-  Text1(indice).SetFocus();
+  Text1(campo).SetText("");
+  Text1(campo).SetFocus();
   return true;
 }
 
 // A number of days, or letters of the week.
 bool Trabajadores::RechazaDias() {
-  TextBox& campo = Text1(kDiasParcial);
-  if (IsNumeric(campo.Text()) && CDbl(campo.Text()) <= kMaximoDias) return false;
-  const std::string dias = Trim(UCase(campo.Text()));
-  campo.SetText(dias);
+  TextBox& caja = Text1(kDiasParcial);
+  if (IsNumeric(caja.Text()) && CDbl(caja.Text()) <= kMaximoDias) return false;
+  const std::string dias = Trim(UCase(caja.Text()));
+  caja.SetText(dias);
   if (dias.find_first_not_of(kDiasSemana) == std::string::npos) return false;
   Mensaje(
       "El valor introducido no es válido, solo se permiten los valores: L, M, X, J, V, S, D y número de días inferior "
       "a 30.");
-  campo.SetFocus();
+  caja.SetFocus();
   return true;
 }
 
@@ -177,28 +164,26 @@ void Trabajadores::CompruebaFechaFin() {
 }
 
 // What a code stands for, in the fields after it.
-void Trabajadores::BuscaCodigo(int indice) {
-  if (Vacio(indice)) {
-    Text1(indice + 1).SetText("");
-  } else if (const DescripcionCampo* d = DescripcionDe(indice)) {
-    Text1(indice + 1).SetText(BuscarDescripcion(d->ranura, TextoRecortado(indice), d->columna, d->indice_tabla));
-  } else if (CampoDe(indice)->Tiene(kContrato)) {
-    BuscarContrato(indice);
-  } else if (indice == kCategoria) {
+void Trabajadores::BuscaCodigo(CampoTrabajador campo) {
+  if (Vacio(campo)) {
+    Text1(campo + 1).SetText("");
+  } else if (const DescripcionCampo* d = DescripcionDe(campo)) {
+    Text1(campo + 1).SetText(BuscarDescripcion(*d));
+  } else if (ficha_.CampoDe(campo)->Tiene(kContrato)) {
+    BuscarContrato(campo);
+  } else if (campo == kCategoria) {
     BuscaCategoria();
-  } else if (indice == kGrupoTarifa) {
+  } else if (campo == kGrupoTarifa) {
     const std::string_view texto = TextoGrupoTarifa(TextoRecortado(kGrupoTarifa));
     if (!texto.empty()) Text1(kDescripcionGrupoTarifa).SetText(std::string(texto));
   }
 }
 
-std::string Trabajadores::BuscarDescripcion(int ranura, const std::string& clave, int columna,
-                                            std::string_view indice) {
-  sesion_.platform.engine->Idle(1);
-  Recordset& tabla = sesion_.Tabla(ranura);
-  tabla.SetIndex(indice);
-  tabla.Seek({clave});
-  if (!tabla.NoMatch()) return TextoNoNulo(tabla.Fields(columna).Get());
+std::string Trabajadores::BuscarDescripcion(const DescripcionCampo& descripcion) {
+  const auto& [campo, ranura, indice, columna] = descripcion;
+  if (Busca(sesion_, ranura, indice, {TextoRecortado(campo)})) {
+    return TextoNoNulo(sesion_.Tabla(ranura).Fields(columna).Get());
+  }
   Mensaje("El dato introducido no existe en la tabla");
   return {};
 }
@@ -206,30 +191,28 @@ std::string Trabajadores::BuscarDescripcion(int ranura, const std::string& clave
 // Categories are numbered within their agreement.
 void Trabajadores::BuscaCategoria() {
   constexpr int kColumnaNombre = 3;
-  Recordset& tabla = sesion_.Tabla(kConEmpresaConceptos);
-  tabla.SetIndex("ICampo0_2");
-  tabla.Seek({TextoRecortado(kConvenio), TextoRecortado(kCategoria)});
-  if (tabla.NoMatch()) {
+  if (Busca(sesion_, kConEmpresaConceptos, "ICampo0_2", {TextoRecortado(kConvenio), TextoRecortado(kCategoria)})) {
+    const Value nombre = sesion_.Tabla(kConEmpresaConceptos).Fields(kColumnaNombre).Get();
+    Text1(kDescripcionCategoria).SetText(TextoNoNulo(nombre));
+  } else {
     Mensaje("La categoría seleccionada para este convenio no existe.");
     Text1(kDescripcionCategoria).SetText("");
-  } else {
-    Text1(kDescripcionCategoria).SetText(TextoNoNulo(tabla.Fields(kColumnaNombre).Get()));
   }
 }
 
-// `indice`: the type of one of the three contracts.
-void Trabajadores::BuscarContrato(int indice) {
+// `campo`: the type of one of the three contracts.
+void Trabajadores::BuscarContrato(CampoTrabajador campo) {
   AbreFichero(sesion_, FileKind::kOfficial);
   sesion_.RsAuxiliar = sesion_.BDEmpresa->OpenRecordset(
-      "SELECT Campo1,Campo2, Campo3, Campo4 FROM Contratos WHERE Campo1 = '" + SqlText(TextoRecortado(indice)) +
+      "SELECT Campo1,Campo2, Campo3, Campo4 FROM Contratos WHERE Campo1 = '" + SqlText(TextoRecortado(campo)) +
       "' AND Campo0 = '" + SqlText(TextoRecortado(kNumeroContrato)) + "' ORDER BY Campo1 ");
   const Recordset& contrato = *sesion_.RsAuxiliar;
   if (contrato.Eof()) {
     Mensaje("El contrato seleccionado no existe");
-    Vacia(indice + 1, indice + 3);
+    ficha_.Vacia(campo + 1, campo + 3);
     return;
   }
-  for (int i = 0; i <= 3; ++i) Text1(indice + i).SetText(TextoNoNulo(sesion_.RsAuxiliar->Fields(i).Get()));
+  for (int i = 0; i <= 3; ++i) Text1(campo + i).SetText(TextoNoNulo(sesion_.RsAuxiliar->Fields(i).Get()));
 }
 
 }  // namespace zendara

@@ -1,4 +1,5 @@
 // The situaciones of the worker on the screen: a new one, one less, and whether the one shown may be saved.
+#include "common/busqueda.hpp"
 #include "frame/bases_datos.hpp"
 #include "frame/catalogo.hpp"
 #include "platform/sql/literal.hpp"
@@ -11,7 +12,7 @@
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 namespace {
 
@@ -33,11 +34,11 @@ void Trabajadores::NuevaSituacionEnPantalla() {
   if (Vacio(kNumero)) return;
   const double ultima = Val(UltimaSituacion(TextoRecortado(kNumero)));
   Text1(kSituacion).SetText(FormatText(ultima + 1, "000;;"));
-  Vacia(kDescripcionSituacion, kFechaFin);
+  ficha_.Vacia(kDescripcionSituacion, kFechaFin);
   RespuestaNueva = Boxes().Show(
       {.text = "¿Desea copiar los datos de la situación actual en la nueva situacion", .buttons = BoxButtons::kYesNo});
   if (RespuestaNueva == BoxAnswer::kNo) {
-    ficha_.LimpiarCampos(kPrimeroVar, kUltimoTexto);
+    ficha_.Limpia(kPrimeroVar, kUltimoTexto);
   } else {
     Text1(kFechaInicio).SetFocus();
   }
@@ -53,16 +54,13 @@ void Trabajadores::BorraSituacion() {
     Mensaje("El trabajador debe tener registrada al menos una situación.");
     return;
   }
-  Recordset& situaciones = sesion_.Tabla(kTrabajadoresVar);
-  situaciones.SetIndex("Icampo0_1");
-  situaciones.Seek({Texto(kNumero), Texto(kSituacion)});
-  if (situaciones.NoMatch()) {
+  if (!Busca(sesion_, kTrabajadoresVar, "Icampo0_1", {Texto(kNumero), Texto(kSituacion)})) {
     Host().DoEvents();
     Mensaje("No existe el Registro que se pretende borrar");
     return;
   }
-  situaciones.Delete();
-  ficha_.LimpiarCampos(kPrimeroVar, kUltimoTexto);
+  sesion_.Tabla(kTrabajadoresVar).Delete();
+  ficha_.Limpia(kPrimeroVar, kUltimoTexto);
 }
 
 bool Trabajadores::ValidarFechasContratos() {
@@ -98,7 +96,7 @@ bool Trabajadores::ValidarIntervaloSituacion() {
     const auto falta = ComparaIntervalos(nueva, {texto(0), texto(1), texto(2)}, sesion_.VentanaFechas);
     if (!falta) continue;
     Mensaje(falta->mensaje, falta->icono);
-    if (falta->campo != kSinCampo) Text1(falta->campo).SetFocus();
+    if (falta->campo) Text1(*falta->campo).SetFocus();
     return false;
   }
   return true;

@@ -4,14 +4,15 @@
 #include "platform/sql/literal.hpp"
 #include "runtime/text.hpp"
 #include "values/valor_numero.hpp"
+#include "workers/familia.hpp"
 #include "workers/trabajadores.hpp"
 
 namespace zendara {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 void Trabajadores::PonListasIniciales() {
-  for (const int lista : {kTipoIdentificacion, kSituacionPerceptor, kClaseContrato, kMinusvalia}) {
+  for (const CampoTrabajador lista : {kTipoIdentificacion, kSituacionPerceptor, kClaseContrato, kMinusvalia}) {
     Combo1(lista).SetListIndex(0);
   }
 }
@@ -31,20 +32,26 @@ void Trabajadores::ValoresIniciales() {
   Text1(kConvenio).SetText(ConvenioEmpresa);
 }
 
+void Trabajadores::PreparaGrids() {
+  for (const auto& [indice, rejilla] : Grid1) PreparaRejilla(*rejilla);
+}
+
 void Trabajadores::MostrarTrabajador() {
   Guarda([this] {
-    ficha_.LimpiarCampos(kNumero, kUltimoTexto);
-    Recordset& fijo = sesion_.Tabla(kTrabajadoresFijo);
-    for (int indice = kNumero; indice <= kUltimoFijo; ++indice)
-      ficha_.Pon(indice, fijo.Fields(ColumnaDe(indice)).Get());
+    Olvida();
+    ficha_.Limpia(kNumero, kUltimoTexto);
+    ficha_.Muestra(sesion_.Tabla(kTrabajadoresFijo), kTramoFijo);
 
     AbreFichero(sesion_, FileKind::kCompany);
     const auto situaciones = sesion_.BDEmpresa->OpenRecordset("SELECT * FROM TRABAJADORESVAR WHERE Campo0 = '" +
                                                               SqlText(TextoRecortado(kNumero)) + "' ORDER BY Campo3 ");
     if (!situaciones->Eof()) {
       situaciones->MoveLast();
-      PonSituacion(*situaciones);
+      ficha_.Muestra(*situaciones, kTramoVar);
     }
+    // A number typed over the one shown is another one.
+    TrabajadorAnterior = TextoRecortado(kNumero);
+    SituacionAnterior = TextoRecortado(kSituacion);
     // What is written later on the situación shown is written where its table stands.
     Recordset& var = sesion_.Tabla(kTrabajadoresVar);
     var.SetIndex("Icampo0_1");
@@ -52,12 +59,18 @@ void Trabajadores::MostrarTrabajador() {
   });
 }
 
-void Trabajadores::MostrarSituacion() { PonSituacion(sesion_.Tabla(kTrabajadoresVar)); }
+void Trabajadores::MostrarSituacion() {
+  CierraRegularizacion();
+  ficha_.Muestra(sesion_.Tabla(kTrabajadoresVar), kTramoVar);
+  SituacionAnterior = TextoRecortado(kSituacion);
+}
 
-void Trabajadores::PonSituacion(Recordset& fila) {
-  for (int indice = kPrimeroVar; indice <= kUltimoVar; ++indice) {
-    ficha_.Pon(indice, fila.Fields(ColumnaDe(indice)).Get());
-  }
+// What belongs to the worker who was shown.
+void Trabajadores::Olvida() {
+  TrabajadorAnterior.clear();
+  SituacionAnterior.clear();
+  SetStatus({});
+  CierraRegularizacion();
 }
 
 }  // namespace zendara

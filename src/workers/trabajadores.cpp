@@ -4,7 +4,6 @@
 
 #include "frame/catalogo.hpp"
 #include "frame/parametros.hpp"
-#include "runtime/text.hpp"
 #include "workers/familia.hpp"
 #include "workers/reglas_trabajador.hpp"
 #include "workers/trabajador_consultas.hpp"
@@ -12,14 +11,22 @@
 namespace zendara {
 namespace {
 
-using namespace campo;
+using enum CampoTrabajador;
 
 constexpr std::string_view kProgramaSinIncidencias = "05";
 constexpr int kContextoAyuda = 20004;
 
 // Where the focus goes when a page is turned, by page; kNoIndex: nowhere.
-constexpr int kFocoDeTab1[] = {kNoIndex, kSituacionPerceptor, kRetribuciones, kEntidad, kNoIndex};
-constexpr int kFocoDeTab2[] = {kSituacion, kNumeroContrato, kDiasParcial, kPorcentajeIRPF, kCentro};
+constexpr IndiceCampo kFocoDeTab1[] = {kNoIndex, kSituacionPerceptor, kRetribuciones, kEntidad, kNoIndex};
+constexpr IndiceCampo kFocoDeTab2[] = {kSituacion, kNumeroContrato, kDiasParcial, kPorcentajeIRPF, kCentro};
+
+constexpr int kAnchoVista = 25;  // characters of a field that shows what a code stands for
+constexpr int kAnchoPorcentaje = 6;
+
+bool EsPorcentaje(int indice) {
+  const auto campo = static_cast<CampoTrabajador>(indice);
+  return campo == kBonificacion1 || campo == kBonificacion2 || campo == kBonificacion3;
+}
 
 Marco MarcoTrabajadores() {
   return {std::string(kPantallaTrabajadores),
@@ -41,14 +48,43 @@ Marco MarcoTrabajadores() {
 }  // namespace
 
 Trabajadores::Trabajadores(Sesion& sesion, RegistroPantallas& pantallas)
-    : PantallaBase(sesion, pantallas, MarcoTrabajadores()) {
-  ficha_.CreaControles();
-  for (const ConsultaTrabajador& consulta : ConsultasTrabajador()) Image1.Add(consulta.indice);
+    : PantallaBase(sesion, pantallas, MarcoTrabajadores()), navegacion_(sesion, kTrabajadoresFijo) {
+  CreaCampos();
+  for (const ConsultaTrabajador& consulta : ConsultasTrabajador()) Image1.Add(IndiceCampo(consulta.campo));
   PonRotulos();
-  ficha_.PreparaGrids();
   SetLayout(Disposicion());
   Conecta();
   ConectaMarco();
+}
+
+void Trabajadores::CreaCampos() {
+  for (const Campo& campo : CamposTrabajador()) {
+    switch (campo.tipo) {
+      case TipoCampo::kTexto: {
+        TextBox& texto = Text1.Add(campo.indice);
+        if (campo.Tiene(kVista)) texto.SetWidth(EsPorcentaje(campo.indice) ? kAnchoPorcentaje : kAnchoVista);
+        ficha_.Anade(campo, texto);
+        break;
+      }
+      case TipoCampo::kLista: {
+        const auto codigos = CodigosDe(campo.indice);
+        ComboBox& lista = Combo1.Add(campo.indice);
+        lista.SetItems({codigos.begin(), codigos.end()});
+        ficha_.Anade(campo, lista);
+        break;
+      }
+      case TipoCampo::kMarca:
+        ficha_.Anade(campo, Check1.Add(campo.indice));
+        break;
+    }
+  }
+  Grid1.Add(kHijos);
+  Grid1.Add(kAscendientes);
+  PreparaGrids();
+  for (int indice = IndiceCampo(kPrimeraCelda); indice <= IndiceCampo(kUltimaCelda); ++indice) {
+    const auto [rejilla, fila, columna] = CeldaDe(indice);
+    ficha_.AnadeCelda(indice, Grid1(rejilla), fila, columna);
+  }
 }
 
 void Trabajadores::Conecta() {
@@ -83,14 +119,14 @@ void Trabajadores::Conecta() {
 
   Pendientes.On().click = [this](int) { Guarda([this] { pantallas_.Muestra("ListadoTrabajador"); }); };
 
-  const auto foco = [this](int indice) {
-    if (indice != kNoIndex) ficha_.Campo(indice)->SetFocus();
+  const auto foco = [this](IndiceCampo indice) {
+    if (indice != kNoIndex) ficha_.ControlDe(indice)->SetFocus();
   };
   Tab1.On().click = [this, foco](int) { foco(kFocoDeTab1[Tab1.Tab()]); };
   Tab2.On().click = [this, foco](int) { foco(kFocoDeTab2[Tab2.Tab()]); };
 
   const auto describe = [this](int indice) {
-    if (indice == kTipoIdentificacion) PonDescripcionIdentificacion();
+    if (static_cast<CampoTrabajador>(indice) == kTipoIdentificacion) PonDescripcionIdentificacion();
   };
   Combo1.On().click = describe;
   Combo1.On().change = describe;
@@ -125,7 +161,7 @@ void Trabajadores::OnLoad() {
     RespuestaNueva.reset();
     TrabajadorAnterior.clear();
     SituacionAnterior.clear();
-    ficha_.PreparaGrids();
+    PreparaGrids();
     sesion_.FormActivo = this;
     TablaActiva = kTrabajadoresFijo;
     Regularizacion.SetVisible(false);
@@ -152,12 +188,10 @@ void Trabajadores::OnKeyPress(int& character) {
 }
 
 bool Trabajadores::EscSale() const {
-  return std::ranges::any_of(CamposObligatorios(), [this](const CampoObligatorio& campo) {
-    return CampoDe(campo.indice)->tipo == TipoCampo::kTexto && Texto(campo.indice).empty();
+  return std::ranges::any_of(CamposObligatorios(), [this](const CampoObligatorio& obligatorio) {
+    return ficha_.CampoDe(obligatorio.campo)->tipo == TipoCampo::kTexto && Texto(obligatorio.campo).empty();
   });
 }
-
-std::string Trabajadores::TextoRecortado(int indice) const { return Trim(Texto(indice)); }
 
 void Trabajadores::PonDescripcionIdentificacion() {
   lbDescripcion.SetCaption(TextoIdentificacion(Combo1(kTipoIdentificacion).Text()));

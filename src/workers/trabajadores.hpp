@@ -7,11 +7,13 @@
 #include <string_view>
 #include <vector>
 
+#include "common/ficha.hpp"
+#include "common/navegacion.hpp"
 #include "common/pantalla_base.hpp"
 #include "common/seleccion_trabajador.hpp"
 #include "withholding/entradas_irpf.hpp"
 #include "workers/conceptos.hpp"
-#include "workers/ficha_trabajador.hpp"
+#include "workers/reglas_trabajador.hpp"
 
 namespace zendara {
 
@@ -35,6 +37,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
 
  private:
   // Construction.
+  void CreaCampos();
   void PonRotulos();
   void Conecta();
   Layout Disposicion();
@@ -42,10 +45,10 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   // Display.
   void ValoresIniciales();
   void PonListasIniciales();
+  void PreparaGrids();       // empty
   void MostrarTrabajador();  // the row on which slot 402 stands
   void MostrarSituacion();   // the row on which slot 442 stands
-  // A situación's row, from its first column that is a field.
-  void PonSituacion(Recordset& fila);
+  void Olvida();             // what belongs to the worker who was shown
   void PonDescripcionIdentificacion();
 
   // Navigation.
@@ -59,18 +62,16 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   void AbreIncidencias(std::string_view pantalla, bool con_situacion);
 
   // Leaving fields.
-  void RellenaCeros(int indice);
   void SalidaNumero();
   void SalidaSituacion();
-  void CompletaOtrosCampos(int indice);
-  bool RechazaValor(int indice);  // shown, and the routine of leaving ends there
+  void CompletaOtrosCampos(CampoTrabajador campo);
+  bool RechazaValor(CampoTrabajador campo);  // shown, and the routine of leaving ends there
   bool RechazaDias();
   void CompruebaFechaFin();
-  void BuscaCodigo(int indice);
+  void BuscaCodigo(CampoTrabajador campo);
   void BuscaCategoria();
-  void BuscarContrato(int indice);
-  std::string BuscarDescripcion(int ranura, const std::string& clave, int columna, std::string_view indice);
-  void Vacia(int desde, int hasta);
+  void BuscarContrato(CampoTrabajador campo);
+  std::string BuscarDescripcion(const DescripcionCampo& descripcion);
 
   // Situaciones.
   // Number of the worker's situación with the latest start; error 3021 when he has none.
@@ -82,16 +83,18 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
 
   // Saving.
   bool ValidarTrabajador();
-  bool EstanRellenos(int desde, int hasta);
+  bool EstanRellenos(CampoTrabajador desde, CampoTrabajador hasta);
   bool TieneFechaBonificacion();
   bool CompruebaGrids();
   void GrabaFicha();
+  void CopiaConceptos();
   void GrabarTrabajador();
-  // In the table of TablaActiva: the row under these keys changed, or a new one.
-  void GrabaFila(std::string_view indice, const std::vector<Value>& claves);
-  void PonerCamposFijo(Recordset& fila);
-  void PonerCamposVar(Recordset& fila);
-  bool CopiaConceptos();  // false when an error ended it, which was shown
+  // In the table of TablaActiva: the row under these keys changed, or a new one. `mostrada`: the screen showed it.
+  void GrabaFila(std::string_view indice, const std::vector<Value>& claves, bool mostrada);
+  // Adds to the status line.
+  void Avisa(const std::string& texto);
+  // A field or cell for the user, with the group that it stands in.
+  std::string NombreDe(IndiceCampo indice) const;
   void BorraTrabajador();
   void CancelaFicha();
 
@@ -99,25 +102,27 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   void ConectaRegularizacion();
   void CalculaTipo();
   void MuestraRegularizacion();
+  void CierraRegularizacion();
   void SumaHistorico(Recordset& fila);
   void CalculaRegularizacion();
   void GrabaRegularizacion(const std::string& tipo);
   // Asks whether to apply a rate, which it works out.
   std::optional<std::string> TipoAceptado(bool regularizacion);
-  TextBox& Cifra(CifraRegularizacion cifra) const { return Text2(static_cast<int>(cifra)); }
+  TextBox& Cifra(CifraRegularizacion cifra) const { return Text2(cifra); }
 
   // The families' grids.
   void ConectaRejillas();
 
-  std::string Texto(int indice) const { return Text1(indice).Text(); }
-  std::string TextoRecortado(int indice) const;
-  bool Vacio(int indice) const { return TextoRecortado(indice).empty(); }
+  std::string Texto(CampoTrabajador campo) const { return ficha_.Texto(campo); }
+  std::string TextoRecortado(CampoTrabajador campo) const { return ficha_.TextoRecortado(campo); }
+  bool Vacio(CampoTrabajador campo) const { return ficha_.Vacio(campo); }
 
   ControlArray<ComboBox> Combo1{*this, "Combo1"};
   ControlArray<CheckBox> Check1{*this, "Check1"};
   ControlArray<Grid> Grid1{*this, "Grid1"};
   ControlArray<TextBox> Text2{*this, "Text2"};  // figures of a regularisation
-  FichaTrabajador ficha_{sesion_, Text1, Combo1, Check1, Grid1};
+  Ficha ficha_{sesion_, CamposTrabajador()};
+  Navegacion navegacion_;
   Label lbDescripcion{*this, "lbDescripcion"};
 
   Tabs Tab1{*this, "Tab1"};
@@ -154,7 +159,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
 
   std::optional<BoxAnswer> RespuestaNueva;  // a new situación awaits saving while it is Yes
   CopiaPendiente copia_;                    // of its concepts, that an error ended
-  std::string TrabajadorAnterior;           // number when its field gained the focus
+  std::string TrabajadorAnterior;           // number when its field gained the focus, or when he was shown
   std::string SituacionAnterior;
   std::string ConvenioEmpresa;  // the company's own agreement
   int TablaActiva = 0;          // slot that is written: 402 or 442

@@ -60,8 +60,8 @@ TEST_F(PlayerTest, ValuesOfEveryKindOfControl) {
 TEST_F(PlayerTest, BoxesTakeAnswersInOrderThenTheirDefault) {
   const std::string box = "box icon=question buttons=yesno default=no title=\"Duda\" text=\"¿Graba\\ntodo?\" -> ";
   EXPECT_EQ(Play("answer yes no\nclick Grabar\nshow Informa\nclick Grabar\nclick Grabar\nshow Informa"),
-            box + "yes\nfocus Grabar\nvalue Informa=\"Grabado\"\n" + box + "no\n" + box +
-                "no\nvalue Informa=\"No grabado\"\n");
+            box + "yes\nstatus \"Todo \\\"grabado\\\"\"\nfocus Grabar\nvalue Informa=\"Grabado\"\n" + box + "no\n" +
+                box + "no\nvalue Informa=\"No grabado\"\n");
 }
 
 TEST_F(PlayerTest, ListsTakePicksInOrderThenNone) {

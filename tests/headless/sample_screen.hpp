@@ -31,6 +31,7 @@ class SampleScreen : public SampleForm, public Pantalla {
       const Box question{"¿Graba\ntodo?", BoxButtons::kYesNo, BoxIcon::kQuestion, "Duda", 2};
       const bool yes = Boxes().Show(question) == BoxAnswer::kYes;
       Informa.SetCaption(yes ? "Grabado" : "No grabado");
+      SetStatus(yes ? "Todo \"grabado\"" : "");
     };
     Abrir.On().click = [this](int) {
       ElComponente().pantallas.Muestra(opens_);

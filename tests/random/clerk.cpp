@@ -1,5 +1,6 @@
 #include "random/clerk.hpp"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -11,7 +12,9 @@
 namespace zendara {
 namespace {
 
-using namespace campo;
+using enum CampoTrabajador;
+
+std::string Named(const std::string& array, IndiceCampo index) { return array + "(" + std::to_string(index) + ")"; }
 
 constexpr std::string_view kCharacters[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9",  ",", ".", "-",
                                             "a", "L", "m", "S", "n", "x", "ñ", "Ñ", "á", "Ü",  "ç", "€", "'",
@@ -144,15 +147,15 @@ class Clerk {
 
   // On the worker screen.
 
-  void Fill(int index, const std::string& text) {
-    auto* box = dynamic_cast<TextBox*>(form_.Find("Text1(" + std::to_string(index) + ")"));
+  void Fill(CampoTrabajador field, const std::string& text) {
+    auto* box = dynamic_cast<TextBox*>(form_.Find(Named("Text1", field)));
     if (box && !random_.Chance(3)) hands_.Fill(form_, *box, random_.Chance(3) ? AnyHostile() : text);
   }
   // From its list, if it has one that loads no record.
-  void Fill(int index) {
-    const ConsultaTrabajador* list = ConsultaDeCampo(index);
-    if (!list || list->carga || random_.Chance(5)) return Fill(index, Likely(index));
-    hands_.Click(form_, *form_.Find("Image1(" + std::to_string(index) + ")"));
+  void Fill(CampoTrabajador field) {
+    const ConsultaTrabajador* list = ConsultaDeCampo(field);
+    if (!list || list->carga || random_.Chance(5)) return Fill(field, Likely(field));
+    hands_.Click(form_, *form_.Find(Named("Image1", field)));
   }
 
   void ClickNamed(std::string_view button, double yes = 100) {
@@ -167,14 +170,15 @@ class Clerk {
   }
 
   // What clerks enter into a field that no list fills.
-  std::string Likely(int index) {
-    if (index == kNumero) return std::to_string(random_.Between(1, kRandomWorkers + 4));
-    if (index == kSituacion) return std::to_string(random_.Between(1, 4));
-    if (index == kDiasParcial) return random_.Chance(50) ? "lmxJV" : std::to_string(random_.Between(1, 31));
-    const CampoTrabajador& field = *CampoDe(index);
-    if (field.Tiene(kFecha)) return Day(random_.Between(0, kLastDay));
-    if (field.Tiene(kImporte)) return Amount();
-    return field.Tiene(kCeros) ? std::to_string(random_.Between(0, 9999)) : std::string(random_.Pick(kNames));
+  std::string Likely(CampoTrabajador field) {
+    if (field == kNumero) return std::to_string(random_.Between(1, kRandomWorkers + 4));
+    if (field == kSituacion) return std::to_string(random_.Between(1, 4));
+    if (field == kDiasParcial) return random_.Chance(50) ? "lmxJV" : std::to_string(random_.Between(1, 31));
+    const Campo& rules = *std::ranges::find_if(CamposTrabajador(),
+                                               [&](const Campo& campo) { return campo.indice == IndiceCampo(field); });
+    if (rules.Tiene(kFecha)) return Day(random_.Between(0, kLastDay));
+    if (rules.Tiene(kImporte)) return Amount();
+    return rules.Tiene(kCeros) ? std::to_string(random_.Between(0, 9999)) : std::string(random_.Pick(kNames));
   }
 
   void ShowWorker() {
@@ -188,17 +192,17 @@ class Clerk {
   }
 
   void FillFields() {
-    for (int fields = random_.Between(1, 4); fields > 0; --fields) Fill(random_.Pick(CamposTrabajador()).indice);
+    for (int fields = random_.Between(1, 4); fields > 0; --fields)
+      Fill(CampoTrabajador(int{random_.Pick(CamposTrabajador()).indice}));
     if (random_.Chance(70)) hands_.Press(form_, "Enter");
   }
 
   // Types of one number of contract, with bonuses one after the other.
   void FillContracts(int day) {
     Fill(kNumeroContrato);
-    for (int type = kTipo1; type <= kTipo3; type += kTipo2 - kTipo1) {
+    for (const CampoTrabajador type : {kTipo1, kTipo2, kTipo3}) {
       Fill(type);
-      const auto* bonus =
-          dynamic_cast<TextBox*>(form_.Find("Text1(" + std::to_string(type + (kBonificacion1 - kTipo1)) + ")"));
+      const auto* bonus = dynamic_cast<TextBox*>(form_.Find(Named("Text1", type + (kBonificacion1 - kTipo1))));
       if ((bonus && !bonus->Text().empty()) || random_.Chance(20)) {
         Fill(type + (kInicioBonificacion1 - kTipo1), Day(day += random_.Between(0, 30)));
         if (random_.Chance(70)) Fill(type + (kFinBonificacion1 - kTipo1), Day(day += random_.Between(0, 200)));
@@ -222,14 +226,14 @@ class Clerk {
   void NewWorker() {
     Fill(kNumero, std::to_string(random_.Between(1, 2 * kRandomWorkers)));
     const int start = random_.Between(0, kLastDay);
-    for (const int index : {kApellido1, kNombre, kIdentificacion}) Fill(index);
+    for (const CampoTrabajador field : {kApellido1, kNombre, kIdentificacion}) Fill(field);
     if (random_.Chance(30)) FillFields();
     if (random_.Chance(30)) FillFamily();
-    for (int index = kEntidad; index <= kFormaPago && random_.Chance(90); ++index) Fill(index);
+    for (CampoTrabajador field = kEntidad; field <= kFormaPago && random_.Chance(90); field = field + 1) Fill(field);
     Fill(kSituacion, "1");
     Fill(kFechaInicio, Day(start));
     if (random_.Chance(50)) Fill(kFechaFin, Day(start + random_.Between(-5, 300)));
-    for (const int index : {kConvenio, kCategoria, kEpigrafe, kGrupoTarifa}) Fill(index);
+    for (const CampoTrabajador field : {kConvenio, kCategoria, kEpigrafe, kGrupoTarifa}) Fill(field);
     FillContracts(start);
     Fill(kCentro);
     if (random_.Chance(20)) ClickNamed("CmdCalcular");

@@ -23,6 +23,17 @@ show Text1(20)
 key Alt+G
 sql Nom00001.MDB "SELECT Campo1, Campo19 FROM TrabajadoresFijo WHERE Campo0='00013'"
 
+# The year of a birth is one of the hundred that end with the working year, and stays.
+type "13\n"
+focus Text1(20)
+type "010225"
+key Alt+G
+type "13\n"
+show Text1(20)
+focus Text1(20)
+key Alt+G
+sql Nom00001.MDB "SELECT Campo19 FROM TrabajadoresFijo WHERE Campo0='00013'"
+
 # Esc leaves while something required is missing, and saves when all is there.
 type "13\nSegundo"
 key Esc

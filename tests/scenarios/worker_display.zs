@@ -10,5 +10,5 @@ focus Text1(1)
 key Home
 type "99999"
 key Enter
-show Text1(1) Text1(2) Text1(92) Text1(101) Combo1(5)
+show Text1(1) Text1(2) Text1(92) Text1(101) Combo1(5) Grid1(0)[1,2]
 key Esc

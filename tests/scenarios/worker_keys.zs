@@ -6,6 +6,9 @@ key Down
 key Up
 key Shift+Tab
 type "00005"
+# The characters of the arrows' codes move too.
+type "("
+type "&"
 key Down
 show Text1(2)
 
@@ -23,6 +26,12 @@ key Backspace
 show Text1(2)
 key Insert
 
+# Backspace takes what stands before the caret, with Insert off too.
+key Home
+key Right
+key Backspace
+show Text1(2)
+
 # No more than the field holds.
 focus Text1(12)
 key Home
@@ -36,6 +45,11 @@ show Text1(79)
 focus Text1(80)
 type "-1-2"
 show Text1(80)
+
+# The labels of the rows are passed over, and nothing empties them.
+cell Grid1(0) 3 1
+key Delete
+show Grid1(0)[3,1]
 
 # Help and calculator.
 key F1

@@ -37,10 +37,16 @@ click Image1(106)
 show Text1(106) Text1(107)
 pick 1
 click Image1(110)
-show Text1(110) Text1(111)
+show Text1(110) Text1(111) Text1(112) Text1(113) Text1(114)
 pick 1
 click Image1(111)
 show Text1(111) Text1(112) Text1(113) Text1(114)
+pick 2
+click Image1(117)
+show Text1(117) Text1(118)
+pick 1
+click Image1(123)
+show Text1(123) Text1(124)
 pick 1
 click Image1(140)
 show Text1(140) Text1(141)

@@ -17,6 +17,36 @@ key Alt+Right
 expect Text1(1) "00060"
 key Alt+Home
 expect Text1(1) "00001"
+# A number typed over the one shown is another one, whatever stood there when the field was entered.
+key Alt+End
+key Home
+type "00001"
+key Enter
+show Text1(1) Text1(2)
+# Without a worker on the screen the steps start from the number that was typed.
+focus Text1(1)
+key Home
+type "00030\n"
+key Alt+O
+type "30\n"
+key Alt+Right
+show Text1(1)
+focus Text1(1)
+key Home
+type "00030\n"
+key Alt+Left
+show Text1(1)
+focus Text1(1)
+key Home
+type "99999\n"
+key Alt+Left
+show Text1(1)
+# A date that is being edited has six digits for every worker.
+focus Text1(20)
+key Alt+Home
+show Text1(20)
+key Enter
+show Text1(20)
 # The situaciones of a worker by their number; one that is not there gives the last.
 focus Text1(1)
 key Home
@@ -33,4 +63,10 @@ key Home
 type "050"
 key Enter
 show Text1(92) Text1(93)
+# The same with a situación.
+focus Text1(92)
+key Alt+Home
+key Home
+type "004\n"
+show Text1(1) Text1(92) Text1(94)
 click Salir

@@ -61,12 +61,23 @@ show Text1(135)
 key Alt+G
 show all
 
+# From a new worker the steps go to his neighbours.
+key Alt+Left
+show Text1(1)
+key Alt+C
+
 # Called up again, the rate is applied.
 type "61\n"
 show Text1(1) Text1(92)
 answer yes
 key Alt+R
 show Text1(135)
+# Another one typed over it is no change of somebody else's.
+focus Text1(135)
+key Home
+key Shift+End
+type "15\n"
+key Alt+G
 key Alt+S
 sql Nom00001.MDB "SELECT * FROM TrabajadoresFijo WHERE Campo0='00061'"
 sql Nom00001.MDB "SELECT * FROM TrabajadoresVar WHERE Campo0='00061'"

@@ -98,6 +98,13 @@ type "010501\n"
 focus Text1(97)
 type "311201\n"
 show Text1(95) Text1(97) Text1(116)
+# A date that stands there stays.
+focus Text1(95)
+key Home
+type "150901\n"
+focus Text1(97)
+key Enter
+show Text1(95)
 
 # Contracts: a type that the number does not have; the first one emptied takes its block with it, and no second one
 # comes before it.

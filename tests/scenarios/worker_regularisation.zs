@@ -28,6 +28,22 @@ show Text1(76) Text1(77) Text1(78) Text1(82) Text1(83) Text1(135)
 sql Nom00001.MDB "SELECT Campo75, Campo76, Campo77, Campo81, Campo82 FROM TrabajadoresFijo WHERE Campo0='00015'"
 sql Nom00001.MDB "SELECT Campo44 FROM TrabajadoresVar WHERE Campo0='00015'"
 
+# A situación that is not stored gets no rate, nor does the one before it. Another worker closes the frame.
+answer yes
+click CmdNuevo
+focus Text1(135)
+key Alt+Z
+answer yes
+key Alt+P
+focus Text1(92)
+key Enter
+key Alt+Z
+show Text2(4)
+key Alt+Right
+show Text1(1) Text2(4)
+key Alt+Left
+sql Nom00001.MDB "SELECT Campo44 FROM TrabajadoresVar WHERE Campo0='00015'"
+
 # Born in 1925, not in 2025: the minimum of those over 65.
 focus Text1(20)
 key Home

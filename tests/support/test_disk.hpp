@@ -1,5 +1,5 @@
-// A disk that fills up after any number of writes, or is read-only, put under the store; waiting for locks takes no
-// time on it.
+// A disk that fills up after any number of writes, fails once, or is read-only, put under the store; waiting for locks
+// and syncing take no time on it.
 #pragma once
 
 #include <sqlite3.h>
@@ -11,6 +11,7 @@ namespace zendara {
 
 struct Disk {
   int writes_left = -1;  // -1: as many as wanted
+  int fault_in = -1;     // opening, reading, writing, syncing or locking, after as many of these; -1: none
   bool read_only = false;
   int syncs = 0;
   int waited = 0;                       // microseconds that the store wanted to sleep, for a lock to go
@@ -46,7 +47,20 @@ auto Passing(Result (*)(sqlite3_file*, Args...)) {
   };
 }
 
+inline bool Fails() { return disk.fault_in >= 0 && disk.fault_in-- == 0; }
+
+inline int Read(sqlite3_file* file, void* data, int size, sqlite3_int64 at) {
+  return Fails() ? SQLITE_IOERR_READ : Pass<&sqlite3_io_methods::xRead>(file, data, size, at);
+}
+
+inline int Sync(sqlite3_file*, int) { return Fails() ? SQLITE_IOERR_FSYNC : SQLITE_OK; }
+
+inline int Lock(sqlite3_file* file, int level) {
+  return Fails() ? SQLITE_IOERR_LOCK : Pass<&sqlite3_io_methods::xLock>(file, level);
+}
+
 inline int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 at) {
+  if (Fails()) return SQLITE_IOERR_WRITE;
   if (disk.writes_left == 0) return SQLITE_FULL;
   if (disk.writes_left > 0) --disk.writes_left;
   return Pass<&sqlite3_io_methods::xWrite>(file, data, size, at);
@@ -62,6 +76,7 @@ inline int Sync(sqlite3_file* file, int flags) {
 inline int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* out_flags) {
   File* f = File::Of(file);
   std::memset(static_cast<void*>(f), 0, sizeof *f);
+  if (Fails()) return SQLITE_CANTOPEN;
   if (disk.read_only && (flags & SQLITE_OPEN_READWRITE)) {
     flags = (flags & ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) | SQLITE_OPEN_READONLY;
   }
@@ -70,10 +85,8 @@ inline int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, i
   const sqlite3_io_methods& real = *f->real()->pMethods;
   f->methods = real;
   ZENDARA_PASS(xClose);
-  ZENDARA_PASS(xRead);
   ZENDARA_PASS(xTruncate);
   ZENDARA_PASS(xFileSize);
-  ZENDARA_PASS(xLock);
   ZENDARA_PASS(xUnlock);
   ZENDARA_PASS(xCheckReservedLock);
   ZENDARA_PASS(xFileControl);
@@ -85,8 +98,10 @@ inline int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, i
   ZENDARA_PASS(xShmUnmap);
   ZENDARA_PASS(xFetch);
   ZENDARA_PASS(xUnfetch);
+  f->methods.xRead = Read;
   f->methods.xWrite = Write;
   f->methods.xSync = Sync;
+  f->methods.xLock = Lock;
   f->base.pMethods = &f->methods;
   return SQLITE_OK;
 }

@@ -49,7 +49,7 @@ TEST_F(IrpfTest, ComesFromWhatTheScreenShows) {
     SCOPED_TRACE(numero);
     Rellena(1, std::to_string(numero));
     EntradasIRPF entradas = LeeDatosRegistro(sesion.Tabla(kTrabajadoresFijo), "01");
-    entradas.Anualidades = Texto(campo::kAnualidades);  // the record path reads another column
+    entradas.Anualidades = Texto(CampoTrabajador::kAnualidades);  // the record path reads another column
     Pulsa("CmdCalcular");
     EXPECT_EQ(host.boxes.back(), Pregunta(TipoDe(entradas)));
     ASSERT_FALSE(host.last_box.detail.empty());
@@ -58,7 +58,7 @@ TEST_F(IrpfTest, ComesFromWhatTheScreenShows) {
     // What is typed counts, saved or not.
     entradas.RetribucionesAnuales = "4321000";
     entradas.Hijos[0] = {.edad = 2001 - 1995, .por_entero = "N", .grado = "0"};
-    Rellena(campo::kRetribuciones, "4321000");
+    Rellena(CampoTrabajador::kRetribuciones, "4321000");
     int columna = 2;
     for (const char* celda : {"1995", "N", "0"}) El<Grid>("Grid1(0)").SetCell(1, columna++, celda);
     Pulsa("CmdCalcular");
@@ -81,7 +81,7 @@ TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
   Rellena(92, "2");
   const std::string otra = TipoGuardado("00013", "004");
   Pulsa("CmdCalcular");
-  const std::string tipo = Texto(campo::kPorcentajeIRPF);
+  const std::string tipo = Texto(CampoTrabajador::kPorcentajeIRPF);
   EXPECT_EQ(host.boxes.back(), Pregunta(tipo));
   EXPECT_EQ(TipoGuardado("00013", "002"), tipo);
   EXPECT_EQ(TipoGuardado("00013", "004"), otra);
@@ -90,8 +90,8 @@ TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
   Pulsa("Inicio");
   Pulsa("Siguiente");
   Regulariza({"6000000"});
-  EXPECT_EQ(host.boxes.back(), Pregunta(Texto(campo::kPorcentajeIRPF)));
-  EXPECT_EQ(TipoGuardado("00002", "001"), Texto(campo::kPorcentajeIRPF));
+  EXPECT_EQ(host.boxes.back(), Pregunta(Texto(CampoTrabajador::kPorcentajeIRPF)));
+  EXPECT_EQ(TipoGuardado("00002", "001"), Texto(CampoTrabajador::kPorcentajeIRPF));
   EXPECT_EQ(TipoGuardado("00013", "002"), tipo);
 
   // A new worker has no rows yet: nobody else's are touched.
@@ -99,11 +99,34 @@ TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
   Regulariza({});
   EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '3021'"));
   Rellena(1, "2");
-  EXPECT_EQ(Texto(campo::kRetribuciones), "6000000");
+  EXPECT_EQ(Texto(CampoTrabajador::kRetribuciones), "6000000");
 
   VaciaTabla(kTrabajadoresVar);
   Pulsa("CmdCalcular");
   EXPECT_EQ(host.boxes.back(), "Para aplicar el tipo calculado antes debe registrar el trabajador");
+}
+
+TEST_F(IrpfTest, TheHistoryGivesThePaidAndTheWithheldSum) {
+  constexpr int kHistorico = 425;
+  VaciaTabla(kHistorico);
+  Recordset& historico = sesion.Tabla(kHistorico);
+  historico.AddNew();
+  for (const auto& [columna, valor] : {std::pair(0, "1"),
+                                       {1, "01"},
+                                       {2, "00015"},
+                                       {3, "001"},
+                                       {7, "100000"},
+                                       {8, "20000"},
+                                       {9, "3000"},
+                                       {10, "400"},
+                                       {11, "50"},
+                                       {29, "P"}}) {
+    historico.Fields(columna).Set(valor);
+  }
+  historico.Update();
+  Rellena(1, "15");
+  Pulsa("Regulariza");
+  EXPECT_EQ(El<TextBox>("Text2(4)").Text() + " " + El<TextBox>("Text2(5)").Text(), "103000 20450");
 }
 
 TEST_F(IrpfTest, ErrorsEndTheButtonAndTheScreenStays) {
@@ -116,7 +139,7 @@ TEST_F(IrpfTest, ErrorsEndTheButtonAndTheScreenStays) {
   falla("Regulariza", "13");
   sesion.CambioEuro = "0";
   falla("Regulariza", "11");
-  Campo(campo::kFechaNacimiento).SetText("ayer");
+  Caja(CampoTrabajador::kFechaNacimiento).SetText("ayer");
   falla("CmdCalcular", "13");
   sesion.FormActivo = nullptr;
   falla("CmdCalcular", "91");

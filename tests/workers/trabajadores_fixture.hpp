@@ -54,22 +54,26 @@ class TrabajadoresTest : public testing::Test {
     if (!control) throw std::out_of_range(id);
     return *control;
   }
-  TextBox& Campo(int indice) { return El<TextBox>("Text1(" + std::to_string(indice) + ")"); }
-  std::string Texto(int indice) { return Campo(indice).Text(); }
+  TextBox& Caja(IndiceCampo indice) { return El<TextBox>("Text1(" + std::to_string(indice) + ")"); }
+  std::string Texto(IndiceCampo indice) { return Caja(indice).Text(); }
   void Pulsa(const std::string& boton) { pantalla->Click(El<Button>(boton)); }
   void Escribe(const std::string& texto) {
     for (std::size_t i = 1; i <= Len(texto); ++i) pantalla->Press({0, 0, Mid(texto, static_cast<int>(i), 1)});
   }
   void Tecla(int code, int shift = 0) { pantalla->Press({code, shift, ""}); }
   // Types into a field and leaves it by Enter.
-  void Rellena(int indice, const std::string& texto) {
-    pantalla->PointTo(Campo(indice), 0, 99);
+  void Rellena(IndiceCampo indice, const std::string& texto) {
+    pantalla->PointTo(Caja(indice), 0, 99);
     texto.empty() ? Tecla(key::kDelete) : Escribe(texto);
     Tecla(key::kEnter);
   }
   std::string Foco() { return pantalla->Focus() ? pantalla->Focus()->Id() : ""; }
   // What stands in a field or cell, whatever its control.
-  std::string Mostrado(int indice) { return pantalla->TextoColumna(indice - campo::kNumero); }
+  std::string Mostrado(IndiceCampo indice) {
+    // A date of birth has its century for the calculation.
+    return indice == IndiceCampo(CampoTrabajador::kFechaNacimiento) ? Texto(indice)
+                                                                    : pantalla->TextoColumna(indice - 1);
+  }
   void VaciaTabla(int ranura) {
     Recordset& tabla = sesion.Tabla(ranura);
     if (tabla.RecordCount() == 0) return;

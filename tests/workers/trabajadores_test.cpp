@@ -7,6 +7,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -29,10 +30,15 @@ struct FakeIncidencias : Pantalla {
 
 TEST_F(TrabajadoresTest, EveryColumnOfEveryWorkerIsShown) {
   const auto base = engine->Workspaces(0)->OpenDatabase(PathOf("Nom00001.MDB"));
-  const auto sin_prestaciones = base->OpenRecordset("TrabajadoresVar", RecordsetType::kTable);
-  sin_prestaciones->Edit();
-  sin_prestaciones->Fields(53).Set("0");
-  sin_prestaciones->Update();
+  // Without benefits, and with a class of contract that the list does not have.
+  for (const auto& [nombre, columna, valor] :
+       {std::tuple("TrabajadoresVar", 53, "0"),
+        {"TrabajadoresFijo", kTramoFijo.ColumnaDe(CampoTrabajador::kClaseContrato), "X"}}) {
+    const auto tabla = base->OpenRecordset(nombre, RecordsetType::kTable);
+    tabla->Edit();
+    tabla->Fields(columna).Set(valor);
+    tabla->Update();
+  }
   Abre();
   Pulsa("Inicio");
   int vistos = 0;
@@ -41,32 +47,18 @@ TEST_F(TrabajadoresTest, EveryColumnOfEveryWorkerIsShown) {
     const std::string numero = fijo->Fields(0).Get().Text();
     const auto var =
         base->OpenRecordset("select * from TrabajadoresVar where campo0='" + numero + "' order by campo3 desc");
-    for (int i = 1; i <= campo::kUltimoVar; ++i) {
-      const bool es_fijo = i <= campo::kUltimoFijo;
+    for (int i = 1; i <= kTramoVar.hasta; ++i) {
+      const bool es_fijo = i <= kTramoFijo.hasta;
       std::string texto = TextoNoNulo((es_fijo ? fijo : var)->Fields(es_fijo ? i - 1 : i - 91).Get());
       if (texto.empty() && pantalla->Find("Check1(" + std::to_string(i) + ")")) texto = "0";
       EXPECT_EQ(Mostrado(i), texto) << numero << ", " << i;
     }
-    EXPECT_EQ(El<Label>("lbDescripcion").Caption(), TextoIdentificacion(Mostrado(campo::kTipoIdentificacion)));
+    EXPECT_EQ(El<Label>("lbDescripcion").Caption(),
+              TextoIdentificacion(Mostrado(CampoTrabajador::kTipoIdentificacion)));
     Pulsa("Siguiente");
   }
   EXPECT_EQ(vistos, kTrabajadoresDemo);
   EXPECT_THAT(host.boxes, IsEmpty());
-}
-
-TEST_F(TrabajadoresTest, OpensReadyForUse) {
-  Abre();
-  EXPECT_EQ(pantalla->Pointer(), MousePointer::kDefault);
-  EXPECT_FALSE(El<Frame>("Regularizacion").Visible());
-  auto& hijos = El<Grid>("Grid1(0)");
-  EXPECT_EQ(hijos.Cell(0, 4) + El<Grid>("Grid1(1)").Cell(0, 3), "G.MinusvaliaG.Minusvalía");
-  EXPECT_EQ(hijos.Row() * 10 + hijos.Col(), 12);
-  pantalla->TurnTo(El<Tabs>("Tab1"), 1);
-  pantalla->PointTo(hijos, 3, 1);
-  EXPECT_EQ(hijos.Row() * 10 + hijos.Col(), 32) << "the labels of the rows are skipped";
-  // A new worker starts on the first page.
-  Rellena(1, "99999");
-  EXPECT_EQ(El<Tabs>("Tab1").Tab(), 0);
 }
 
 TEST_F(TrabajadoresTest, ShowsWhatThereIsOfEmptyTables) {
@@ -90,16 +82,6 @@ TEST_F(TrabajadoresTest, ShowsWhatThereIsOfEmptyTables) {
   EXPECT_THAT(host.boxes, IsEmpty());
 }
 
-TEST_F(TrabajadoresTest, ADateThatIsBeingEditedHasSixDigitsForEveryWorker) {
-  Abre();
-  Campo(20).SetFocus();
-  Tecla(key::kHome, key::kAlt);
-  const std::string digitos = Texto(20);
-  EXPECT_EQ(Len(digitos), 6U);
-  Campo(19).SetFocus();
-  EXPECT_EQ(Texto(20), Left(digitos, 2) + "/" + Mid(digitos, 3, 2) + "/" + Right(digitos, 2));
-}
-
 TEST_F(TrabajadoresTest, EnterWalksTheFieldsByTheirIndexes) {
   Abre();
   std::vector<int> recorrido;
@@ -110,27 +92,12 @@ TEST_F(TrabajadoresTest, EnterWalksTheFieldsByTheirIndexes) {
   }
   // Only the last mark stands on an earlier page than its index says.
   std::vector<int> esperado;
-  for (const CampoTrabajador& c : CamposTrabajador()) esperado.push_back(c.indice);
-  std::erase(esperado, campo::kPrestaciones);
-  esperado.insert(std::ranges::find(esperado, campo::kCentro), campo::kPrestaciones);
+  for (const Campo& c : CamposTrabajador()) esperado.push_back(c.indice);
+  const int prestaciones = IndiceCampo(CampoTrabajador::kPrestaciones);
+  std::erase(esperado, prestaciones);
+  const int centro = IndiceCampo(CampoTrabajador::kCentro);
+  esperado.insert(std::ranges::find(esperado, centro), prestaciones);
   EXPECT_EQ(recorrido, esperado);
-}
-
-TEST_F(TrabajadoresTest, TheListsOfTheLaterContractsFillTheirBlocks) {
-  Abre();
-  Rellena(1, "13");
-  for (const int tipo : {campo::kTipo2, campo::kTipo3}) {
-    Campo(tipo + 1).SetText("");
-    pantalla->Click(El<Image>("Image1(" + std::to_string(tipo) + ")"));
-    for (const int i : {tipo, tipo + 1}) {
-      EXPECT_NE(Texto(i), "") << i;
-      EXPECT_THAT(asked.filas.at(0), testing::HasSubstr(Trim(Texto(i))));
-    }
-  }
-  EXPECT_EQ(asked.marca, 0) << "no mouse has moved over an image yet";
-  pantalla->MouseOver(El<Image>("Image1(5)"));
-  pantalla->Click(El<Image>("Image1(5)"));
-  EXPECT_EQ(asked.marca, 1);
 }
 
 TEST_F(TrabajadoresTest, AHostWithoutIncidentsHasNoButtonsForThem) {
@@ -181,7 +148,7 @@ TEST_F(TrabajadoresTest, IncidentScreensAreHandedTheWorkerWhileTheyAreOpen) {
   Pulsa("CmdIncidenciasESP");
   Rellena(1, "13");
   for (const char* situacion : {" ", "009", "002"}) {
-    Campo(92).SetText(situacion);
+    Caja(92).SetText(situacion);
     Pulsa("CmdIncidenciasVar");
   }
   EXPECT_THAT(host.boxes,
@@ -192,12 +159,8 @@ TEST_F(TrabajadoresTest, IncidentScreensAreHandedTheWorkerWhileTheyAreOpen) {
   EXPECT_EQ(pantalla->TrabajadorElegido + pantalla->SituacionElegida, " 0");
 }
 
-TEST_F(TrabajadoresTest, KeysOfItsOwn) {
+TEST_F(TrabajadoresTest, NoAccessKeyStandsTwice) {
   Abre();
-  Escribe("(");  // the character of the down arrow's code
-  EXPECT_EQ(Foco(), "Text1(2)");
-  Escribe("&");
-  EXPECT_EQ(Foco() + Texto(1), "Text1(1)");
   std::set<std::string> teclas;
   for (const Control* control : pantalla->Controls()) {
     const std::size_t marca = control->Caption().find('&');
@@ -205,7 +168,7 @@ TEST_F(TrabajadoresTest, KeysOfItsOwn) {
     EXPECT_TRUE(teclas.insert(LCase(control->Caption().substr(marca + 1, 1))).second) << control->Caption();
   }
   EXPECT_EQ(sesion.FormActivo, pantalla.get());
-  Tecla(key::kEsc);
+  pantalla->Unload();
   EXPECT_EQ(sesion.FormActivo, nullptr);
 }
 

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -461,6 +462,12 @@ class ControlArray {
   }
   // Error 9 for an index that the array does not have.
   T& operator()(int index) const;
+  // Of an index that a screen has named.
+  template <typename Index>
+    requires std::is_enum_v<Index>
+  T& operator()(Index index) const {
+    return (*this)(static_cast<int>(index));
+  }
   T* Find(int index) const {
     const auto member = members_.find(index);
     return member == members_.end() ? nullptr : member->second.get();

@@ -26,6 +26,12 @@ void Form::SetTitle(std::string_view title) {
   if (view_) view_->FormChanged();
 }
 
+void Form::SetStatus(std::string_view status) {
+  if (status == status_) return;
+  status_ = status;
+  if (view_) view_->FormChanged();
+}
+
 void Form::SetPointer(MousePointer pointer) {
   pointer_ = pointer;
   if (view_) view_->FormChanged();

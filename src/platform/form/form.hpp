@@ -54,7 +54,7 @@ class FormView {
   virtual ~FormView() = default;
   virtual void ControlChanged(const Control& control) = 0;
   virtual void FocusMoved() = 0;
-  virtual void FormChanged() = 0;  // pointer, title, unloaded
+  virtual void FormChanged() = 0;  // pointer, title, status, unloaded
 };
 
 enum class MousePointer { kDefault = 0, kHourglass = 11 };
@@ -70,6 +70,9 @@ class Form {
   const std::string& Name() const { return name_; }
   const std::string& Title() const { return title_; }
   void SetTitle(std::string_view title);
+  // A line that the user may read and does not have to answer; it stands until the next one. Empty: nothing.
+  const std::string& Status() const { return status_; }
+  void SetStatus(std::string_view status);
   FormHost& Host() const { return host_; }
   Dialogs& Boxes() const { return dialogs_; }
   MousePointer Pointer() const { return pointer_; }
@@ -161,6 +164,7 @@ class Form {
   Dialogs& dialogs_;
   std::string name_;
   std::string title_;
+  std::string status_;
   MousePointer pointer_ = MousePointer::kDefault;
   int width_ = 0;
   int height_ = 0;

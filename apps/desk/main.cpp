@@ -257,8 +257,9 @@ int Main(int argc, char** argv) {
 }  // namespace zendara
 
 int main(int argc, char** argv) {
-  // A reader that goes away is told by the failing write.
+  // A reader that goes away and a file that may not grow show in the write that fails.
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   try {
     return zendara::Main(argc, argv);
   } catch (const zendara::RuntimeError& error) {

@@ -65,7 +65,8 @@ class Field {
   Field(Recordset& owner, int ordinal) : owner_(owner), ordinal_(ordinal) {}
 
   // During AddNew the new row (unset columns Null), during Edit the changed row, otherwise the current record.
-  // Error 3021 without a current record, 3167 after it was deleted.
+  // Error 3021 without a current record, 3167 after it was deleted, 3421 when no value of the column's type is stored
+  // there: what is, is the error's detail.
   Value Get() const;
   // Only during AddNew or Edit (3020). Converts to the column's type: a date or number becomes its text, a text is read
   // as a number by CDbl or as a date, in the recordset's window of years; 3421 if it cannot be, also for the empty

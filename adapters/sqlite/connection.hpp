@@ -119,6 +119,7 @@ class Connection {
                                                 std::shared_ptr<const SpanishOrder> order);
   static std::shared_ptr<Connection> OpenUnchanging(const std::filesystem::path& path, const std::string& name,
                                                     std::shared_ptr<const SpanishOrder> order);
+  void RequireFile();
   void CheckFormat();
   void Undo();
   static int WaitForLock(void* connection, int attempt);
@@ -133,6 +134,8 @@ class Connection {
   sqlite3* database_ = nullptr;
   Holder* holder_ = nullptr;
   bool in_transaction_ = false;
+  bool gone_ = false;  // known to be
+  Clock::time_point checked_ = {};
   bool keeps_numbers_ = false;  // known to
   int waited_ = 0;              // microseconds, for the lock that is being waited for
   Clock::time_point crowded_until_ = {};

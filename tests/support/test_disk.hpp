@@ -59,8 +59,7 @@ inline int Lock(sqlite3_file* file, int level) {
 }
 
 inline int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 at) {
-  if (Fails()) return SQLITE_IOERR_WRITE;
-  if (disk.writes_left == 0) return SQLITE_FULL;
+  if (disk.writes_left == 0 || Fails()) return SQLITE_FULL;
   if (disk.writes_left > 0) --disk.writes_left;
   return Pass<&sqlite3_io_methods::xWrite>(file, data, size, at);
 }

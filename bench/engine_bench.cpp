@@ -78,7 +78,7 @@ class Fixture {
   TempFolder folder_;
   std::string path_;
   SpanishOrder order_;
-  std::unique_ptr<Engine> engine_ = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine_ = MakeEngine();
   std::shared_ptr<Database> base_;
   sqlite3* raw_ = nullptr;
 };

@@ -27,7 +27,7 @@ long PeakMegabytes() {
 }
 
 void List(const std::string& file, RecordsetType type) {
-  const auto base = MakeSqliteEngine()->Workspaces(0)->OpenDatabase(file);
+  const auto base = MakeEngine()->Workspaces(0)->OpenDatabase(file);
   const long before = PeakMegabytes();
   const auto begin = std::chrono::steady_clock::now();
   const auto rows = base->OpenRecordset(kListing, type);

@@ -11,6 +11,7 @@
 #include <iostream>
 
 #include "adapters/qt/form_window.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "common/consulta.hpp"
@@ -39,11 +40,13 @@ class BenchHost : public QtHost {
   std::function<void(Form&, FormWindow&)> body;
 
   void ShowModal(Form& form) override {
-    FormWindow window(form);
-    window.show();
-    Paint(window);
-    body(form, window);
-    form.Unload();
+    QTimer::singleShot(0, [&] {
+      FormWindow& window = *Top();
+      Paint(window);
+      body(form, window);
+      form.Unload();
+    });
+    QtHost::ShowModal(form);
   }
 
   // Nothing that is measured asks or complains.
@@ -66,7 +69,7 @@ struct Company {
     AbreEmpresa(sesion, "00001", "01");
   }
 
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   BenchHost host;
   Sesion sesion{Platform{.engine = engine.get(),

@@ -2,36 +2,13 @@
 
 #include <algorithm>
 
+#include "runtime/text.hpp"
+
 namespace zendara {
 namespace {
 
 constexpr std::size_t kBufferSize = 1 << 18;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-// No overlong forms, no surrogates, nothing past U+10FFFF.
-bool IsUtf8(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
-  for (std::size_t i = 0; i < text.size();) {
-    const unsigned lead = byte(i);
-    if (lead < 0x80) {
-      ++i;
-      continue;
-    }
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    unsigned low = 0x80;
-    unsigned high = 0xBF;
-    if (lead == 0xE0) low = 0xA0;
-    if (lead == 0xED) high = 0x9F;
-    if (lead == 0xF0) low = 0x90;
-    if (lead == 0xF4) high = 0x8F;
-    if (lead < 0xC2 || lead > 0xF4 || byte(i + 1) < low || byte(i + 1) > high) return false;
-    for (std::size_t k = 2; k < length; ++k) {
-      if ((byte(i + k) & 0xC0U) != 0x80) return false;
-    }
-    i += length;
-  }
-  return true;
-}
 
 }  // namespace
 

@@ -2,35 +2,32 @@
 
 #include <utility>
 
-#include "adapters/headless/script_neighbours.hpp"
+#include "adapters/hosting/company_host.hpp"
+#include "adapters/script/script_neighbours.hpp"
 
 namespace zendara {
 namespace {
 
-class Headless : public FormHost, public Dialogs, public ScriptDriver {
+class Headless : public FormHost, public Dialogs, public ScriptDriver, public Automation {
  public:
-  Headless(Script script, ScriptPlayer::Sink out) : player_(std::move(script), *this, std::move(out)) {
+  Headless(Commands next, ScriptPlayer::Sink out) : player_(std::move(next), *this, std::move(out)) {
     RegisterScriptNeighbours(components_, player_);
   }
 
-  ScriptResult Run(Engine& engine, Files& files, const std::string& folder) {
-    CompanyHost company({.engine = &engine,
-                         .dialogs = this,
-                         .files = &files,
-                         .application_folder = folder,
-                         .forms = this,
-                         .shell = &player_,
-                         .components = &components_});
-    return player_.Run(company);
+  void Install(Platform& platform) override {
+    platform.dialogs = this;
+    platform.forms = this;
+    platform.shell = &player_;
+    platform.components = &components_;
+    player_.ReadFrom(platform);
   }
+  ScriptResult Result() const override { return player_.Result(); }
+  ScriptPlayer& Player() { return player_; }
 
   void ShowModal(Form& form) override { player_.Modal(form); }
   void DoEvents() override {}
   void ShowHelp(const std::string& /*file*/, int context) override { player_.Help(context); }
   void Untrapped(int number, const std::string& text) override { player_.Error(number, text); }
-  Dialogs& Boxes() override { return *this; }
-  std::string ApplicationTitle() const override { return std::string(kApplicationTitle); }
-  std::int32_t WindowHandle(const Form& /*form*/) const override { return 0; }
 
   BoxAnswer Show(const Box& box) override { return player_.Answer(box); }
   void Beep() override { player_.Beep(); }
@@ -59,7 +56,25 @@ class Headless : public FormHost, public Dialogs, public ScriptDriver {
 
 ScriptResult PlayHeadless(Script script, Engine& engine, Files& files, const std::string& folder,
                           ScriptPlayer::Sink out) {
-  return Headless(std::move(script), std::move(out)).Run(engine, files, folder);
+  Headless headless(CommandsOf(std::move(script)), std::move(out));
+  Platform platform{.engine = &engine, .files = &files, .application_folder = folder};
+  headless.Install(platform);
+  CompanyHost company(platform);
+  return headless.Player().Run(company);
+}
+
+std::unique_ptr<Automation> MakeAutomation(CommandLines next, EventLines out) {
+  return std::make_unique<Headless>(CommandsOf(std::move(next)), std::move(out));
+}
+
+std::unique_ptr<Automation> MakeAutomation(std::string_view script, EventLines out) {
+  try {
+    return std::make_unique<Headless>(CommandsOf(ReadScript(script)), std::move(out));
+  } catch (const ScriptError& error) {
+    auto refused = std::make_unique<Headless>(CommandsOf(Script()), std::move(out));
+    refused->Player().End(error.status(), error.what());
+    return refused;
+  }
 }
 
 }  // namespace zendara

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "adapters/headless/script.hpp"
-#include "adapters/headless/script_player.hpp"
+#include "adapters/script/script.hpp"
+#include "adapters/script/script_player.hpp"
 #include "zendara/ports.hpp"
 #include "zendara/record_engine.hpp"
 

@@ -19,9 +19,9 @@
 #include "adapters/qt/field_view.hpp"
 #include "adapters/qt/form_layout.hpp"
 #include "adapters/qt/grid_view.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/picture_view.hpp"
-#include "adapters/qt/script_hands.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -133,6 +133,8 @@ class ButtonView : public ControlView {
     }
   }
 
+  bool IsButton() const override { return true; }
+
   void ClickOn(int /*row*/, int /*column*/) override {
     // The mark stands at the left; the words may be narrower than the widget.
     ClickWidget(*widget_, {widget_->height() / 2, widget_->height() / 2});
@@ -194,6 +196,7 @@ class ImageView : public ControlView {
                      [this] { window_.Pass([&] { window_.Shown().Click(control_); }); });
   }
 
+  bool IsButton() const override { return true; }
   QString NameBehind(const QString& field) const override { return QStringLiteral("Lista de ") + field; }
 
   void Rescale() override {

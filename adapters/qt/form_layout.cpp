@@ -9,10 +9,15 @@
 #include <QTabWidget>
 #include <algorithm>
 
+#include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
 namespace {
+
+// Property of a strip: its height in twips.
+constexpr char kStripHeight[] = "strip";
+constexpr int kTwipsPerPixel = 15;
 
 // A field with words before it.
 bool HasLabel(const Layout& layout) {
@@ -28,6 +33,7 @@ bool BeginsWithLabel(const Layout& layout) {
 bool Fills(const Layout& layout) {
   switch (layout.kind) {
     case LayoutKind::kSpace:
+    case LayoutKind::kStrip:
     case LayoutKind::kTabs:
     case LayoutKind::kFrame:
       return true;
@@ -118,6 +124,13 @@ class Builder {
     return widget;
   }
 
+  QWidget* EmptyStrip(QWidget& parent, const Layout& layout) {
+    QWidget* widget = View(parent, *layout.control).Widget();
+    widget->setProperty(kStripHeight, layout.height);
+    widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return widget;
+  }
+
   // A row of the grid for each line: labels in its first column, fields in the second.
   void AddToColumn(QGridLayout& grid, QWidget& parent, const Layout& layout) {
     for (const Layout& child : layout.children) AddLine(grid, parent, child);
@@ -132,6 +145,9 @@ class Builder {
       case LayoutKind::kSpace:
         grid.setRowStretch(row, 1);
         grid.addItem(new QSpacerItem(0, 0), row, 0);
+        break;
+      case LayoutKind::kStrip:
+        grid.addWidget(EmptyStrip(parent, child), row, 0, 1, 2);
         break;
       case LayoutKind::kFrame:
       case LayoutKind::kTabs:
@@ -181,6 +197,9 @@ class Builder {
       switch (child.kind) {
         case LayoutKind::kSpace:
           body.addStretch(1);
+          break;
+        case LayoutKind::kStrip:
+          body.addWidget(EmptyStrip(parent, child), 1);
           break;
         case LayoutKind::kFrame:
         case LayoutKind::kTabs:
@@ -246,12 +265,16 @@ void RenewSizes(QWidget& content) {
     widget->updateGeometry();
   });
   content.layout()->invalidate();
+  content.layout()->activate();  // the layouts in it too
 }
 
 void RescaleSpacing(QWidget& content) {
   const int em = QFontMetrics(QApplication::font()).height();
   if (content.layout()) Rescale(*content.layout(), em);
   for (QWidget* widget : content.findChildren<QWidget*>()) {
+    if (const QVariant height = widget->property(kStripHeight); height.isValid()) {
+      widget->setFixedHeight(height.toInt() * zoom::Percent() / (100 * kTwipsPerPixel));
+    }
     // Only where a form's own structure stands; other widgets have layouts of their own.
     const bool page = widget->parentWidget() && widget->parentWidget()->inherits("QStackedWidget");
     const bool frame = qobject_cast<QGroupBox*>(widget) || widget->property(kBare).isValid();

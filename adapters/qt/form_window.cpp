@@ -11,9 +11,9 @@
 #include <utility>
 
 #include "adapters/qt/form_layout.hpp"
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
-#include "adapters/qt/script_hands.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -132,6 +132,18 @@ void FormWindow::Fit() {
   move(area.center() - QPoint(size.width() / 2, size.height() / 2));
 }
 
+QRect FormWindow::PlaceOf(const Control& control) {
+  Flush();
+  const QWidget* widget = ViewOf(control)->Widget();
+  if (isVisible()) return {widget->mapTo(this, QPoint(0, 0)), widget->size()};
+  // Nothing is laid out by itself before it is shown; the content begins in the window's corner then.
+  Fit();
+  QWidget* content = scroll_->widget();
+  content->resize(size().expandedTo(content->minimumSize()));
+  content->layout()->setGeometry(content->rect());
+  return {widget->mapTo(content, QPoint(0, 0)), widget->size()};
+}
+
 void FormWindow::Grow() {
   const QSize needed = scroll_->widget()->sizeHint();
   const QSize had = scroll_->widget()->minimumSize();
@@ -222,7 +234,9 @@ void FormWindow::FocusMoved() {
 void FormWindow::FormChanged() {
   form_changed_ = true;
   Queue();
-  if (!form_.Loaded() && unloaded_) unloaded_();
+  if (form_.Loaded() || !unloaded_) return;
+  const auto unloaded = unloaded_;
+  unloaded();
 }
 
 void FormWindow::Queue() {

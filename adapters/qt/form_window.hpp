@@ -42,6 +42,8 @@ class ControlView {
   virtual bool Handle(QObject* watched, QEvent* event);
   // As the mouse would, for scripts. REQUIRES: the widget is to be seen.
   virtual void ClickOn(int row, int column);
+  // A button: a click on the widget is no more than a click on the control.
+  virtual bool IsButton() const { return false; }
   // Name of a control that stands behind a field and has no words of its own.
   virtual QString NameBehind(const QString& field) const { return field; }
 
@@ -71,11 +73,13 @@ class FormWindow : public QWidget, public FormView {
   void Flush();
   // True while the widgets are brought in step, when what they tell is no user's doing.
   bool Syncing() const { return syncing_; }
-  // Called when the form was unloaded.
+  // Called when the form was unloaded, as the last thing: it may end this window.
   void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }
 
   // Size of the content, within the screen, and centred.
   void Fit();
+  // Where the control stands in the window, which need not be shown yet. REQUIRES: it has a view.
+  QRect PlaceOf(const Control& control);
 
   void ControlChanged(const Control& control) override;
   void FocusMoved() override;

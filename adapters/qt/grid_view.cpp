@@ -8,8 +8,8 @@
 #include <QTableView>
 #include <algorithm>
 
+#include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
-#include "adapters/qt/script_hands.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {

@@ -1,10 +1,13 @@
 #include "adapters/sqlite/connection.hpp"
 
 #include <sqlite3.h>
+#include <unistd.h>
 
+#include <array>
 #include <charconv>
 #include <utility>
 
+#include "adapters/sqlite/stale_log.hpp"
 #include "platform/record/names.hpp"
 #include "platform/sql/printer.hpp"
 #include "runtime/text.hpp"
@@ -13,10 +16,28 @@
 namespace zendara::sqlite {
 namespace {
 
+namespace fs = std::filesystem;
 using sql::QuoteName;
 
 constexpr int kApplicationId = 0x5a454e44;  // "ZEND", tells the system's files from others of the same store
-constexpr int kBusyMilliseconds = 5000;
+// Of the header of a file.
+constexpr int kHeaderSize = 100;
+constexpr std::string_view kMagic = "SQLite format 3";
+constexpr std::size_t kWriteVersion = 18;
+constexpr std::size_t kReadVersion = 19;
+constexpr std::size_t kIdAt = 68;
+
+constexpr int kPrimaryCode = 0xff;  // of an extended result code
+
+// Waiting for another writer: short sleeps of random lengths, so that none of many is left behind. Who had to wait lets
+// the others first for a while, else the one that has just written, being awake, would be the next one again.
+constexpr auto kCrowded = std::chrono::seconds(1);
+constexpr int kLongestWait = 5'000'000;  // microseconds
+constexpr int kShortestSleep = 500;
+constexpr int kLongestSleep = 2000;
+
+constexpr std::string_view kCreateNumbers =
+    "CREATE TABLE IF NOT EXISTS zendara_numbers (name TEXT PRIMARY KEY COLLATE NOCASE, last INTEGER NOT NULL)";
 constexpr std::string_view kOwnTables = "zendara_";  // prefix of tables that are not the host's
 
 int CompareTexts(void* order, int a_size, const void* a, int b_size, const void* b) {
@@ -52,23 +73,46 @@ std::string StoredIndexName(std::string_view table, std::string_view index) {
   return std::string(table) + "." + std::string(index);
 }
 
+std::string UnchangingUri(const fs::path& path) {
+  std::error_code none;
+  std::string uri = "file://";
+  for (const char c : fs::absolute(path, none).string()) {
+    uri += c == '%' ? "%25" : c == '?' ? "%3f" : c == '#' ? "%23" : std::string(1, c);
+  }
+  return uri + "?immutable=1";
+}
+
 }  // namespace
 
-Connection::Connection(const std::filesystem::path& path, std::string name, std::shared_ptr<const SpanishOrder> order,
-                       int flags)
+Connection::Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags)
     : name_(std::move(name)), order_(std::move(order)) {
-  const int code = sqlite3_open_v2(path.c_str(), &database_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int code = sqlite3_open_v2(path, &database_, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   try {
     if (code != SQLITE_OK) Fail(code, name_, database_ ? sqlite3_errmsg(database_) : "");
     sqlite3_extended_result_codes(database_, 1);
-    sqlite3_busy_timeout(database_, kBusyMilliseconds);
+    sqlite3_busy_handler(database_, WaitForLock, this);
     sqlite3_create_collation_v2(database_, "es", SQLITE_UTF8, const_cast<SpanishOrder*>(order_.get()), CompareTexts,
                                 nullptr);
-    Run("PRAGMA synchronous = FULL");
   } catch (...) {
     sqlite3_close_v2(database_);
     throw;
   }
+}
+
+int Connection::WaitForLock(void* connection, int attempt) {
+  auto& self = *static_cast<Connection*>(connection);
+  if (attempt == 0) self.waited_ = 0;
+  if (self.waited_ >= kLongestWait) return 0;
+  self.crowded_until_ = Clock::now() + kCrowded;
+  self.waited_ += self.Sleep();
+  return 1;
+}
+
+int Connection::Sleep() {
+  const int microseconds = std::uniform_int_distribution(kShortestSleep, kLongestSleep)(random_);
+  sqlite3_vfs* machine = sqlite3_vfs_find(nullptr);
+  machine->xSleep(machine, microseconds);
+  return microseconds;
 }
 
 Connection::~Connection() {
@@ -78,32 +122,96 @@ Connection::~Connection() {
   sqlite3_close_v2(database_);
 }
 
-std::shared_ptr<Connection> Connection::Open(const std::filesystem::path& path, const std::string& name,
+std::shared_ptr<Connection> Connection::Open(const fs::path& path, const std::string& name,
                                              std::shared_ptr<const SpanishOrder> order) {
-  std::shared_ptr<Connection> connection(new Connection(path, name, std::move(order), SQLITE_OPEN_READWRITE));
-  Statement id = connection->Prepare("PRAGMA application_id");
-  if (!id.Step() || id.Integer(0) != kApplicationId) throw RuntimeError(kForeignFile, {name});
+  try {
+    return OpenShared(path, name, order);
+  } catch (const RuntimeError& error) {
+    const int code = error.native() & kPrimaryCode;
+    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    if ((code != SQLITE_CANTOPEN && code != SQLITE_READONLY) || access(folder.c_str(), W_OK) == 0) throw;
+  }
+  return OpenUnchanging(path, name, std::move(order));
+}
+
+std::shared_ptr<Connection> Connection::OpenShared(const fs::path& path, const std::string& name,
+                                                   std::shared_ptr<const SpanishOrder> order) {
+  std::shared_ptr<Connection> connection(new Connection(path.c_str(), name, std::move(order), SQLITE_OPEN_READWRITE));
+  DropStaleLog(connection->database_, path);
+  connection->Run("PRAGMA synchronous = FULL");
+  connection->CheckFormat();
   return connection;
 }
 
-std::shared_ptr<Connection> Connection::Create(const std::filesystem::path& path, const std::string& name,
-                                               std::shared_ptr<const SpanishOrder> order) {
-  try {
-    std::shared_ptr<Connection> connection(
-        new Connection(path, name, std::move(order), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
-    connection->Run("PRAGMA journal_mode = WAL");
-    connection->Begin();
-    connection->Run("PRAGMA application_id = " + std::to_string(kApplicationId));
-    connection->Run("CREATE TABLE zendara_queries (name TEXT PRIMARY KEY COLLATE NOCASE, sql TEXT NOT NULL)");
-    connection->Commit();
-    return connection;
-  } catch (...) {
-    std::error_code ignored;
-    for (const std::string_view suffix : {"", "-wal", "-shm", "-journal"}) {
-      std::filesystem::remove(std::filesystem::path(path) += suffix, ignored);
-    }
-    throw;
+// A read-only medium, or a folder without the permission to write. Sharing the file would take a log beside it.
+std::shared_ptr<Connection> Connection::OpenUnchanging(const fs::path& path, const std::string& name,
+                                                       std::shared_ptr<const SpanishOrder> order) {
+  std::error_code none;
+  const auto log = fs::file_size(fs::path(path) += "-wal", none);
+  if (!none && log > 0) {
+    throw RuntimeError(kCannotOpenFile, {name},
+                       "its newest rows are in the log beside it, which is not read where nothing can be written");
   }
+  std::shared_ptr<Connection> connection(
+      new Connection(UnchangingUri(path).c_str(), name, std::move(order), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI));
+  connection->unchanging_ = path;
+  connection->last_written_ = fs::last_write_time(path, none);
+  connection->CheckFormat();
+  return connection;
+}
+
+void Connection::CheckFormat() {
+  Statement id = Prepare("PRAGMA application_id");
+  if (!id.Step() || id.Integer(0) != kApplicationId) throw RuntimeError(kForeignFile, {name_});
+}
+
+std::string Connection::NewFile(const std::vector<TableDef>& tables, std::shared_ptr<const SpanishOrder> order) {
+  const std::shared_ptr<Connection> memory(
+      new Connection(":memory:", "", std::move(order), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
+  memory->Run("PRAGMA application_id = " + std::to_string(kApplicationId));
+  memory->Run("CREATE TABLE zendara_queries (name TEXT PRIMARY KEY COLLATE NOCASE, sql TEXT NOT NULL)");
+  memory->Run(kCreateNumbers);
+  for (const TableDef& table : tables) memory->CreateTable(table);
+  sqlite3_int64 size = 0;
+  const std::unique_ptr<unsigned char, decltype(&sqlite3_free)> image(
+      sqlite3_serialize(memory->database_, "main", &size, 0), sqlite3_free);
+  if (!image) throw RuntimeError(kOutOfMemory);
+  std::string file(reinterpret_cast<const char*>(image.get()), static_cast<std::size_t>(size));
+  file[kWriteVersion] = file[kReadVersion] = 2;  // with a write-ahead log from the start
+  return file;
+}
+
+bool Connection::IsDatabase(const fs::path& path) {
+  // Read through the store: to open and close the file here would drop the locks that this program has on it.
+  sqlite3* database = nullptr;
+  sqlite3_file* file = nullptr;
+  std::array<char, kHeaderSize> header = {};
+  const bool read = sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK &&
+                    sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file) == SQLITE_OK &&
+                    file->pMethods && file->pMethods->xRead(file, header.data(), kHeaderSize, 0) == SQLITE_OK;
+  sqlite3_close_v2(database);
+  if (!read || !std::string_view(header.data(), header.size()).starts_with(kMagic)) return false;
+  std::uint32_t id = 0;
+  for (int i = 0; i < 4; ++i) id = id << 8 | static_cast<unsigned char>(header[kIdAt + static_cast<std::size_t>(i)]);
+  return id == kApplicationId;
+}
+
+void Connection::FoldLog(const fs::path& path, const std::string& name, std::shared_ptr<const SpanishOrder> order) {
+  {
+    const auto connection = Open(path, name, std::move(order));
+    Statement fold = connection->Prepare("PRAGMA wal_checkpoint(TRUNCATE)");
+    if (fold.Step() && fold.Integer(0) != 0) throw RuntimeError(kFileInUse, {name});
+  }
+  // The last one who closes the file takes the log away.
+  std::error_code none;
+  if (fs::exists(fs::path(path) += "-wal", none)) throw RuntimeError(kFileInUse, {name});
+}
+
+bool Connection::FileIsGone() const {
+  int moved = 0;
+  sqlite3_file_control(database_, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  std::error_code none;
+  return moved != 0 || (!unchanging_.empty() && fs::last_write_time(unchanging_, none) != last_written_);
 }
 
 std::size_t Connection::Limit(int number) const {
@@ -112,10 +220,16 @@ std::size_t Connection::Limit(int number) const {
 
 std::int64_t Connection::Changes() const { return sqlite3_changes64(database_); }
 
+std::int64_t Connection::LastNumber() const { return sqlite3_last_insert_rowid(database_); }
+
 void Connection::Acquire(Holder* next) {
-  Holder* holder = std::exchange(holder_, nullptr);
-  if (holder) holder->Park();
+  if (FileIsGone()) throw RuntimeError(kObjectClosed, {}, name_ + " was replaced");
+  Park();
   holder_ = next;
+}
+
+void Connection::Park() {
+  if (Holder* holder = std::exchange(holder_, nullptr)) holder->Park();
 }
 
 void Connection::Release(const Holder* holder) {
@@ -220,8 +334,10 @@ void Connection::AddToCount(TableInfo& table, std::int64_t rows) {
 
 void Connection::Begin() {
   Acquire(nullptr);
+  PrepareWrite();
   Run("BEGIN IMMEDIATE");
   in_transaction_ = true;
+  Run("SAVEPOINT rows");
 }
 
 void Connection::Commit() {
@@ -238,9 +354,74 @@ void Connection::Commit() {
 void Connection::Rollback() {
   Acquire(nullptr);
   if (!in_transaction_) throw RuntimeError(kNoTransaction);
+  try {
+    // Numbers that were given stay given.
+    Run("ROLLBACK TO rows");
+    for (auto& [name, table] : tables_) {
+      if (table->given > 0) KeepNumber(*table, table->given);
+    }
+    Run("COMMIT");
+  } catch (const RuntimeError&) {
+    // The store has undone everything already, or is about to.
+  }
+  Undo();
+}
+
+void Connection::Undo() {
   in_transaction_ = false;
   for (auto& [name, table] : tables_) table->count = -1;
   if (!sqlite3_get_autocommit(database_)) Run("ROLLBACK");
+}
+
+void Connection::AsOne(const std::function<void()>& writes) {
+  Acquire(nullptr);
+  if (in_transaction_) return writes();
+  PrepareWrite();
+  Run("BEGIN IMMEDIATE");
+  in_transaction_ = true;
+  try {
+    writes();
+    Commit();
+  } catch (...) {
+    Undo();
+    throw;
+  }
+}
+
+void Connection::PrepareWrite() {
+  if (in_transaction_) return;
+  if (Clock::now() < crowded_until_) Sleep();
+  if (keeps_numbers_) return;
+  Run(kCreateNumbers);
+  keeps_numbers_ = true;
+}
+
+std::int64_t Connection::Delete(TableInfo& table, Statement& statement) {
+  std::int64_t deleted = 0;
+  AsOne([&] {
+    if (!table.highest) table.highest = Prepare("SELECT max(rowid) FROM " + QuoteName(table.definition.name));
+    table.highest.Step();
+    const std::int64_t highest = table.highest.Integer(0);
+    table.highest.Reset();
+    statement.Run();
+    deleted = Changes();
+    KeepNumber(table, highest);
+  });
+  AddToCount(table, -deleted);
+  return deleted;
+}
+
+// Writes nothing as long as the table has a row of that number or a higher one.
+void Connection::KeepNumber(TableInfo& table, std::int64_t number) {
+  if (!table.keep_number) {
+    table.keep_number =
+        Prepare("INSERT INTO zendara_numbers SELECT ?1, ?2 WHERE ?2 > (SELECT coalesce(max(rowid), 0) FROM " +
+                QuoteName(table.definition.name) +
+                ") ON CONFLICT (name) DO UPDATE SET last = excluded.last WHERE excluded.last > last");
+  }
+  table.keep_number.Bind(1, Value(table.definition.name));
+  table.keep_number.Bind(2, number);
+  table.keep_number.Run();
 }
 
 }  // namespace zendara::sqlite

@@ -1,9 +1,12 @@
 // One open file: the store's connection, what is known of its tables, and the rule that keeps reads fresh.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <random>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -28,7 +31,10 @@ struct TableInfo {
   Statement insert;
   Statement replace;
   Statement erase;
+  Statement highest;      // number of its last row
+  Statement keep_number;  // that it has had a number
 
+  std::int64_t given = 0;          // the highest row number that this program gave
   std::int64_t count = -1;         // -1: unknown
   std::int64_t count_version = 0;  // data version of the file when it was counted
 };
@@ -46,12 +52,17 @@ class Holder {
 // fails at once. So at most one statement is open on a connection, and every other operation parks it first.
 class Connection {
  public:
-  // `name` is the path as the caller spelled it, for errors. A file that is not of this store is 3343.
+  // `name` is the path as the caller spelled it, for errors. A file that is not of this store is 3343. Where nothing
+  // can be written beside the file it is opened for reading.
   static std::shared_ptr<Connection> Open(const std::filesystem::path& path, const std::string& name,
                                           std::shared_ptr<const SpanishOrder> order);
-  // REQUIRES: the file does not exist. Nothing of it stays after a failure.
-  static std::shared_ptr<Connection> Create(const std::filesystem::path& path, const std::string& name,
-                                            std::shared_ptr<const SpanishOrder> order);
+  // The bytes of a new file with these tables.
+  static std::string NewFile(const std::vector<TableDef>& tables, std::shared_ptr<const SpanishOrder> order);
+  // True when the file is a database of this system.
+  static bool IsDatabase(const std::filesystem::path& path);
+  // Makes the file alone the whole database, without a log beside it. 3045 when somebody has it open.
+  static void FoldLog(const std::filesystem::path& path, const std::string& name,
+                      std::shared_ptr<const SpanishOrder> order);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -64,9 +75,15 @@ class Connection {
   std::size_t Limit(int number) const;
   // Rows changed by the last write.
   std::int64_t Changes() const;
+  // The number that the last insertion gave.
+  std::int64_t LastNumber() const;
 
-  // Parks whoever has a statement open, and makes `next` (or nobody) the one.
+  // True when the path names another file by now, or none; also when a file that nobody should write was written.
+  bool FileIsGone() const;
+
+  // Parks whoever has a statement open, and makes `next` (or nobody) the one. 3420 when the file is gone.
   void Acquire(Holder* next);
+  void Park();
   void Release(const Holder* holder);
 
   // nullptr if the file has no such table. The pointer stays good for the life of the connection.
@@ -82,18 +99,44 @@ class Connection {
   void Begin();
   void Commit();
   void Rollback();
-  bool InTransaction() const { return in_transaction_; }
+  // Writes as one, or as a part of the transaction that runs.
+  void AsOne(const std::function<void()>& writes);
+
+  // Row numbers are never used again. A new row gets the one behind the highest that the table ever had: its last row
+  // tells it, or, when rows went from its end, the number that was kept then.
+
+  // Before a write. A file of an earlier version gets what keeps the numbers.
+  void PrepareWrite();
+  // Runs a statement that deletes rows of the table.
+  std::int64_t Delete(TableInfo& table, Statement& statement);
 
  private:
-  Connection(const std::filesystem::path& path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
+  using Clock = std::chrono::steady_clock;
 
+  Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
+
+  static std::shared_ptr<Connection> OpenShared(const std::filesystem::path& path, const std::string& name,
+                                                std::shared_ptr<const SpanishOrder> order);
+  static std::shared_ptr<Connection> OpenUnchanging(const std::filesystem::path& path, const std::string& name,
+                                                    std::shared_ptr<const SpanishOrder> order);
+  void CheckFormat();
+  void Undo();
+  static int WaitForLock(void* connection, int attempt);
+  int Sleep();
   std::unique_ptr<TableInfo> ReadDefinition(const std::string& table);
+  void KeepNumber(TableInfo& table, std::int64_t number);
 
   std::string name_;
+  std::filesystem::path unchanging_;                   // the file, if it is read without locks
+  std::filesystem::file_time_type last_written_ = {};  // when it was opened so
   std::shared_ptr<const SpanishOrder> order_;
   sqlite3* database_ = nullptr;
   Holder* holder_ = nullptr;
   bool in_transaction_ = false;
+  bool keeps_numbers_ = false;  // known to
+  int waited_ = 0;              // microseconds, for the lock that is being waited for
+  Clock::time_point crowded_until_ = {};
+  std::minstd_rand random_{std::random_device()()};
   Statement data_version_;
   QueryCache queries_;
   std::unordered_map<std::string, std::unique_ptr<TableInfo>> tables_;  // by lower-case name

@@ -1,19 +1,16 @@
-// The default engine: databases, workspaces and the handles that a host holds.
-#include <map>
+// The default engine and the databases that a host holds.
 #include <utility>
 
-#include "adapters/host/host_files.hpp"
 #include "adapters/sqlite/connection.hpp"
 #include "adapters/sqlite/query_cursor.hpp"
 #include "adapters/sqlite/table_cursor.hpp"
+#include "adapters/sqlite/workspace.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace sqlite {
 namespace {
-
-namespace fs = std::filesystem;
 
 class OpenDatabase final : public Database {
  public:
@@ -100,54 +97,6 @@ class OpenDatabase final : public Database {
   std::string name_;
 };
 
-// Databases that are open on one file share its connection, so they see each other's rows at once and never wait for
-// each other.
-class DefaultWorkspace final : public Workspace {
- public:
-  std::shared_ptr<Database> OpenDatabase(std::string_view path) override {
-    const auto found = FindPath(path);
-    if (!found || path.empty()) FailMissing(path);
-    if (fs::is_directory(*found)) throw RuntimeError(kCannotOpenFile, {std::string(path)});
-    const std::string key = fs::canonical(*found).string();
-    auto connection = connections_[key].lock();
-    if (!connection) {
-      connection = Connection::Open(*found, std::string(path), order_);
-      connections_[key] = connection;
-    }
-    return std::make_shared<sqlite::OpenDatabase>(std::move(connection), path);
-  }
-
-  std::shared_ptr<Database> CreateDatabase(std::string_view path) override {
-    if (FindPath(path)) throw RuntimeError(kObjectExists, {std::string(path)});
-    const fs::path wanted = MachinePath(path);
-    if (wanted.filename().empty()) throw RuntimeError(kBadFileName);
-    const std::string folder = wanted.parent_path().string();
-    const auto found = FindPath(folder.empty() ? "." : folder);
-    if (!found) throw RuntimeError(kFolderNotFound, {std::string(path)});
-    const fs::path file = *found / wanted.filename();
-    auto connection = Connection::Create(file, std::string(path), order_);
-    connections_[fs::canonical(file).string()] = connection;
-    return std::make_shared<sqlite::OpenDatabase>(std::move(connection), path);
-  }
-
-  void Idle() {
-    for (const auto& [path, open] : connections_) {
-      if (const auto connection = open.lock()) connection->Acquire(nullptr);
-    }
-  }
-
- private:
-  [[noreturn]] static void FailMissing(std::string_view path) {
-    const fs::path wanted = MachinePath(path);
-    if (wanted.filename().empty()) throw RuntimeError(kBadFileName);
-    const std::string folder = wanted.parent_path().string();
-    throw RuntimeError(folder.empty() || FindPath(folder) ? kDatabaseNotFound : kFolderNotFound, {std::string(path)});
-  }
-
-  std::shared_ptr<const SpanishOrder> order_ = std::make_shared<SpanishOrder>();
-  std::map<std::string, std::weak_ptr<Connection>> connections_;  // by the file's full path
-};
-
 class DefaultEngine final : public Engine {
  public:
   std::shared_ptr<Workspace> Workspaces(int number) override {
@@ -158,12 +107,20 @@ class DefaultEngine final : public Engine {
   void Idle(int) override { workspace_->Idle(); }
 
  private:
-  std::shared_ptr<DefaultWorkspace> workspace_ = std::make_shared<DefaultWorkspace>();
+  std::shared_ptr<FileWorkspace> workspace_ = std::make_shared<FileWorkspace>();
 };
 
 }  // namespace
+
+std::shared_ptr<Database> MakeDatabase(std::shared_ptr<Connection> connection, std::string_view name) {
+  return std::make_shared<OpenDatabase>(std::move(connection), name);
+}
+
 }  // namespace sqlite
 
-std::unique_ptr<Engine> MakeSqliteEngine() { return std::make_unique<sqlite::DefaultEngine>(); }
+std::unique_ptr<Engine> MakeEngine(std::string_view place) {
+  if (!place.empty() && place != "sqlite:") throw RuntimeError(kNoSuchEngine, {}, place);
+  return std::make_unique<sqlite::DefaultEngine>();
+}
 
 }  // namespace zendara

@@ -149,8 +149,7 @@ void RunDelete(Connection& connection, std::string_view sql, YearWindow window) 
   connection.Acquire(nullptr);
   Statement statement = connection.Prepare(printed.text);
   Bind(statement, tokens.literals);
-  statement.Run();
-  connection.AddToCount(*connection.FindTable(parsed.table.table->name), -connection.Changes());
+  connection.Delete(*connection.FindTable(parsed.table.table->name), statement);
 }
 
 }  // namespace zendara::sqlite

@@ -60,9 +60,9 @@ Date ReadDate(std::string_view text) {
 
 void Fail(int code, const std::string& name, const std::string& detail) {
   if (detail.starts_with(kTableGone)) {
-    throw RuntimeError(kInputTableNotFound, {detail.substr(kTableGone.size())}, detail);
+    throw RuntimeError(kInputTableNotFound, {detail.substr(kTableGone.size())}, detail, code);
   }
-  throw RuntimeError(NumberOf(code), {name}, detail);
+  throw RuntimeError(NumberOf(code), {name}, detail, code);
 }
 
 void Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }

@@ -80,30 +80,27 @@ class Cursor final : public TableCursor, private Holder {
 
   void Insert(const std::vector<Value>& row) override {
     connection_->Acquire(nullptr);
+    connection_->PrepareWrite();
     if (!table_.insert) table_.insert = connection_->Prepare(InsertText());
-    BindRow(table_.insert, row);
+    table_.insert.Bind(1, table_.given);
+    table_.insert.Bind(2, Value(table_.definition.name));
+    BindRow(table_.insert, 3, row);
     table_.insert.Run();
+    table_.given = connection_->LastNumber();
     connection_->AddToCount(table_, 1);
   }
 
   void Replace(const std::vector<Value>& row) override {
-    connection_->Acquire(nullptr);
-    const bool own = !connection_->InTransaction();
-    if (own) connection_->Begin();
-    try {
+    connection_->AsOne([&] {
       if (!OpenRow(row_.id())) throw RuntimeError(kRecordDeleted);
       const bool same = row_.SameAs(table_.by_row);
       table_.by_row.Reset();
       if (!same) throw RuntimeError(kRowChanged);
       if (!table_.replace) table_.replace = connection_->Prepare(ReplaceText());
-      BindRow(table_.replace, row);
+      BindRow(table_.replace, 1, row);
       table_.replace.Bind(static_cast<int>(row.size()) + 1, row_.id());
       table_.replace.Run();
-      if (own) connection_->Commit();
-    } catch (...) {
-      if (own) connection_->Rollback();
-      throw;
-    }
+    });
     // Only now: after a failure the row as Refresh read it is what a second try is compared with.
     ReadRow(row_.id());
   }
@@ -114,10 +111,7 @@ class Cursor final : public TableCursor, private Holder {
       table_.erase = connection_->Prepare("DELETE FROM " + QuoteName(table_.definition.name) + " WHERE rowid = ?");
     }
     table_.erase.Bind(1, row_.id());
-    table_.erase.Run();
-    const std::int64_t erased = connection_->Changes();
-    connection_->AddToCount(table_, -erased);
-    return erased > 0;
+    return connection_->Delete(table_, table_.erase) > 0;
   }
 
   std::int64_t Count() const override { return connection_->Count(table_); }
@@ -279,14 +273,17 @@ class Cursor final : public TableCursor, private Holder {
     return true;
   }
 
-  static void BindRow(Statement& statement, const std::vector<Value>& row) {
-    for (std::size_t i = 0; i < row.size(); ++i) statement.Bind(static_cast<int>(i) + 1, row[i]);
+  static void BindRow(Statement& statement, int first, const std::vector<Value>& row) {
+    for (std::size_t i = 0; i < row.size(); ++i) statement.Bind(static_cast<int>(i) + first, row[i]);
   }
 
+  // The new row's number lies behind every one that the table has, has had, or that was given here and undone.
   std::string InsertText() const {
+    const std::string table = QuoteName(table_.definition.name);
     std::string places;
-    for (int i = 0; i < ColumnCount(); ++i) places += i ? ", ?" : "?";
-    return "INSERT INTO " + QuoteName(table_.definition.name) + " VALUES (" + places + ")";
+    for (int i = 0; i < ColumnCount(); ++i) places += ", ?";
+    return "INSERT INTO " + table + " (" + table_.columns + ") VALUES (1 + max(?1, coalesce((SELECT max(rowid) FROM " +
+           table + "), 0), coalesce((SELECT last FROM zendara_numbers WHERE name = ?2), 0))" + places + ")";
   }
 
   std::string ReplaceText() const {

@@ -1,104 +1,96 @@
 #include "apps/demo/company_files.hpp"
 
 #include <algorithm>
-#include <fstream>
 #include <ranges>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
 
-#include "runtime/text.hpp"
+#include "adapters/host/host_files.hpp"
+#include "adapters/host/new_file.hpp"
+#include "frame/parametros.hpp"
 
 namespace zendara {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kDataFolder = "DATOS";
-
-// Records that the screens read at their load; the listings know what stands in them.
-constexpr std::pair<std::string_view, std::size_t> kParameterFiles[] = {
-    {"IMPM1600.DAT", 256}, {"IMPM0999.DAT", 300}, {"NOM00997.DAT", 256}};
-
-fs::path PathOf(std::string_view text) { return fs::path(std::u8string(text.begin(), text.end())); }
-std::string TextOf(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
+// Errors of the machine in one line for the user.
+template <typename Work>
+void InWords(const fs::path& folder, Work work) {
+  try {
+    work();
+  } catch (const std::system_error& error) {
+    throw std::runtime_error("cannot write in " + folder.string() + ": " + error.code().message());
+  }
 }
 
-// The entry of that name whatever its case; `folder` / `name` when there is none.
-fs::path Entry(const fs::path& folder, std::string_view name) {
-  std::error_code none;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder, none))
-    if (LCase(TextOf(entry.path().filename())) == LCase(name)) return entry.path();
-  return folder / PathOf(name);
+fs::path Find(const fs::path& path) {
+  std::error_code error;
+  return FindPath(path.string(), error).value_or(path);
+}
+
+[[noreturn]] void RefuseTaken(const fs::path& path) {
+  throw std::runtime_error("there is a company already: " + path.string() + " exists, nothing was written");
 }
 
 }  // namespace
 
 CompanyFiles::CompanyFiles(Engine& engine, const std::string& folder, std::string_view code,
                            std::span<const std::string_view> years)
-    : code_(code), folder_(PathOf(folder)) {
+    : code_(code), folder_(folder), data_(Find(folder_ / "DATOS")) {
+  for (const ParameterFile& file : kParameterFiles) names_.emplace_back(file.name);
   for (const StoredFile& file : StoredFiles()) {
     for (const std::string_view year : years) {
       std::string name = FileName(file.kind, code_, year);
       if (std::ranges::find(names_, name) == names_.end()) names_.push_back(std::move(name));
     }
   }
-  data_ = Entry(folder_, kDataFolder);
-  RefuseExisting();
+  // A company shows by its own file, which comes last.
+  std::ranges::rotate(names_, std::ranges::find(names_, FileName(FileKind::kCompany, code_, {})) + 1);
   try {
-    CreateAll(engine, years);
-  } catch (const fs::filesystem_error& error) {
-    Remove();
-    throw std::runtime_error("cannot write in " + folder + ": " + error.code().message());
+    InWords(folder_, [&] {
+      MakeFolders();
+      staging_.emplace(data_);
+      RefuseExisting();
+      CreateAll(engine, years);
+    });
   } catch (...) {
     Remove();
     throw;
   }
 }
 
-CompanyFiles::~CompanyFiles() {
-  if (!finished_) Remove();
-}
+CompanyFiles::~CompanyFiles() { Remove(); }
 
-void CompanyFiles::RefuseExisting() const {
-  const auto refuse = [&](std::string_view name) {
-    const fs::path path = Entry(data_, name);
-    std::error_code none;
-    if (fs::exists(fs::symlink_status(path, none))) {
-      throw std::runtime_error("there is a company already: " + TextOf(path) + " exists, nothing was written");
-    }
-  };
-  for (const std::string& name : names_) refuse(name);
-  for (const auto& [name, length] : kParameterFiles) refuse(name);
-}
-
-void CompanyFiles::CreateAll(Engine& engine, std::span<const std::string_view> years) {
-  for (fs::path missing = fs::absolute(folder_); !missing.empty() && !fs::exists(missing);
+void CompanyFiles::MakeFolders() {
+  for (fs::path missing = fs::absolute(data_); !missing.empty() && !fs::exists(missing);
        missing = missing.parent_path()) {
     made_folders_.insert(made_folders_.begin(), missing);
   }
-  fs::create_directories(folder_);
-  for (int i = 1; staging_.empty(); ++i) {
-    const fs::path candidate = folder_ / PathOf("DATOS.new" + std::to_string(i));
-    if (fs::create_directory(candidate)) staging_ = candidate;
+  fs::create_directories(data_);
+}
+
+void CompanyFiles::RefuseExisting() const {
+  for (const std::string& name : names_) {
+    const fs::path path = Find(data_ / name);
+    if (fs::exists(fs::symlink_status(path))) RefuseTaken(path);
   }
+}
+
+void CompanyFiles::CreateAll(Engine& engine, std::span<const std::string_view> years) {
   const std::shared_ptr<Workspace> workspace = engine.Workspaces(0);
   for (const StoredFile& file : StoredFiles()) {
     for (const std::string_view year : years) {
       const std::string name = FileName(file.kind, code_, year);
       if (open_.contains(name)) continue;
-      const std::shared_ptr<Database> database = workspace->CreateDatabase(TextOf(staging_ / PathOf(name)));
-      open_[name] = database;
-      database->BeginTrans();
-      for (const TableDef& table : file.tables) database->CreateTable(table);
+      open_[name] = workspace->CreateDatabase((staging_->path() / name).string(), file.tables);
+      open_[name]->BeginTrans();
     }
   }
-  for (const auto& [name, length] : kParameterFiles) {
-    std::ofstream out(staging_ / PathOf(name), std::ios::binary);
-    out << std::string(length, ' ');
-    if (!out.flush()) throw std::runtime_error("cannot write " + TextOf(staging_ / PathOf(name)));
+  for (const ParameterFile& file : kParameterFiles) {
+    const std::error_code error = WriteNewFile(staging_->path() / file.name, std::string(file.length, ' '));
+    if (error) throw std::system_error(error);
   }
 }
 
@@ -110,27 +102,18 @@ void CompanyFiles::Finish() {
     database->Close();
   }
   open_.clear();
-  RefuseExisting();  // somebody may have been quicker
-  try {
-    fs::create_directories(data_);
-    for (const fs::directory_entry& entry : fs::directory_iterator(staging_)) {
-      const fs::path target = data_ / entry.path().filename();
-      fs::rename(entry.path(), target);
-      moved_.push_back(target);
-    }
-    fs::remove(staging_);
-  } catch (const fs::filesystem_error& error) {
-    throw std::runtime_error("cannot write in " + TextOf(data_) + ": " + error.code().message());
-  }
-  finished_ = true;
+  InWords(data_, [&] {
+    // Somebody may have been quicker, also with names in other case.
+    RefuseExisting();
+    if (const auto taken = staging_->Publish(names_)) RefuseTaken(data_ / *taken);
+  });
 }
 
 void CompanyFiles::Remove() noexcept {
   open_.clear();  // undoes what is pending
+  staging_.reset();
+  // Those that were made here, unless something has come into them.
   std::error_code none;
-  for (const fs::path& path : moved_) fs::remove(path, none);
-  if (!staging_.empty()) fs::remove_all(staging_, none);
-  // Those that were made here, unless something else has come into them.
   for (const fs::path& folder : std::views::reverse(made_folders_)) fs::remove(folder, none);
 }
 

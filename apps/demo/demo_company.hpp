@@ -54,7 +54,7 @@ struct DemoOptions {
   std::uint64_t seed = 1;
 };
 
-// Writes all files or none: they come into being in a folder of their own beside DATOS and are moved at the end.
+// Writes all files or none: they come into being in a folder of their own in DATOS and get their names at the end.
 // Throws std::runtime_error with one line for the user when the options are wrong, when DATOS holds a file of such a
 // name already (nothing is touched then), or when writing fails. `progress` may be empty; it is told now and then how
 // many workers are done, of how many: first 0, last all of them, when the files stand. What it throws ends the run.

@@ -20,10 +20,12 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/headless/company_host.hpp"
+#include "adapters/hosting/application.hpp"
+#include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/qt_script/scripted_windows.hpp"
 #include "apps/desk/chooser.hpp"
 #include "component/componente.hpp"
 #include "zendara/engines.hpp"
@@ -52,10 +54,6 @@ int Fail(int status, std::string text) {
   }
   std::cerr << "zendara-desk: " << text << std::endl;
   return status;
-}
-
-std::string Line(const RuntimeError& error) {
-  return error.detail().empty() ? error.what() : std::string(error.what()) + " (" + error.detail() + ")";
 }
 
 // A display that cannot be reached, or that goes away, ends the program at once: every row that was finished is stored.
@@ -114,11 +112,8 @@ class Album {
 
 class Desk {
  public:
-  explicit Desk(Options options) : options_(std::move(options)), engine_(MakeSqliteEngine()), files_(MakeHostFiles()) {
-    if (!options_.screenshots.empty()) {
-      album_.emplace(options_.screenshots);
-      host_.SetPhotographer([this](QWidget& window, const std::string& name) { album_->Take(window, name); });
-    }
+  explicit Desk(Options options) : options_(std::move(options)), engine_(MakeEngine()), files_(MakeHostFiles()) {
+    if (!options_.screenshots.empty()) album_.emplace(options_.screenshots);
   }
 
   int Run() {
@@ -149,10 +144,14 @@ class Desk {
     } catch (const ScriptError& error) {
       return Fail(error.status(), options_.script + ":" + error.what());
     }
-    const ScriptResult result = host_.Play(std::move(script), Surroundings(), [](std::string_view line) {
+    const auto print = [](std::string_view line) {
       std::cout << line << std::flush;
       if (!std::cout) throw std::runtime_error("standard output takes no more");
-    });
+    };
+    ScriptedWindows::Photographer photographer;
+    if (album_) photographer = [this](QWidget& window, const std::string& name) { album_->Take(window, name); };
+    const ScriptResult result =
+        ScriptedWindows(host_, std::move(script), print, std::move(photographer)).Play(Surroundings());
     if (result.status != 0) return Fail(result.status, options_.script + ":" + result.message);
     if (album_ && album_->Failed()) return Fail(kFailed, options_.screenshots + ": a picture could not be written");
     return 0;
@@ -257,12 +256,13 @@ int Main(int argc, char** argv) {
 }  // namespace zendara
 
 int main(int argc, char** argv) {
-  // A reader that goes away is told by the failing write.
+  // A reader that goes away and a file that may not grow show in the write that fails.
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   try {
     return zendara::Main(argc, argv);
   } catch (const zendara::RuntimeError& error) {
-    return zendara::Fail(zendara::kFailed, zendara::Line(error));
+    return zendara::Fail(zendara::kFailed, zendara::OneLine(error));
   } catch (const std::exception& error) {
     return zendara::Fail(zendara::kFailed, error.what());
   }

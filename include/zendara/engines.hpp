@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "zendara/ports.hpp"
 #include "zendara/record_engine.hpp"
@@ -11,7 +12,8 @@ namespace zendara {
 // Files of the machine: separators "\" and "/", names whatever their case.
 std::unique_ptr<Files> MakeHostFiles();
 
-// The default engine: one SQLite file for each database file.
-std::unique_ptr<Engine> MakeSqliteEngine();
+// The engine of a place, by its scheme: "sqlite:" or nothing is the default engine, one SQLite file for each database
+// file. Error 3170 for a place of any other kind.
+std::unique_ptr<Engine> MakeEngine(std::string_view place = {});
 
 }  // namespace zendara

@@ -54,7 +54,8 @@ class PickList {
                             std::string& resultado) = 0;
 };
 
-// Left, top, width and height of the banner's place, in twips of the form.
+// A rectangle in the window of a form, from the upper left corner of what is inside its border, in twips: 15 to the
+// pixel of the machine, whatever the text size.
 struct BannerPlace {
   std::int32_t left = 0;
   std::int32_t top = 0;
@@ -64,12 +65,16 @@ struct BannerPlace {
   friend bool operator==(const BannerPlace&, const BannerPlace&) = default;
 };
 
-// Paints on a part of a screen. `handle` is the window of the form.
+// Paints on a part of a screen. `handle` is the native window of the form, the same in both calls; 0 in a front end
+// without windows.
 class Banner {
  public:
   virtual ~Banner() = default;
+  // The form loads: its window is there and not shown yet. `lugar` is the inside of the panel that the screen keeps for
+  // the banner, 60 twips from its edges, where the panel stands when the window opens; without windows the
+  // place of its design. A banner that has nothing to show sets width or height to 0, and the panel goes.
   virtual void PosicionBanner(std::int32_t handle, BannerPlace& lugar) = 0;
-  // The form closes.
+  // The form closes; its window is still there.
   virtual void AvisoCierre(std::int32_t handle) = 0;
 };
 

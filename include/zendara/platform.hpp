@@ -17,7 +17,7 @@ struct Platform {
   Dialogs* dialogs = nullptr;
   Files* files = nullptr;
   std::string application_folder;          // holds DATOS; without a separator at its end
-  FormHost* forms = nullptr;               // shows the screens
+  FormHost* forms = nullptr;               // shows the screens; windows or automation fill it in
   Shell* shell = nullptr;                  // programs beside
   const Components* components = nullptr;  // pick list, banner, listing viewer; null: none of them is there
 };

@@ -24,13 +24,14 @@ struct Box {
   std::string text;
   BoxButtons buttons = BoxButtons::kOk;
   BoxIcon icon = BoxIcon::kNone;
-  std::string title{};     // empty: the application's title
+  std::string title{};     // empty: whoever shows the box puts the application's title there
   int default_button = 1;  // from 1
   // How the figure in the text came about, step by step; the last row is the result. Empty: there is no such figure. A
   // front end that can shows it when the user asks for it, which does not answer the box. Never part of a script's run.
   std::vector<BoxDetail> detail{};
 };
 
+// All boxes and beeps of the component go here, those of its screens too.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -43,9 +44,11 @@ class Dialogs {
 class Files {
  public:
   virtual ~Files() = default;
+  // Error 70 when a folder on the way may not be entered.
   virtual bool Exists(std::string_view path) const = 0;
   // The first record of a random-access file: exactly `length` bytes, zeros past the end of the file.
-  // Error 53 when the file is missing, 76 when its folder is, 70 when it may not be read.
+  // Error 53 when the file is missing, 76 when its folder is, 70 when it may not be read, 75 when it is a folder, a
+  // device or a pipe.
   virtual std::string ReadRecord(std::string_view path, std::size_t length) const = 0;
 };
 

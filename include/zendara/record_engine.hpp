@@ -57,7 +57,8 @@ struct TableDef {
   friend bool operator==(const TableDef&, const TableDef&) = default;
 };
 
-// Identifies a row of one table, for all recordsets on it; it survives changes of the row.
+// Identifies a row of one table, for all recordsets on it; it survives changes of the row. Once the row is gone, no
+// other one ever gets it, whichever program writes it.
 using Bookmark = std::int64_t;
 
 class Recordset;
@@ -68,7 +69,8 @@ class Field {
   Field(Recordset& owner, int ordinal) : owner_(owner), ordinal_(ordinal) {}
 
   // During AddNew the new row (unset columns Null), during Edit the changed row, otherwise the current record.
-  // Error 3021 without a current record, 3167 after it was deleted.
+  // Error 3021 without a current record, 3167 after it was deleted, 3421 when no value of the column's type is stored
+  // there: what is, is the error's detail.
   Value Get() const;
   // Only during AddNew or Edit (3020). Converts to the column's type: a date or number becomes its text, a text is read
   // as a number by CDbl or as a date, in the recordset's window of years; 3421 if it cannot be, also for the empty
@@ -129,7 +131,9 @@ class Recordset {
   // Durable when it returns. 3020 without AddNew or Edit; 3022 duplicate key, 3058 Null in the primary key, 3197 the
   // row was changed by another program since Edit: nothing is written, the pending change stays.
   virtual void Update() = 0;
+  // 3020 without AddNew or Edit.
   virtual void CancelUpdate() = 0;
+  // The current record as it is stored now. 3021 without one, 3167 when it is gone, also by another program.
   virtual void Delete() = 0;
 
   // Own position over the same rows, no current record at first, no index set; bookmarks serve both.
@@ -213,15 +217,46 @@ class Database {
   YearWindow window_;
 };
 
+// A run of writes as one: undone at the end of its life unless it was committed.
+class Transaction {
+ public:
+  // REQUIRES: the database outlives it. Errors of BeginTrans.
+  explicit Transaction(Database& database);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  // Errors of CommitTrans: it is undone then.
+  void Commit();
+
+ private:
+  Database* database_;  // none once it is committed
+};
+
+// Paths: folders are separated by "\" or "/", names found whatever their case. Programs of one machine share a folder,
+// never two machines: a folder on a network file system is error 3043. Other errors: 3044 missing folder, 3051 no
+// permission, 3055 no name at all.
 class Workspace {
  public:
   virtual ~Workspace() = default;
 
-  // Shared, read-write. Folders are separated by "\" or "/", names found whatever their case. 3024 missing file, 3044
-  // missing folder, 3343 a file of another kind, 3049 damaged, 3051 no permission, 3055 no name at all.
+  // Shared, for reading and writing; what the machine lets nobody write, such as a file on a read-only medium, is
+  // read, and writing it is error 3027. 3024 missing file, 3343 a file of another kind, 3049 damaged.
+  //
+  // A file that was replaced is another one: it is opened here, and whatever is open on the old one raises 3420.
   virtual std::shared_ptr<Database> OpenDatabase(std::string_view path) = 0;
-  // A new empty file, opened; 3010 kin: an existing file is never touched (error 3012).
-  virtual std::shared_ptr<Database> CreateDatabase(std::string_view path) = 0;
+  // A new file with these tables and no rows, opened. It gets its name when it is whole and durable: whatever fails
+  // leaves nothing. 3012 when there is a file of that name: it is never touched.
+  virtual std::shared_ptr<Database> CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) = 0;
+  std::shared_ptr<Database> CreateDatabase(std::string_view path) { return CreateDatabase(path, {}); }
+
+  // True when there is a file of that name, be it a database or not.
+  virtual bool Exists(std::string_view path) = 0;
+  // Names of the databases of this engine in a folder, ascending.
+  virtual std::vector<std::string> Databases(std::string_view folder) = 0;
+  // Gives a closed database another name in the same file system. 3012 when there is a file of the new one, 3024 when
+  // there is none of the old one, 3045 when somebody has it open.
+  virtual void Rename(std::string_view from, std::string_view to) = 0;
 };
 
 class Engine {

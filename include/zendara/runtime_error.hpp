@@ -40,6 +40,7 @@ enum ErrorNumber : int {
   kNoDiskSpace = 3026,
   kReadOnly = 3027,
   kNoTransaction = 3034,
+  kDiskOrNetwork = 3043,
   kFolderNotFound = 3044,
   kFileInUse = 3045,
   kDamagedFile = 3049,
@@ -51,6 +52,7 @@ enum ErrorNumber : int {
   kInputTableNotFound = 3078,
   kTextTooLong = 3163,
   kRecordDeleted = 3167,
+  kNoSuchEngine = 3170,
   kRowChanged = 3197,
   kLocked = 3218,
   kItemNotFound = 3265,
@@ -67,18 +69,22 @@ std::string ErrorText(int number, const std::vector<std::string>& names = {});
 // What the component and the record engine throw.
 class RuntimeError : public std::runtime_error {
  public:
-  explicit RuntimeError(int number, const std::vector<std::string>& names = {}, std::string_view detail = {});
+  explicit RuntimeError(int number, const std::vector<std::string>& names = {}, std::string_view detail = {},
+                        int native = 0);
 
   int number() const { return number_; }
   // The Spanish text; what() is number, two blanks and this text.
   const std::string& text() const { return text_; }
   // What the store or the operating system said, for a log line; never for a box. May be empty.
   const std::string& detail() const { return detail_; }
+  // The code that the store or the operating system gave for it; 0 if there is none.
+  int native() const { return native_; }
 
  private:
   int number_;
   std::string text_;
   std::string detail_;
+  int native_;
 };
 
 }  // namespace zendara

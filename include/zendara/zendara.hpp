@@ -13,7 +13,7 @@
 namespace zendara {
 
 // Gives the component its surroundings, before the first screen is shown; a later call replaces them.
-// REQUIRES: engine, dialogs and files are set.
+// REQUIRES: engine, dialogs, files and forms are set; zendara/windows.hpp and zendara/automation.hpp have the last.
 void InstallPlatform(Platform platform);
 
 // The host's open recordsets by slot: the item of index i stands at i - lower_bound. Empty handles are allowed.
@@ -33,7 +33,9 @@ class ClsZendara {
   // "Trabajadores", "MIncidencias", "MIncidenciasESP" or "MIncidenciasVAR" (case counts; another name shows nothing),
   // waits until the user has closed it, and hands the currency mark back to the session. Databases and recordsets are
   // shared, never closed. While that screen is being shown the call does nothing at all; while another one is, this one
-  // opens above it, and the session goes back to the one below when it closes. A step that fails is passed over and leaves the earlier value: the caller is told nothing.
+  // opens above it, and the session goes back to the one below when it closes. A step that fails is passed over and
+  // leaves the earlier value, and the caller gets no word of it. A screen that the installed surroundings leave no
+  // place to show is a line on standard error, and a box if there are dialogs.
   void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
                         const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT, Morlane& ObjMorlane) noexcept;
   // Write only: the number that fich2 reads back.

@@ -19,14 +19,17 @@ constexpr std::string_view kColorFinal = "12632319";
 enum Panel { kPanelCodigo = 6, kPanelNombre = 7, kPanelAno = 8, kPanelAnuncio = 25 };
 enum CampoTitulo { kTituloCodigo = 1, kTituloNombre = 2, kTituloAno = 3 };
 
-// Design places of the banner's panel on the form and of the picture box in it, in twips.
-constexpr BannerPlace kSitioPanel = {60, 6480, 9420, 600};
-constexpr BannerPlace kSitioAniGIF1 = {60, 60, 9300, 480};
+// Design place of the banner's panel on the form, and of the picture box in it: as far from every edge. In twips.
+constexpr ControlPlace kSitioPanel = {60, 6480, 9420, 600};
+constexpr int kMargenAniGIF1 = 60;
 
 }  // namespace
 
 PantallaBase::PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco)
-    : Form(*sesion.platform.forms, marco.nombre), sesion_(sesion), pantallas_(pantallas), marco_(std::move(marco)) {
+    : Form(*sesion.platform.forms, *sesion.platform.dialogs, marco.nombre),
+      sesion_(sesion),
+      pantallas_(pantallas),
+      marco_(std::move(marco)) {
   SetTitle(marco_.leyenda);
   const struct {
     Panel panel;
@@ -52,11 +55,17 @@ PantallaBase::PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco m
 
 // Load.
 
+Layout PantallaBase::TiraAnuncio() { return Strip(SSPanel1(kPanelAnuncio), kSitioPanel.height); }
+
 void PantallaBase::CreaAnuncio() {
   anuncio_ = CreateBanner(sesion_.platform.components);
-  BannerPlace sitio = {kSitioAniGIF1.left + kSitioPanel.left, kSitioAniGIF1.top + kSitioPanel.top,
-                       kSitioPanel.width - 2 * kSitioAniGIF1.left, kSitioAniGIF1.height};
-  anuncio_->PosicionBanner(Host().WindowHandle(*this), sitio);
+  Label& panel = SSPanel1(kPanelAnuncio);
+  ventana_anuncio_ = Host().WindowHandle(*this);
+  const ControlPlace lugar = Host().PlaceOf(panel).value_or(kSitioPanel);
+  BannerPlace sitio = {lugar.left + kMargenAniGIF1, lugar.top + kMargenAniGIF1, lugar.width - 2 * kMargenAniGIF1,
+                       lugar.height - 2 * kMargenAniGIF1};
+  anuncio_->PosicionBanner(ventana_anuncio_, sitio);
+  panel.SetVisible(sitio.width > 0 && sitio.height > 0);
 }
 
 void PantallaBase::PintaLeyenda() {
@@ -96,7 +105,7 @@ void PantallaBase::ConectaMarco() {
   Image1.On().click = [this](int indice) { AbreLista(indice); };
   Image1.On().mouse_move = [this](int) { sesion_.MarcaBoton = static_cast<std::int16_t>(ImageButtonMark()); };
   for (Control* control : Controls()) {
-    if (control->Kind() != ControlKind::kButton) continue;
+    if (!dynamic_cast<Button*>(control)) continue;
     control->On().mouse_move = [this, control](int) {
       const auto pista = marco_.pistas.find(control->Name());
       PonPista(pista == marco_.pistas.end() ? std::string() : pista->second, *control);
@@ -108,13 +117,11 @@ void PantallaBase::Guarda(const std::function<void()>& rutina) {
   try {
     rutina();
   } catch (...) {
-    MuestraError(CurrentError(), Host().Boxes());
+    MuestraError(CurrentError(), Boxes());
   }
 }
 
-void PantallaBase::Mensaje(const std::string& texto, BoxIcon icono) {
-  Host().Boxes().Show({.text = texto, .icon = icono});
-}
+void PantallaBase::Mensaje(const std::string& texto, BoxIcon icono) { Boxes().Show({.text = texto, .icon = icono}); }
 
 // Keys.
 
@@ -180,7 +187,7 @@ void PantallaBase::OnUnload() {
   // However it closes, and whatever the banner does, nobody may reach it any more.
   if (sesion_.FormActivo == this) sesion_.FormActivo = nullptr;
   Run([this] {
-    if (anuncio_) anuncio_->AvisoCierre(Host().WindowHandle(*this));
+    if (anuncio_) anuncio_->AvisoCierre(ventana_anuncio_);
   });
   pantallas_.Descarga(Name());
 }

@@ -46,6 +46,9 @@ class PantallaBase : public Form, public Pantalla {
   void PonTitulos();
   void PonTamano() { SetSize(9600, 7200); }
 
+  // The banner's panel in the layout.
+  Layout TiraAnuncio();
+
   // A routine that guards itself: an error, whatever exception it came as, is shown and ends it. The pointer stays as
   // it is.
   void Guarda(const std::function<void()>& rutina);
@@ -93,6 +96,7 @@ class PantallaBase : public Form, public Pantalla {
   void AlSalir();
 
   std::unique_ptr<Banner> anuncio_;
+  std::int32_t ventana_anuncio_ = 0;  // that it was given
 };
 
 }  // namespace zendara

@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <iostream>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "component/componente.hpp"
@@ -47,10 +49,31 @@ void PonVentana(Sesion& sesion) noexcept {
   }
 }
 
+// The parts of the surroundings that no screen can do without and that the host has not given.
+std::string Faltan(const Platform& platform) {
+  const std::pair<std::string_view, bool> partes[] = {
+      {"engine", platform.engine}, {"dialogs", platform.dialogs}, {"files", platform.files}, {"forms", platform.forms}};
+  std::string faltan;
+  for (const auto& [parte, esta] : partes) {
+    if (!esta) faltan += (faltan.empty() ? "" : ", ") + std::string(parte);
+  }
+  return faltan;
+}
+
 void MuestraPantalla(Componente& componente, std::string_view nombre) {
   if (std::ranges::find(kPantallasPublicas, nombre) == kPantallasPublicas.end()) return;
   const Platform& platform = componente.sesion.platform;
-  if (!platform.engine || !platform.dialogs || !platform.files) throw RuntimeError(kObjectNotSet);
+  if (const std::string faltan = Faltan(platform); !faltan.empty()) {
+    const std::string pantalla(nombre);
+    std::cerr << "zendara: screen " + pantalla + " is not shown: the host has installed no " + faltan + "\n"
+              << std::flush;
+    if (platform.dialogs) {
+      platform.dialogs->Show(
+          {.text = "La pantalla '" + pantalla + "' no se puede mostrar:\nel programa no tiene dónde.",
+           .icon = BoxIcon::kCritical});
+    }
+    return;
+  }
   componente.pantallas.Muestra(nombre);
 }
 

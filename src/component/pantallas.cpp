@@ -4,7 +4,6 @@
 
 #include "component/componente.hpp"
 #include "workers/trabajadores.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
@@ -12,8 +11,6 @@ namespace {
 template <typename T>
 void Registra(Componente& componente, std::string_view nombre) {
   componente.pantallas.Registra(std::string(nombre), [&componente]() -> std::shared_ptr<Pantalla> {
-    // A host that shows no windows has given no place for them.
-    if (!componente.sesion.platform.forms) throw RuntimeError(kObjectNotSet);
     return std::make_shared<T>(componente.sesion, componente.pantallas);
   });
 }

@@ -10,9 +10,9 @@ void PonCarpetas(Sesion& sesion) {
 void CargaParametros(Sesion& sesion) {
   PonCarpetas(sesion);
   const Files& files = *sesion.platform.files;
-  sesion.ParametrosListado = files.ReadRecord(sesion.DirDatos + "IMPM1600.DAT", 256);
-  sesion.ParametrosImpresion = files.ReadRecord(sesion.DirDatos + "IMPM0999.DAT", 300);
-  sesion.ParametrosNomina = files.ReadRecord(sesion.DirDatos + "NOM00997.DAT", 256);
+  for (const ParameterFile& file : kParameterFiles) {
+    sesion.*file.record = files.ReadRecord(sesion.DirDatos + std::string(file.name), file.length);
+  }
 }
 
 }  // namespace zendara

@@ -58,6 +58,7 @@ constexpr ErrorRow kErrors[] = {
     {3026, "No hay suficiente espacio en disco."},
     {3027, "No se puede actualizar. La base de datos o el objeto es de sólo lectura."},
     {3034, "Intentó confirmar o deshacer una transacción sin iniciarla antes."},
+    {3043, "Error de disco o de red."},
     {3044, "'…' no es una ruta de acceso válida."},
     {3045, "No se pudo usar '…'; el archivo ya está en uso."},
     {3049,
@@ -78,6 +79,7 @@ constexpr ErrorRow kErrors[] = {
      "El campo es demasiado pequeño para aceptar la cantidad de datos que intentó agregar. Intente insertar o pegar "
      "menos datos."},
     {3167, "El registro está eliminado."},
+    {3170, "No se pudo encontrar el controlador ISAM instalable."},
     {3186, "No se pudo guardar; bloqueado por el usuario '…' en el equipo '…'."},
     {3197,
      "El motor de base de datos detuvo el proceso porque usted y otro usuario intentan cambiar los mismos datos al "
@@ -116,10 +118,12 @@ std::string ErrorText(int number, const std::vector<std::string>& names) {
   return text.append(rest);
 }
 
-RuntimeError::RuntimeError(int number, const std::vector<std::string>& names, std::string_view detail)
+RuntimeError::RuntimeError(int number, const std::vector<std::string>& names, std::string_view detail,
+                           int native)
     : std::runtime_error(std::to_string(number) + "  " + ErrorText(number, names)),
       number_(number),
       text_(ErrorText(number, names)),
-      detail_(detail) {}
+      detail_(detail),
+      native_(native) {}
 
 }  // namespace zendara

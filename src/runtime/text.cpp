@@ -119,6 +119,16 @@ std::string_view WithoutRight(std::string_view text) { return text.substr(0, tex
 
 }  // namespace
 
+bool IsUtf8(std::string_view text) {
+  if (IsAscii(text)) return true;
+  while (!text.empty()) {
+    const std::size_t length = FirstLength(text);
+    if (length == 1 && Byte(text[0]) >= 0x80) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
 std::size_t Len(std::string_view text) { return FirstCharacters(text, text.size()).characters; }
 
 std::string Left(std::string_view text, int length) {

@@ -8,6 +8,8 @@
 
 namespace zendara {
 
+// Whether all of it is UTF-8: no overlong forms, no surrogates, nothing past U+10FFFF.
+bool IsUtf8(std::string_view text);
 std::size_t Len(std::string_view text);
 // Error 5 on a negative length; a length beyond the text gives the whole.
 std::string Left(std::string_view text, int length);

@@ -72,7 +72,8 @@ class Transferencia {
   bool EnOtroAno() const { return ano_anterior_ != ano_trabajo_; }
 
   bool TieneAno(const std::string& ano) const {
-    return sesion_.platform.files->Exists(sesion_.DirDatos + FileName(FileKind::kYear, sesion_.CodEmpresa.str(), ano));
+    return sesion_.platform.engine->Workspaces(0)->Exists(sesion_.DirDatos +
+                                                          FileName(FileKind::kYear, sesion_.CodEmpresa.str(), ano));
   }
 
   // AbreTablas goes on without the tables that it does not reach, but rows must not go to another year's.

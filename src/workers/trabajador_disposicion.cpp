@@ -207,13 +207,13 @@ Layout Trabajadores::Disposicion() {
   titulos.push_back(Space());
 
   return Row(
-      {Place(Picture25), Column({Row(std::move(titulos)), fila(kNumero, kNombre),
-                                 Pages(Tab1, {std::move(datos), std::move(irpf), std::move(irpf2), std::move(cuenta),
-                                              std::move(situacion)}),
-                                 botones({&Inicio, &Anterior, &Siguiente, &Fin},
-                                         {&CmdIncidenciasIT, &CmdIncidenciasESP, &CmdIncidenciasVar, &Pendientes}),
-                                 botones({&Grabar, &Borrar, &Cancela, &CmdNuevo, &CmdBorrar}, {&Calculadora, &Salir}),
-                                 Place(SSPanel1(25))})});
+      {Place(Picture25),
+       Column(
+           {Row(std::move(titulos)), fila(kNumero, kNombre),
+            Pages(Tab1, {std::move(datos), std::move(irpf), std::move(irpf2), std::move(cuenta), std::move(situacion)}),
+            botones({&Inicio, &Anterior, &Siguiente, &Fin},
+                    {&CmdIncidenciasIT, &CmdIncidenciasESP, &CmdIncidenciasVar, &Pendientes}),
+            botones({&Grabar, &Borrar, &Cancela, &CmdNuevo, &CmdBorrar}, {&Calculadora, &Salir}), TiraAnuncio()})});
 }
 
 }  // namespace zendara

@@ -173,7 +173,7 @@ void Trabajadores::CancelaFicha() {
 
 void Trabajadores::AntesDeSalir() {
   if (RespuestaNueva != BoxAnswer::kYes) return;
-  const BoxAnswer respuesta = Host().Boxes().Show(
+  const BoxAnswer respuesta = Boxes().Show(
       {.text = "No ha guardado la ultima situación añadida, ¿Desea hacerlo ahora?", .buttons = BoxButtons::kYesNo});
   if (respuesta == BoxAnswer::kYes) Guarda([this] { GrabaFicha(); });
 }

@@ -69,11 +69,11 @@ std::optional<std::string> Trabajadores::TipoAceptado(bool regularizacion) {
   if (!sesion_.FormActivo) throw RuntimeError(kObjectNotSet);
   const CalculoSesion calculo = CalculaTipoIRPF(sesion_, *this, regularizacion);
   const std::string& tipo = calculo.desglose.tipo;
-  const BoxAnswer respuesta = Host().Boxes().Show({.text = "El Tipo Calculado es " + tipo + "\n ¿Quiere aplicarlo? ",
-                                                   .buttons = BoxButtons::kYesNo,
-                                                   .title = "Tipo de IRPF",
-                                                   .default_button = 2,
-                                                   .detail = calculo.Detalle()});
+  const BoxAnswer respuesta = Boxes().Show({.text = "El Tipo Calculado es " + tipo + "\n ¿Quiere aplicarlo? ",
+                                            .buttons = BoxButtons::kYesNo,
+                                            .title = "Tipo de IRPF",
+                                            .default_button = 2,
+                                            .detail = calculo.Detalle()});
   return respuesta == BoxAnswer::kYes ? std::optional(tipo) : std::nullopt;
 }
 

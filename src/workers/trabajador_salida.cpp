@@ -43,7 +43,7 @@ void Trabajadores::SalidaCampo(int indice) {
   if (campo == kSituacion) return SalidaSituacion();
   CompletaOtrosCampos(campo);
   if (RechazaValor(campo)) return;
-  if (reglas.Tiene(kFecha)) Text1(campo).SetText(FormatoFecha(Text1(campo), Host().Boxes(), ficha_.Ventana(campo)));
+  if (reglas.Tiene(kFecha)) Text1(campo).SetText(FormatoFecha(Text1(campo), Boxes(), ficha_.Ventana(campo)));
   if (campo == kFechaFin) CompruebaFechaFin();
   const bool segundo_contrato = campo == kTipo2 || campo == kInicioBonificacion2 || campo == kFinBonificacion2;
   if (segundo_contrato && !Vacio(campo) && Vacio(kTipo1)) {
@@ -85,7 +85,7 @@ void Trabajadores::SalidaSituacion() {
 void Trabajadores::CompletaOtrosCampos(CampoTrabajador campo) {
   const auto propone = [&](CampoTrabajador fecha) {
     if (Vacio(campo) || !Vacio(fecha)) return;
-    Text1(fecha).SetText(FormatoFecha(Text1(campo), Host().Boxes(), ficha_.Ventana(campo)));
+    Text1(fecha).SetText(FormatoFecha(Text1(campo), Boxes(), ficha_.Ventana(campo)));
   };
   const auto excluye = [&](CampoTrabajador otro) {
     if (!Vacio(campo)) Text1(otro).SetText("");
@@ -109,7 +109,7 @@ void Trabajadores::CompletaOtrosCampos(CampoTrabajador campo) {
       break;
     case kCuenta:
       if (!Vacio(kEntidad) || !Vacio(kOficina) || !Vacio(kControlCuenta) || !Vacio(kCuenta)) {
-        ComprobarCuenta(Texto(kEntidad), Texto(kOficina), Texto(kControlCuenta), Texto(kCuenta), Host().Boxes());
+        ComprobarCuenta(Texto(kEntidad), Texto(kOficina), Texto(kControlCuenta), Texto(kCuenta), Boxes());
       }
       break;
     default:

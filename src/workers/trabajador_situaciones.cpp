@@ -35,7 +35,7 @@ void Trabajadores::NuevaSituacionEnPantalla() {
   const double ultima = Val(UltimaSituacion(TextoRecortado(kNumero)));
   Text1(kSituacion).SetText(FormatText(ultima + 1, "000;;"));
   ficha_.Vacia(kDescripcionSituacion, kFechaFin);
-  RespuestaNueva = Host().Boxes().Show(
+  RespuestaNueva = Boxes().Show(
       {.text = "¿Desea copiar los datos de la situación actual en la nueva situacion", .buttons = BoxButtons::kYesNo});
   if (RespuestaNueva == BoxAnswer::kNo) {
     ficha_.Limpia(kPrimeroVar, kUltimoTexto);

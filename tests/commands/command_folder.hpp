@@ -30,10 +30,13 @@ class CommandFolder : public testing::Test {
     return {status, out.str(), err.str()};
   }
   // The words of a command, then the options of company 00001 and year 01, then `more`.
-  Outcome RunHere(std::vector<std::string> words, const std::vector<std::string>& more = {}) const {
+  std::vector<std::string> Here(std::vector<std::string> words, const std::vector<std::string>& more = {}) const {
     words.insert(words.end(), {"--dir", dir_.string(), "--company", "1", "--year", "01"});
     words.insert(words.end(), more.begin(), more.end());
-    return RunWords(words);
+    return words;
+  }
+  Outcome RunHere(const std::vector<std::string>& words, const std::vector<std::string>& more = {}) const {
+    return RunWords(Here(words, more));
   }
   void Create() const { EXPECT_EQ(RunHere({"data", "create"}).status, 0); }
   Outcome Load(const std::string& table, const std::string& csv) const {

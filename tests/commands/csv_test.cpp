@@ -68,13 +68,6 @@ TEST(CsvReader, ErrorsNameTheLine) {
   }
 }
 
-TEST(CsvReader, LineIsWhereTheRowBegins) {
-  std::istringstream in("a\n\"b\r\n\n\",c\nd\n");
-  CsvReader reader(in);
-  std::vector<CsvField> row;
-  for (const std::int64_t line : {1, 2, 5}) EXPECT_TRUE(reader.Next(row) && reader.Line() == line) << line;
-}
-
 TEST(CsvReader, FieldsAcrossTheBuffer) {
   const std::string text(300'000, 'x');
   std::string file;

@@ -30,6 +30,7 @@ TEST_F(RunTest, WrongUsageIsStatusTwoAndOneLine) {
       {{"data", "load", "--dir", "x", "--company", "1", "--year", "01", "IRPF"}, "CSV is required"},
       {{"demo", "x", "--workers", "0"}, "--workers"},
       {{"demo", "x", "--seed", "-1"}, "--seed"},
+      {{"demo", "x", "--seed", "18446744073709551616"}, "--seed"},
       {{"run", "x.zs"}, "--dir is required (see zendara run --help)"},
   };
   for (const auto& c : cases) {
@@ -40,21 +41,6 @@ TEST_F(RunTest, WrongUsageIsStatusTwoAndOneLine) {
     EXPECT_THAT(run.err, HasSubstr(c.cause));
     EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
   }
-}
-
-TEST_F(RunTest, Help) {
-  for (std::vector<std::string> words : {std::vector<std::string>{}, {"rate"}, {"data", "load"}}) {
-    words.push_back("--help");
-    const Outcome run = RunWords(words);
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_THAT(run.out, HasSubstr("Usage: zendara"));
-  }
-}
-
-TEST_F(RunTest, AnErrorOfTheStoreIsOneLineWithItsNumber) {
-  const Outcome run = RunHere({"rate"});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, testing::MatchesRegex("zendara: opening .*Nom00a01.MDB: 3044  .*\n"));
 }
 
 TEST_F(RunTest, AScriptEndsWithItsStatusAndOneLine) {
@@ -74,6 +60,30 @@ TEST_F(RunTest, AScriptEndsWithItsStatusAndOneLine) {
     EXPECT_EQ(run.status, c.status) << c.script;
     EXPECT_THAT(run.err, testing::MatchesRegex("zendara: " + path + c.reason + "\n"));
   }
+}
+
+// Notes what arrives between two flushes.
+class Pieces : public std::stringbuf {
+ public:
+  std::vector<std::string> pieces;
+
+ private:
+  int sync() override {
+    pieces.push_back(str());
+    str({});
+    return 0;
+  }
+};
+
+TEST_F(RunTest, ARunThatIsKilledHasPrintedAllThatItDid) {
+  Create();
+  EXPECT_EQ(Load("CALLES", "Campo0,Campo1\nAV,Avenida\nCL,Calle\n").status, 0);
+  WriteFile(dir_ / "a.zs", "sql Empresa.MDB \"SELECT Campo0 FROM CALLES\"");
+  Pieces printed;
+  std::ostream out(&printed);
+  std::ostringstream err;
+  zendara::Run({"run", (dir_ / "a.zs").string(), "--dir", dir_.string()}, out, err);
+  EXPECT_THAT(printed.pieces, testing::ElementsAre("AV\n", "CL\n", "")) << err.str();
 }
 
 class FailingBuffer : public std::streambuf {

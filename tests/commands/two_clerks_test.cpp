@@ -42,7 +42,7 @@ class TwoClerksTest : public CommandFolder {
 
   // Numbers of all workers in a table of the company.
   std::vector<std::string> Numbers(const std::string& table) const {
-    const std::unique_ptr<Engine> engine = MakeSqliteEngine();
+    const std::unique_ptr<Engine> engine = MakeEngine();
     const auto rows = engine->Workspaces(0)
                           ->OpenDatabase(DataFile("Nom00001.MDB").string())
                           ->OpenRecordset("select campo0 from " + table + " order by campo0");

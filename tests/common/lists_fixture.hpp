@@ -76,7 +76,7 @@ class ListsTest : public testing::Test {
   }
 
   TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
   Components components;
   PickAsked asked;
   int elegida = 0;

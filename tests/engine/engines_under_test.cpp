@@ -3,6 +3,8 @@
 
 namespace zendara {
 
-std::vector<EngineUnderTest> EnginesUnderTest() { return {{"Sqlite", MakeSqliteEngine}}; }
+std::vector<EngineUnderTest> EnginesUnderTest() {
+  return {{"Sqlite", [] { return MakeEngine("sqlite:"); }}};
+}
 
 }  // namespace zendara

@@ -46,6 +46,7 @@ TEST_P(FileContract, FilesThatCannotBeOpened) {
   EXPECT_EQ(ErrorOf([&] { Work()->CreateDatabase(Path("PRUEBA.mdb")); }), 3012) << "an existing file is never touched";
   EXPECT_EQ(ErrorOf([&] { Work()->CreateDatabase(Path("no/nada.MDB")); }), 3044);
   EXPECT_EQ(ErrorOf([&] { engine->Workspaces(1); }), 3265);
+  EXPECT_EQ(ErrorOf([] { MakeEngine("otro://aqui"); }), 3170);
   EXPECT_EQ(ErrorOf([&] { db->CreateTable(People()); }), 3010);
   try {
     Work()->OpenDatabase(Path("nada.MDB"));
@@ -53,6 +54,37 @@ TEST_P(FileContract, FilesThatCannotBeOpened) {
   } catch (const RuntimeError& error) {
     EXPECT_THAT(error.text(), testing::HasSubstr(Path("nada.MDB")));
   }
+}
+
+TEST_P(FileContract, ANewFileHasItsTablesAndIsOneOfTheDatabasesOfItsFolder) {
+  const auto names = [&] { return Work()->Databases(folder.path().string()); };
+  std::ofstream(Path("texto.MDB")) << "no";
+  Work()->CreateDatabase(Path("Nueva.MDB"), {People()});
+  EXPECT_THAT(names(), ElementsAre("Nueva.MDB", "Prueba.MDB"));
+  EXPECT_THAT(Work()->OpenDatabase(Path("Nueva.MDB"))->Tables(), ElementsAre(People()));
+  EXPECT_TRUE(Work()->Exists(Path("nueva.mdb")));
+  EXPECT_FALSE(Work()->Exists(Path("nada.MDB")));
+  EXPECT_EQ(ErrorOf([&] { Work()->Databases(Path("no")); }), 3044);
+}
+
+TEST_P(FileContract, ADatabaseIsRenamedWholeAndNeverOverAnother) {
+  const auto rename = [&](const char* from, const char* to) {
+    return ErrorOf([&] { Work()->Rename(Path(from), Path(to)); });
+  };
+  Add(*Open("Gente"), {"00001"});
+  EXPECT_EQ(rename("Prueba.MDB", "Otra.MDB"), 3045);
+  {
+    const Program other = OtherProgram();
+    db.reset();
+    EXPECT_EQ(rename("Prueba.MDB", "Otra.MDB"), 3045);
+  }
+  Work()->CreateDatabase(Path("Nueva.MDB"));
+  EXPECT_EQ(rename("prueba.mdb", "nueva.mdb"), 3012);
+  EXPECT_EQ(rename("nada.MDB", "Otra.MDB"), 3024);
+  EXPECT_EQ(rename("Prueba.MDB", "no/Otra.MDB"), 3044);
+  EXPECT_EQ(rename("prueba.mdb", "Otra.MDB"), 0);
+  EXPECT_THAT(Work()->Databases(folder.path().string()), ElementsAre("Nueva.MDB", "Otra.MDB"));
+  EXPECT_EQ(Work()->OpenDatabase(Path("Otra.MDB"))->OpenRecordset("Gente", RecordsetType::kTable)->RecordCount(), 1);
 }
 
 TEST_P(FileContract, DatabasesOnOneFileSeeEachOther) {
@@ -79,6 +111,13 @@ TEST_P(FileContract, OtherProgramsAreSeenAfterTheyFinish) {
   engine->Idle(1);
   mine->MoveNext();
   EXPECT_EQ(Key(*mine), Value("00003"));
+  mine->MoveFirst();
+  other.people->MoveFirst();
+  other.people->MoveNext();
+  other.people->Delete();
+  engine->Idle(1);
+  mine->MoveNext();
+  EXPECT_EQ(Key(*mine), Value("00003")) << "what was finished before the idling is seen";
   mine->Seek({"0002b"});
   EXPECT_FALSE(mine->NoMatch());
 }
@@ -106,6 +145,60 @@ TEST_P(FileContract, AnEditSeesWhatOthersDidMeanwhile) {
   }
 }
 
+// One stands on the last row, another program takes it away and writes the next one: the two are never taken for each
+// other. `undo` is the first program's own row, which never came to be.
+TEST_P(FileContract, ARowNumberIsNeverGivenTwice) {
+  const Program other = OtherProgram();
+  for (const char* removal : {"delete", "execute", "undo"}) {
+    auto mine = Open("Gente", "Icampo0");
+    const bool undo = removal == std::string("undo");
+    if (undo) db->BeginTrans();
+    Add(*mine, {"00060", "suya"});
+    mine->Seek({"00060"});
+    const Bookmark mark = mine->Bookmark();
+    auto editing = mine->Clone();
+    editing->GoTo(mark);
+    editing->Edit();
+    if (undo) {
+      db->Rollback();
+    } else if (removal == std::string("execute")) {
+      other.db->Execute("delete * from gente");
+    } else {
+      other.people->MoveFirst();
+      other.people->Delete();
+    }
+    Add(*other.people, {"00077", "otra"});
+    ExpectErrors(3167, *editing, {&Recordset::Update});
+    EXPECT_EQ(ErrorOf([&] { mine->Clone()->GoTo(mark); }), 3167) << removal;
+    ExpectErrors(3167, *mine, {&Recordset::Edit});
+    EXPECT_EQ(Place(*mine), "3167") << "nothing of the row that is gone is shown";
+    mine->MoveFirst();
+    EXPECT_EQ(mine->Fields(1).Get(), Value("otra")) << removal;
+    mine->Delete();
+  }
+}
+
+TEST_P(FileContract, AReplacedFileIsAnotherOne) {
+  auto mine = Open("Gente", "Icampo0");
+  Add(*mine, {"00001"});
+  Program other = OtherProgram();
+  Add(*other.people, {"00002"});
+  Work()->CreateDatabase(Path("copia.MDB"), {People()});
+  fs::rename(Path("copia.MDB"), Path("Prueba.MDB"));
+  EXPECT_EQ(OtherProgram().people->RecordCount(), 0);
+  for (const auto& old : {mine, other.people}) {
+    EXPECT_EQ(ErrorOf([&] { Add(*old, {"00003"}); }), 3420);
+    ExpectErrors(3420, *old, {&Recordset::MoveFirst, &Recordset::Edit, &Recordset::Delete});
+  }
+  EXPECT_EQ(ErrorOf([&] { db->BeginTrans(); }), 3420);
+  auto opened = Work()->OpenDatabase(Path("Prueba.MDB"));
+  Add(*opened->OpenRecordset("Gente", RecordsetType::kTable), {"00009"});
+  for (auto* database : {&db, &other.db}) (*database)->Close();
+  for (const auto& old : {mine, other.people}) old->Close();
+  EXPECT_EQ(OtherProgram().people->RecordCount(), 1) << "closing the old file takes nothing from the new one";
+  EXPECT_THAT(opened->CheckIntegrity(), testing::IsEmpty());
+}
+
 TEST_P(FileContract, ALockThatDoesNotGoAwayIsAnErrorAndTheSecondTrySucceeds) {
   const Program other = OtherProgram();
   auto rs = Open("Gente");
@@ -126,7 +219,8 @@ TEST_P(FileContract, TransactionsAreWholeOrNothing) {
   EXPECT_EQ(ErrorOf([&] { Add(*rs, {"00002"}); }), 3022);
   rs->Seek({"00001"});
   rs->Delete();
-  EXPECT_EQ(rs->RecordCount(), 1);
+  Add(*rs, {"00003"});
+  EXPECT_EQ(rs->RecordCount(), 2);
   db->Rollback();
   EXPECT_EQ(rs->RecordCount(), 1);
   EXPECT_THAT(Query("select campo0 from gente"), ElementsAre("00001"));
@@ -135,6 +229,12 @@ TEST_P(FileContract, TransactionsAreWholeOrNothing) {
   Add(*rs, {"00003"});
   db->CommitTrans();
   EXPECT_EQ(OtherProgram().people->RecordCount(), 3);
+  for (const bool commit : {false, true}) {
+    Transaction transaction(*db);
+    db->Execute("delete * from gente");
+    if (commit) transaction.Commit();
+    EXPECT_EQ(OtherProgram().people->RecordCount(), commit ? 0 : 3);
+  }
 }
 
 TEST_P(FileContract, DamagedFilesGiveErrorsAndNeverCrash) {

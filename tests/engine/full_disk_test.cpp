@@ -1,6 +1,14 @@
 // A disk that fills up after any number of writes, one that is read-only, and what happens while the store waits.
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <iostream>
 #include <utility>
 
+#include "adapters/host/network.hpp"
 #include "engine/contract.hpp"
 #include "support/test_disk.hpp"
 #include "zendara/engines.hpp"
@@ -13,10 +21,10 @@ class DiskTest : public TestDisk, public testing::Test {
   // The file with one row.
   void Create() const {
     std::filesystem::remove(path);
-    MakeSqliteEngine()->Workspaces(0)->CreateDatabase(path)->CreateTable(People());
+    MakeEngine()->Workspaces(0)->CreateDatabase(path)->CreateTable(People());
     Add(*Open().people, {"00001", "vieja"});
   }
-  Program Open() const { return {MakeSqliteEngine(), path}; }
+  Program Open() const { return {MakeEngine(), path}; }
 
   TempFolder folder;
   const std::string path = folder / "Prueba.MDB";
@@ -62,12 +70,18 @@ TEST_F(DiskTest, AFullDiskUndoesATransactionWhole) {
   EXPECT_EQ(Open().people->RecordCount(), 2);
 }
 
+// A process of its own, whose files may not grow beyond a size.
 TEST_F(DiskTest, ANewFileThatDoesNotFitLeavesNothingBehind) {
-  for (const int writes : {0, 1, 3}) {
-    disk.writes_left = writes;
-    const auto engine = MakeSqliteEngine();
-    EXPECT_EQ(ErrorOf([&] { engine->Workspaces(0)->CreateDatabase(path); }), 3026) << writes;
-    EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << writes;
+  for (const rlim_t room : {0, 1, 4096, 12000}) {
+    const auto create = [&] {
+      signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{room, room};
+      setrlimit(RLIMIT_FSIZE, &limit);
+      const auto workspace = MakeEngine()->Workspaces(0);
+      _exit(ErrorOf([&] { workspace->CreateDatabase(path, {People()}); }) == 3026 ? 0 : 1);
+    };
+    EXPECT_EXIT(create(), testing::ExitedWithCode(0), "") << room;
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << room;
   }
 }
 
@@ -95,6 +109,86 @@ TEST_F(DiskTest, AReadOnlyFileIsReadAndRefusesWrites) {
   EXPECT_EQ(ErrorOf([&] { open.db->CreateQueryDef("Consulta"); }), 3027);
   EXPECT_EQ(ErrorOf([&] { open.people->Delete(); }), 3027);
   EXPECT_EQ(open.people->RecordCount(), 1);
+}
+
+TEST_F(DiskTest, AnUpdateIsSyncedBeforeItReturns) {
+  Create();
+  const Program open = Open();
+  disk.syncs = 0;
+  Change(*open.people, 1, "nueva");
+  EXPECT_GE(disk.syncs, 1);
+}
+
+TEST_F(DiskTest, AFileOfAnEarlierVersionKeepsItsRowsAndItsNumbersFromNowOn) {
+  Create();
+  sqlite3* raw = nullptr;
+  sqlite3_open(path.c_str(), &raw);
+  EXPECT_EQ(sqlite3_exec(raw, "DROP TABLE zendara_numbers", nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(raw);
+  const Program programs[] = {Open(), Open()};
+  const Bookmark first = programs[0].people->Bookmark();
+  programs[1].people->Delete();
+  Add(*programs[1].people, {"00077"});
+  EXPECT_EQ(ErrorOf([&] { programs[0].people->GoTo(first); }), 3167);
+  EXPECT_EQ(programs[0].people->RecordCount(), 1);
+}
+
+// In a process of its own, as a user who may write nowhere.
+template <typename Work>
+void AsStranger(Work work) {
+  if (geteuid() == 0 && setresuid(65534, 65534, 65534) != 0) _exit(1);
+  std::cerr << work();
+  _exit(0);
+}
+
+TEST(FilesOfOthers, AreReadWhereNothingCanBeWrittenAndRefuseWrites) {
+  namespace fs = std::filesystem;
+  const TempFolder folder;
+  const std::string path = folder / "Prueba #1?.MDB";
+  {
+    const auto db = MakeEngine()->Workspaces(0)->CreateDatabase(path, {People()});
+    Add(*db->OpenRecordset("Gente", RecordsetType::kTable), {"00001", "vieja"});
+  }
+  const auto reads_and_writes = [&] {
+    std::string said;
+    const int error = ErrorOf([&] {
+      const Program open(MakeEngine(), path);
+      said = open.people->Fields(1).Get().Text() + " ";
+      Change(*open.people, 1, "nueva");
+    });
+    return said + std::to_string(error);
+  };
+  fs::permissions(folder.path(), fs::perms(0555));
+  EXPECT_EXIT(AsStranger(reads_and_writes), testing::ExitedWithCode(0), "^vieja 3027$");
+  std::ofstream(path + "-wal") << "rows";
+  EXPECT_EXIT(AsStranger(reads_and_writes), testing::ExitedWithCode(0), "^3051$");
+  fs::permissions(folder.path(), fs::perms(0444));
+  EXPECT_EXIT(AsStranger(reads_and_writes), testing::ExitedWithCode(0), "^3051$");
+  const auto read_record = [&] { return std::to_string(ErrorOf([&] { MakeHostFiles()->ReadRecord(path, 1); })); };
+  EXPECT_EXIT(AsStranger(read_record), testing::ExitedWithCode(0), "^70$");
+  fs::permissions(folder.path(), fs::perms(0755));
+}
+
+TEST(HostFiles, OnlyFilesAreRead) {
+  const TempFolder folder;
+  mkfifo((folder / "tubo.DAT").c_str(), 0666);
+  std::filesystem::create_directory(folder.path() / "carpeta.DAT");
+  std::filesystem::create_symlink("nada", folder.path() / "muerto.DAT");
+  for (const auto& [file, error] :
+       {std::pair("tubo.DAT", 75), {"carpeta.DAT", 75}, {"muerto.DAT", 53}, {"no/x.DAT", 76}}) {
+    EXPECT_EQ(ErrorOf([&] { MakeHostFiles()->ReadRecord(folder / file, 10); }), error) << file;
+    EXPECT_NE(ErrorOf([&] { MakeEngine()->Workspaces(0)->OpenDatabase(folder / file); }), 0) << file;
+  }
+}
+
+TEST(Network, FoldersOfOtherMachinesAreKnownByTheirFileSystem) {
+  for (const std::uint32_t network : {0x6969U, 0x517bU, 0xff534d42U, 0xfe534d42U}) {
+    EXPECT_TRUE(IsNetworkFileSystem(network));
+  }
+  // ext, tmpfs, overlay, btrfs, xfs
+  for (const std::uint32_t local : {0xef53U, 0x01021994U, 0x794c7630U, 0x9123683eU, 0x58465342U}) {
+    EXPECT_FALSE(IsNetworkFileSystem(local));
+  }
 }
 
 }  // namespace

@@ -121,6 +121,17 @@ TEST_P(RecordsetContract, WritesLeaveTheCurrentRecordAsDescribed) {
   EXPECT_TRUE(Key(*rs).IsNull());
   rs->CancelUpdate();
   EXPECT_EQ(Key(*rs), Value("00001"));
+  ExpectErrors(3020, *rs, {&Recordset::CancelUpdate});
+
+  const auto mark = rs->Bookmark();
+  const std::function<void()> dropping[] = {[&] { rs->SetIndex("Icampo0"); }, [&] { rs->GoTo(mark); },
+                                            [&] { rs->Seek({"00001"}); },     [&] { rs->MoveLast(); },
+                                            [&] { rs->MovePrevious(); },      [&] { rs->MoveNext(); }};
+  for (const auto& drop : dropping) {
+    rs->AddNew();
+    drop();
+    ExpectErrors(3020, *rs, {&Recordset::Update});
+  }
 
   rs->Seek({"00002"});
   Change(*rs, 0, "00007");

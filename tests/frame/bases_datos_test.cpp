@@ -47,7 +47,7 @@ class BasesDatos : public testing::Test {
   }
 
   TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   FakeDialogs dialogs;
   Sesion sesion{Platform{engine.get(), &dialogs, files.get(), folder.path().string()}};

@@ -6,7 +6,7 @@
 #include "component/componente.hpp"
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
-#include "support/fake_dialogs.hpp"
+#include "support/fake_form_host.hpp"
 #include "support/temp_folder.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
@@ -69,7 +69,7 @@ class Component : public testing::Test {
   Component() {
     ElComponente().sesion = Sesion{Platform{}};
     ElComponente().pantallas = {};
-    InstallPlatform({engine.get(), &dialogs, files.get(), folder.path().string()});
+    InstallPlatform({engine.get(), &host, files.get(), folder.path().string(), &host});
     bd->CreateTable({"T", {{"Campo0", ColumnType::kText, 1}}, {}});
   }
 
@@ -87,10 +87,10 @@ class Component : public testing::Test {
   void Carga(const std::string& nombre) { ClsZendara().Carga_Formulario(nombre, bd, be, tablas, morlane); }
 
   Diary diary;
-  FakeDialogs dialogs;
+  FakeFormHost host;
   FakeMorlane morlane{diary};
   TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   std::shared_ptr<Database> bd = engine->Workspaces(0)->CreateDatabase(folder / "bd.mdb");
   std::shared_ptr<Database> be = engine->Workspaces(0)->CreateDatabase(folder / "be.mdb");

@@ -1,9 +1,9 @@
 // Scripts as text: what is refused before anything is played.
-#include "adapters/headless/script.hpp"
+#include "adapters/script/script.hpp"
 
 #include <gmock/gmock.h>
 
-#include "adapters/headless/script_keys.hpp"
+#include "adapters/script/script_keys.hpp"
 
 namespace zendara {
 namespace {
@@ -18,32 +18,26 @@ std::string Refused(const std::string& text) {
   return "";
 }
 
-TEST(Script, FaultsAreToldWithTheirLine) {
+TEST(Script, FaultsNameTheirLine) {
   const struct {
     std::string line, reason;
   } cases[] = {
       {"jump", "unknown command \"jump\""},
       {"open", "wrong number of words, not open NAME"},
-      {"open \"A\"", "not open NAME"},
       {"type abc", "not type \"text\""},
       {"type \"abc", "a quote is not closed"},
-      {"type \"abc\\", "a backslash stands before none"},
       {"type \"a\\tb\"", "a backslash stands before none"},
       {"type \"a\"b", "text follows a closing quote"},
       {"type a\"b\"", "a quote stands inside a word"},
       {"key Enterr", "unknown key \"Enterr\""},
-      {"key Alt+", "unknown key \"Alt+\""},
       {"check Check1 x", "not check CONTROL 0"},
-      {"cell Grid1(0) 1 -2", "not cell"},
       {"page Tab1 99999999999", "not page"},
-      {"answer", "wrong number of words"},
       {"answer yes maybe", "unknown answer \"maybe\""},
       {"pick 0", "not pick"},
-      {"expect Text1(1) 7", "not expect"},
       {"session company=1 size=2", "unknown value of a session \"size\""},
-      {"session 00001", "not session"},
       {"session =1", "\"=\" stands behind no name"},
-      {"sql nom.mdb SELECT", "not sql"},
+      {"type \"Mu\xF1oz\"", "not UTF-8"},
+      {std::string("o\0p\0", 4), "not UTF-8"},
   };
   for (const auto& c : cases) {
     EXPECT_THAT(Refused("# one\n\n" + c.line + "\nopen A"), testing::StartsWith("3: " + c.reason)) << c.line;
@@ -64,6 +58,7 @@ TEST(Script, WordsTextsAndComments) {
   EXPECT_FALSE(script[2].words[0].quoted);
   EXPECT_TRUE(script[3].words[0].quoted);
   EXPECT_EQ(ReadScript("type " + Quoted("a\\n\"\n")).front().words[0].text, "a\\n\"\n");
+  EXPECT_EQ(Refused("\xFF\xFEo"), "1: not UTF-8") << "the mark of another encoding";
 }
 
 TEST(Script, KeysByName) {
@@ -71,15 +66,12 @@ TEST(Script, KeysByName) {
     std::string_view name;
     int code, shift;
     std::string text;
-  } cases[] = {{"Enter", key::kEnter, 0, ""},
-               {"shift+tab", key::kTab, key::kShift, ""},
-               {"Alt+End", key::kEnd, key::kAlt, ""},
+  } cases[] = {{"shift+tab", key::kTab, key::kShift, ""},
                {"Alt+N", 'N', key::kAlt, "N"},
                {"Alt+ñ", 0, key::kAlt, "ñ"},
                {"Ctrl+Shift+Left", key::kLeft, key::kShift | key::kControl, ""},
                {"Space", key::kSpace, 0, " "},
-               {"+", 0, 0, "+"},
-               {"F2", key::kF2, 0, ""}};
+               {"+", 0, 0, "+"}};
   for (const auto& c : cases) {
     const auto key = KeyByName(c.name);
     ASSERT_TRUE(key) << c.name;

@@ -18,7 +18,7 @@ using testing::ElementsAre;
 // Three fields on two pages, a field in a frame, a list, a check box, two options and two buttons; every event is
 // noted.
 struct Sample : Form {
-  explicit Sample(FakeFormHost& host) : Form(host, "Sample") {
+  explicit Sample(FakeFormHost& host) : Form(host, host, "Sample") {
     for (int i = 1; i <= 4; ++i) Text1.Add(i);
     Accept.SetCaption("&Grabar");
     Cancel.SetCaption("Salir &ñu");

@@ -8,11 +8,11 @@
 #include <QTableWidget>
 #include <QTextBrowser>
 
-#include "adapters/headless/script_keys.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/message_box.hpp"
 #include "adapters/qt/pick_window.hpp"
+#include "adapters/script/script_keys.hpp"
 #include "qt/demo_form.hpp"
 
 namespace zendara {
@@ -108,13 +108,10 @@ TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {
     window.exec();
     return window.Chosen();
   };
-  EXPECT_EQ(pick({Code(key::kDown), Code(key::kDown), Code(key::kUp), Code(key::kEnter)}), 1U);
-  EXPECT_EQ(pick({Code(key::kEnd), Code(key::kDown), Code(key::kEnter)}), 999U);
+  EXPECT_EQ(pick({Code(key::kEnd), Code(key::kDown), Code(key::kUp), Code(key::kEnter)}), 998U);
   EXPECT_EQ(pick({Code(key::kEnd), Code(key::kHome), Code(key::kUp), Code(key::kEnter)}), 0U);
-  EXPECT_EQ(pick({Sign("1"), Sign("5"), Sign("0"), Sign("1"), Code(key::kEnter)}), 501U);
-  EXPECT_EQ(pick({Code(key::kEnd), Sign("ñ"), Sign("i"), Code(key::kEnter)}), 700U);  // from the top again
-  EXPECT_EQ(pick({Sign("1"), Sign("x"), Sign("1"), Code(key::kEnter)}), 100U);        // "x" is nowhere: dropped
-  EXPECT_EQ(pick({Code(key::kDown), Code(key::kEsc)}), std::nullopt);
+  EXPECT_EQ(pick({Code(key::kEnd), Sign("ñ"), Sign("i"), Code(key::kEnter)}), 700U);       // from the top again
+  EXPECT_EQ(pick({Sign("1"), Sign("x"), Sign("5"), Sign("0"), Code(key::kEnter)}), 500U);  // "x" is nowhere: dropped
   const auto page = pick({Code(key::kPageDown), Code(key::kPageDown), Code(key::kPageUp), Code(key::kEnter)});
   EXPECT_GT(page.value_or(0), 10U);
   EXPECT_LT(page.value_or(0), 40U);

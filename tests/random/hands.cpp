@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "adapters/headless/script_keys.hpp"
+#include "adapters/script/script_keys.hpp"
 #include "runtime/text.hpp"
 #include "workers/trabajadores.hpp"
 

@@ -64,7 +64,7 @@ std::string PlaySession(const std::filesystem::path& model, std::uint64_t seed, 
 
 int Play(const std::vector<std::uint64_t>& seeds, bool aloud) {
   const TempFolder model;
-  WriteDemoCompany(*MakeSqliteEngine(), {.folder = model.path().string(), .workers = kRandomWorkers});
+  WriteDemoCompany(*MakeEngine(), {.folder = model.path().string(), .workers = kRandomWorkers});
   Findings findings;
   int failed = 0;
   for (const std::uint64_t seed : seeds) {

@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "adapters/headless/company_host.hpp"
-#include "adapters/headless/row_pick_list.hpp"
+#include "adapters/hosting/company_host.hpp"
+#include "adapters/hosting/row_pick_list.hpp"
 #include "common/lista_filas.hpp"
 #include "random/clerk.hpp"
 #include "support/fake_form_host.hpp"
@@ -18,21 +18,13 @@ namespace {
 constexpr int kInnerEvents = 60;  // of a screen that another one has opened
 
 // Takes any row, or none.
-class RandomPickList : public RowPickList {
- public:
-  explicit RandomPickList(Hands& hands) : hands_(hands) {}
-
- private:
-  std::optional<std::size_t> Choose(const std::string&, ListaFilas& rows) override {
-    const int last = static_cast<int>(rows.Total()) - 1;
-    std::optional<std::size_t> row;
-    if (last >= 0 && hands_.random.Chance(92)) row = static_cast<std::size_t>(hands_.random.Between(0, last));
-    hands_.Note("list -> \"" + (row ? rows.Row(*row) : "") + "\"");
-    return row;
-  }
-
-  Hands& hands_;
-};
+std::optional<std::size_t> ChooseAtRandom(Hands& hands, ListaFilas& rows) {
+  const int last = static_cast<int>(rows.Total()) - 1;
+  std::optional<std::size_t> row;
+  if (last >= 0 && hands.random.Chance(92)) row = static_cast<std::size_t>(hands.random.Between(0, last));
+  hands.Note("list -> \"" + (row ? rows.Row(*row) : "") + "\"");
+  return row;
+}
 
 class Player : public FakeFormHost, public Shell {
  public:
@@ -62,13 +54,13 @@ class Player : public FakeFormHost, public Shell {
 Player::Player(Hands& hands) : hands_(hands) {
   components_.Register(kBannerClass, [] { return std::make_unique<FakeBanner>(); });
   components_.Register(kListingViewerClass, [] { return std::make_unique<FakeViewer>(); });
-  components_.Register(kPickListClass, [this] { return std::make_unique<RandomPickList>(hands_); });
+  RegisterPickList(components_, [this](const std::string&, ListaFilas& rows) { return ChooseAtRandom(hands_, rows); });
 }
 
 void Player::Play(const std::string& folder) {
-  const auto engine = MakeSqliteEngine();
+  const auto engine = MakeEngine();
   const auto files = MakeHostFiles();
-  const auto other_engine = MakeSqliteEngine();
+  const auto other_engine = MakeEngine();
   CompanyHost company({.engine = engine.get(),
                        .dialogs = this,
                        .files = files.get(),

@@ -28,7 +28,12 @@ struct FakeDatabase : Database {
 struct FakeEngine : Engine, Workspace, std::enable_shared_from_this<FakeEngine> {
   std::shared_ptr<Workspace> Workspaces(int) override { return shared_from_this(); }
   void Idle(int) override {}
-  std::shared_ptr<Database> CreateDatabase(std::string_view) override { FakeDatabase::Unexpected(); }
+  std::shared_ptr<Database> CreateDatabase(std::string_view, const std::vector<TableDef>&) override {
+    FakeDatabase::Unexpected();
+  }
+  bool Exists(std::string_view) override { FakeDatabase::Unexpected(); }
+  std::vector<std::string> Databases(std::string_view) override { FakeDatabase::Unexpected(); }
+  void Rename(std::string_view, std::string_view) override { FakeDatabase::Unexpected(); }
 };
 
 }  // namespace zendara

@@ -17,9 +17,7 @@ struct FakeFormHost : FormHost, FakeDialogs {
   }
   void DoEvents() override { ++do_events; }
   void ShowHelp(const std::string&, int context) override { help.push_back(context); }
-  Dialogs& Boxes() override { return *this; }
-  std::string ApplicationTitle() const override { return "Zendara"; }
-  std::int32_t WindowHandle(const Form&) const override { return 7; }
+  std::int32_t WindowHandle(Form&) override { return 7; }
 
   std::vector<std::string> shown;
   std::function<void(Form&)> while_shown;

@@ -13,6 +13,7 @@ struct Disk {
   int writes_left = -1;  // -1: as many as wanted
   int fault_in = -1;     // opening, reading, writing, syncing or locking, after as many of these; -1: none
   bool read_only = false;
+  int syncs = 0;
   int waited = 0;                       // microseconds that the store wanted to sleep, for a lock to go
   std::function<void()> while_waiting;  // called instead; may be empty
 };
@@ -62,6 +63,11 @@ inline int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 a
   if (disk.writes_left == 0 || Fails()) return SQLITE_FULL;
   if (disk.writes_left > 0) --disk.writes_left;
   return Pass<&sqlite3_io_methods::xWrite>(file, data, size, at);
+}
+
+inline int Sync(sqlite3_file* file, int flags) {
+  ++disk.syncs;
+  return Pass<&sqlite3_io_methods::xSync>(file, flags);
 }
 
 #define ZENDARA_PASS(name) f->methods.name = Passing<&sqlite3_io_methods::name>(real.name)

@@ -39,7 +39,7 @@ class EntradasTest : public testing::Test {
 
   std::vector<Value> worker = std::vector<Value>(91);
   TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
 };
 
 TEST_F(EntradasTest, TakesEachFigureFromItsColumn) {

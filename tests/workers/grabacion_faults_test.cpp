@@ -105,7 +105,7 @@ class GrabacionTest : public TestDisk, public TrabajadoresTest {
 
   static constexpr std::size_t kConceptos = 5;  // of his
   static constexpr const char* kDelMes[] = {"ConTrabajadorConceptos", "ConTrabajadorPagas"};
-  std::unique_ptr<Engine> otro = MakeSqliteEngine();
+  std::unique_ptr<Engine> otro = MakeEngine();
 };
 
 // One fault at every point of the save: where it ends there, nothing is stored but concepts, and the next try stores

@@ -43,7 +43,7 @@ class IrpfTest : public TrabajadoresTest {
 
 TEST_F(IrpfTest, ComesFromWhatTheScreenShows) {
   // Another screen that stands there changes nothing.
-  Form incidencias(host, "MIncidencias");
+  Form incidencias(host, host, "MIncidencias");
   sesion.FormActivo = &incidencias;
   for (int numero = 1; numero <= kTrabajadoresDemo; ++numero) {
     SCOPED_TRACE(numero);

@@ -13,6 +13,7 @@
 #include "frame/catalogo.hpp"
 #include "runtime/text.hpp"
 #include "support/fake_form_host.hpp"
+#include "support/fake_neighbours.hpp"
 #include "support/temp_folder.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
@@ -21,16 +22,11 @@ namespace zendara {
 
 inline constexpr int kTrabajadoresDemo = kDemoCases + 2;
 
-struct NoBanner : Banner {
-  void PosicionBanner(std::int32_t, BannerPlace&) override {}
-  void AvisoCierre(std::int32_t) override {}
-};
-
 class TrabajadoresTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     modelo = std::make_unique<TempFolder>();
-    const auto engine = MakeSqliteEngine();
+    const auto engine = MakeEngine();
     WriteDemoCompany(*engine, {.folder = modelo->path().string(), .workers = kTrabajadoresDemo});
   }
   static void TearDownTestSuite() { modelo.reset(); }
@@ -44,7 +40,7 @@ class TrabajadoresTest : public testing::Test {
   }
 
   void PonAnuncio() {
-    components.Register(kBannerClass, [] { return std::make_unique<NoBanner>(); });
+    components.Register(kBannerClass, [] { return std::make_unique<FakeBanner>(); });
   }
   // Loads the screen; it stays loaded.
   void Abre() {
@@ -87,7 +83,7 @@ class TrabajadoresTest : public testing::Test {
 
   static inline std::unique_ptr<TempFolder> modelo;
   TempFolder folder;
-  std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   Components components;
   PickAsked asked;

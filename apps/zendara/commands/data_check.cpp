@@ -1,6 +1,8 @@
 #include <algorithm>
 
 #include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/stored_row.hpp"
+#include "frame/parametros.hpp"
 #include "platform/record/names.hpp"
 #include "runtime/text.hpp"
 #include "zendara/engines.hpp"
@@ -12,27 +14,43 @@ namespace {
 // Codes that the screens pad with zeros: a shorter one is another code, which no screen finds.
 struct CodeColumns {
   std::string_view table;
-  std::vector<int> columns;
+  std::vector<std::size_t> columns;
 };
-const std::vector<CodeColumns>& CodeTables() {
-  static const std::vector<CodeColumns> tables = {
-      {"TrabajadoresFijo", {0}},
-      {"TrabajadoresVar", {0, 1}},
-      {"TincidenciasIT", {0}},
-      {"TincidenciasESP", {0}},
-      {"TIncidenciasVar", {0, 1, 3, 4}},
-      {"ConTrabajadorConceptos", {0, 1, 2, 3}},
-      {"ConTrabajadorPagas", {0, 1, 2}},
-      {"Historico", {2}},
-      {"FPago", {0}},
-      {"Secciones", {0}},
-      {"Centros", {0}},
-      {"Epigrafes", {0}},
-      {"Calles", {0}},
-      {"EmpresasNom", {0}},
-      {"Contratos", {0}},
-  };
-  return tables;
+const CodeColumns kCodeTables[] = {
+    {"TrabajadoresFijo", {0}},
+    {"TrabajadoresVar", {0, 1}},
+    {"TincidenciasIT", {0}},
+    {"TincidenciasESP", {0}},
+    {"TIncidenciasVar", {0, 1, 3, 4}},
+    {"ConTrabajadorConceptos", {0, 1, 2, 3}},
+    {"ConTrabajadorPagas", {0, 1, 2}},
+    {"Historico", {2}},
+    {"FPago", {0}},
+    {"Secciones", {0}},
+    {"Centros", {0}},
+    {"Epigrafes", {0}},
+    {"Calles", {0}},
+    {"EmpresasNom", {0}},
+    {"Contratos", {0}},
+};
+
+// Which columns of the table are such codes.
+std::vector<bool> CodesOf(const TableDef& table) {
+  std::vector<bool> codes(table.columns.size());
+  for (const CodeColumns& coded : kCodeTables) {
+    if (!SameName(coded.table, table.name)) continue;
+    for (const std::size_t column : coded.columns) {
+      if (column < codes.size()) codes[column] = true;
+    }
+  }
+  return codes;
+}
+
+std::string CodeFault(const Value& code, int width) {
+  if (!code.IsText()) return {};
+  const std::size_t length = Len(Trim(code.Text()));
+  if (length == static_cast<std::size_t>(width)) return {};
+  return InQuotes(code.Text()) + " has " + std::to_string(length) + " characters, not " + std::to_string(width);
 }
 
 std::string TypeName(const ColumnDef& column) {
@@ -64,7 +82,7 @@ class Check {
 
  private:
   void Table(const std::string& place, const TableDef& stored, const TableDef& wanted);
-  void Codes(const std::string& place, Database& database, const TableDef& table, const std::vector<int>& columns);
+  void Rows(const std::string& place, Database& database, const TableDef& table);
   void Fault(const std::string& place, const std::string& what) {
     console_.Out(place + ": " + what + "\n");
     ++faults_;
@@ -89,9 +107,7 @@ void Check::File(const DataFolder& folder, Engine& engine, const StoredFile& sto
         continue;
       }
       Table(place, *found, wanted);
-      for (const CodeColumns& codes : CodeTables()) {
-        if (SameName(codes.table, wanted.name)) Codes(place, *database, wanted, codes.columns);
-      }
+      Rows(place, *database, *found);
     }
   } catch (const RuntimeError& error) {
     Fault(name, std::string(error.what()) + (error.detail().empty() ? "" : " (" + error.detail() + ")"));
@@ -122,21 +138,20 @@ void Check::Table(const std::string& place, const TableDef& stored, const TableD
   }
 }
 
-void Check::Codes(const std::string& place, Database& database, const TableDef& table,
-                  const std::vector<int>& columns) {
+void Check::Rows(const std::string& place, Database& database, const TableDef& table) {
   console_.Doing("reading " + place);
+  const std::vector<bool> codes = CodesOf(table);
   const std::shared_ptr<Recordset> rows = database.OpenRecordset(table.name, RecordsetType::kTable);
-  for (; !rows->Eof(); rows->MoveNext()) {
-    for (const int i : columns) {
-      if (static_cast<std::size_t>(i) >= rows->Columns().size()) continue;
-      const ColumnDef& column = table.columns[static_cast<std::size_t>(i)];
-      const Value code = rows->Fields(i).Get();
-      if (!code.IsText()) continue;
-      const std::size_t length = Len(Trim(code.Text()));
-      if (length == static_cast<std::size_t>(column.width)) continue;
-      Fault(place, column.name + " \"" + code.Text() + "\" has " + std::to_string(length) + " characters, not " +
-                       std::to_string(column.width));
+  for (std::int64_t number = 1; !rows->Eof(); rows->MoveNext(), ++number) {
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+      const ColumnDef& column = table.columns[i];
+      const StoredCell cell = ReadCell(*rows, static_cast<int>(i));
+      std::string fault = cell.fault;
+      if (fault.empty() && codes[i]) fault = CodeFault(cell.value, column.width);
+      if (fault.empty()) continue;
+      Fault(place, NameOfRow(*rows, &table, number) + ": " + column.name + ": " + fault);
     }
+    console_.Progress(place, number);
   }
 }
 
@@ -145,6 +160,7 @@ void Check::Parameters(const DataFolder& folder, const ParameterFile& file) {
   const std::optional<std::filesystem::path> path = folder.Find(name);
   if (!path) return Fault(name, "missing file");
   std::error_code error;
+  if (!std::filesystem::is_regular_file(*path, error)) return Fault(name, "is no file");
   const std::uintmax_t length = std::filesystem::file_size(*path, error);
   if (error) return Fault(name, error.message());
   if (length != file.length) {
@@ -155,7 +171,7 @@ void Check::Parameters(const DataFolder& folder, const ParameterFile& file) {
 }  // namespace
 
 int DataCheck(const CompanyOptions& options, Console& console) {
-  const std::unique_ptr<Engine> engine = MakeSqliteEngine();
+  const std::unique_ptr<Engine> engine = MakeEngine();
   const DataFolder folder(options);
   Check check(console);
   for (const StoredFile& file : StoredFiles()) check.File(folder, *engine, file);

@@ -7,6 +7,7 @@
 #include "adapters/csv/stored_text.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/stored_row.hpp"
 #include "platform/record/names.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
@@ -18,7 +19,8 @@ struct OpenTable {
   std::unique_ptr<Engine> engine;
   std::shared_ptr<Database> database;
   std::shared_ptr<Recordset> rows;
-  std::string place;  // for messages
+  const TableDef* stored = nullptr;  // as it should be; nullptr for a table that the system does not know
+  std::string place;                 // for messages
 };
 
 const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder) {
@@ -36,36 +38,14 @@ const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder)
 OpenTable Open(const TableOptions& options, Console& console) {
   const DataFolder folder(options.company);
   const StoredFile& file = FileFor(options, folder);
-  OpenTable table{.engine = MakeSqliteEngine(), .database = {}, .rows = {}, .place = {}};
+  OpenTable table{.engine = MakeEngine(), .database = {}, .rows = {}, .place = {}};
+  table.stored = StoredTable(file.kind, options.table);
   table.place = folder.FileName(file.kind) + ": " + options.table;
   table.database = folder.Open(*table.engine, file.kind, console);
   console.Doing("opening " + table.place);
   table.rows = table.database->OpenRecordset(options.table, RecordsetType::kTable);
   return table;
 }
-
-// Undone at the end of its life unless it was committed.
-class Transaction {
- public:
-  explicit Transaction(Database& database) : database_(&database) { database.BeginTrans(); }
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-  ~Transaction() {
-    if (!database_) return;
-    try {
-      database_->Rollback();
-    } catch (const RuntimeError&) {
-      // The store undoes it when the file is closed.
-    }
-  }
-  void Commit() {
-    database_->CommitTrans();
-    database_ = nullptr;
-  }
-
- private:
-  Database* database_;
-};
 
 // Ordinals of the columns that the header names.
 std::vector<int> ReadHeader(CsvReader& reader, const std::vector<ColumnDef>& columns) {
@@ -122,6 +102,31 @@ std::int64_t LoadRows(CsvReader& reader, Recordset& rows, Console& console) {
   return count;
 }
 
+// Prints the rows. What cannot be a value of its column goes out as it stands, so that no row is lost; a load refuses
+// it by its line. The first such value, and how many there are, or nothing.
+std::string DumpRows(const OpenTable& table, Console& console) {
+  Recordset& rows = *table.rows;
+  const std::vector<ColumnDef>& columns = rows.Columns();
+  std::string line;
+  std::string first_fault;
+  std::int64_t faults = 0;
+  for (std::int64_t number = 1; !rows.Eof(); rows.MoveNext(), ++number) {
+    console.Doing("reading " + table.place + ": row " + std::to_string(number));
+    line.clear();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (i > 0) line += ',';
+      const StoredCell cell = ReadCell(rows, static_cast<int>(i));
+      AppendStored(cell.value, line);
+      if (cell.fault.empty() || faults++ > 0) continue;
+      first_fault = NameOfRow(rows, table.stored, number) + ": " + columns[i].name + ": " + cell.fault;
+    }
+    console.Out(line += kCsvLineEnd);
+    console.Progress("rows dumped", number);
+  }
+  if (faults < 2) return first_fault;
+  return first_fault + "; " + std::to_string(faults - 1) + " more, all shown by `data check`";
+}
+
 }  // namespace
 
 int DataLoad(const TableOptions& options, const std::string& csv_path, Console& console) {
@@ -144,25 +149,14 @@ int DataLoad(const TableOptions& options, const std::string& csv_path, Console& 
 
 int DataDump(const TableOptions& options, Console& console) {
   const OpenTable table = Open(options, console);
-  console.Doing("reading " + table.place);
-  Recordset& rows = *table.rows;
-  const std::vector<ColumnDef>& columns = rows.Columns();
-  std::string line;
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (i > 0) line += ',';
-    AppendCsvText(columns[i].name, line);
+  std::string header;
+  for (const ColumnDef& column : table.rows->Columns()) {
+    if (!header.empty()) header += ',';
+    AppendCsvText(column.name, header);
   }
-  console.Out(line += kCsvLineEnd);
-  std::int64_t count = 0;
-  for (; !rows.Eof(); rows.MoveNext()) {
-    line.clear();
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      if (i > 0) line += ',';
-      AppendStored(rows.Fields(static_cast<int>(i)).Get(), line);
-    }
-    console.Out(line += kCsvLineEnd);
-    console.Progress("rows dumped", ++count);
-  }
+  console.Out(header += kCsvLineEnd);
+  const std::string fault = DumpRows(table, console);
+  if (!fault.empty()) throw CommandError(table.place + ": " + fault);
   return 0;
 }
 

@@ -1,12 +1,17 @@
 #include <CLI/CLI.hpp>
 #include <cerrno>
+#include <charconv>
+#include <cstdint>
 #include <cstring>
+#include <filesystem>
 #include <functional>
 #include <map>
+#include <new>
 
 #include "apps/demo/demo_company.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/commands.hpp"
+#include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -36,7 +41,14 @@ std::string CutYear(std::string& year) {
   return {};
 }
 
-std::string RefuseSeed(std::string& seed) { return AreDigits(seed) ? "" : "\"" + seed + "\" is no whole number"; }
+std::string RefuseSeed(std::string& seed) {
+  std::uint64_t number = 0;
+  const auto [end, error] = std::from_chars(seed.data(), seed.data() + seed.size(), number);
+  if (error == std::errc() && end == seed.data() + seed.size()) return {};
+  return "\"" + seed + "\" is no whole number from 0 to " + std::to_string(UINT64_MAX);
+}
+
+std::string RefuseOtherBytes(std::string& text) { return IsUtf8(text) ? "" : "the text is no UTF-8"; }
 
 CLI::Validator Transform(std::string (*function)(std::string&)) {
   return CLI::Validator([function](std::string& text) { return function(text); }, "");
@@ -119,10 +131,12 @@ void AddData(CLI::App& app, CommandLine& line) {
 
   CLI::App* create = data->add_subcommand("create", "Make the files that are missing; none is overwritten");
   AddCompany(create, line.create.company);
-  create->add_option("--name", line.create.name, "Company name, entered in the general tables")->type_name("N");
+  create->add_option("--name", line.create.name, "Company name, entered in the general tables")
+      ->type_name("N")
+      ->check(Transform(RefuseOtherBytes));
   create->callback([&line] { line.chosen = [&line](Console& console) { return DataCreate(line.create, console); }; });
 
-  CLI::App* check = data->add_subcommand("check", "Tell what is missing or malformed, a line each; status 1 if any");
+  CLI::App* check = data->add_subcommand("check", "Print what is missing or malformed, a line each; status 1 if any");
   AddCompany(check, line.check);
   check->callback([&line] { line.chosen = [&line](Console& console) { return DataCheck(line.check, console); }; });
 
@@ -131,7 +145,8 @@ void AddData(CLI::App& app, CommandLine& line) {
   load->add_option("CSV", line.csv, "Text in UTF-8 with a header of column names")->required()->type_name("");
   load->callback([&line] { line.chosen = [&line](Console& c) { return DataLoad(line.load, line.csv, c); }; });
 
-  CLI::App* dump = data->add_subcommand("dump", "Print a table as CSV");
+  CLI::App* dump =
+      data->add_subcommand("dump", "Print a table as CSV; status 1 if a value in it is none of its column");
   AddTable(dump, line.dump);
   dump->callback([&line] { line.chosen = [&line](Console& console) { return DataDump(line.dump, console); }; });
 
@@ -204,7 +219,7 @@ int RunCommand(const std::function<int(Console&)>& command, Console& console) {
     console.Flush();
     return status;
   } catch (const OutputError& error) {
-    // A reader such as `head` that wants no more is no fault to tell of.
+    // A reader such as `head` that wants no more is no fault to speak of.
     if (error.system_error != EPIPE)
       console.Error("standard output: " + std::string(std::strerror(error.system_error)));
     return kFailed;
@@ -212,6 +227,10 @@ int RunCommand(const std::function<int(Console&)>& command, Console& console) {
     return Fail(console, console.Doing() + ": " + OneLine(error));
   } catch (const CommandError& error) {
     return Fail(console, error.what());
+  } catch (const std::filesystem::filesystem_error& error) {
+    return Fail(console, console.Doing() + ": " + error.path1().string() + ": " + error.code().message());
+  } catch (const std::bad_alloc&) {
+    return Fail(console, console.Doing() + ": there is not enough memory");
   } catch (const std::exception& error) {
     return Fail(console, console.Doing() + ": " + error.what());
   }
@@ -225,7 +244,7 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   app.get_formatter()->label("REQUIRED", "(required)");
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.get_formatter()->label("Subcommands", "Commands");
-  app.footer("Exit status: 0 done, 1 failed (one line on standard error tells why), 2 wrong usage.");
+  app.footer("Exit status: 0 done, 1 failed (one line on standard error says why), 2 wrong usage.");
   CommandLine line;
   AddDemo(app, line);
   AddRate(app, line);

@@ -35,10 +35,14 @@ int RunScript(const RunOptions& options, Console& console) {
     return fail(error.status(), error.what());
   }
   console.Doing("playing " + options.script);
-  const auto engine = MakeSqliteEngine();
+  const auto engine = MakeEngine();
   const auto files = MakeHostFiles();
-  const ScriptResult result =
-      PlayHeadless(std::move(script), *engine, *files, options.dir, [&](std::string_view line) { console.Out(line); });
+  // Line by line, so that whoever reads along, or looks after a run that was cut short, has what was done.
+  const auto print = [&](std::string_view line) {
+    console.Out(line);
+    console.Flush();
+  };
+  const ScriptResult result = PlayHeadless(std::move(script), *engine, *files, options.dir, print);
   return result.status == 0 ? 0 : fail(result.status, result.message);
 }
 

@@ -128,6 +128,12 @@ class Control {
   virtual bool HoldsControls() const { return false; }
   virtual bool HasCaptionBefore() const { return false; }  // the words beside a field; others show theirs themselves
 
+  // What the user reads there: the text of a field or list, 0 to 2 of a check box, 0 or 1 of an option, the page in
+  // front of tabs, the current cell of a grid, the caption of the rest.
+  virtual std::string ShownText() const { return caption_; }
+  virtual bool IsEntered() const { return false; }   // holds what the user enters
+  virtual bool IsUnmarked() const { return false; }  // a check box or option that is not chosen
+
   // Pages of tabs, from 0; other controls have none.
   virtual int PageCount() const { return 0; }
   virtual int FrontPage() const { return 0; }
@@ -202,6 +208,8 @@ class TextBox : public Control, public TextField {
   std::string SelectedText() const;
 
   bool HasCaptionBefore() const override { return true; }
+  std::string ShownText() const override { return text_; }
+  bool IsEntered() const override { return true; }
 
  protected:
   // Typed in place of the selection, unless the text is full.
@@ -249,6 +257,8 @@ class ComboBox : public Control {
   void SetText(std::string_view text);
 
   bool HasCaptionBefore() const override { return true; }
+  std::string ShownText() const override { return text_; }
+  bool IsEntered() const override { return true; }
 
  protected:
   void Type(int character) override;
@@ -269,6 +279,10 @@ class CheckBox : public Control {
   int Value() const { return value_; }  // 0, 1, 2 (greyed)
   void SetValue(int value);             // error 380 for others; fires click when it changes
 
+  std::string ShownText() const override { return std::to_string(value_); }
+  bool IsEntered() const override { return true; }
+  bool IsUnmarked() const override { return value_ == 0; }
+
  protected:
   void Click() override { SetValue(value_ == 0 ? 1 : 0); }
   bool ClickedBy(int code) const override { return code == key::kSpace; }
@@ -285,6 +299,10 @@ class OptionButton : public Control {
   bool Value() const { return value_; }
   void SetValue(bool value);  // true clears the others and fires click
   void Unchoose() override { SetValue(false); }
+
+  std::string ShownText() const override { return value_ ? "1" : "0"; }
+  bool IsEntered() const override { return true; }
+  bool IsUnmarked() const override { return !value_; }
 
  protected:
   void Click() override { SetValue(true); }
@@ -367,6 +385,7 @@ class Tabs : public Control {
 
   bool IsTabStop() const override { return false; }
   bool HoldsControls() const override { return true; }
+  std::string ShownText() const override { return std::to_string(tab_); }
   int PageCount() const override { return static_cast<int>(titles_.size()); }
   int FrontPage() const override { return tab_; }
   void BringUp(int page) override { SetTab(page); }
@@ -411,6 +430,9 @@ class Grid : public Control {
   void SetCurrent(int row, int column);
   const std::string& Text() const { return Cell(row_, col_); }
   void SetText(std::string_view text) { SetCell(row_, col_, text); }
+
+  std::string ShownText() const override { return rows_ == 0 ? std::string() : Text(); }
+  bool IsEntered() const override { return true; }
 
  protected:
   void PressKey(int code, int shift) override;

@@ -17,7 +17,7 @@ void Fire(const Handler& handler, Args&&... args) {
 
 }  // namespace
 
-Form::Form(FormHost& host, std::string_view name) : host_(host), name_(name) {}
+Form::Form(FormHost& host, Dialogs& dialogs, std::string_view name) : host_(host), dialogs_(dialogs), name_(name) {}
 
 Form::~Form() = default;
 
@@ -110,8 +110,7 @@ void Form::ShowCurrentError() noexcept {
     const RuntimeError error = CurrentError();
     LogDetail(error);
     host_.Untrapped(error.number(), error.text());
-    host_.Boxes().Show(
-        {.text = "Error en tiempo de ejecución '" + std::to_string(error.number()) + "':\n" + error.text()});
+    dialogs_.Show({.text = "Error en tiempo de ejecución '" + std::to_string(error.number()) + "':\n" + error.text()});
   } catch (...) {
     LogCurrentError();
   }

@@ -1,8 +1,10 @@
 // A screen: its controls, its focus, and what becomes of keys and clicks.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +15,14 @@
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
+
+// Where a control stands in the window of its form, from the window's upper left corner, in twips, 15 to the pixel.
+struct ControlPlace {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+};
 
 // The place that shows forms. Nothing is owned.
 class FormHost {
@@ -28,12 +38,11 @@ class FormHost {
   virtual void ShowHelp(const std::string& file, int context) = 0;
   // A run-time error that no routine trapped, before its box.
   virtual void Untrapped(int /*number*/, const std::string& /*text*/) {}
-  // Box of a run-time error that no routine trapped, and boxes and beeps of the screens.
-  virtual Dialogs& Boxes() = 0;
-  // Title of boxes that give none.
-  virtual std::string ApplicationTitle() const = 0;
-  // The window of a form that is shown, for neighbours that paint beside it; 0 if there are no windows.
-  virtual std::int32_t WindowHandle(const Form& form) const = 0;
+  // The window of a form, for neighbours that paint on it: the same from the first call in the form's load to its end.
+  // 0 if there are no windows.
+  virtual std::int32_t WindowHandle(Form& /*form*/) { return 0; }
+  // In that window; nothing if there is none, or if the control does not stand on the form.
+  virtual std::optional<ControlPlace> PlaceOf(const Control& /*control*/) { return std::nullopt; }
 
   // State of the Insert key, one for all forms: off at first, so that typing replaces.
   bool insert_on = false;
@@ -52,7 +61,8 @@ enum class MousePointer { kDefault = 0, kHourglass = 11 };
 
 class Form {
  public:
-  Form(FormHost& host, std::string_view name);
+  // `dialogs`: where the form's boxes and beeps go. Neither is owned.
+  Form(FormHost& host, Dialogs& dialogs, std::string_view name);
   virtual ~Form();
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
@@ -64,6 +74,7 @@ class Form {
   const std::string& Status() const { return status_; }
   void SetStatus(std::string_view status);
   FormHost& Host() const { return host_; }
+  Dialogs& Boxes() const { return dialogs_; }
   MousePointer Pointer() const { return pointer_; }
   void SetPointer(MousePointer pointer);
   // Fixed size in twips, 15 to the pixel before scaling.
@@ -150,6 +161,7 @@ class Form {
   void PutInto(const Layout& layout, Control* container, int page);
 
   FormHost& host_;
+  Dialogs& dialogs_;
   std::string name_;
   std::string title_;
   std::string status_;

@@ -14,6 +14,7 @@ enum class LayoutKind {
   kControl,  // one control; a field shows its caption as the label before it
   kFrame,    // a titled frame around its children; `control` is the frame
   kTabs,     // `control` is the tabs, one child a page
+  kStrip,    // an empty strip for one control, as wide as there is room; gone while the control is hidden
   kSpace,    // what is left over goes here
 };
 
@@ -24,6 +25,7 @@ struct Layout {
   // Controls shown right behind the field in the same line without a label of their own: its look-up image, a
   // description.
   std::vector<Control*> attached;
+  int height = 0;  // of a strip, in twips, before scaling
 };
 
 inline Layout Column(std::vector<Layout> children) { return {LayoutKind::kColumn, nullptr, std::move(children), {}}; }
@@ -35,6 +37,7 @@ inline Layout Framed(Frame& frame, std::vector<Layout> children) {
   return {LayoutKind::kFrame, &frame, std::move(children), {}};
 }
 inline Layout Pages(Tabs& tabs, std::vector<Layout> pages) { return {LayoutKind::kTabs, &tabs, std::move(pages), {}}; }
+inline Layout Strip(Control& control, int height) { return {LayoutKind::kStrip, &control, {}, {}, height}; }
 inline Layout Space() { return {LayoutKind::kSpace, nullptr, {}, {}}; }
 
 }  // namespace zendara

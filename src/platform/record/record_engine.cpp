@@ -40,4 +40,20 @@ Field Recordset::Fields(int ordinal) {
 
 Field Recordset::Fields(std::string_view name) { return Fields(Ordinal(Columns(), name)); }
 
+Transaction::Transaction(Database& database) : database_(&database) { database.BeginTrans(); }
+
+Transaction::~Transaction() {
+  if (!database_) return;
+  try {
+    database_->Rollback();
+  } catch (const RuntimeError&) {
+    // The store has undone it, or does when the database is closed.
+  }
+}
+
+void Transaction::Commit() {
+  database_->CommitTrans();
+  database_ = nullptr;
+}
+
 }  // namespace zendara

@@ -22,7 +22,7 @@ class TableRecordset final : public Recordset {
   void SetIndex(std::string_view name) override {
     const int index = Cursor().Table().IndexOrdinal(name);
     if (index < 0) throw RuntimeError(kNotAnIndex, {std::string(name)});
-    CancelUpdate();
+    DropChange();
     index_ = index;
     cursor_->UseIndex(index);
     place_ = Place::kFirstUnread;
@@ -40,7 +40,7 @@ class TableRecordset final : public Recordset {
       column.width = 0;  // a key that is too long finds nothing
       keys_.push_back(ConvertForColumn(keys[i], column, Years()));
     }
-    CancelUpdate();
+    DropChange();
     place_ = Place::kNone;
     no_match_ = true;
     if (!cursor_->Find(keys_)) return;
@@ -56,17 +56,17 @@ class TableRecordset final : public Recordset {
   std::int64_t RecordCount() const override { return Cursor().Count(); }
 
   void MoveFirst() override {
-    CancelUpdate();
+    DropChange();
     MoveTo(cursor_->First());
   }
 
   void MoveLast() override {
-    CancelUpdate();
+    DropChange();
     MoveTo(cursor_->Last());
   }
 
   void MoveNext() override {
-    CancelUpdate();
+    DropChange();
     ReadFirst();
     if (place_ == Place::kBeforeFirst) return MoveTo(cursor_->First());
     RequirePlace(Place::kAfterLast);
@@ -76,7 +76,7 @@ class TableRecordset final : public Recordset {
   }
 
   void MovePrevious() override {
-    CancelUpdate();
+    DropChange();
     ReadFirst();
     if (place_ == Place::kAfterLast) return MoveTo(cursor_->Last());
     RequirePlace(Place::kBeforeFirst);
@@ -91,7 +91,7 @@ class TableRecordset final : public Recordset {
   }
 
   void Edit() override {
-    CancelUpdate();
+    DropChange();
     RequireRow();
     if (!cursor_->Refresh()) {
       place_ = Place::kDeleted;
@@ -120,11 +120,12 @@ class TableRecordset final : public Recordset {
 
   void CancelUpdate() override {
     Cursor();
-    pending_ = Pending::kNothing;
+    if (pending_ == Pending::kNothing) throw RuntimeError(kUpdateWithoutEdit);
+    DropChange();
   }
 
   void Delete() override {
-    CancelUpdate();
+    DropChange();
     RequireRow();
     const bool deleted = cursor_->Erase();
     place_ = Place::kDeleted;
@@ -143,7 +144,7 @@ class TableRecordset final : public Recordset {
   }
 
   void GoTo(zendara::Bookmark bookmark) override {
-    CancelUpdate();
+    DropChange();
     place_ = Place::kNone;
     if (!cursor_->GoTo(bookmark)) throw RuntimeError(kRecordDeleted);
     StandOnRow();
@@ -165,6 +166,11 @@ class TableRecordset final : public Recordset {
   TableCursor& Cursor() const {
     if (!cursor_) throw RuntimeError(kObjectClosed);
     return *cursor_;
+  }
+
+  void DropChange() {
+    Cursor();
+    pending_ = Pending::kNothing;
   }
 
   void ReadFirst() const {

@@ -1,30 +1,12 @@
-#include "adapters/headless/script_neighbours.hpp"
+#include "adapters/script/script_neighbours.hpp"
 
 #include <memory>
 
-#include "adapters/headless/row_pick_list.hpp"
+#include "adapters/hosting/row_pick_list.hpp"
+#include "adapters/hosting/silent_banner.hpp"
 
 namespace zendara {
 namespace {
-
-class ScriptPickList : public RowPickList {
- public:
-  explicit ScriptPickList(ScriptPlayer& player) : player_(player) {}
-
- private:
-  std::optional<std::size_t> Choose(const std::string& title, ListaFilas& rows) override {
-    return player_.Choose(title, rows);
-  }
-
-  ScriptPlayer& player_;
-};
-
-// Paints nothing.
-class SilentBanner : public Banner {
- public:
-  void PosicionBanner(std::int32_t /*handle*/, BannerPlace& /*lugar*/) override {}
-  void AvisoCierre(std::int32_t /*handle*/) override {}
-};
 
 class ScriptListingViewer : public ListingViewer {
  public:
@@ -44,8 +26,8 @@ class ScriptListingViewer : public ListingViewer {
 }  // namespace
 
 void RegisterScriptNeighbours(Components& components, ScriptPlayer& player) {
-  components.Register(kPickListClass,
-                      [&player]() -> std::unique_ptr<PickList> { return std::make_unique<ScriptPickList>(player); });
+  RegisterPickList(components,
+                   [&player](const std::string& title, ListaFilas& rows) { return player.Choose(title, rows); });
   components.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
   components.Register(kListingViewerClass, [&player]() -> std::unique_ptr<ListingViewer> {
     return std::make_unique<ScriptListingViewer>(player);

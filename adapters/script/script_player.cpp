@@ -1,4 +1,4 @@
-#include "adapters/headless/script_player.hpp"
+#include "adapters/script/script_player.hpp"
 
 #include <algorithm>
 #include <array>
@@ -7,8 +7,10 @@
 
 #include "adapters/csv/csv.hpp"
 #include "adapters/csv/stored_text.hpp"
-#include "adapters/headless/script_keys.hpp"
-#include "adapters/headless/script_values.hpp"
+#include "adapters/hosting/application.hpp"
+#include "adapters/script/script_keys.hpp"
+#include "adapters/script/script_values.hpp"
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -53,15 +55,11 @@ std::string RowText(Recordset& rows, int columns) {
 
 int ToNumber(const ScriptWord& word) { return std::stoi(word.text); }
 
-std::string OneLine(const RuntimeError& error) {
-  return error.detail().empty() ? error.what() : std::string(error.what()) + " (" + error.detail() + ")";
-}
-
 template <typename T>
-T& FindKind(const Form& form, const ScriptWord& word, ControlKind kind, std::string_view what) {
-  Control& control = FindControl(form, word.text);
-  if (control.Kind() != kind) throw ScriptError(word.text + " is no " + std::string(what));
-  return static_cast<T&>(control);
+T& FindKind(const Form& form, const ScriptWord& word, std::string_view what) {
+  auto* control = dynamic_cast<T*>(&FindControl(form, word.text));
+  if (!control) throw ScriptError(word.text + " is no " + std::string(what));
+  return *control;
 }
 
 int ItemOf(const ComboBox& combo, const std::string& text) {
@@ -73,15 +71,19 @@ int ItemOf(const ComboBox& combo, const std::string& text) {
 
 }  // namespace
 
-ScriptPlayer::ScriptPlayer(Script script, ScriptDriver& driver, Sink out)
-    : script_(std::move(script)), driver_(driver), out_(std::move(out)) {}
+ScriptPlayer::ScriptPlayer(Commands next, ScriptDriver& driver, Sink out)
+    : next_(std::move(next)), driver_(driver), out_(std::move(out)) {}
 
 // Playing.
 
 ScriptResult ScriptPlayer::Run(CompanyHost& company) {
   company_ = &company;
   Play(nullptr);
-  if (output_failure_) std::rethrow_exception(output_failure_);
+  return Result();
+}
+
+ScriptResult ScriptPlayer::Result() const {
+  if (failure_) std::rethrow_exception(failure_);
   return result_;
 }
 
@@ -89,26 +91,38 @@ void ScriptPlayer::Play(const Form* form) {
   while (!ended_ && (!form || form->Loaded())) {
     PrintStatus();
     PrintFocus();
-    if (next_ == script_.size()) {
+    if (ended_) return;
+    if (const auto command = Next()) {
+      Execute(*command);
+    } else {
       ended_ = true;
-    } else if (!ended_) {
-      Execute(script_[next_++]);
     }
   }
+}
+
+std::optional<ScriptCommand> ScriptPlayer::Next() {
+  try {
+    return next_();
+  } catch (const ScriptError& error) {
+    End(error.status(), error.what());
+  } catch (...) {
+    failure_ = std::current_exception();
+  }
+  return std::nullopt;
 }
 
 void ScriptPlayer::Modal(Form& form) {
   forms_.push_back(&form);
   ++screens_shown_;
-  told_status_.clear();
-  told_focus_ = nullptr;
+  printed_status_.clear();
+  printed_focus_ = nullptr;
   Print("screen " + form.Name() + " open");
   Play(&form);
   form.Unload();
   Print("screen " + form.Name() + " closed");
   forms_.pop_back();
-  told_status_.clear();
-  told_focus_ = nullptr;
+  printed_status_.clear();
+  printed_focus_ = nullptr;
 }
 
 void ScriptPlayer::Execute(const ScriptCommand& command) {
@@ -118,15 +132,17 @@ void ScriptPlayer::Execute(const ScriptCommand& command) {
     driver_.Settle();
   } catch (const ScriptError& error) {
     Stop(error.status(), error.what());
-  } catch (const RuntimeError& error) {
-    Stop(1, OneLine(error));
+  } catch (...) {
+    Stop(1, OneLine(CurrentError()));
   }
 }
 
-void ScriptPlayer::Stop(int status, const std::string& reason) {
+void ScriptPlayer::Stop(int status, const std::string& reason) { End(status, std::to_string(line_) + ": " + reason); }
+
+void ScriptPlayer::End(int status, const std::string& message) {
   if (ended_) return;
   ended_ = true;
-  result_ = {status, std::to_string(line_) + ": " + reason};
+  result_ = {status, message};
 }
 
 void ScriptPlayer::Print(const std::string& line) {
@@ -135,29 +151,31 @@ void ScriptPlayer::Print(const std::string& line) {
     out_(line + "\n");
   } catch (...) {
     // Kept from the routines of the screens, which are below on the stack.
-    output_failure_ = std::current_exception();
+    failure_ = std::current_exception();
     ended_ = true;
   }
 }
 
 void ScriptPlayer::PrintStatus() {
-  if (forms_.empty() || forms_.back()->Status() == told_status_) return;
-  told_status_ = forms_.back()->Status();
-  if (!told_status_.empty()) Print("status " + Quoted(told_status_));
+  if (forms_.empty() || forms_.back()->Status() == printed_status_) return;
+  printed_status_ = forms_.back()->Status();
+  if (!printed_status_.empty()) Print("status " + Quoted(printed_status_));
 }
 
 void ScriptPlayer::PrintFocus() {
-  if (forms_.empty() || forms_.back()->Focus() == told_focus_) return;
-  told_focus_ = forms_.back()->Focus();
-  if (told_focus_) Print("focus " + told_focus_->Id());
+  if (forms_.empty() || forms_.back()->Focus() == printed_focus_) return;
+  printed_focus_ = forms_.back()->Focus();
+  if (printed_focus_) Print("focus " + printed_focus_->Id());
 }
 
 // Commands.
 
 void ScriptPlayer::Act(const ScriptCommand& command) {
   const auto& [line, name, words] = command;
-  if (name == "session") return OpenSession(command);
-  if (name == "open") return OpenScreen(words[0].text);
+  if (name == "session" || name == "open") {
+    if (!company_) throw ScriptError("the host opens the session and the screens here, not " + name);
+    return name == "session" ? OpenSession(command) : OpenScreen(words[0].text);
+  }
   if (name == "pick") return QueuePick(words[0]);
   if (name == "sql") return Sql(words[0].text, words[1].text);
   if (name == "answer") {
@@ -183,11 +201,11 @@ void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
     throw ScriptError(words[0].text + " is " + Quoted(text) + ", not " + Quoted(words[1].text), 1);
   }
   if (name == "choose") {
-    auto& combo = FindKind<ComboBox>(form, words[0], ControlKind::kComboBox, "list");
+    auto& combo = FindKind<ComboBox>(form, words[0], "list");
     return driver_.Pick(form, combo, ItemOf(combo, words[1].text));
   }
   if (name == "cell") {
-    auto& grid = FindKind<Grid>(form, words[0], ControlKind::kGrid, "grid");
+    auto& grid = FindKind<Grid>(form, words[0], "grid");
     const int row = ToNumber(words[1]);
     const int column = ToNumber(words[2]);
     if (row < grid.FixedRows() || row >= grid.Rows() || column < grid.FixedColumns() || column >= grid.Columns()) {
@@ -196,7 +214,7 @@ void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
     return driver_.PointTo(form, grid, row, column);
   }
   if (name == "page") {
-    auto& tabs = FindKind<Tabs>(form, words[0], ControlKind::kTabs, "set of pages");
+    auto& tabs = FindKind<Tabs>(form, words[0], "set of pages");
     const int page = ToNumber(words[1]);
     if (static_cast<std::size_t>(page) >= tabs.Titles().size()) {
       throw ScriptError(tabs.Id() + " has no page " + words[1].text);
@@ -206,7 +224,7 @@ void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
   Control& control = FindControl(form, words[0].text);
   if (name == "check") return Check(form, control, ToNumber(words[1]));
   if (name == "click") return driver_.Click(form, control);
-  if (!TakesFocus(control)) throw ScriptError(control.Id() + " never has the focus");
+  if (!control.TakesFocus()) throw ScriptError(control.Id() + " never has the focus");
   driver_.Focus(form, control);
 }
 
@@ -252,17 +270,17 @@ void ScriptPlayer::Type(Form& form, const std::string& text) {
 }
 
 void ScriptPlayer::Check(Form& form, Control& control, int value) {
-  if (control.Kind() == ControlKind::kOptionButton) {
+  if (const auto* option = dynamic_cast<OptionButton*>(&control)) {
     if (value != 1) throw ScriptError(control.Id() + " is an option: only 1 can be chosen");
-    if (!static_cast<OptionButton&>(control).Value()) driver_.Click(form, control);
+    if (!option->Value()) driver_.Click(form, control);
     return;
   }
-  if (control.Kind() != ControlKind::kCheckBox) throw ScriptError(control.Id() + " is no check box or option");
+  const auto* box = dynamic_cast<CheckBox*>(&control);
+  if (!box) throw ScriptError(control.Id() + " is no check box or option");
   if (value > 1) throw ScriptError("a check box is set to 0 or 1");
-  const auto& box = static_cast<CheckBox&>(control);
   // A greyed box is empty after one click, ticked after two.
-  const bool twice = box.Value() == 2 && value == 1;
-  if (box.Value() != value) driver_.Click(form, control);
+  const bool twice = box->Value() == 2 && value == 1;
+  if (box->Value() != value) driver_.Click(form, control);
   if (twice && form.Loaded()) driver_.Click(form, control);
 }
 
@@ -281,23 +299,29 @@ void ScriptPlayer::Show(const Form& form, const std::string& id) {
     Print("value " + name + "=" + Quoted(text));
   };
   Control* control = form.Find(id);
-  if (control && control->Kind() == ControlKind::kGrid) return ForEachValue(*control, tell);
+  if (control) return ForEachValue(*control, tell);
   tell(id, ValueOf(form, id));
 }
 
 void ScriptPlayer::ShowAll(const Form& form) {
   std::vector<Control*> controls = form.Controls();
-  std::erase_if(controls, [](const Control* control) { return !IsEntered(*control); });
+  std::erase_if(controls, [](const Control* control) { return !control->IsEntered(); });
   std::ranges::sort(controls, {}, [](const Control* control) { return std::tuple(control->Name(), control->Index()); });
   for (Control* control : controls) {
     ForEachValue(*control, [&](const std::string& id, const std::string& text) {
-      if (!IsEmptyValue(*control, text)) Print("value " + id + "=" + Quoted(text));
+      if (!text.empty() && !control->IsUnmarked()) Print("value " + id + "=" + Quoted(text));
     });
   }
 }
 
+std::shared_ptr<Database> ScriptPlayer::Open(const std::string& path) const {
+  auto database = platform_.engine->Workspaces(0)->OpenDatabase(path);
+  database->SetYearWindow(company_ ? company_->Years() : YearsOfComponent());
+  return database;
+}
+
 void ScriptPlayer::Sql(const std::string& file, const std::string& query) {
-  const auto database = company_->OpenDatabase(file);
+  const auto database = Open(platform_.application_folder + "\\DATOS\\" + file);
   const auto rows = database->OpenRecordset(query);
   const int columns = static_cast<int>(rows->Columns().size());
   for (; !rows->Eof(); rows->MoveNext()) Print(RowText(*rows, columns));
@@ -365,7 +389,7 @@ void ScriptPlayer::Listing(const ListingDescription& description, const std::str
   const int columns = static_cast<int>(description.size()) / 3 - 1;
   const auto* title = columns < 1 ? nullptr : std::get_if<std::string>(&description[description.size() - 2]);
   if (!title) throw RuntimeError(kInvalidCall);
-  const auto database = company_->OpenPath(file);
+  const auto database = Open(file);
   const auto rows = database->OpenRecordset(table, RecordsetType::kTable);
   Print("print title=" + Quoted(*title) + " file=" + Quoted(FileNameOf(file)) + " table=" + Quoted(table) +
         " columns=" + std::to_string(columns) + " rows=" + std::to_string(rows->RecordCount()));

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/lista_filas.hpp"
@@ -11,29 +14,38 @@
 
 namespace zendara {
 
+// The row that is taken, nothing to leave without.
+using ChooseRow = std::function<std::optional<std::size_t>(const std::string& title, ListaFilas& rows)>;
+
 class RowPickList : public PickList {
  public:
+  explicit RowPickList(ChooseRow choose) : choose_(std::move(choose)) {}
+
   void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
                      const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base,
-                     const std::string& titulo, std::int16_t /*marca_boton*/, std::string& resultado) final {
+                     const std::string& titulo, std::int16_t /*marca_boton*/, std::string& resultado) override {
     ListaFilas rows(motor, base, sql, columnas, lugares);
     Take(titulo, rows, resultado);
   }
 
   void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t /*marca_boton*/,
-                    std::string& resultado) final {
+                    std::string& resultado) override {
     ListaFilas rows(lineas);
     Take(titulo, rows, resultado);
   }
 
  private:
-  // The row that is taken, nothing to leave without.
-  virtual std::optional<std::size_t> Choose(const std::string& title, ListaFilas& rows) = 0;
-
   void Take(const std::string& title, ListaFilas& rows, std::string& result) {
-    const auto row = Choose(title, rows);
+    const auto row = choose_(title, rows);
     result = row ? rows.Row(*row) : std::string();
   }
+
+  ChooseRow choose_;
 };
+
+inline void RegisterPickList(Components& components, const ChooseRow& choose) {
+  components.Register(kPickListClass,
+                      [choose]() -> std::unique_ptr<PickList> { return std::make_unique<RowPickList>(choose); });
+}
 
 }  // namespace zendara

@@ -1,27 +1,19 @@
 // What a script does on windows: real key and mouse events to the widgets.
 #pragma once
 
-#include <QPoint>
 #include <functional>
+#include <utility>
 
-#include "adapters/headless/script_driver.hpp"
-
-class QWidget;
+#include "adapters/script/script_driver.hpp"
 
 namespace zendara {
 
-class FormWindow;
-
-// Moves the mouse over the widget without a button held, then clicks it with the left one.
-void ClickWidget(QWidget& widget, QPoint place);
-// Presses and releases the key.
-void PressKey(QWidget& widget, const Key& key);
+class QtHost;
 
 class ScriptHands : public ScriptDriver {
  public:
-  // `window_of`: the window that shows a form, nullptr if none does. `settled` runs after each command.
-  ScriptHands(std::function<FormWindow*(const Form&)> window_of, std::function<void()> settled)
-      : window_of_(std::move(window_of)), settled_(std::move(settled)) {}
+  // `settled` runs after each command; may be empty.
+  ScriptHands(QtHost& windows, std::function<void()> settled) : windows_(windows), settled_(std::move(settled)) {}
 
   void Press(Form& form, const Key& key) override;
   void Focus(Form& form, Control& control) override;
@@ -35,7 +27,7 @@ class ScriptHands : public ScriptDriver {
   // False when the control cannot be seen and clicked.
   bool ClickOn(Form& form, Control& control, int row = 0, int column = 0);
 
-  std::function<FormWindow*(const Form&)> window_of_;
+  QtHost& windows_;
   std::function<void()> settled_;
 };
 

@@ -1,6 +1,8 @@
 // A script as text: one command a line, words and texts in double quotes, "#" starts a comment.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -33,8 +35,16 @@ struct ScriptCommand {
 using Script = std::vector<ScriptCommand>;
 
 // Blank lines and comments are left out. ScriptError, with the number of the line before its reason, for an unknown
-// command or key, a wrong number or kind of words and for quotes that are not closed: such a script never begins.
+// command or key, a wrong number or kind of words, quotes that are not closed and a line that is no UTF-8: such a
+// script never begins.
 Script ReadScript(std::string_view text);
+
+// What a player plays: the next command, nothing at the end.
+using Commands = std::function<std::optional<ScriptCommand>()>;
+
+Commands CommandsOf(Script script);
+// Reads each line when it is asked for; ScriptError as ReadScript.
+Commands CommandsOf(std::function<std::optional<std::string>()> lines);
 
 // A text as event lines and scripts spell it, in quotes.
 std::string Quoted(std::string_view text);

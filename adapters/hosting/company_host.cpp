@@ -1,7 +1,8 @@
-#include "adapters/headless/company_host.hpp"
+#include "adapters/hosting/company_host.hpp"
 
 #include <utility>
 
+#include "component/componente.hpp"
 #include "frame/sesion_anfitrion.hpp"
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
@@ -55,14 +56,8 @@ void CompanyHost::Show(const std::string& screen) {
   values_.currency = session.Retorno();
 }
 
-std::shared_ptr<Database> CompanyHost::OpenDatabase(std::string_view file) const {
-  return OpenPath(platform_.application_folder + "\\DATOS\\" + std::string(file));
-}
+YearWindow CompanyHost::Years() const { return files_.VentanaFechas; }
 
-std::shared_ptr<Database> CompanyHost::OpenPath(std::string_view path) const {
-  std::shared_ptr<Database> database = platform_.engine->Workspaces(0)->OpenDatabase(path);
-  database->SetYearWindow(files_.VentanaFechas);
-  return database;
-}
+YearWindow YearsOfComponent() { return ElComponente().sesion.VentanaFechas; }
 
 }  // namespace zendara

@@ -1,10 +1,11 @@
-#include "adapters/headless/script.hpp"
+#include "adapters/script/script.hpp"
 
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
 
-#include "adapters/headless/script_keys.hpp"
+#include "adapters/script/script_keys.hpp"
+#include "runtime/text.hpp"
 
 namespace zendara {
 namespace {
@@ -147,28 +148,51 @@ void CheckCommand(const ScriptCommand& command) {
   }
 }
 
+// Nothing in a blank line.
+std::optional<ScriptCommand> ReadCommand(std::string_view text, int line) {
+  if (line == 1 && text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  try {
+    // Zeros are what texts of two bytes a character are full of.
+    if (!IsUtf8(text) || text.find('\0') != std::string_view::npos) throw ScriptError("not UTF-8");
+    LineReader reader(text);
+    ScriptCommand command{.line = line, .name = {}, .words = {}};
+    ScriptWord word;
+    if (!reader.Next(word)) return std::nullopt;
+    command.name = word.name.empty() ? word.text : word.name;
+    while (reader.Next(word)) command.words.push_back(word);
+    CheckCommand(command);
+    return command;
+  } catch (const ScriptError& error) {
+    throw ScriptError(std::to_string(line) + ": " + error.what());
+  }
+}
+
 }  // namespace
 
 Script ReadScript(std::string_view text) {
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   Script script;
   for (int line = 1; !text.empty(); ++line) {
     const std::size_t end = std::min(text.find('\n'), text.size());
-    try {
-      LineReader reader(text.substr(0, end));
-      ScriptCommand command{.line = line, .name = {}, .words = {}};
-      if (ScriptWord word; reader.Next(word)) {
-        command.name = word.name.empty() ? word.text : word.name;
-        while (reader.Next(word)) command.words.push_back(word);
-        CheckCommand(command);
-        script.push_back(std::move(command));
-      }
-    } catch (const ScriptError& error) {
-      throw ScriptError(std::to_string(line) + ": " + error.what());
-    }
+    if (auto command = ReadCommand(text.substr(0, end), line)) script.push_back(std::move(*command));
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return script;
+}
+
+Commands CommandsOf(Script script) {
+  return [script = std::move(script), next = std::size_t{0}]() mutable -> std::optional<ScriptCommand> {
+    if (next == script.size()) return std::nullopt;
+    return script[next++];
+  };
+}
+
+Commands CommandsOf(std::function<std::optional<std::string>()> lines) {
+  return [lines = std::move(lines), line = 0]() mutable -> std::optional<ScriptCommand> {
+    while (const auto text = lines()) {
+      if (auto command = ReadCommand(*text, ++line)) return command;
+    }
+    return std::nullopt;
+  };
 }
 
 std::string Quoted(std::string_view text) {

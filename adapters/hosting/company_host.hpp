@@ -1,13 +1,11 @@
 // The part of a host application: a company's files open, a session, and the call of the component.
 #pragma once
 
-#include <memory>
 #include <string>
-#include <string_view>
 
 #include "frame/sesion.hpp"
 #include "zendara/platform.hpp"
-#include "zendara/record_engine.hpp"
+#include "zendara/value.hpp"
 #include "zendara/zendara.hpp"
 
 namespace zendara {
@@ -36,10 +34,8 @@ class CompanyHost {
   bool HasSession() const { return has_session_; }
   // Carga_Formulario: returns when the screen was closed.
   void Show(const std::string& screen);
-  // A database file of DATOS, whatever the case of its name.
-  std::shared_ptr<Database> OpenDatabase(std::string_view file) const;
-  // Any database file, by the path that a routine gives.
-  std::shared_ptr<Database> OpenPath(std::string_view path) const;
+  // What two-digit years mean in its session.
+  YearWindow Years() const;
 
  private:
   Platform platform_;
@@ -47,5 +43,8 @@ class CompanyHost {
   Sesion files_;
   bool has_session_ = false;
 };
+
+// The same in the session of the component, as the last host to call it has set it.
+YearWindow YearsOfComponent();
 
 }  // namespace zendara

@@ -2,7 +2,7 @@
 // window registers its own after them.
 #pragma once
 
-#include "adapters/headless/script_player.hpp"
+#include "adapters/script/script_player.hpp"
 #include "zendara/neighbours.hpp"
 
 namespace zendara {

@@ -1,4 +1,4 @@
-#include "adapters/headless/script_keys.hpp"
+#include "adapters/script/script_keys.hpp"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // Plays a script on the screens of the component and prints one line for every event, the same for every front end.
 //
-// The front end's ports tell the player what happens and ask it what to answer:
+// The front end's ports pass on to the player what happens, and ask it what to answer:
 //
 //   FormHost::ShowModal      Modal, between showing the window and hiding it
 //   FormHost::ShowHelp       Help
@@ -18,41 +18,39 @@
 #include <deque>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
-#include "adapters/headless/company_host.hpp"
-#include "adapters/headless/script.hpp"
-#include "adapters/headless/script_driver.hpp"
+#include "adapters/hosting/company_host.hpp"
+#include "adapters/script/script.hpp"
+#include "adapters/script/script_driver.hpp"
 #include "common/lista_filas.hpp"
+#include "zendara/automation.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
 
 namespace zendara {
 
-// Title of boxes that give none.
-inline constexpr std::string_view kApplicationTitle = "Zendara";
-
-// How a run ended: 0 played to the end, 1 an `expect` that differs or something that could not be opened, 2 a fault of
-// the script. `message` is one line that begins with the number of the script's line; empty for 0.
-struct ScriptResult {
-  int status = 0;
-  std::string message;
-};
-
 class ScriptPlayer : public Shell {
  public:
-  // Takes one line with its line feed. What it throws stops the script and is thrown again by Run.
-  using Sink = std::function<void(std::string_view line)>;
+  // Takes one line with its line feed. What it throws stops the script and is thrown again by Result.
+  using Sink = EventLines;
 
   // Nothing is owned.
-  ScriptPlayer(Script script, ScriptDriver& driver, Sink out);
+  ScriptPlayer(Commands next, ScriptDriver& driver, Sink out);
 
-  // Plays all of it. The ports of the company's platform end in this player.
+  // Where `sql` and listings read: its engine and folder.
+  void ReadFrom(const Platform& platform) { platform_ = platform; }
+  // Plays all of it on a company of its own, whose ports end in this player. Without it the script goes on with each
+  // form that somebody shows, and has no `session` and no `open`.
   ScriptResult Run(CompanyHost& company);
+  ScriptResult Result() const;
+  // Ends the script, with that line as the reason.
+  void End(int status, const std::string& message);
 
   // Of FormHost::ShowModal: prints that the screen is open, plays on it until it unloads, and prints that it closed.
   // Unloads it if the script ends before.
@@ -81,6 +79,7 @@ class ScriptPlayer : public Shell {
 
   // Until the form unloads; without a form to the end of the script.
   void Play(const Form* form);
+  std::optional<ScriptCommand> Next();
   void Execute(const ScriptCommand& command);
   void Act(const ScriptCommand& command);
   void ActOn(Form& form, const ScriptCommand& command);
@@ -97,21 +96,22 @@ class ScriptPlayer : public Shell {
   void QueuePick(const ScriptWord& word);
   void Show(const Form& form, const std::string& id);
   void ShowAll(const Form& form);
+  std::shared_ptr<Database> Open(const std::string& path) const;
   void Sql(const std::string& file, const std::string& query);
 
-  Script script_;
-  std::size_t next_ = 0;  // command to play
-  int line_ = 0;          // of the command played last
+  Commands next_;
+  int line_ = 0;  // of the command played last
   ScriptDriver& driver_;
+  Platform platform_;
   CompanyHost* company_ = nullptr;
   Sink out_;
   bool ended_ = false;
   ScriptResult result_;
-  std::exception_ptr output_failure_;
+  std::exception_ptr failure_;  // of the functions that give commands and take lines
 
   std::vector<Form*> forms_;  // the last is on top
-  std::string told_status_;
-  const Control* told_focus_ = nullptr;
+  std::string printed_status_;
+  const Control* printed_focus_ = nullptr;
   int screens_shown_ = 0;
   std::deque<BoxAnswer> answers_;
   std::deque<PickChoice> picks_;

@@ -1,0 +1,149 @@
+#include "adapters/sqlite/workspace.hpp"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "adapters/host/host_files.hpp"
+#include "adapters/host/network.hpp"
+#include "adapters/host/new_file.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara::sqlite {
+namespace {
+
+namespace fs = std::filesystem;
+
+// What the machine's refusal means for a database file.
+[[noreturn]] void Fail(const std::error_code& error, std::string_view path) {
+  const auto number = [&]() -> int {
+    switch (error.value()) {
+      case EEXIST:
+      case ENOTEMPTY:
+        return kObjectExists;
+      case ENOENT:
+      case ENOTDIR:
+        return kFolderNotFound;
+      case ENOSPC:
+      case EDQUOT:
+      case EFBIG:
+        return kNoDiskSpace;
+      case EROFS:
+        return kReadOnly;
+      case ENAMETOOLONG:
+        return kBadFileName;
+      default:
+        return kCannotOpenFile;
+    }
+  };
+  throw RuntimeError(number(), {std::string(path)}, std::string(path) + ": " + error.message(), error.value());
+}
+
+// The programs that share a file share memory, which two machines never do.
+void RefuseNetwork(const fs::path& place, std::string_view path) {
+  if (!IsOnNetwork(place)) return;
+  throw RuntimeError(kDiskOrNetwork, {},
+                     std::string(path) + " is on a network file system, which programs of one machine alone may use");
+}
+
+}  // namespace
+
+std::shared_ptr<Database> FileWorkspace::OpenDatabase(std::string_view path) {
+  const fs::path file = FindDatabase(path);
+  const FileId id = IdOf(file, path);
+  auto connection = connections_[id].lock();
+  if (!connection || connection->FileIsGone()) {
+    RefuseNetwork(file, path);
+    connection = Connection::Open(file, std::string(path), order_);
+    connections_[id] = connection;
+  }
+  return MakeDatabase(std::move(connection), path);
+}
+
+std::shared_ptr<Database> FileWorkspace::CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) {
+  const fs::path file = PathOfNew(path);
+  RefuseNetwork(file.parent_path(), path);
+  if (const auto error = WriteNewFile(file, Connection::NewFile(tables, order_))) Fail(error, path);
+  return OpenDatabase(path);
+}
+
+bool FileWorkspace::Exists(std::string_view path) { return Find(path).has_value(); }
+
+std::vector<std::string> FileWorkspace::Databases(std::string_view folder) {
+  const auto found = Find(folder);
+  if (!found) throw RuntimeError(kFolderNotFound, {std::string(folder)});
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator entry(*found, error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code vanished;
+    if (entry->is_regular_file(vanished) && Connection::IsDatabase(entry->path())) {
+      names.push_back(entry->path().filename().string());
+    }
+  }
+  if (error) Fail(error, folder);
+  std::ranges::sort(names);
+  return names;
+}
+
+void FileWorkspace::Rename(std::string_view from, std::string_view to) {
+  const fs::path file = FindDatabase(from);
+  const fs::path renamed = PathOfNew(to);
+  const auto open = connections_[IdOf(file, from)].lock();
+  if (open && !open->FileIsGone()) throw RuntimeError(kFileInUse, {std::string(from)});
+  Connection::FoldLog(file, std::string(from), order_);
+  if (const auto error = RenameFile(file, renamed)) Fail(error, to);
+}
+
+void FileWorkspace::Idle() {
+  for (const auto& [id, open] : connections_) {
+    if (const auto connection = open.lock()) connection->Park();
+  }
+}
+
+// The spelling as given counts first; a search for another one is remembered.
+std::optional<fs::path> FileWorkspace::Find(std::string_view path) {
+  std::error_code error;
+  const auto is_there = [&](const fs::path& file) { return fs::exists(file, error); };
+  const auto known = found_.find(path);
+  if (known != found_.end() && !is_there(MachinePath(path)) && is_there(known->second)) return known->second;
+  auto found = FindPath(path, error);
+  if (error) Fail(error, path);
+  if (found) found_.insert_or_assign(std::string(path), *found);
+  return found;
+}
+
+// The file of a database that is to be opened.
+fs::path FileWorkspace::FindDatabase(std::string_view path) {
+  const auto found = path.empty() ? std::nullopt : Find(path);
+  if (!found) FailMissing(path);
+  std::error_code error;
+  if (!fs::is_regular_file(*found, error)) throw RuntimeError(kCannotOpenFile, {std::string(path)}, "no file");
+  return *found;
+}
+
+// Where a file of that name goes, of which there is none.
+fs::path FileWorkspace::PathOfNew(std::string_view path) {
+  if (!path.empty() && Find(path)) throw RuntimeError(kObjectExists, {std::string(path)});
+  const fs::path wanted = MachinePath(path);
+  if (wanted.filename().empty()) throw RuntimeError(kBadFileName);
+  const std::string folder = wanted.parent_path().string();
+  const auto found = Find(folder.empty() ? "." : folder);
+  if (!found) throw RuntimeError(kFolderNotFound, {std::string(path)});
+  return *found / wanted.filename();
+}
+
+void FileWorkspace::FailMissing(std::string_view path) {
+  const fs::path wanted = MachinePath(path);
+  if (wanted.filename().empty()) throw RuntimeError(kBadFileName);
+  const std::string folder = wanted.parent_path().string();
+  throw RuntimeError(folder.empty() || Find(folder) ? kDatabaseNotFound : kFolderNotFound, {std::string(path)});
+}
+
+FileWorkspace::FileId FileWorkspace::IdOf(const fs::path& file, std::string_view path) {
+  struct stat status = {};
+  if (stat(file.c_str(), &status) != 0) Fail({errno, std::generic_category()}, path);
+  return {status.st_dev, status.st_ino};
+}
+
+}  // namespace zendara::sqlite

@@ -1,0 +1,128 @@
+// How long programs wait for each other: each saves rows of one file, one durable change after the other, beside
+// programs that read it. Prints the longest save and how many were refused.
+//
+// Usage: waiting_bench [PROGRAMS SAVES READERS]
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "frame/stored_tables.hpp"
+#include "tests/support/temp_folder.hpp"
+#include "zendara/engines.hpp"
+#include "zendara/runtime_error.hpp"
+
+namespace zendara {
+namespace {
+
+constexpr int kRows = 2000;
+
+struct Waits {
+  double longest = 0;  // seconds
+  double sum = 0;
+  int saves = 0;
+  int refused = 0;
+};
+
+std::string Key(int row) {
+  const std::string key = std::to_string(row);
+  return std::string(5 - key.size(), '0') + key;
+}
+
+// A program of its own with the file open.
+template <typename Work>
+pid_t Start(const std::string& path, Work work) {
+  const pid_t program = fork();
+  if (program != 0) return program;
+  const auto engine = MakeEngine();
+  const auto workers =
+      engine->Workspaces(0)->OpenDatabase(path)->OpenRecordset("TrabajadoresFijo", RecordsetType::kTable);
+  workers->SetIndex("Icampo0");
+  work(*workers);
+  _exit(0);
+}
+
+Waits Save(Recordset& workers, int program, int saves) {
+  Waits waits;
+  for (; waits.saves < saves; ++waits.saves) {
+    workers.Seek({Key((program + waits.saves * 4) % kRows)});
+    const auto begin = std::chrono::steady_clock::now();
+    try {
+      workers.Edit();
+      workers.Fields(1).Set(std::to_string(waits.saves));
+      workers.Update();
+    } catch (const RuntimeError& error) {
+      std::fprintf(stderr, "%s: %s (%d)\n", error.what(), error.detail().c_str(), error.native());
+      ++waits.refused;
+    }
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    waits.longest = std::max(waits.longest, seconds);
+    waits.sum += seconds;
+  }
+  return waits;
+}
+
+[[noreturn]] void ReadForever(Recordset& workers) {
+  for (;;) {
+    for (workers.MoveFirst(); !workers.Eof(); workers.MoveNext()) workers.Fields(1).Get();
+  }
+}
+
+void CreateFile(const std::string& path) {
+  const auto database =
+      MakeEngine()->Workspaces(0)->CreateDatabase(path, {*StoredTable(FileKind::kCompany, "TrabajadoresFijo")});
+  const auto workers = database->OpenRecordset("TrabajadoresFijo", RecordsetType::kTable);
+  Transaction transaction(*database);
+  for (int row = 0; row < kRows; ++row) {
+    workers->AddNew();
+    workers->Fields(0).Set(Key(row));
+    workers->Update();
+  }
+  transaction.Commit();
+}
+
+int Run(int programs, int saves, int readers) {
+  const TempFolder folder;
+  const std::string path = folder / "Nom00001.MDB";
+  CreateFile(path);
+  int results[2];
+  if (pipe(results) != 0) return 1;
+  std::vector<pid_t> reading;
+  for (int i = 0; i < readers; ++i) reading.push_back(Start(path, [](Recordset& workers) { ReadForever(workers); }));
+  for (int i = 0; i < programs; ++i) {
+    Start(path, [&](Recordset& workers) {
+      const Waits waits = Save(workers, i, saves);
+      if (write(results[1], &waits, sizeof waits) != sizeof waits) _exit(1);
+    });
+  }
+  close(results[1]);
+  Waits all;
+  for (Waits waits; read(results[0], &waits, sizeof waits) == sizeof waits;) {
+    all.longest = std::max(all.longest, waits.longest);
+    all.sum += waits.sum;
+    all.saves += waits.saves;
+    all.refused += waits.refused;
+    if (all.saves == programs * saves) break;
+  }
+  for (const pid_t reader : reading) kill(reader, SIGKILL);
+  while (wait(nullptr) > 0) {
+  }
+  std::printf("%d programs beside %d readers: %d saves, mean %.1f ms, longest %.0f ms, refused %d\n", programs, readers,
+              all.saves, all.sum / all.saves * 1000, all.longest * 1000, all.refused);
+  return all.saves == programs * saves && all.refused == 0 ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace zendara
+
+int main(int argc, char** argv) {
+  if (argc != 1 && argc != 4) return std::fputs("usage: waiting_bench [PROGRAMS SAVES READERS]\n", stderr), 2;
+  if (argc == 1) return zendara::Run(4, 5000, 2);
+  return zendara::Run(std::atoi(argv[1]), std::atoi(argv[2]), std::atoi(argv[3]));
+}

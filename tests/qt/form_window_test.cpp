@@ -56,6 +56,14 @@ TEST_F(QtTest, DeadKeysAndInputMethodsCommitComposedText) {
   });
 }
 
+TEST_F(QtTest, TheStatusStandsBelowTheFields) {
+  Play([&](FormWindow& window) {
+    form.SetStatus("Grabado");
+    window.Flush();
+    EXPECT_EQ(window.findChild<QLabel*>("status")->text(), "Grabado");
+  });
+}
+
 TEST_F(QtTest, TheClipboardGoesThroughTheModel) {
   Play([&](FormWindow& window) {
     QWidget& edit = WidgetOf(window, form.Text1(1));

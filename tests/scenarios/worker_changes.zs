@@ -77,3 +77,11 @@ click CmdIncidenciasVar
 click Pendientes
 show Text1(1)
 key Alt+S
+
+# A host without incidents has no buttons for them: a click does nothing.
+session company=00001 year=01 program=05
+open Trabajadores
+click CmdIncidenciasIT
+click CmdIncidenciasESP
+click CmdIncidenciasVar
+key Alt+S

@@ -53,22 +53,19 @@ inline int Read(sqlite3_file* file, void* data, int size, sqlite3_int64 at) {
   return Fails() ? SQLITE_IOERR_READ : Pass<&sqlite3_io_methods::xRead>(file, data, size, at);
 }
 
-inline int Sync(sqlite3_file*, int) { return Fails() ? SQLITE_IOERR_FSYNC : SQLITE_OK; }
+inline int Sync(sqlite3_file*, int) {
+  ++disk.syncs;
+  return Fails() ? SQLITE_IOERR_FSYNC : SQLITE_OK;
+}
 
 inline int Lock(sqlite3_file* file, int level) {
   return Fails() ? SQLITE_IOERR_LOCK : Pass<&sqlite3_io_methods::xLock>(file, level);
 }
 
 inline int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 at) {
-  if (Fails()) return SQLITE_IOERR_WRITE;
-  if (disk.writes_left == 0) return SQLITE_FULL;
+  if (disk.writes_left == 0 || Fails()) return SQLITE_FULL;
   if (disk.writes_left > 0) --disk.writes_left;
   return Pass<&sqlite3_io_methods::xWrite>(file, data, size, at);
-}
-
-inline int Sync(sqlite3_file* file, int flags) {
-  ++disk.syncs;
-  return Pass<&sqlite3_io_methods::xSync>(file, flags);
 }
 
 #define ZENDARA_PASS(name) f->methods.name = Passing<&sqlite3_io_methods::name>(real.name)

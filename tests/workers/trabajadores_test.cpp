@@ -100,15 +100,6 @@ TEST_F(TrabajadoresTest, EnterWalksTheFieldsByTheirIndexes) {
   EXPECT_EQ(recorrido, esperado);
 }
 
-TEST_F(TrabajadoresTest, AHostWithoutIncidentsHasNoButtonsForThem) {
-  sesion.CodPrograma = "05";
-  Abre();
-  for (const Control* control : pantalla->Controls()) {
-    if (control->Kind() != ControlKind::kButton) continue;
-    EXPECT_EQ(control->Visible(), !control->Name().starts_with("CmdIncidencias")) << control->Name();
-  }
-}
-
 TEST_F(TrabajadoresTest, AnErrorIsToldAndTheScreenStays) {
   // No banner: the load ends there.
   components.Register(kBannerClass, Components::Factory<Banner>());

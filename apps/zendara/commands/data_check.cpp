@@ -4,6 +4,7 @@
 #include "apps/zendara/commands/stored_row.hpp"
 #include "frame/parametros.hpp"
 #include "platform/record/names.hpp"
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
@@ -110,7 +111,7 @@ void Check::File(const DataFolder& folder, Engine& engine, const StoredFile& sto
       Rows(place, *database, *found);
     }
   } catch (const RuntimeError& error) {
-    Fault(name, std::string(error.what()) + (error.detail().empty() ? "" : " (" + error.detail() + ")"));
+    Fault(name, OneLine(error));
   }
 }
 

@@ -295,12 +295,12 @@ void ScriptPlayer::QueuePick(const ScriptWord& word) {
 }
 
 void ScriptPlayer::Show(const Form& form, const std::string& id) {
-  const auto tell = [this](const std::string& name, const std::string& text) {
+  const auto print = [this](const std::string& name, const std::string& text) {
     Print("value " + name + "=" + Quoted(text));
   };
   Control* control = form.Find(id);
-  if (control) return ForEachValue(*control, tell);
-  tell(id, ValueOf(form, id));
+  if (control) return ForEachValue(*control, print);
+  print(id, ValueOf(form, id));
 }
 
 void ScriptPlayer::ShowAll(const Form& form) {

@@ -7,7 +7,7 @@
 namespace zendara {
 namespace {
 
-// The account check tells differences in a box; here only its result counts.
+// The account check shows differences in a box; here only its result counts.
 class NoDialogs : public Dialogs {
   BoxAnswer Show(const Box&) override { return BoxAnswer::kOk; }
   void Beep() override {}

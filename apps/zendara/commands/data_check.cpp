@@ -150,7 +150,7 @@ void Check::Rows(const std::string& place, Database& database, const TableDef& t
       std::string fault = cell.fault;
       if (fault.empty() && codes[i]) fault = CodeFault(cell.value, column.width);
       if (fault.empty()) continue;
-      Fault(place, NameOfRow(*rows, &table, number) + ": " + column.name + ": " + fault);
+      Fault(place, NameOfRow(*rows, table, number) + ": " + column.name + ": " + fault);
     }
     console_.Progress(place, number);
   }

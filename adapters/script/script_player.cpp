@@ -353,7 +353,7 @@ void ScriptPlayer::Error(int number, const std::string& text) {
   Print("error " + std::to_string(number) + " " + Quoted(text));
 }
 
-std::optional<std::size_t> ScriptPlayer::Choose(const std::string& title, ListaFilas& rows) {
+std::optional<std::size_t> ScriptPlayer::Choose(const std::string& title, RowList& rows) {
   if (ended_) return std::nullopt;
   std::optional<std::size_t> chosen;
   try {
@@ -367,7 +367,7 @@ std::optional<std::size_t> ScriptPlayer::Choose(const std::string& title, ListaF
   return chosen;
 }
 
-std::optional<std::size_t> ScriptPlayer::Chosen(ListaFilas& rows) {
+std::optional<std::size_t> ScriptPlayer::Chosen(RowList& rows) {
   const PickChoice choice = picks_.empty() ? PickChoice() : picks_.front();
   if (!picks_.empty()) picks_.pop_front();
   if (const auto* number = std::get_if<std::size_t>(&choice)) {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 #include "frame/parametros.hpp"
 #include "frame/sesion_anfitrion.hpp"
 #include "frame/stored_tables.hpp"
@@ -34,15 +34,15 @@ class TestPickList : public PickList {
   void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
                      const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base,
                      const std::string& titulo, std::int16_t marca_boton, std::string& resultado) override {
-    Take(ListaFilas(motor, base, sql, columnas, lugares), {sql, base, titulo, marca_boton, {}}, resultado);
+    Take(RowList(motor, base, sql, columnas, lugares), {sql, base, titulo, marca_boton, {}}, resultado);
   }
   void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t marca_boton,
                     std::string& resultado) override {
-    Take(ListaFilas(lineas), {{}, {}, titulo, marca_boton, {}}, resultado);
+    Take(RowList(lineas), {{}, {}, titulo, marca_boton, {}}, resultado);
   }
 
  private:
-  void Take(ListaFilas filas, PickAsked asked, std::string& resultado) {
+  void Take(RowList filas, PickAsked asked, std::string& resultado) {
     for (std::size_t i = 0; filas.Reach(i); ++i) asked.filas.push_back(filas.Row(i));
     asked_ = std::move(asked);
     if (elegida_ >= 0) resultado = asked_.filas.at(static_cast<std::size_t>(elegida_));

@@ -1,4 +1,4 @@
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 
 #include <gtest/gtest.h>
 
@@ -39,10 +39,10 @@ struct NumbersEngine : FakeEngine {
   int read = 0;
 };
 
-TEST(ListaFilasTest, ReadsNoFurtherThanItIsAsked) {
+TEST(RowListTest, ReadsNoFurtherThanItIsAsked) {
   const auto engine = std::make_shared<NumbersEngine>();
   const int& read = engine->read;
-  ListaFilas filas(*engine, "x", "x", {"001"}, {{1, 7}});
+  RowList filas(*engine, "x", "x", {"001"}, {{1, 7}});
   EXPECT_LE(read, 1);
   EXPECT_TRUE(filas.Reach(29));
   EXPECT_EQ(read, 30);
@@ -63,8 +63,8 @@ TEST(ListaFilasTest, ReadsNoFurtherThanItIsAsked) {
 
 class FilasTest : public ListsTest {
  protected:
-  ListaFilas Open(const std::vector<std::string>& columnas, const std::vector<RowPlace>& lugares,
-                  const std::string& sql = "select campo0, campo1 from Secciones order by campo0") {
+  RowList Open(const std::vector<std::string>& columnas, const std::vector<RowPlace>& lugares,
+               const std::string& sql = "select campo0, campo1 from Secciones order by campo0") {
     return {*engine, PathOf(FileKind::kCompany), sql, columnas, lugares};
   }
 };
@@ -74,7 +74,7 @@ TEST_F(FilasTest, TypingFindsWithoutCaseAndAccents) {
   int code = 0;
   for (const char* name : names) Add(FileKind::kCompany, "Secciones", {{0, std::to_string(++code)}, {1, name}});
   Add(FileKind::kCompany, "Secciones", {{0, std::to_string(++code)}});
-  ListaFilas filas = Open({"010", "001"}, {{1, 8}, {10, 2}}, "select campo0, campo1 from Secciones");
+  RowList filas = Open({"010", "001"}, {{1, 8}, {10, 2}}, "select campo0, campo1 from Secciones");
   // Rows in the order of the code as text: 1, 10, 2 ...
   const auto find = [&](const char* typed, std::size_t from) {
     const auto row = filas.Find(0, typed, from);

@@ -72,7 +72,7 @@ TEST_F(DiskTest, AFullDiskUndoesATransactionWhole) {
 
 // A process of its own, whose files may not grow beyond a size.
 TEST_F(DiskTest, ANewFileThatDoesNotFitLeavesNothingBehind) {
-  for (const rlim_t room : {0, 1, 4096, 12000}) {
+  for (const rlim_t room : {0U, 1U, 4096U, 12000U}) {
     const auto create = [&] {
       signal(SIGXFSZ, SIG_IGN);
       const rlimit limit{room, room};

@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QMouseEvent>
 #include <QTabWidget>
 #include <QTableView>
+#include <QToolTip>
 
 #include "qt/demo_form.hpp"
 
@@ -202,12 +204,17 @@ TEST_F(QtTest, FieldsHaveNamesAndHints) {
     EXPECT_EQ(WidgetOf(window, form.Grabar).toolTip(), "Graba los datos");
     // Access keys are the model's.
     EXPECT_TRUE(static_cast<QAbstractButton&>(WidgetOf(window, form.Grabar)).shortcut().isEmpty());
+    // A disabled button has its hint too.
+    form.Grabar.SetEnabled(false);
     // A hidden field takes its words along.
     form.Text1(1).SetVisible(false);
     window.Flush();
     EXPECT_TRUE(std::ranges::none_of(window.findChildren<QLabel*>(), [](const QLabel* label) {
       return label->text() == "Campo 1:" && label->isVisible();
     }));
+    QHelpEvent over(QEvent::ToolTip, {}, {});
+    QApplication::sendEvent(&WidgetOf(window, form.Grabar), &over);
+    EXPECT_EQ(QToolTip::text(), "Graba los datos");
   });
 }
 

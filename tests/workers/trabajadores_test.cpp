@@ -130,7 +130,7 @@ TEST_F(TrabajadoresTest, AnErrorIsToldAndTheScreenStays) {
 TEST_F(TrabajadoresTest, IncidentScreensAreHandedTheWorkerWhileTheyAreOpen) {
   std::vector<std::string> notas;
   const auto anota = [&] { notas.push_back(pantalla->TrabajadorElegido + "/" + pantalla->SituacionElegida); };
-  for (const char* nombre : {"MIncidencias", "MIncidenciasVAR"}) {
+  for (const char* nombre : {"MIncidencias", "MIncidenciasESP", "MIncidenciasVAR"}) {
     pantallas.Registra(nombre, [&] { return std::make_shared<FakeIncidencias>(anota); });
   }
   Abre();
@@ -148,6 +148,10 @@ TEST_F(TrabajadoresTest, IncidentScreensAreHandedTheWorkerWhileTheyAreOpen) {
   Pulsa("CmdIncidenciasIT");
   EXPECT_THAT(notas, ElementsAre("00013/002", "00013/ 0"));
   EXPECT_EQ(pantalla->TrabajadorElegido + pantalla->SituacionElegida, " 0");
+  auto& listado = El<Button>("Pendientes");
+  pantalla->MouseOver(listado);
+  EXPECT_FALSE(listado.Enabled());
+  EXPECT_EQ(listado.ToolTipText(), "La pantalla no está instalada.");
 }
 
 TEST_F(TrabajadoresTest, NoAccessKeyStandsTwice) {

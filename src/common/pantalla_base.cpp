@@ -119,7 +119,7 @@ void PantallaBase::ConectaMarco() {
 // The pages and fields as they are laid out, then Grabar, the other buttons of the screen, those that leave the record.
 void PantallaBase::OrdenaParadas() {
   const auto orden = [this](const Control* control) {
-    if (control->Kind() != ControlKind::kButton || control->PagesAround()) return 0;
+    if (!dynamic_cast<const Button*>(control) || control->PagesAround()) return 0;
     if (control == grabar_) return 1;
     return control == inicio_ || control == anterior_ || control == siguiente_ || control == fin_ ? 3 : 2;
   };

@@ -71,7 +71,7 @@ void Form::PutInto(const Layout& layout, Control* container, int page) {
     PutInto(layout.children[i], contains ? layout.control : container, child_page);
     if (layout.kind != LayoutKind::kTabs) continue;
     std::stable_partition(tab_order_.begin() + begin, tab_order_.end(), [&](const Control* control) {
-      return control->Kind() != ControlKind::kButton || control->PagesAround() != layout.control;
+      return !control->ClickedBy(key::kEnter) || control->PagesAround() != layout.control;
     });
   }
 }
@@ -180,7 +180,7 @@ void Form::FocusNext(bool backwards) {
 }
 
 void Form::FocusNextField() {
-  FocusStop([](const Control& stop) { return stop.Kind() != ControlKind::kButton || !stop.PagesAround(); }, false);
+  FocusStop([](const Control& stop) { return !stop.ClickedBy(key::kEnter) || !stop.PagesAround(); }, false);
 }
 
 void Form::FocusStop(const std::function<bool(const Control& stop)>& wanted, bool backwards) {

@@ -85,14 +85,15 @@ TEST_F(TrabajadoresTest, ShowsWhatThereIsOfEmptyTables) {
 TEST_F(TrabajadoresTest, EnterWalksTheFieldsByTheirIndexes) {
   Abre();
   std::vector<int> recorrido;
-  for (int paso = 0; paso < 144 && Foco() != "Inicio"; ++paso) {
-    const ControlKind clase = pantalla->Focus()->Kind();
-    if (clase != ControlKind::kGrid && clase != ControlKind::kButton) recorrido.push_back(pantalla->Focus()->Index());
-    Tecla(key::kDown);
+  for (int paso = 0; paso < 144 && Foco() != "Grabar"; ++paso) {
+    if (pantalla->Focus()->Kind() != ControlKind::kGrid) recorrido.push_back(pantalla->Focus()->Index());
+    Tecla(key::kEnter);
   }
   // Only the last mark stands on an earlier page than its index says.
   std::vector<int> esperado;
-  for (const Campo& c : CamposTrabajador()) esperado.push_back(c.indice);
+  for (const Campo& c : CamposTrabajador()) {
+    if (!c.Tiene(kVista)) esperado.push_back(c.indice);
+  }
   const int prestaciones = IndiceCampo(CampoTrabajador::kPrestaciones);
   std::erase(esperado, prestaciones);
   const int centro = IndiceCampo(CampoTrabajador::kCentro);

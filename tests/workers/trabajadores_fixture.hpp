@@ -34,7 +34,7 @@ class TrabajadoresTest : public testing::Test {
   TrabajadoresTest() {
     std::filesystem::copy(modelo->path(), folder.path(), std::filesystem::copy_options::recursive);
     PonAnuncio();
-    components.Register(kPickListClass, [this] { return std::make_unique<TestPickList>(asked, elegida); });
+    RegisterPickList(components, picking.Choice());
     AbreEmpresa(sesion, "00001", "01");
     pantallas.Registra("Trabajadores", [this] { return std::make_shared<Trabajadores>(sesion, pantallas); });
   }
@@ -86,8 +86,7 @@ class TrabajadoresTest : public testing::Test {
   std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   Components components;
-  PickAsked asked;
-  int elegida = 0;
+  Picking picking;
   FakeFormHost host;
   RegistroPantallas pantallas;
   Sesion sesion{{.engine = engine.get(),

@@ -57,9 +57,9 @@ TEST_F(VerticalTest, BandsRunFromTheBottomNearlyToTheEndColourBesideTheCaption) 
   picture.font = {"Arial", 9.75, true, true, false, true};
   PintaVertical(screen, picture, "Españá", "0", "10");
   // 10 pixels high, red from 0 to 10 in as many steps; the first factor is zero.
-  EXPECT_THAT(picture.bands, ElementsAre("0 9 24 10 #0", "0 8 24 9 #0", "0 7 24 8 #1", "0 6 24 7 #2", "0 5 24 6 #3",
-                                         "0 4 24 5 #4", "0 3 24 4 #5", "0 2 24 3 #6", "0 1 24 2 #7", "0 0 24 1 #8",
-                                         "0 -1 24 0 #9"));
+  EXPECT_THAT(picture.bands,
+              ElementsAre("0 9 24 10 #0", "0 8 24 9 #0", "0 7 24 8 #1", "0 6 24 7 #2", "0 5 24 6 #3", "0 4 24 5 #4",
+                          "0 3 24 4 #5", "0 2 24 3 #6", "0 1 24 2 #7", "0 0 24 1 #8", "0 -1 24 0 #9"));
   EXPECT_EQ(picture.text, "Arial -13 900 700 101 6 2 2 Españá");
   EXPECT_EQ(picture.refreshes, 1);
 

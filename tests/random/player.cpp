@@ -8,7 +8,7 @@
 #include "common/lista_filas.hpp"
 #include "random/clerk.hpp"
 #include "support/fake_form_host.hpp"
-#include "support/fake_neighbours.hpp"
+#include "adapters/hosting/silent_banner.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
 
@@ -52,8 +52,7 @@ class Player : public FakeFormHost, public Shell {
 };
 
 Player::Player(Hands& hands) : hands_(hands) {
-  components_.Register(kBannerClass, [] { return std::make_unique<FakeBanner>(); });
-  components_.Register(kListingViewerClass, [] { return std::make_unique<FakeViewer>(); });
+  components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
   RegisterPickList(components_, [this](const std::string&, ListaFilas& rows) { return ChooseAtRandom(hands_, rows); });
 }
 

@@ -94,39 +94,9 @@ TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
   EXPECT_EQ(TipoGuardado("00002", "001"), Texto(CampoTrabajador::kPorcentajeIRPF));
   EXPECT_EQ(TipoGuardado("00013", "002"), tipo);
 
-  // A new worker has no rows yet: nobody else's are touched.
-  Rellena(1, "99999");
-  Regulariza({});
-  EXPECT_THAT(host.boxes.back(), StartsWith("Error en tiempo de ejecución '3021'"));
-  Rellena(1, "2");
-  EXPECT_EQ(Texto(CampoTrabajador::kRetribuciones), "6000000");
-
   VaciaTabla(kTrabajadoresVar);
   Pulsa("CmdCalcular");
   EXPECT_EQ(host.boxes.back(), "Para aplicar el tipo calculado antes debe registrar el trabajador");
-}
-
-TEST_F(IrpfTest, TheHistoryGivesThePaidAndTheWithheldSum) {
-  constexpr int kHistorico = 425;
-  VaciaTabla(kHistorico);
-  Recordset& historico = sesion.Tabla(kHistorico);
-  historico.AddNew();
-  for (const auto& [columna, valor] : {std::pair(0, "1"),
-                                       {1, "01"},
-                                       {2, "00015"},
-                                       {3, "001"},
-                                       {7, "100000"},
-                                       {8, "20000"},
-                                       {9, "3000"},
-                                       {10, "400"},
-                                       {11, "50"},
-                                       {29, "P"}}) {
-    historico.Fields(columna).Set(valor);
-  }
-  historico.Update();
-  Rellena(1, "15");
-  Pulsa("Regulariza");
-  EXPECT_EQ(El<TextBox>("Text2(4)").Text() + " " + El<TextBox>("Text2(5)").Text(), "103000 20450");
 }
 
 TEST_F(IrpfTest, ErrorsEndTheButtonAndTheScreenStays) {

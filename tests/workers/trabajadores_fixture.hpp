@@ -13,7 +13,7 @@
 #include "frame/catalogo.hpp"
 #include "runtime/text.hpp"
 #include "support/fake_form_host.hpp"
-#include "support/fake_neighbours.hpp"
+#include "adapters/hosting/silent_banner.hpp"
 #include "support/temp_folder.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
@@ -40,7 +40,7 @@ class TrabajadoresTest : public testing::Test {
   }
 
   void PonAnuncio() {
-    components.Register(kBannerClass, [] { return std::make_unique<FakeBanner>(); });
+    components.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
   }
   // Loads the screen; it stays loaded.
   void Abre() {

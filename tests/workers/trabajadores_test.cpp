@@ -170,7 +170,7 @@ TEST_F(TrabajadoresTest, TheFrameGivesHintsAndColoursAndNoAccessKeyTwice) {
 }
 
 TEST_F(TrabajadoresTest, ANeighbourThatFailsEndsNoMoreThanWhatCalledIt) {
-  struct FailingBanner : FakeBanner {
+  struct FailingBanner : SilentBanner {
     void AvisoCierre(std::int32_t) override { throw std::runtime_error("of the host"); }
   };
   components.Register(kBannerClass, [] { return std::make_unique<FailingBanner>(); });
@@ -181,8 +181,7 @@ TEST_F(TrabajadoresTest, ANeighbourThatFailsEndsNoMoreThanWhatCalledIt) {
   pantalla->Unload();  // not by its button
   EXPECT_EQ(sesion.FormActivo, nullptr);
   EXPECT_NE(pantallas.Objeto("Trabajadores"), pantalla);
-  EXPECT_THAT(host.boxes,
-              ElementsAre("51  Error interno", "Error en tiempo de ejecución '51':\nError interno"));
+  EXPECT_THAT(host.boxes, ElementsAre("51  Error interno", "Error en tiempo de ejecución '51':\nError interno"));
 }
 
 }  // namespace

@@ -5,10 +5,10 @@
 
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
+#include "adapters/hosting/silent_banner.hpp"
 #include "common/lista_filas.hpp"
 #include "random/clerk.hpp"
 #include "support/fake_form_host.hpp"
-#include "adapters/hosting/silent_banner.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
 
@@ -33,7 +33,9 @@ class Player : public FakeFormHost, public Shell {
   void Play(const std::string& folder);
 
   void ShowModal(Form& form) override;
-  void Untrapped(int number, const std::string& text) override { hands_.Untrapped(number, text); }
+  void Untrapped(int number, const std::string& text) override {
+    hands_.Note("error " + std::to_string(number) + " " + text);
+  }
   BoxAnswer Show(const Box& box) override { return hands_.Answer(box); }
 
   int FindWindow(std::string_view, std::string_view) override { return hands_.random.Between(0, 1); }

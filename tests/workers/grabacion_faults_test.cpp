@@ -144,10 +144,8 @@ TEST_F(GrabacionTest, WhatAnotherProgramChangedMeanwhileStays) {
   fila->SetIndex("Icampo0");
   fila->Seek({"00011"});
   fila->Edit();
-  for (const auto& [campo, texto] : {std::pair(kTelefono, "allí"),
-                                     {kMunicipio, "allí"},
-                                     {kApellido1, "Aquí"},
-                                     {kPrimeraCelda + 3, "1998"}}) {
+  for (const auto& [campo, texto] :
+       {std::pair(kTelefono, "allí"), {kMunicipio, "allí"}, {kApellido1, "Aquí"}, {kPrimeraCelda + 3, "1998"}}) {
     fila->Fields(kTramoFijo.ColumnaDe(campo)).Set(texto);
   }
   fila->Update();

@@ -8,12 +8,12 @@
 #include <stdexcept>
 #include <string>
 
+#include "adapters/hosting/silent_banner.hpp"
 #include "apps/demo/demo_company.hpp"
 #include "common/lists_fixture.hpp"
 #include "frame/catalogo.hpp"
 #include "runtime/text.hpp"
 #include "support/fake_form_host.hpp"
-#include "adapters/hosting/silent_banner.hpp"
 #include "support/temp_folder.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"

@@ -41,26 +41,16 @@ TEST_F(QtTest, KeysReachTheModelAndItsTextIsShown) {
     EXPECT_EQ(edit.cursorPosition(), 3);
     Send(edit, Qt::Key_End, {}, Qt::ShiftModifier);
     EXPECT_EQ(edit.selectedText(), "@");
-  });
-}
 
-TEST_F(QtTest, DeadKeysAndInputMethodsCommitComposedText) {
-  Play([&](FormWindow& window) {
+    // Dead keys and input methods.
+    form.Text1(1).SetText("");
     QInputMethodEvent composing("´", {});
-    QApplication::sendEvent(&WidgetOf(window, form.Text1(1)), &composing);
+    QApplication::sendEvent(&edit, &composing);
     EXPECT_EQ(form.Text1(1).Text(), "");
     QInputMethodEvent commit;
     commit.setCommitString("e\u0301ü");  // an accent of its own is composed
-    QApplication::sendEvent(&WidgetOf(window, form.Text1(1)), &commit);
+    QApplication::sendEvent(&edit, &commit);
     EXPECT_EQ(form.Text1(1).Text(), "éü");
-  });
-}
-
-TEST_F(QtTest, TheStatusStandsBelowTheFields) {
-  Play([&](FormWindow& window) {
-    form.SetStatus("Grabado");
-    window.Flush();
-    EXPECT_EQ(window.findChild<QLabel*>("status")->text(), "Grabado");
   });
 }
 
@@ -105,7 +95,11 @@ TEST_F(QtTest, WhatTheModelHoldsIsShown) {
     form.Option1(1).SetValue(true);
     form.Grid1.SetCurrent(2, 2);
     form.Grid1.SetText("x");
+    form.SetStatus("Grabado");
+    form.SetPointer(MousePointer::kHourglass);
     window.Flush();
+    EXPECT_EQ(window.findChild<QLabel*>("status")->text(), "Grabado");
+    EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
     for (const Tabs* tabs : {&form.Tab1, &form.Tab2}) {
       EXPECT_EQ(static_cast<QTabWidget&>(WidgetOf(window, *tabs)).currentIndex(), 1);
     }
@@ -139,16 +133,6 @@ TEST_F(QtTest, AFormOpensAnotherAndGetsTheKeyboardBack) {
     QApplication::processEvents();
     EXPECT_TRUE(window.isActiveWindow());
     EXPECT_TRUE(WidgetOf(window, form.Text1(2)).hasFocus());
-  });
-}
-
-TEST_F(QtTest, TheHourglassTakesNoInputAway) {
-  Play([&](FormWindow& window) {
-    form.SetPointer(MousePointer::kHourglass);
-    window.Flush();
-    EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
-    Send(WidgetOf(window, form.Text1(1)), Qt::Key_7, "7");
-    EXPECT_EQ(form.Text1(1).Text(), "7");
   });
 }
 

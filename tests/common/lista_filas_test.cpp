@@ -3,61 +3,33 @@
 #include <gtest/gtest.h>
 
 #include "lists_fixture.hpp"
-#include "platform/record/cursor.hpp"
-#include "runtime/text.hpp"
-#include "support/fake_engine.hpp"
 
 namespace zendara {
 namespace {
 
-constexpr int kRows = 100'000;
-
-// Rows "00000" to "99999", counted as they are read.
-class NumberRows : public QueryCursor {
- public:
-  explicit NumberRows(int& read) : read_(read) {}
-  const std::vector<ColumnDef>& Columns() const override { return columns_; }
-  bool Step() override { return ++row_ < kRows && ++read_; }
-  Value Column(int) const override { return Right("0000" + std::to_string(row_), 5); }
-
- private:
-  std::vector<ColumnDef> columns_ = {{"Campo0", ColumnType::kText, 5}};
-  int row_ = -1;
-  int& read_;
-};
-
-struct Numbers : FakeDatabase {
-  explicit Numbers(int& r) : read(r) {}
-  std::shared_ptr<Recordset> OpenRecordset(std::string_view, RecordsetType) override {
-    return MakeQueryRecordset(std::make_unique<NumberRows>(read));
+TEST_F(ListsTest, ReadsNoFurtherThanItIsAsked) {
+  const auto tabla = engine->Workspaces(0)
+                         ->OpenDatabase(PathOf(FileKind::kCompany))
+                         ->OpenRecordset("Secciones", RecordsetType::kTable);
+  for (int code = 0; code < 700; ++code) {
+    tabla->AddNew();
+    tabla->Fields(0).Set(std::to_string(1000 + code).substr(1));
+    tabla->Update();
   }
-  int& read;
-};
-
-struct NumbersEngine : FakeEngine {
-  std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Numbers>(read); }
-  int read = 0;
-};
-
-TEST(ListaFilasTest, ReadsNoFurtherThanItIsAsked) {
-  const auto engine = std::make_shared<NumbersEngine>();
-  const int& read = engine->read;
-  ListaFilas filas(*engine, "x", "x", {"001"}, {{1, 7}});
-  EXPECT_LE(read, 1);
+  ListaFilas filas(*engine, PathOf(FileKind::kCompany), "select campo0 from Secciones", {"001"}, {{1, 7}});
+  EXPECT_LE(filas.Reached(), 1U);
   EXPECT_TRUE(filas.Reach(29));
-  EXPECT_EQ(filas.Reached(), 30U);
-  EXPECT_EQ(filas.Row(7), "00007  ");
-  EXPECT_EQ(filas.Find(0, "0002", 10), 20U);
-  EXPECT_EQ(read, 30) << "found among the rows reached";
-  EXPECT_EQ(filas.Find(0, "005", 20), 500U);
-  EXPECT_EQ(read, 501);
-  EXPECT_EQ(filas.Row(3), "00003  ") << "back again";
-  EXPECT_EQ(filas.Find(0, "0002", 30), std::nullopt) << "from the row on, not before it";
+  EXPECT_EQ(filas.Row(7), "007    ");
+  EXPECT_EQ(filas.Find(0, "02", 10), 20U);
+  EXPECT_EQ(filas.Reached(), 30U) << "found among the rows reached";
+  EXPECT_EQ(filas.Find(0, "5", 20), 500U);
+  EXPECT_EQ(filas.Reached(), 501U);
+  EXPECT_EQ(filas.Row(3), "003    ") << "back again";
+  EXPECT_EQ(filas.Find(0, "02", 30), std::nullopt) << "from the row on, not before it";
   EXPECT_TRUE(filas.Complete());
-  EXPECT_EQ(filas.Total(), static_cast<std::size_t>(kRows));
-  EXPECT_EQ(read, kRows);
-  EXPECT_FALSE(filas.Reach(kRows));
-  EXPECT_EQ(filas.Row(kRows - 1), "99999  ");
+  EXPECT_EQ(filas.Total(), 700U);
+  EXPECT_FALSE(filas.Reach(700));
+  EXPECT_EQ(filas.Row(699), "699    ");
 }
 
 TEST_F(ListsTest, TypingFindsWithoutCaseAndAccents) {

@@ -11,7 +11,7 @@ TEST_F(ListsTest, ReadsNoFurtherThanItIsAsked) {
   const auto tabla = engine->Workspaces(0)
                          ->OpenDatabase(PathOf(FileKind::kCompany))
                          ->OpenRecordset("Secciones", RecordsetType::kTable);
-  for (int code = 0; code < 700; ++code) {
+  for (int code = 0; code < 200; ++code) {
     tabla->AddNew();
     tabla->Fields(0).Set(std::to_string(1000 + code).substr(1));
     tabla->Update();
@@ -22,14 +22,14 @@ TEST_F(ListsTest, ReadsNoFurtherThanItIsAsked) {
   EXPECT_EQ(filas.Row(7), "007    ");
   EXPECT_EQ(filas.Find(0, "02", 10), 20U);
   EXPECT_EQ(filas.Reached(), 30U) << "found among the rows reached";
-  EXPECT_EQ(filas.Find(0, "5", 20), 500U);
-  EXPECT_EQ(filas.Reached(), 501U);
+  EXPECT_EQ(filas.Find(0, "1", 20), 100U);
+  EXPECT_EQ(filas.Reached(), 101U);
   EXPECT_EQ(filas.Row(3), "003    ") << "back again";
   EXPECT_EQ(filas.Find(0, "02", 30), std::nullopt) << "from the row on, not before it";
   EXPECT_TRUE(filas.Complete());
-  EXPECT_EQ(filas.Total(), 700U);
-  EXPECT_FALSE(filas.Reach(700));
-  EXPECT_EQ(filas.Row(699), "699    ");
+  EXPECT_EQ(filas.Total(), 200U);
+  EXPECT_FALSE(filas.Reach(200));
+  EXPECT_EQ(filas.Row(199), "199    ");
 }
 
 TEST_F(ListsTest, TypingFindsWithoutCaseAndAccents) {

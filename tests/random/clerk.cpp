@@ -117,12 +117,6 @@ class Clerk {
     hands_.Paste(form_, text);
   }
 
-  void MoveMouse() {
-    Control& control = AnyControl();
-    const bool right = random_.Chance(50);
-    hands_.Do(form_, "mouse " + control.Id() + (right ? " right" : ""), [&] { form_.MouseOver(control, right); });
-  }
-
   void CloseWindow() {
     hands_.Do(form_, "close the window", [&] { form_.Close(); });
   }
@@ -278,11 +272,11 @@ class Clerk {
 
 const Clerk::Habit Clerk::kHabits[] = {
     {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},    {2, false, &Clerk::PressAccessKey},
-    {28, false, &Clerk::UseControl},    {4, false, &Clerk::PasteHostile}, {3, false, &Clerk::MoveMouse},
-    {1, false, &Clerk::CloseWindow},    {3, false, &Clerk::EmptyField},   {4, true, &Clerk::ShowWorker},
-    {1, true, &Clerk::ShowSituacion},   {6, true, &Clerk::FillFields},    {2, true, &Clerk::NewWorker},
-    {2, true, &Clerk::ChangeWorker},    {2, true, &Clerk::NewSituacion},  {2, true, &Clerk::FillFamily},
-    {2, true, &Clerk::Calculate},       {2, true, &Clerk::Regularise},    {1, true, &Clerk::Remove},
+    {28, false, &Clerk::UseControl},    {4, false, &Clerk::PasteHostile}, {1, false, &Clerk::CloseWindow},
+    {3, false, &Clerk::EmptyField},     {4, true, &Clerk::ShowWorker},    {1, true, &Clerk::ShowSituacion},
+    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},     {2, true, &Clerk::ChangeWorker},
+    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},    {2, true, &Clerk::Calculate},
+    {2, true, &Clerk::Regularise},      {1, true, &Clerk::Remove},
 };
 
 void Clerk::Act() {

@@ -26,7 +26,7 @@ std::optional<std::size_t> ChooseAtRandom(Hands& hands, ListaFilas& rows) {
   return row;
 }
 
-class Player : public FakeFormHost, public Shell {
+class Player : public FakeFormHost {
  public:
   explicit Player(Hands& hands);
 
@@ -37,11 +37,6 @@ class Player : public FakeFormHost, public Shell {
     hands_.Note("error " + std::to_string(number) + " " + text);
   }
   BoxAnswer Show(const Box& box) override { return hands_.Answer(box); }
-
-  int FindWindow(std::string_view, std::string_view) override { return hands_.random.Between(0, 1); }
-  int Start(std::string_view) override { return hands_.random.Chance(30) ? throw RuntimeError(kFileNotFound) : 1; }
-  void Activate(int) override {}
-  void Activate(std::string_view) override {}
 
  private:
   // Another program changes or removes a row that may be on the screen.
@@ -67,7 +62,6 @@ void Player::Play(const std::string& folder) {
                        .files = files.get(),
                        .application_folder = folder,
                        .forms = this,
-                       .shell = this,
                        .components = &components_});
   Random& random = hands_.random;
   SessionValues values;

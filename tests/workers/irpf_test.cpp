@@ -98,6 +98,20 @@ TEST_F(IrpfTest, IsWrittenToTheSituacionOnTheScreen) {
   EXPECT_EQ(host.boxes.back(), "Para aplicar el tipo calculado antes debe registrar el trabajador");
 }
 
+TEST_F(IrpfTest, TheHistoryGivesThePaidAndTheWithheldSum) {
+  Recordset& historico = sesion.Tabla(425);
+  historico.AddNew();
+  int columna = 0;
+  for (const char* texto : {"1", "01", "90000", "001", "", "", "", "100000", "20000", "3000", "400", "50"}) {
+    historico.Fields(columna++).Set(texto);
+  }
+  historico.Fields(29).Set("P");
+  historico.Update();
+  Rellena(1, "90000");
+  Pulsa("Regulariza");
+  EXPECT_EQ(El<TextBox>("Text2(4)").Text() + " " + El<TextBox>("Text2(5)").Text(), "103000 20450");
+}
+
 TEST_F(IrpfTest, ErrorsEndTheButtonAndTheScreenStays) {
   Rellena(1, "15");
   const auto falla = [this](const std::string& boton, const std::string& error) {

@@ -109,13 +109,7 @@ class Clerk {
     }
   }
 
-  void PasteHostile() {
-    std::string text = AnyHostile();
-    if (random_.Chance(10)) {
-      for (int doubled = 0; doubled < 5; ++doubled) text += text;
-    }
-    hands_.Paste(form_, text);
-  }
+  void PasteHostile() { hands_.Paste(form_, AnyHostile()); }
 
   void CloseWindow() {
     hands_.Do(form_, "close the window", [&] { form_.Close(); });

@@ -9,7 +9,6 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
-#include <map>
 #include <numeric>
 #include <sstream>
 #include <string>
@@ -36,10 +35,6 @@ const std::vector<std::uint64_t> kFailedOnce = {11135};
 constexpr std::string_view kMustWrite[] = {"click Grabar", "click Borrar", "click CmdBorrar", "click CmdCalcular",
                                            "click CalcularRegula"};
 constexpr int kLongRun = 20'000;
-
-void Print(std::string_view what, const std::map<std::string, int>& counts) {
-  for (const auto& [text, times] : counts) std::cout << what << " " << times << "  " << text << "\n";
-}
 
 // What `zendara data check` finds, empty if nothing.
 std::string FaultsOf(const std::string& folder) {
@@ -74,9 +69,6 @@ int Play(const std::vector<std::uint64_t>& seeds, bool aloud) {
     std::cout << "failed, " << failure << "\n";
     ++failed;
   }
-  Print("box", findings.boxes);
-  Print("untrapped error", findings.errors);
-  Print("wrote", findings.writes);
   for (const std::string_view command : kMustWrite) {
     if (findings.events < kLongRun || findings.writes.contains(std::string(command))) continue;
     std::cout << "failed: nothing was written by " << command << "\n";

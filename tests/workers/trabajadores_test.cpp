@@ -74,7 +74,7 @@ TEST_F(TrabajadoresTest, ShowsWhatThereIsOfEmptyTables) {
   Abre();
   for (const char* boton : {"Inicio", "Anterior", "Siguiente", "Fin"}) Pulsa(boton);
   pantalla->Click(El<Image>("Image1(1)"));
-  EXPECT_EQ(asked.marca, -1) << "no list";
+  EXPECT_EQ(picking.titulo, "") << "no list";
   EXPECT_EQ(Foco() + Texto(1) + Texto(92), "Text1(1)001");
   EXPECT_EQ(pantalla->Pointer(), MousePointer::kDefault);
   Rellena(1, "3");
@@ -155,7 +155,7 @@ TEST_F(TrabajadoresTest, IncidentScreensAreHandedTheWorkerWhileTheyAreOpen) {
   EXPECT_EQ(listado.ToolTipText(), "La pantalla no está instalada.");
 }
 
-TEST_F(TrabajadoresTest, NoAccessKeyStandsTwice) {
+TEST_F(TrabajadoresTest, TheFrameGivesHintsAndColoursAndNoAccessKeyTwice) {
   Abre();
   std::set<std::string> teclas;
   for (const Control* control : pantalla->Controls()) {
@@ -163,9 +163,30 @@ TEST_F(TrabajadoresTest, NoAccessKeyStandsTwice) {
     if (marca == std::string::npos) continue;
     EXPECT_TRUE(teclas.insert(LCase(control->Caption().substr(marca + 1, 1))).second) << control->Caption();
   }
+  for (const auto& [boton, pista] : {std::pair("Grabar", " Graba los datos del trabajador "),
+                                     {"Calculadora", " Muestra la calculadora "},
+                                     {"CmdNuevo", ""}}) {
+    pantalla->MouseOver(El<Button>(boton));
+    EXPECT_EQ(El<Button>(boton).ToolTipText(), pista);
+  }
+  EXPECT_EQ(std::pair(Caja(1).BackColor(), Caja(2).BackColor()), std::pair(kWhite, kGrey));
+  Tecla(key::kDown);
+  EXPECT_EQ(std::pair(Caja(1).BackColor(), Caja(2).BackColor()), std::pair(kGrey, kWhite));
+}
+
+TEST_F(TrabajadoresTest, ANeighbourThatFailsEndsNoMoreThanWhatCalledIt) {
+  struct FailingBanner : SilentBanner {
+    void AvisoCierre(std::int32_t) override { throw std::runtime_error("of the host"); }
+  };
+  components.Register(kBannerClass, [] { return std::make_unique<FailingBanner>(); });
+  RegisterPickList(components, [](auto&&...) -> std::optional<std::size_t> { throw std::out_of_range("of the host"); });
+  Abre();
+  pantalla->Click(El<Image>("Image1(1)"));
   EXPECT_EQ(sesion.FormActivo, pantalla.get());
-  pantalla->Unload();
+  pantalla->Unload();  // not by its button
   EXPECT_EQ(sesion.FormActivo, nullptr);
+  EXPECT_NE(pantallas.Objeto("Trabajadores"), pantalla);
+  EXPECT_THAT(host.boxes, ElementsAre("51  Error interno", "Error en tiempo de ejecución '51':\nError interno"));
 }
 
 }  // namespace

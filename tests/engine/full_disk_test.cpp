@@ -1,6 +1,5 @@
 // A disk that fills up after any number of writes, one that is read-only, and what happens while the store waits.
-#include <signal.h>
-#include <sys/resource.h>
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,7 +9,7 @@
 
 #include "adapters/host/network.hpp"
 #include "engine/contract.hpp"
-#include "support/test_disk.hpp"
+#include "support/disk_faults.hpp"
 #include "zendara/engines.hpp"
 
 namespace zendara {
@@ -68,21 +67,6 @@ TEST_F(DiskTest, AFullDiskUndoesATransactionWhole) {
   EXPECT_EQ(open.people->RecordCount(), 1);
   add(7);
   EXPECT_EQ(Open().people->RecordCount(), 2);
-}
-
-// A process of its own, whose files may not grow beyond a size.
-TEST_F(DiskTest, ANewFileThatDoesNotFitLeavesNothingBehind) {
-  for (const rlim_t room : {0, 1, 4096, 12000}) {
-    const auto create = [&] {
-      signal(SIGXFSZ, SIG_IGN);
-      const rlimit limit{room, room};
-      setrlimit(RLIMIT_FSIZE, &limit);
-      const auto workspace = MakeEngine()->Workspaces(0);
-      _exit(ErrorOf([&] { workspace->CreateDatabase(path, {People()}); }) == 3026 ? 0 : 1);
-    };
-    EXPECT_EXIT(create(), testing::ExitedWithCode(0), "") << room;
-    EXPECT_TRUE(std::filesystem::is_empty(folder.path())) << room;
-  }
 }
 
 TEST_F(DiskTest, AQueryThatAnotherProgramCreatesMeanwhileExists) {

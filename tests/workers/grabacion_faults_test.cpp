@@ -1,5 +1,6 @@
 // What becomes of a save when the store cannot take it.
 #include <gmock/gmock.h>
+#include <sqlite3.h>
 
 #include <memory>
 #include <set>
@@ -8,7 +9,7 @@
 #include <vector>
 
 #include "frame/bases_datos.hpp"
-#include "support/test_disk.hpp"
+#include "support/disk_faults.hpp"
 #include "values/valor_numero.hpp"
 #include "workers/trabajadores_fixture.hpp"
 
@@ -89,7 +90,6 @@ class GrabacionTest : public TestDisk, public TrabajadoresTest {
   // Whether a click stores it. If not, that error is told, and nothing that was typed is lost.
   bool SeGraba(const Textos& tecleado, const std::string& error = "ninguno") {
     Pulsa("Grabar");
-    disk.writes_left = -1;
     const bool grabado = host.boxes.empty();
     EXPECT_THAT(host.boxes, Each(StartsWith(error)));
     host.boxes.clear();

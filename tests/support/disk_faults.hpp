@@ -1,5 +1,5 @@
-// A disk that fills up after any number of writes, fails once, ends the program, or is read-only: the system calls of
-// this test program pass through here. Nothing waits for the disk. For one source file of a test program.
+// A disk that fills up after any number of writes, fails once, or ends the program: the system calls of this test
+// program pass through here. Nothing waits for the disk. For one source file of a test program.
 #pragma once
 
 #include <fcntl.h>
@@ -21,9 +21,8 @@ struct Disk {
   int writes_left = -1;  // calls that take room; -1: as many as wanted
   int fault_in = -1;     // making, reading, writing or syncing a file, after as many of these; -1: none
   bool kills = false;    // that fault is the end of the program
-  bool read_only = false;
-  bool sleeps = true;  // false: a sleep is over at once
-  int faults = 0;      // that came
+  bool sleeps = true;    // false: a sleep is over at once
+  int faults = 0;        // that came
   int syncs = 0;
   int waited = 0;                       // microseconds that the program wanted to sleep, for a lock to go
   std::function<void()> while_waiting;  // called then; may be empty
@@ -97,7 +96,6 @@ inline bool WriteFails(const std::function<void()>& write_half) {
 }
 
 inline int Open(const char* path, int flags, mode_t mode) {
-  if (disk.read_only && (flags & O_ACCMODE) != O_RDONLY && FailsWith(EROFS)) return -1;
   const bool makes = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
   return makes && Fails(true) ? -1 : static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }

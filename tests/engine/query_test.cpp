@@ -200,6 +200,8 @@ TEST_P(QueryContract, RefusedTexts) {
       {"select * from gente where campo0", 3075},
       {"select * from gente where (campo0='x'", 3075},
       {"select * from gente where campo0='x' campo1='y'", 3075},
+      {"select * from gente where campo2=#1/2/01", 3075},
+      {"select campo0 from gente group by campo1", 3075},
       {"select campo0, max(campo1) from gente", 3075},
       {"select * from gente where campo0=7", 3421},
       {"select * from gente where campo2='05/03/01'", 3421},

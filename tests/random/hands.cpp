@@ -68,11 +68,11 @@ Hands::Shown Hands::ShownOn(const Form& form) {
           frame && frame->Visible()};
 }
 
-// The worker screen writes rows of the worker and situación that it shows, and of no other. A worker who goes takes all
-// his situaciones with him. A regularisation goes to the situación that was shown last, while a new one that is not
+// The worker screen writes rows of the worker and situación that it shows, and of no other. A worker who goes, or
+// has gone, takes all his situaciones with him. A regularisation goes to the situación that was shown last, while a new one that is not
 // saved yet may be on the screen.
 void Hands::CheckWrites(const Form& form, const std::string& event, const Shown& before) {
-  const std::map<std::string, bool> changed = ledger_.Changed();
+  const std::set<std::string> changed = ledger_.Changed();
   if (form.Name() != kPantallaTrabajadores) return;
   const std::string situacion = before.worker + "/" + before.situacion;
   const Shown now = ShownOn(form);
@@ -80,11 +80,10 @@ void Hands::CheckWrites(const Form& form, const std::string& event, const Shown&
   if (event == "click Grabar" && before.stays && emptied && !ledger_.Has(situacion)) Fail(situacion + " was not saved");
   if (changed.empty()) return;
   ++findings_.writes[event.starts_with("type") ? "type" : event];
-  const auto worker = changed.find(before.worker);
-  const bool removed = worker != changed.end() && !worker->second;
+  const bool removed = !ledger_.Has(before.worker);
   const bool regularised = before.regularising && !now.regularising;
   const std::string allowed = before.stays && !removed && !regularised ? situacion : before.worker + "/";
-  for (const auto& [who, there] : changed) {
+  for (const std::string& who : changed) {
     if (who != before.worker && !who.starts_with(allowed)) {
       Fail("rows of " + who + " were changed while " + situacion + " was shown");
     }

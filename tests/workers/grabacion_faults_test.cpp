@@ -1,5 +1,6 @@
 // What becomes of a save when the store cannot take it.
 #include <gmock/gmock.h>
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <iterator>
@@ -10,7 +11,7 @@
 #include <vector>
 
 #include "frame/bases_datos.hpp"
-#include "support/test_disk.hpp"
+#include "support/disk_faults.hpp"
 #include "values/valor_numero.hpp"
 #include "workers/trabajadores_fixture.hpp"
 

@@ -102,8 +102,8 @@ struct Situation {
   std::optional<Date> end;  // nothing: open
 };
 
-// As the engine compares texts: two with the same key are the same code.
-std::string KeyOf(std::string_view text) { return LCase(RTrim(text)); }
+// As the engine compares texts, whose trailing blanks are gone: those with the same key are the same code.
+std::string KeyOf(std::string_view text) { return LCase(text); }
 std::string KeyOf(Texts texts) {
   std::string key;
   for (const std::string& text : texts) key += KeyOf(text) + '\n';
@@ -113,7 +113,7 @@ using Keys = std::unordered_set<std::string>;
 
 std::string TextAt(Recordset& row, int ordinal) {
   const Value value = ReadCell(row, ordinal).value;
-  return value.IsNull() ? std::string() : Printable(Trim(CStr(value)));
+  return value.IsNull() ? std::string() : Printable(RTrim(CStr(value)));
 }
 std::vector<std::string> TextsAt(Recordset& row, const Tramo& columns, std::span<const CampoTrabajador> fields) {
   std::vector<std::string> texts;
@@ -134,14 +134,13 @@ std::string Joined(Texts texts) {
 // The tables of the company, each read once from its first row to its last.
 class Tables {
  public:
-  Tables(const DataFolder& folder, Engine& engine, Console& console)
-      : folder_(folder), engine_(engine), console_(console) {}
+  Tables(const DataFolder& folder, Engine& engine, Console& console, bool sound)
+      : folder_(folder), engine_(engine), console_(console), sound_(sound) {}
 
-  // False when it cannot be read to its end; the check has said why.
+  // False when it cannot be read to its end, for a fault that was found before; RuntimeError when there was none.
   template <typename Visit>
   bool Read(FileKind file, std::string_view table, Visit visit) const {
     const std::string place = folder_.FileName(file) + ": " + std::string(table);
-    if (!folder_.Find(folder_.FileName(file))) return false;
     try {
       const std::shared_ptr<Database> database = folder_.Open(engine_, file, console_);
       console_.Doing("reading " + place);
@@ -152,6 +151,7 @@ class Tables {
       }
       return true;
     } catch (const RuntimeError&) {
+      if (sound_) throw;
       return false;
     }
   }
@@ -160,6 +160,7 @@ class Tables {
   const DataFolder& folder_;
   Engine& engine_;
   Console& console_;
+  bool sound_;
 };
 
 // The keys of a table and their beginnings; nothing when it cannot be read.
@@ -180,8 +181,9 @@ std::optional<Keys> ReadCodes(const Tables& tables, const CodeTable& table) {
 
 bool IsMissing(Texts key, const Keys& known) {
   if (key.back().empty() || known.contains(KeyOf(key))) return false;
-  // Below an unknown code every other one is unknown, which that one says already.
-  return key.size() == 1 || known.contains(KeyOf(key.first(key.size() - 1)));
+  // Below an unknown code every other one is unknown; that one has advice of its own.
+  const Texts above = key.first(key.size() - 1);
+  return above.empty() || !IsMissing(above, known);
 }
 
 // The rules for single rows.
@@ -283,8 +285,8 @@ std::string OneLine(const Advice& advice) {
   return line + ": " + Joined(std::vector{advice.field, advice.value, advice.text});
 }
 
-std::vector<Advice> ReadAdvice(const DataFolder& folder, const std::string& year, Engine& engine, Console& console) {
-  const Tables tables(folder, engine, console);
+std::vector<Advice> ReadAdvice(const DataFolder& folder, Engine& engine, Console& console, bool sound) {
+  const Tables tables(folder, engine, console, sound);
   const Fields fields(tables);
   std::vector<Advice> advice;
 
@@ -311,7 +313,7 @@ std::vector<Advice> ReadAdvice(const DataFolder& folder, const std::string& year
     paid.insert(KeyOf(this_one));
     situation = std::move(this_one);
   });
-  if (all_concepts) AdviseOnConcepts(situations, paid, FullWorkingYear(std::stoi(year)), advice);
+  if (all_concepts) AdviseOnConcepts(situations, paid, FullWorkingYear(std::stoi(folder.year())), advice);
 
   std::ranges::stable_sort(advice, {}, [](const Advice& one) { return std::tie(one.worker, one.situation); });
   return advice;

@@ -21,7 +21,8 @@ struct Advice {
 // "worker 00012, situación 001: centro 009 is not in Centros"
 std::string OneLine(const Advice& advice);
 
-// Sorted by worker and situación. Where a table cannot be read there is no advice that needs it.
-std::vector<Advice> ReadAdvice(const DataFolder& folder, const std::string& year, Engine& engine, Console& console);
+// Sorted by worker and situación. `sound`: the files have no faults, so a table that cannot be read is a RuntimeError;
+// otherwise there is no advice that needs it.
+std::vector<Advice> ReadAdvice(const DataFolder& folder, Engine& engine, Console& console, bool sound);
 
 }  // namespace zendara

@@ -228,7 +228,7 @@ int DataCheck(const CheckOptions& options, Console& console) {
   Check check(*report, console);
   for (const StoredFile& file : StoredFiles()) check.File(folder, *engine, file);
   for (const ParameterFile& file : kParameterFiles) check.Parameters(folder, file);
-  report->Advise(ReadAdvice(folder, options.company.year, *engine, console));
+  report->Advise(ReadAdvice(folder, *engine, console, check.faults() == 0));
   return check.faults() == 0 ? 0 : 1;
 }
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <string>
 
+#include "adapters/host/descriptor.hpp"
 #include "runtime/text.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
@@ -58,12 +59,10 @@ class HostFiles final : public Files {
       throw RuntimeError(folder.empty() || FindPath(folder) ? kFileNotFound : kPathNotFound, {}, path);
     }
     // Neither waits for the other end of a pipe nor takes a terminal over.
-    const int file = open(found->c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (file < 0) Fail(errno, path);
+    const Descriptor file(open(found->c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file) Fail(errno, path);
     std::string record(length, '\0');
-    const int error = Read(file, record);
-    close(file);
-    if (error) Fail(error, path);
+    if (const int error = Read(file.get(), record)) Fail(error, path);
     return record;
   }
 

@@ -1,13 +1,15 @@
 #include "adapters/host/new_file.hpp"
 
 #include <fcntl.h>
-#include <stdio.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
+#include <cstdlib>
 #include <string>
+
+#include "adapters/host/descriptor.hpp"
 
 namespace zendara {
 namespace {
@@ -15,22 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 std::error_code Failure() { return {errno, std::generic_category()}; }
-
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() {
-    if (number_ >= 0) close(number_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  explicit operator bool() const { return number_ >= 0; }
-  int get() const { return number_; }
-
- private:
-  int number_;
-};
 
 fs::path FolderOf(const fs::path& path) { return path.has_parent_path() ? path.parent_path() : fs::path("."); }
 

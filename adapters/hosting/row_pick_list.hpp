@@ -9,13 +9,13 @@
 #include <utility>
 #include <vector>
 
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 #include "zendara/neighbours.hpp"
 
 namespace zendara {
 
 // The row that is taken, nothing to leave without.
-using ChooseRow = std::function<std::optional<std::size_t>(const std::string& title, ListaFilas& rows)>;
+using ChooseRow = std::function<std::optional<std::size_t>(const std::string& title, RowList& rows)>;
 
 class RowPickList : public PickList {
  public:
@@ -24,18 +24,18 @@ class RowPickList : public PickList {
   void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
                      const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base,
                      const std::string& titulo, std::int16_t /*marca_boton*/, std::string& resultado) override {
-    ListaFilas rows(motor, base, sql, columnas, lugares);
+    RowList rows(motor, base, sql, columnas, lugares);
     Take(titulo, rows, resultado);
   }
 
   void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t /*marca_boton*/,
                     std::string& resultado) override {
-    ListaFilas rows(lineas);
+    RowList rows(lineas);
     Take(titulo, rows, resultado);
   }
 
  private:
-  void Take(const std::string& title, ListaFilas& rows, std::string& result) {
+  void Take(const std::string& title, RowList& rows, std::string& result) {
     const auto row = choose_(title, rows);
     result = row ? rows.Row(*row) : std::string();
   }

@@ -17,7 +17,7 @@ std::unique_ptr<ControlView> MakeView(FormWindow& window, Control& control, QWid
 using Keep = std::function<void(std::unique_ptr<ControlView> view, Control& control)>;
 void BuildLayout(FormWindow& window, const Layout& layout, QWidget& content, const Keep& keep);
 
-// What is hidden, as are the pages behind, does not tell its container of a new size by itself.
+// What is hidden, as are the pages behind, does not pass a new size on to its container by itself.
 void RenewSizes(QWidget& content);
 
 // Distances follow the font.

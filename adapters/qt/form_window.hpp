@@ -71,7 +71,7 @@ class FormWindow : public QWidget, public FormView {
   void Pass(const std::function<void()>& call);
   // Shows at once what has changed. Otherwise it waits for the end of the event.
   void Flush();
-  // True while the widgets are brought in step, when what they tell is no user's doing.
+  // True while the widgets are brought in step, when what they signal is no user's doing.
   bool Syncing() const { return syncing_; }
   // Called when the form was unloaded, as the last thing: it may end this window.
   void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }

@@ -98,7 +98,7 @@ std::vector<Watcher>& Watchers() {
   return watchers;
 }
 
-void Tell() {
+void CallWatchers() {
   std::erase_if(Watchers(), [](const Watcher& watcher) { return !watcher.owner; });
   const auto watchers = Watchers();
   for (const Watcher& watcher : watchers) {
@@ -124,7 +124,7 @@ void Set(int percent) {
   QApplication::setFont(FontOf(percent_now));
   QToolTip::setFont(FontOf(percent_now));
   // The widgets get their font by an event.
-  QMetaObject::invokeMethod(qApp, Tell, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(qApp, CallWatchers, Qt::QueuedConnection);
 }
 
 void Larger() {

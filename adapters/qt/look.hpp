@@ -18,7 +18,7 @@ void InstallLook();
 namespace zoom {
 inline constexpr int kMost = 250;
 int Percent();
-// Kept between the smallest and the largest size; tells every watcher.
+// Kept between the smallest and the largest size; every watcher is called.
 void Set(int percent);
 void Larger();
 void Smaller();

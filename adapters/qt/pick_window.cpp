@@ -30,7 +30,7 @@ constexpr qint64 kPauseThatEndsAWord = 1500;  // milliseconds
 // Rows that were reached; more of them as the view scrolls on.
 class RowsModel : public QAbstractTableModel {
  public:
-  RowsModel(ListaFilas& rows, QObject* parent) : QAbstractTableModel(parent), rows_(rows) {}
+  RowsModel(RowList& rows, QObject* parent) : QAbstractTableModel(parent), rows_(rows) {}
 
   int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : shown_; }
   int columnCount(const QModelIndex& parent) const override {
@@ -70,12 +70,12 @@ class RowsModel : public QAbstractTableModel {
   std::exception_ptr Failure() const { return failure_; }
 
  private:
-  ListaFilas& rows_;
+  RowList& rows_;
   int shown_ = 0;
   mutable std::exception_ptr failure_;
 };
 
-PickWindow::PickWindow(const QString& title, ListaFilas& rows, QWidget* parent) : QDialog(parent), rows_(rows) {
+PickWindow::PickWindow(const QString& title, RowList& rows, QWidget* parent) : QDialog(parent), rows_(rows) {
   setWindowModality(Qt::ApplicationModal);
   setWindowTitle(title);
   model_ = new RowsModel(rows, this);

@@ -6,7 +6,7 @@
 #include <exception>
 #include <optional>
 
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 
 class QLabel;
 class QTableView;
@@ -20,7 +20,7 @@ class RowsModel;
 class PickWindow : public QDialog {
  public:
   // `rows` outlives the window.
-  PickWindow(const QString& title, ListaFilas& rows, QWidget* parent);
+  PickWindow(const QString& title, RowList& rows, QWidget* parent);
 
   // The row taken, nothing if the window was left. Throws what reading the rows threw.
   std::optional<std::size_t> Chosen() const;
@@ -42,7 +42,7 @@ class PickWindow : public QDialog {
   template <typename Read>
   void Guard(Read read);
 
-  ListaFilas& rows_;
+  RowList& rows_;
   RowsModel* model_;
   QTableView* table_;
   QLabel* typed_label_;

@@ -32,7 +32,7 @@ constexpr int kTwipsPerPixel = 15;
 }  // namespace
 
 QtHost::QtHost() {
-  RegisterPickList(components_, [this](const std::string& title, ListaFilas& rows) { return Choose(title, rows); });
+  RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
 
@@ -125,7 +125,7 @@ BoxAnswer QtHost::Show(const Box& box) {
 
 void QtHost::Beep() { QApplication::beep(); }
 
-std::optional<std::size_t> QtHost::Choose(const std::string& title, ListaFilas& rows) {
+std::optional<std::size_t> QtHost::Choose(const std::string& title, RowList& rows) {
   FlushAll();
   QWidget* behind = Behind();
   PickWindow window(ToQt(title), rows, behind);

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 #include "platform/form/form.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
@@ -32,7 +32,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   // Of the form that is shown on top; nullptr if none is.
   FormWindow* Top() const { return windows_.empty() ? nullptr : windows_.back(); }
   // The pick list's window: the row that the user takes. Throws what reading the rows throws.
-  std::optional<std::size_t> Choose(const std::string& title, ListaFilas& rows);
+  std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
 
   void ShowModal(Form& form) override;
   void DoEvents() override;

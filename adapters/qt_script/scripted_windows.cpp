@@ -51,7 +51,7 @@ ScriptedWindows::ScriptedWindows(QtHost& windows, Script script, ScriptPlayer::S
       hands_(windows, [this] { PhotographTop(); }),
       player_(CommandsOf(std::move(script)), hands_, std::move(out)) {
   RegisterScriptNeighbours(components_, player_);
-  RegisterPickList(components_, [this](const std::string& title, ListaFilas& rows) { return Choose(title, rows); });
+  RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
 }
 
 ScriptResult ScriptedWindows::Play(Platform platform) {
@@ -100,7 +100,7 @@ BoxAnswer ScriptedWindows::Show(const Box& box) {
   return windows_.Show(box);
 }
 
-std::optional<std::size_t> ScriptedWindows::Choose(const std::string& title, ListaFilas& rows) {
+std::optional<std::size_t> ScriptedWindows::Choose(const std::string& title, RowList& rows) {
   if (player_.Ended()) return std::nullopt;
   const OnceOpen user([&] {
     auto& window = Front<PickWindow>();

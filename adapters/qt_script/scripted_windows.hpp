@@ -36,7 +36,7 @@ class ScriptedWindows : public FormHost, public Dialogs {
   void Beep() override { player_.Beep(); }
 
  private:
-  std::optional<std::size_t> Choose(const std::string& title, ListaFilas& rows);
+  std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
   void Photograph(QWidget& window, const QString& name) const;
   void PhotographTop() const;
 

@@ -27,7 +27,7 @@ class ScriptListingViewer : public ListingViewer {
 
 void RegisterScriptNeighbours(Components& components, ScriptPlayer& player) {
   RegisterPickList(components,
-                   [&player](const std::string& title, ListaFilas& rows) { return player.Choose(title, rows); });
+                   [&player](const std::string& title, RowList& rows) { return player.Choose(title, rows); });
   components.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
   components.Register(kListingViewerClass, [&player]() -> std::unique_ptr<ListingViewer> {
     return std::make_unique<ScriptListingViewer>(player);

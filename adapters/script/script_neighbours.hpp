@@ -1,5 +1,5 @@
-// Pick list, banner and listing viewer that ask and tell a script's player; a front end that shows the first in a
-// window registers its own after them.
+// Pick list, banner and listing viewer that ask a script's player and pass on to it; a front end that shows the first
+// in a window registers its own after them.
 #pragma once
 
 #include "adapters/script/script_player.hpp"

@@ -299,12 +299,12 @@ void ScriptPlayer::QueuePick(const ScriptWord& word) {
 }
 
 void ScriptPlayer::Show(const Form& form, const std::string& id) {
-  const auto tell = [this](const std::string& name, const std::string& text) {
+  const auto print = [this](const std::string& name, const std::string& text) {
     Print("value " + name + "=" + Quoted(text));
   };
   Control* control = form.Find(id);
-  if (control) return ForEachValue(*control, tell);
-  tell(id, ValueOf(form, id));
+  if (control) return ForEachValue(*control, print);
+  print(id, ValueOf(form, id));
 }
 
 void ScriptPlayer::ShowAll(const Form& form) {
@@ -357,7 +357,7 @@ void ScriptPlayer::Error(int number, const std::string& text) {
   Print("error " + std::to_string(number) + " " + Quoted(text));
 }
 
-std::optional<std::size_t> ScriptPlayer::Choose(const std::string& title, ListaFilas& rows) {
+std::optional<std::size_t> ScriptPlayer::Choose(const std::string& title, RowList& rows) {
   if (ended_) return std::nullopt;
   std::optional<std::size_t> chosen;
   try {
@@ -371,7 +371,7 @@ std::optional<std::size_t> ScriptPlayer::Choose(const std::string& title, ListaF
   return chosen;
 }
 
-std::optional<std::size_t> ScriptPlayer::Chosen(ListaFilas& rows) {
+std::optional<std::size_t> ScriptPlayer::Chosen(RowList& rows) {
   const PickChoice choice = picks_.empty() ? PickChoice() : picks_.front();
   if (!picks_.empty()) picks_.pop_front();
   if (const auto* number = std::get_if<std::size_t>(&choice)) {

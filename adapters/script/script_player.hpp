@@ -28,7 +28,7 @@
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/script/script.hpp"
 #include "adapters/script/script_driver.hpp"
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 #include "zendara/automation.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
@@ -61,7 +61,7 @@ class ScriptPlayer : public Shell {
   void Help(int context);
   void Error(int number, const std::string& text);
   // Of a pick list: the row to take, nothing to leave without.
-  std::optional<std::size_t> Choose(const std::string& title, ListaFilas& rows);
+  std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
   // Of ListingViewer::Visualiza: prints the listing from its table.
   void Listing(const ListingDescription& description, const std::string& file, const std::string& table);
   // The script has ended: windows need not be shown any more.
@@ -87,7 +87,7 @@ class ScriptPlayer : public Shell {
   void Print(const std::string& line);
   void PrintStatus();
   void PrintFocus();
-  std::optional<std::size_t> Chosen(ListaFilas& rows);
+  std::optional<std::size_t> Chosen(RowList& rows);
 
   void OpenSession(const ScriptCommand& command);
   void OpenScreen(const std::string& name);

@@ -42,12 +42,12 @@ std::string ValueOf(const Form& form, const std::string& id) {
   return CellOf(*grid, std::string_view(id).substr(bracket));
 }
 
-void ForEachValue(Control& control, const std::function<void(const std::string& id, const std::string& text)>& tell) {
+void ForEachValue(Control& control, const std::function<void(const std::string& id, const std::string& text)>& take) {
   const auto* grid = dynamic_cast<const Grid*>(&control);
-  if (!grid) return tell(control.Id(), control.ShownText());
+  if (!grid) return take(control.Id(), control.ShownText());
   for (int row = grid->FixedRows(); row < grid->Rows(); ++row) {
     for (int column = grid->FixedColumns(); column < grid->Columns(); ++column) {
-      if (!grid->Cell(row, column).empty()) tell(CellId(*grid, row, column), grid->Cell(row, column));
+      if (!grid->Cell(row, column).empty()) take(CellId(*grid, row, column), grid->Cell(row, column));
     }
   }
 }

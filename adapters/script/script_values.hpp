@@ -16,6 +16,6 @@ Control& FindControl(const Form& form, std::string_view id);
 std::string ValueOf(const Form& form, const std::string& id);
 
 // Every value of a control: the cells of a grid that are neither fixed nor empty, otherwise its value.
-void ForEachValue(Control& control, const std::function<void(const std::string& id, const std::string& text)>& tell);
+void ForEachValue(Control& control, const std::function<void(const std::string& id, const std::string& text)>& take);
 
 }  // namespace zendara

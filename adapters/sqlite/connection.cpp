@@ -76,6 +76,8 @@ std::string StoredIndexName(std::string_view table, std::string_view index) {
   return std::string(table) + "." + std::string(index);
 }
 
+fs::path LogOf(fs::path file) { return file += "-wal"; }
+
 std::string UnchangingUri(const fs::path& path) {
   std::error_code none;
   std::string uri = "file://";
@@ -150,7 +152,7 @@ std::shared_ptr<Connection> Connection::OpenShared(const fs::path& path, const s
 std::shared_ptr<Connection> Connection::OpenUnchanging(const fs::path& path, const std::string& name,
                                                        std::shared_ptr<const SpanishOrder> order) {
   std::error_code none;
-  const auto log = fs::file_size(fs::path(path) += "-wal", none);
+  const auto log = fs::file_size(LogOf(path), none);
   if (!none && log > 0) {
     throw RuntimeError(kCannotOpenFile, {name},
                        "its newest rows are in the log beside it, which is not read where nothing can be written");
@@ -207,7 +209,7 @@ void Connection::FoldLog(const fs::path& path, const std::string& name, std::sha
   }
   // The last one who closes the file takes the log away.
   std::error_code none;
-  if (fs::exists(fs::path(path) += "-wal", none)) throw RuntimeError(kFileInUse, {name});
+  if (fs::exists(LogOf(path), none)) throw RuntimeError(kFileInUse, {name});
 }
 
 bool Connection::FileIsGone() const {

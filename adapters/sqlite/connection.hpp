@@ -108,7 +108,7 @@ class Connection {
   void AsOne(const std::function<void()>& writes);
 
   // Row numbers are never used again. A new row gets the one behind the highest that the table ever had: its last row
-  // tells it, or, when rows went from its end, the number that was kept then.
+  // shows it, or, when rows went from its end, the number that was kept then.
 
   // Before a write. A file of an earlier version gets what keeps the numbers.
   void PrepareWrite();

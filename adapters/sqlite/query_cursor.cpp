@@ -78,8 +78,9 @@ class Cursor final : public QueryCursor, private Holder {
   Cursor(std::shared_ptr<Connection> connection, std::shared_ptr<PreparedQuery> query,
          const std::vector<Value>& literals)
       : connection_(std::move(connection)), query_(std::move(query)) {
-    connection_->Acquire(this);
+    connection_->Park();
     Bind(query_->statement, literals);
+    connection_->Acquire(this);
     rows_ = &query_->statement;
   }
 

@@ -26,7 +26,7 @@ RowsAside::RowsAside(Statement& rows, const std::string& file) {
   }
   Statement insert(database, file, "INSERT INTO aside VALUES (" + places + ")");
   do {
-    for (int i = 0; i < columns; ++i) sqlite3_bind_value(insert.get(), i + 1, sqlite3_column_value(rows.get(), i));
+    for (int i = 0; i < columns; ++i) insert.BindColumn(i + 1, rows, i);
     insert.Run();
   } while (rows.Step());
   Statement(database, file, "COMMIT").Run();

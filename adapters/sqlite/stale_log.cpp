@@ -2,9 +2,10 @@
 
 #include <fcntl.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <system_error>
+
+#include "adapters/host/descriptor.hpp"
 
 namespace zendara::sqlite {
 namespace {
@@ -16,16 +17,15 @@ namespace fs = std::filesystem;
 constexpr off_t kLockOfUsers = 128;
 
 bool SomebodyUses(const fs::path& shared_memory) {
-  const int file = open(shared_memory.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) return false;
+  const Descriptor file(open(shared_memory.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!file) return false;
   struct flock lock = {};
   lock.l_type = F_WRLCK;
   lock.l_whence = SEEK_SET;
   lock.l_start = kLockOfUsers;
   lock.l_len = 1;
-  const bool asked = fcntl(file, F_OFD_GETLK, &lock) == 0;  // other than the older locks, this one sees this program's
-  close(file);
-  return asked && lock.l_type != F_UNLCK;
+  // Other than the older locks, this one sees this program's.
+  return fcntl(file.get(), F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 
 }  // namespace

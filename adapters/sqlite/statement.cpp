@@ -75,21 +75,26 @@ Statement::Statement(sqlite3* database, const std::string& file, std::string_vie
   if (code != SQLITE_OK) Fail(sqlite3_extended_errcode(database), file, sqlite3_errmsg(database));
 }
 
-void Statement::Bind(int parameter, const Value& value) {
-  if (value.IsText()) {
-    const std::string& text = value.Text();
-    sqlite3_bind_text64(get(), parameter, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
-  } else if (value.IsNumber()) {
-    sqlite3_bind_double(get(), parameter, value.Number());
-  } else if (value.IsDate()) {
-    const std::string text = IsoDate(value.AsDate());
-    sqlite3_bind_text64(get(), parameter, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
-  } else {
-    sqlite3_bind_null(get(), parameter);
-  }
+void Statement::Check(int code) const {
+  if (code != SQLITE_OK) Fail(code, *file_, sqlite3_errmsg(sqlite3_db_handle(get())));
 }
 
-void Statement::Bind(int parameter, std::int64_t number) { sqlite3_bind_int64(get(), parameter, number); }
+void Statement::Bind(int parameter, const Value& value) {
+  if (value.IsNull()) return Check(sqlite3_bind_null(get(), parameter));
+  if (value.IsNumber()) return Check(sqlite3_bind_double(get(), parameter, value.Number()));
+  if (value.IsDate()) return BindText(parameter, IsoDate(value.AsDate()));
+  BindText(parameter, value.Text());
+}
+
+void Statement::BindText(int parameter, std::string_view text) {
+  Check(sqlite3_bind_text64(get(), parameter, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
+}
+
+void Statement::Bind(int parameter, std::int64_t number) { Check(sqlite3_bind_int64(get(), parameter, number)); }
+
+void Statement::BindColumn(int parameter, const Statement& row, int column) {
+  Check(sqlite3_bind_value(get(), parameter, sqlite3_column_value(row.get(), column)));
+}
 
 bool Statement::Step() {
   const int code = sqlite3_step(get());

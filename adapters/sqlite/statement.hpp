@@ -24,9 +24,11 @@ class Statement {
   explicit operator bool() const { return statement_ != nullptr; }
   sqlite3_stmt* get() const { return statement_.get(); }
 
-  // Parameters from 1. Texts are copied.
+  // Parameters from 1. Texts are copied. Throws when there is no room for one.
   void Bind(int parameter, const Value& value);
   void Bind(int parameter, std::int64_t number);
+  // As it stands in that column of the other statement's row.
+  void BindColumn(int parameter, const Statement& row, int column);
   // True while there are rows. After a failure the statement is reset.
   bool Step();
   void Reset();
@@ -40,6 +42,9 @@ class Statement {
   Value Read(int column, ColumnType type) const;
 
  private:
+  void BindText(int parameter, std::string_view text);
+  void Check(int code) const;
+
   struct Finalize {
     void operator()(sqlite3_stmt* statement) const;
   };

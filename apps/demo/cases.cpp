@@ -1,4 +1,4 @@
-// The known cases; demo_company.hpp tells what each is for.
+// The known cases; demo_company.hpp says what each is for.
 #include <array>
 #include <initializer_list>
 

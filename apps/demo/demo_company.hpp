@@ -56,8 +56,8 @@ struct DemoOptions {
 
 // Writes all files or none: they come into being in a folder of their own in DATOS and get their names at the end.
 // Throws std::runtime_error with one line for the user when the options are wrong, when DATOS holds a file of such a
-// name already (nothing is touched then), or when writing fails. `progress` may be empty; it is told now and then how
-// many workers are done, of how many: first 0, last all of them, when the files stand. What it throws ends the run.
+// name already (nothing is touched then), or when writing fails. `progress` may be empty; it gets now and then how many
+// workers are done, of how many: first 0, last all of them, when the files stand. What it throws ends the run.
 void WriteDemoCompany(Engine& engine, const DemoOptions& options,
                       const std::function<void(int done, int of)>& progress = {});
 

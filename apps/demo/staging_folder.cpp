@@ -26,26 +26,11 @@ constexpr const char* kPublishing = "publishing";
   throw std::system_error(error, std::generic_category(), path.string());
 }
 
-class Descriptor {
- public:
-  explicit Descriptor(const fs::path& path, int flags = O_RDONLY)
-      : number_(open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
-  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (number_ >= 0) close(number_);
-  }
-  int get() const { return number_; }
-  int release() { return std::exchange(number_, -1); }
-
- private:
-  int number_;
-};
+Descriptor Open(const fs::path& path, int flags) { return Descriptor(open(path.c_str(), flags | O_CLOEXEC, 0666)); }
 
 void Sync(const fs::path& path) {
-  const Descriptor file(path);
-  if (file.get() < 0 || fsync(file.get()) != 0) Fail(path);
+  const Descriptor file = Open(path, O_RDONLY);
+  if (!file || fsync(file.get()) != 0) Fail(path);
 }
 
 std::optional<struct stat> StatusOf(const fs::path& path) {
@@ -62,16 +47,16 @@ bool IsLater(const struct stat& a, const struct stat& b) {
 
 // Nothing when another program has it, or when the folder was removed by one that had it. A file system without locks
 // fails.
-std::optional<Descriptor> Lock(const fs::path& folder) {
-  Descriptor open_folder(folder, O_RDONLY | O_DIRECTORY);
-  if (open_folder.get() < 0) return std::nullopt;
+Descriptor Lock(const fs::path& folder) {
+  Descriptor open_folder = Open(folder, O_RDONLY | O_DIRECTORY);
+  if (!open_folder) return open_folder;
   if (flock(open_folder.get(), LOCK_EX | LOCK_NB) != 0) {
-    if (errno == EWOULDBLOCK) return std::nullopt;
+    if (errno == EWOULDBLOCK) return Descriptor();
     Fail(folder);
   }
   struct stat locked = {};
   const auto named = StatusOf(folder);
-  if (fstat(open_folder.get(), &locked) != 0 || !named || !SameFile(locked, *named)) return std::nullopt;
+  if (fstat(open_folder.get(), &locked) != 0 || !named || !SameFile(locked, *named)) return Descriptor();
   return open_folder;
 }
 
@@ -125,10 +110,10 @@ bool GiveName(const fs::path& file, const fs::path& name) {
 
 StagingFolder::StagingFolder(const fs::path& target) : target_(target) {
   RemoveLeftOvers(target);
-  for (int i = 1; lock_ < 0; ++i) {
+  for (int i = 1; !lock_; ++i) {
     path_ = target / (std::string(kPrefix) + std::to_string(i));
     if (mkdir(path_.c_str(), 0777) == 0) {
-      if (auto lock = Lock(path_)) lock_ = lock->release();
+      lock_ = Lock(path_);
     } else if (errno != EEXIST) {
       Fail(path_);
     }
@@ -139,7 +124,6 @@ StagingFolder::~StagingFolder() {
   // A publishing that could not be undone is left to the next program.
   std::error_code stays;
   if (!StatusOf(path_ / kPublishing)) fs::remove_all(path_, stays);
-  close(lock_);
 }
 
 std::optional<std::string> StagingFolder::Publish(std::span<const std::string> names) const {
@@ -148,7 +132,7 @@ std::optional<std::string> StagingFolder::Publish(std::span<const std::string> n
     Sync(path_ / name);
   }
   const fs::path publishing = path_ / kPublishing;
-  if (Descriptor(publishing, O_WRONLY | O_CREAT | O_EXCL).get() < 0) Fail(publishing);
+  if (!Open(publishing, O_WRONLY | O_CREAT | O_EXCL)) Fail(publishing);
   std::vector<fs::path> given;
   const auto undo = [&] {
     for (const fs::path& name : given) unlink(name.c_str());

@@ -6,6 +6,8 @@
 #include <span>
 #include <string>
 
+#include "adapters/host/descriptor.hpp"
+
 namespace zendara {
 
 // A folder of this program's own inside `target`, where files are made. It is locked while it lives and removed at the
@@ -29,7 +31,7 @@ class StagingFolder {
  private:
   std::filesystem::path target_;
   std::filesystem::path path_;
-  int lock_ = -1;  // open on the folder
+  Descriptor lock_;  // open on the folder
 };
 
 }  // namespace zendara

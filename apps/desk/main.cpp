@@ -20,7 +20,6 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/hosting/application.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
@@ -28,6 +27,7 @@
 #include "adapters/qt_script/scripted_windows.hpp"
 #include "apps/desk/chooser.hpp"
 #include "component/componente.hpp"
+#include "runtime/failure.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -91,7 +91,7 @@ bool DrawOffscreen(QTemporaryFile& screen) {
   return true;
 }
 
-// The last picture of each page stands for it; numbers tell the order in which the pages came first.
+// The last picture of each page stands for it; numbers show the order in which the pages came first.
 class Album {
  public:
   explicit Album(std::string folder) : folder_(std::move(folder)) { std::filesystem::create_directories(folder_); }

@@ -34,7 +34,7 @@ click CmdCalcular
 click Regulariza
 click CalcularRegula
 
-# A number that nobody has: saving tells what is missing, and writes nothing.
+# A number that nobody has: saving says what is missing, and writes nothing.
 focus Text1(1)
 key Home
 type "99999\n"

@@ -76,8 +76,9 @@ bool Navegacion::TieneRegistro() const try {
 bool Navegacion::VaAlVecino(bool atras) {
   Recordset& tabla = sesion_.Tabla(ranura_);
   const auto [fichero, definicion] = TablaDe(ranura_);
-  const std::vector<int>& indice =
-      definicion->indexes[static_cast<std::size_t>(definicion->IndexOrdinal(tabla.Index()))].columns;
+  const int en_uso = definicion->IndexOrdinal(tabla.Index());
+  if (clave_.empty() || en_uso < 0) return false;
+  const std::vector<int>& indice = definicion->indexes[static_cast<std::size_t>(en_uso)].columns;
   const auto nombre = [&](std::size_t i) { return definicion->columns[static_cast<std::size_t>(indice[i])].name; };
   std::string columnas = nombre(0);
   std::string orden = nombre(0) + (atras ? " DESC" : "");

@@ -10,9 +10,9 @@
 namespace zendara {
 namespace {
 
-constexpr int kBandas = 255;
-constexpr int kHaciaArriba = 900;
-constexpr std::size_t kLargoNombreFuente = 33;
+constexpr int kBands = 255;
+constexpr int kUpwards = 900;
+constexpr std::size_t kFontNameLength = 33;
 
 std::uint32_t Color(const std::array<std::int16_t, 3>& rgb) {
   return static_cast<std::uint32_t>(rgb[0] + rgb[1] * 256 + rgb[2] * 65536);
@@ -30,12 +30,12 @@ int MulDiv(int a, int b, int c) { return CLng(Int(static_cast<double>(a) * b / c
 
 }  // namespace
 
-void Vertical::SetColor(Tono& tono, std::int32_t color) {
-  if (tono.color == color) return;
-  const std::uint32_t traducido = screen_.TranslateColor(color);
-  tono.color = color;
-  for (std::size_t i = 0; i < tono.rgb.size(); ++i) {
-    tono.rgb[i] = static_cast<std::int16_t>((traducido >> (8 * i)) & 0xFF);
+void Vertical::SetColor(Tone& tone, std::int32_t color) {
+  if (tone.color == color) return;
+  const std::uint32_t translated = screen_.TranslateColor(color);
+  tone.color = color;
+  for (std::size_t i = 0; i < tone.rgb.size(); ++i) {
+    tone.rgb[i] = static_cast<std::int16_t>((translated >> (8 * i)) & 0xFF);
   }
   if (picture_) Draw();
 }
@@ -43,46 +43,46 @@ void Vertical::SetColor(Tono& tono, std::int32_t color) {
 void Vertical::Draw() const try {
   if (!picture_) return;
   const double twips_per_pixel = screen_.TwipsPerPixel();
-  const int alto = Pixels(picture_->Height(), twips_per_pixel);
-  const int ancho = Pixels(picture_->Width(), twips_per_pixel);
-  PintaBandas(alto, ancho);
+  const int height = Pixels(picture_->Height(), twips_per_pixel);
+  const int width = Pixels(picture_->Width(), twips_per_pixel);
+  PaintBands(height, width);
 
-  const PictureFont fuente = picture_->Font();
-  LogicalFont logica = FuenteLogica(fuente, picture_->VerticalPixelsPerInch());
-  logica.escapement = kHaciaArriba;
+  const PictureFont font = picture_->Font();
+  LogicalFont logical = LogicalFontOf(font, picture_->VerticalPixelsPerInch());
+  logical.escapement = kUpwards;
   // Points less pixels, and characters less pixels: so the caption has always stood.
-  const int x = CLng(Int(ancho / 2.0 - fuente.size));
-  const int y = CLng(Int((alto - static_cast<double>(Len(caption_))) / 2));
-  picture_->TextOut(logica, kAlignCentre, x, y, caption_);
+  const int x = CLng(Int(width / 2.0 - font.size));
+  const int y = CLng(Int((height - static_cast<double>(Len(caption_))) / 2));
+  picture_->TextOut(logical, kAlignCentre, x, y, caption_);
   picture_->Refresh();
 } catch (...) {
   // A screen without its band is still a screen.
   LogCurrentError();
 }
 
-void Vertical::PintaBandas(int alto, int ancho) const {
-  const int paso = std::max(alto / kBandas, 1);
-  std::array<std::int16_t, 3> actual = start_.rgb;
-  int abajo = alto;
-  for (int y = alto; y >= 0; y -= paso) {
-    const int arriba = abajo - paso;
-    picture_->FillRect(0, arriba, ancho, abajo, Color(actual));
-    abajo = arriba;
-    for (std::size_t i = 0; i < actual.size(); ++i) {
-      const double diferencia = end_.rgb[i] - start_.rgb[i];
-      actual[i] = CInt((alto - y) * diferencia / alto + start_.rgb[i]);
+void Vertical::PaintBands(int height, int width) const {
+  const int step = std::max(height / kBands, 1);
+  std::array<std::int16_t, 3> current = start_.rgb;
+  int bottom = height;
+  for (int y = height; y >= 0; y -= step) {
+    const int top = bottom - step;
+    picture_->FillRect(0, top, width, bottom, Color(current));
+    bottom = top;
+    for (std::size_t i = 0; i < current.size(); ++i) {
+      const double difference = end_.rgb[i] - start_.rgb[i];
+      current[i] = CInt((height - y) * difference / height + start_.rgb[i]);
     }
   }
 }
 
-LogicalFont Vertical::FuenteLogica(const PictureFont& fuente, int pixels_per_inch) {
-  if (Len(fuente.name) > kLargoNombreFuente) throw RuntimeError(kSubscriptOutOfRange);
-  return {.face = fuente.name,
-          .height = -MulDiv(CLng(fuente.size), pixels_per_inch, 72),
-          .weight = fuente.bold ? 700 : 400,
-          .italic = fuente.italic,
-          .underline = fuente.underline,
-          .strikeout = fuente.strikeout};
+LogicalFont Vertical::LogicalFontOf(const PictureFont& font, int pixels_per_inch) {
+  if (Len(font.name) > kFontNameLength) throw RuntimeError(kSubscriptOutOfRange);
+  return {.face = font.name,
+          .height = -MulDiv(CLng(font.size), pixels_per_inch, 72),
+          .weight = font.bold ? 700 : 400,
+          .italic = font.italic,
+          .underline = font.underline,
+          .strikeout = font.strikeout};
 }
 
 void PintaVertical(const Screen& screen, DrawingSurface& picture, std::string_view caption,

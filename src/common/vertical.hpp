@@ -29,21 +29,21 @@ class Vertical {
   void Draw() const;
 
  private:
-  struct Tono {
+  struct Tone {
     std::int32_t color = 0;
     std::array<std::int16_t, 3> rgb{};
   };
 
-  void SetColor(Tono& tono, std::int32_t color);
-  void PintaBandas(int alto, int ancho) const;
+  void SetColor(Tone& tone, std::int32_t color);
+  void PaintBands(int height, int width) const;
   // Error 9 for a font name of more than 33 characters.
-  static LogicalFont FuenteLogica(const PictureFont& fuente, int pixels_per_inch);
+  static LogicalFont LogicalFontOf(const PictureFont& font, int pixels_per_inch);
 
   const Screen& screen_;
   std::string caption_;
   DrawingSurface* picture_ = nullptr;
-  Tono start_;
-  Tono end_;
+  Tone start_;
+  Tone end_;
 };
 
 // Paints a picture once. Colours in decimal; error 13 for a text that is no number.

@@ -22,6 +22,10 @@ RuntimeError CurrentError() {
   }
 }
 
+std::string OneLine(const RuntimeError& error) {
+  return error.detail().empty() ? error.what() : std::string(error.what()) + " (" + error.detail() + ")";
+}
+
 void LogDetail(const RuntimeError& error) {
   if (error.detail().empty()) return;
   std::string line = "zendara: error " + std::to_string(error.number()) + ": " + error.detail();

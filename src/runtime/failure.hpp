@@ -1,6 +1,8 @@
 // What becomes of a failure, whatever kind of exception it came as.
 #pragma once
 
+#include <string>
+
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -9,6 +11,8 @@ namespace zendara {
 // with its own words as the detail. REQUIRES: called in a catch clause.
 RuntimeError CurrentError();
 
+// Number and text, and the store's own words behind them.
+std::string OneLine(const RuntimeError& error);
 // A line on standard error with the detail of an error, if it has any.
 void LogDetail(const RuntimeError& error);
 // The same for the exception that is being handled.

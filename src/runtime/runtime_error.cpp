@@ -118,8 +118,7 @@ std::string ErrorText(int number, const std::vector<std::string>& names) {
   return text.append(rest);
 }
 
-RuntimeError::RuntimeError(int number, const std::vector<std::string>& names, std::string_view detail,
-                           int native)
+RuntimeError::RuntimeError(int number, const std::vector<std::string>& names, std::string_view detail, int native)
     : std::runtime_error(std::to_string(number) + "  " + ErrorText(number, names)),
       number_(number),
       text_(ErrorText(number, names)),

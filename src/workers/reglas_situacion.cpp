@@ -69,8 +69,9 @@ FaltaContratos CompruebaFechasContratos(const FechasContratos& fechas, YearWindo
   }
   for (auto fecha = fechas.begin(); fecha != ultima; ++fecha) {
     const std::string& siguiente = *(fecha + 1);
-    if (!fecha->empty() && !siguiente.empty() && Dias(*fecha, siguiente, ventana) <= 0)
+    if (!fecha->empty() && !siguiente.empty() && Dias(*fecha, siguiente, ventana) <= 0) {
       return FaltaContratos::kSolapados;
+    }
   }
   return FaltaContratos::kNinguna;
 }

@@ -19,7 +19,7 @@ constexpr std::string_view kNombresRejillas[] = {"Hijos", "Ascendientes"};
 
 }  // namespace
 
-// The first fault is told and ends it.
+// The first fault is shown and ends it.
 bool Trabajadores::ValidarTrabajador() {
   return EstanRellenos(kNumero, kTipo1) && TieneFechaBonificacion() && CompruebaGrids() &&
          EstanRellenos(kCentro, kCentro) && ValidarFechasContratos() && ValidarIntervaloSituacion();

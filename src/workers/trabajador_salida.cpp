@@ -123,7 +123,7 @@ bool Trabajadores::RechazaValor(CampoTrabajador campo) {
   if (campo == kDiasParcial) return RechazaDias();
   if (campo == kGrupoTarifa) {
     const double grupo = ValorNumero(Texto(campo));
-    // Told, not refused.
+    // A box, and the value stays.
     if (grupo < kPrimerGrupoTarifa || grupo > kUltimoGrupoTarifa) {
       Mensaje("El número del Grupo de tarifa tiene que estar entre el 1 y el 11");
     }

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "adapters/hosting/row_pick_list.hpp"
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 #include "frame/parametros.hpp"
 #include "frame/sesion_anfitrion.hpp"
 #include "frame/stored_tables.hpp"
@@ -27,7 +27,7 @@ struct Picking {
   std::optional<std::size_t> elegida = 0;
 
   ChooseRow Choice() {
-    return [this](const std::string& title, ListaFilas& rows) {
+    return [this](const std::string& title, RowList& rows) {
       titulo = title;
       filas = rows.Total();
       return filas > 0 ? elegida : std::nullopt;

@@ -218,6 +218,9 @@ TEST_P(RecordsetContract, ClonesHaveTheirOwnPositionAndShareBookmarks) {
   rs->Close();
   EXPECT_EQ(ErrorOf([&] { rs->Eof(); }), 3420);
   EXPECT_EQ(ErrorOf([&] { rs->Fields(0); }), 3420);
+  const auto query = db->OpenRecordset("Gente");
+  query->Close();
+  ExpectErrors(3420, *query, {&Recordset::MoveFirst, &Recordset::AddNew, &Recordset::Update});
   db->Close();
   EXPECT_EQ(ErrorOf([&] { db->OpenRecordset("Gente"); }), 3420);
 }

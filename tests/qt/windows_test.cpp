@@ -98,7 +98,7 @@ TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {
   std::vector<std::string> lines;
   for (int i = 0; i < 1000; ++i) lines.push_back(std::to_string(1000 + i) + " fila");
   lines[700] = "Ñíguez";
-  ListaFilas rows(lines);
+  RowList rows(lines);
   const auto pick = [&](std::vector<Key> keys) {
     PickWindow window("Filas", rows, nullptr);
     PressSoon(std::move(keys));
@@ -113,7 +113,7 @@ TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {
   EXPECT_GT(page.value_or(0), 10U);
   EXPECT_LT(page.value_or(0), 40U);
 
-  ListaFilas none({});
+  RowList none({});
   PickWindow empty("Nada", none, nullptr);
   PressSoon({Code(key::kEnd), Code(key::kEnter)});
   empty.exec();

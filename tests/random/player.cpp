@@ -6,7 +6,7 @@
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
 #include "adapters/hosting/silent_banner.hpp"
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 #include "random/clerk.hpp"
 #include "support/fake_form_host.hpp"
 #include "workers/trabajadores.hpp"
@@ -18,7 +18,7 @@ namespace {
 constexpr int kInnerEvents = 60;  // of a screen that another one has opened
 
 // Takes any row, or none.
-std::optional<std::size_t> ChooseAtRandom(Hands& hands, ListaFilas& rows) {
+std::optional<std::size_t> ChooseAtRandom(Hands& hands, RowList& rows) {
   const int last = static_cast<int>(rows.Total()) - 1;
   std::optional<std::size_t> row;
   if (last >= 0 && hands.random.Chance(92)) row = static_cast<std::size_t>(hands.random.Between(0, last));
@@ -50,7 +50,7 @@ class Player : public FakeFormHost {
 
 Player::Player(Hands& hands) : hands_(hands) {
   components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
-  RegisterPickList(components_, [this](const std::string&, ListaFilas& rows) { return ChooseAtRandom(hands_, rows); });
+  RegisterPickList(components_, [this](const std::string&, RowList& rows) { return ChooseAtRandom(hands_, rows); });
 }
 
 void Player::Play(const std::string& folder) {

@@ -6,6 +6,7 @@
 #include "apps/zendara/commands/stored_row.hpp"
 #include "frame/parametros.hpp"
 #include "platform/record/names.hpp"
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
@@ -160,7 +161,7 @@ void Check::File(const DataFolder& folder, Engine& engine, const StoredFile& sto
       Rows(place, *database, *found);
     }
   } catch (const RuntimeError& error) {
-    Fault(name, std::string(error.what()) + (error.detail().empty() ? "" : " (" + error.detail() + ")"));
+    Fault(name, OneLine(error));
   }
 }
 
@@ -199,7 +200,7 @@ void Check::Rows(const std::string& place, Database& database, const TableDef& t
       std::string fault = cell.fault;
       if (fault.empty() && codes[i]) fault = CodeFault(cell.value, column.width);
       if (fault.empty()) continue;
-      Fault(place, NameOfRow(*rows, &table, number) + ": " + column.name + ": " + fault);
+      Fault(place, NameOfRow(*rows, table, number) + ": " + column.name + ": " + fault);
     }
     console_.Progress(place, number);
   }

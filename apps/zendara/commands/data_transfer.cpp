@@ -19,8 +19,8 @@ struct OpenTable {
   std::unique_ptr<Engine> engine;
   std::shared_ptr<Database> database;
   std::shared_ptr<Recordset> rows;
-  const TableDef* stored = nullptr;  // as it should be; nullptr for a table that the system does not know
-  std::string place;                 // for messages
+  TableDef stored;    // as it stands in the file
+  std::string place;  // for messages
 };
 
 const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder) {
@@ -38,12 +38,14 @@ const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder)
 OpenTable Open(const TableOptions& options, Console& console) {
   const DataFolder folder(options.company);
   const StoredFile& file = FileFor(options, folder);
-  OpenTable table{.engine = MakeEngine(), .database = {}, .rows = {}, .place = {}};
-  table.stored = StoredTable(file.kind, options.table);
+  OpenTable table{.engine = MakeEngine(), .database = {}, .rows = {}, .stored = {}, .place = {}};
   table.place = folder.FileName(file.kind) + ": " + options.table;
   table.database = folder.Open(*table.engine, file.kind, console);
   console.Doing("opening " + table.place);
   table.rows = table.database->OpenRecordset(options.table, RecordsetType::kTable);
+  for (const TableDef& stored : table.database->Tables()) {
+    if (SameName(stored.name, options.table)) table.stored = stored;
+  }
   return table;
 }
 

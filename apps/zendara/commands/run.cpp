@@ -11,6 +11,7 @@
 #include "apps/demo/demo_company.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/commands.hpp"
+#include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -206,10 +207,6 @@ std::string UsageError(const CLI::App& app, const std::vector<std::string>& word
   std::string cause = error.what();
   if (!reached.unknown.empty() && !reached.unknown.starts_with("-")) cause = "there is no command " + reached.unknown;
   return cause + " (see " + reached.name + " --help)";
-}
-
-std::string OneLine(const RuntimeError& error) {
-  return error.detail().empty() ? error.what() : std::string(error.what()) + " (" + error.detail() + ")";
 }
 
 // What the failed command printed so far goes out before its error line.

@@ -44,8 +44,8 @@ StoredCell ReadCell(Recordset& rows, int ordinal) {
   return {std::move(value), std::move(fault)};
 }
 
-std::string NameOfRow(Recordset& rows, const TableDef* table, std::int64_t number) {
-  const IndexDef* primary = table ? table->Primary() : nullptr;
+std::string NameOfRow(Recordset& rows, const TableDef& table, std::int64_t number) {
+  const IndexDef* primary = table.Primary();
   if (!primary) return "row " + std::to_string(number);
   std::string name = "key";
   for (const int column : primary->columns) {

@@ -18,7 +18,7 @@ struct StoredCell {
 StoredCell ReadCell(Recordset& rows, int ordinal);
 
 // The current row by its primary key, "key 00001 002"; by `number`, counted from 1, where the table has none.
-std::string NameOfRow(Recordset& rows, const TableDef* table, std::int64_t number);
+std::string NameOfRow(Recordset& rows, const TableDef& table, std::int64_t number);
 
 // On one line and in UTF-8 whatever the text holds: other bytes as \xNN.
 std::string Printable(std::string_view text);

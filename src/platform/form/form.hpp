@@ -48,7 +48,7 @@ class FormHost {
   bool insert_on = false;
 };
 
-// Who is told that something has to be shown anew.
+// Whoever shows a form: called when something has to be shown anew.
 class FormView {
  public:
   virtual ~FormView() = default;

@@ -1,4 +1,4 @@
-// Where the controls of a form stand, told as structure: a front end turns it into widgets that scale with the font.
+// Where the controls of a form stand, as structure: a front end turns it into widgets that scale with the font.
 #pragma once
 
 #include <string>

@@ -25,7 +25,7 @@ class ForwardRecordset final : public ReadOnlyRecordset {
 
   void MoveFirst() override {
     RequireRow();
-    if (reached_ > 1) FailMove();
+    if (reached_ > 1) Refuse(kInvalidCall);
   }
 
   void MoveNext() override {
@@ -33,11 +33,11 @@ class ForwardRecordset final : public ReadOnlyRecordset {
     Advance();
   }
 
-  void MoveLast() override { FailMove(); }
-  void MovePrevious() override { FailMove(); }
-  std::shared_ptr<Recordset> Clone() override { FailMove(); }
-  zendara::Bookmark Bookmark() const override { FailMove(); }
-  void GoTo(zendara::Bookmark) override { FailMove(); }
+  void MoveLast() override { Refuse(kInvalidCall); }
+  void MovePrevious() override { Refuse(kInvalidCall); }
+  std::shared_ptr<Recordset> Clone() override { Refuse(kInvalidCall); }
+  zendara::Bookmark Bookmark() const override { Refuse(kInvalidCall); }
+  void GoTo(zendara::Bookmark) override { Refuse(kInvalidCall); }
 
   void Close() override { query_.reset(); }
 
@@ -52,11 +52,6 @@ class ForwardRecordset final : public ReadOnlyRecordset {
   void RequireRow() const {
     Query();
     if (!on_row_) throw RuntimeError(kNoCurrentRecord);
-  }
-
-  [[noreturn]] void FailMove() const {
-    Query();
-    throw RuntimeError(kInvalidCall);
   }
 
   // A fault leaves no current row.

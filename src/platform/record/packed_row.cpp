@@ -62,7 +62,7 @@ Value PackedRow::Read(int column) const {
   const std::string_view cell(bytes_.data() + start_of(i), end - start_of(i));
   if (cell.empty()) return {};
   if (cell[0] == kText) return Value(cell.substr(1));
-  const double number = Load<double>(cell.data() + 1);
+  const auto number = Load<double>(cell.data() + 1);
   if (cell[0] == kFault) throw RuntimeError(static_cast<int>(number));
   return cell[0] == kDate ? Value(Date{number}) : Value(number);
 }

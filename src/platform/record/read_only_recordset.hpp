@@ -13,20 +13,26 @@ namespace zendara {
 class ReadOnlyRecordset : public Recordset {
  public:
   std::string Index() const override { return RequireOpen(), std::string(); }
-  void SetIndex(std::string_view) override { throw RuntimeError(kNoActiveIndex); }
-  void Seek(const std::vector<Value>&) override { throw RuntimeError(kNoActiveIndex); }
+  void SetIndex(std::string_view) override { Refuse(kNoActiveIndex); }
+  void Seek(const std::vector<Value>&) override { Refuse(kNoActiveIndex); }
   bool NoMatch() const override { return RequireOpen(), false; }
 
-  void AddNew() override { throw RuntimeError(kReadOnly); }
-  void Edit() override { throw RuntimeError(kReadOnly); }
-  void Update() override { throw RuntimeError(kUpdateWithoutEdit); }
-  void CancelUpdate() override { throw RuntimeError(kUpdateWithoutEdit); }
-  void Delete() override { throw RuntimeError(kReadOnly); }
+  void AddNew() override { Refuse(kReadOnly); }
+  void Edit() override { Refuse(kReadOnly); }
+  void Update() override { Refuse(kUpdateWithoutEdit); }
+  void CancelUpdate() override { Refuse(kUpdateWithoutEdit); }
+  void Delete() override { Refuse(kReadOnly); }
+
+ protected:
+  [[noreturn]] void Refuse(int number) const {
+    RequireOpen();
+    throw RuntimeError(number);
+  }
 
  private:
   // Error 3420 once it is closed.
   virtual void RequireOpen() const = 0;
-  void SetColumn(int, const Value&) override { throw RuntimeError(kUpdateWithoutEdit); }
+  void SetColumn(int, const Value&) override { Refuse(kUpdateWithoutEdit); }
 };
 
 }  // namespace zendara

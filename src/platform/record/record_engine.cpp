@@ -46,7 +46,7 @@ Transaction::~Transaction() {
   if (!database_) return;
   try {
     database_->Rollback();
-  } catch (const RuntimeError&) {
+  } catch (...) {
     // The store has undone it, or does when the database is closed.
   }
 }

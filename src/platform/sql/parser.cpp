@@ -222,13 +222,14 @@ class Parser {
 
   // Both have to hold.
   static void Require(std::optional<Expression>& conditions, Expression&& condition) {
-    if (conditions) {
-      Operation both{Operator::kAnd, {}};
-      Append(both, std::move(*conditions));
-      Append(both, std::move(condition));
-      condition.node = std::move(both);
+    if (!conditions) {
+      conditions = std::move(condition);
+      return;
     }
-    conditions = std::move(condition);
+    Operation both{Operator::kAnd, {}};
+    Append(both, std::move(*conditions));
+    Append(both, std::move(condition));
+    conditions = Expression{std::move(both)};
   }
 
   Expression Negation() {

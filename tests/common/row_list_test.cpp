@@ -1,4 +1,4 @@
-#include "common/lista_filas.hpp"
+#include "common/row_list.hpp"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ TEST_F(ListsTest, ReadsNoFurtherThanItIsAsked) {
     tabla->Fields(0).Set(std::to_string(1000 + code).substr(1));
     tabla->Update();
   }
-  ListaFilas filas(*engine, PathOf(FileKind::kCompany), "select campo0 from Secciones", {"001"}, {{1, 7}});
+  RowList filas(*engine, PathOf(FileKind::kCompany), "select campo0 from Secciones", {"001"}, {{1, 7}});
   EXPECT_LE(filas.Reached(), 1U);
   EXPECT_TRUE(filas.Reach(29));
   EXPECT_EQ(filas.Row(7), "007    ");
@@ -39,7 +39,7 @@ TEST_F(ListsTest, TypingFindsWithoutCaseAndAccents) {
   }
   Add(FileKind::kCompany, "Secciones", {{0, std::to_string(++code)}});
   // Rows in the order of the code as text: 1, 10, 2 ...
-  ListaFilas filas(*engine, PathOf(FileKind::kCompany), "select campo0, campo1 from Secciones", {"010", "001"},
+  RowList filas(*engine, PathOf(FileKind::kCompany), "select campo0, campo1 from Secciones", {"010", "001"},
                    {{1, 8}, {10, 2}});
   const struct {
     const char* typed;

@@ -26,10 +26,12 @@ namespace zendara::sqlite {
 struct TableInfo {
   TableDef definition;
   std::string columns;                                     // rowid and all columns, for a select list
+  std::vector<bool> indexed;                               // by column: it is in an index
   std::unordered_map<std::uint64_t, Statement> positions;  // kept by table_cursor.cpp
   Statement by_row;
   Statement insert;
-  Statement replace;
+  Statement replace;  // the columns that are in no index
+  Statement replace_with_keys;
   Statement erase;
   Statement highest;      // number of its last row
   Statement keep_number;  // that it has had a number
@@ -112,6 +114,7 @@ class Connection {
 
  private:
   using Clock = std::chrono::steady_clock;
+  static constexpr int kLongestWait = 5'000'000;  // microseconds, for a lock
 
   Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
 
@@ -122,7 +125,9 @@ class Connection {
   void RequireFile();
   void CheckFormat();
   void Undo();
+  // The store's callbacks: while a lock is taken, and after each commit with the pages that the log has by now.
   static int WaitForLock(void* connection, int attempt);
+  static int FoldGrownLog(void* connection, sqlite3* database, const char* name, int pages);
   int Sleep();
   std::unique_ptr<TableInfo> ReadDefinition(const std::string& table);
   void KeepNumber(TableInfo& table, std::int64_t number);
@@ -138,6 +143,8 @@ class Connection {
   Clock::time_point checked_ = {};
   bool keeps_numbers_ = false;  // known to
   int waited_ = 0;              // microseconds, for the lock that is being waited for
+  int longest_wait_ = kLongestWait;
+  int log_pages_ = 0;  // at its last commit
   Clock::time_point crowded_until_ = {};
   std::minstd_rand random_{std::random_device()()};
   Statement data_version_;

@@ -163,14 +163,15 @@ std::shared_ptr<Connection> Connection::OpenShared(const fs::path& path, const s
   return connection;
 }
 
-// A read-only medium, or a folder without the permission to write. Sharing the file would take a log beside it.
+// A read-only medium, a folder without the permission to write, or one of another machine. Sharing the file would take
+// a log beside it, and memory.
 std::shared_ptr<Connection> Connection::OpenUnchanging(const fs::path& path, const std::string& name,
                                                        std::shared_ptr<const SpanishOrder> order) {
   std::error_code none;
   const auto log = fs::file_size(fs::path(path) += "-wal", none);
   if (!none && log > 0) {
     throw RuntimeError(kCannotOpenFile, {name},
-                       "its newest rows are in the log beside it, which is not read where nothing can be written");
+                       "its newest rows are in the log beside it, which cannot be read from here");
   }
   std::shared_ptr<Connection> connection(
       new Connection(UnchangingUri(path).c_str(), name, std::move(order), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI));

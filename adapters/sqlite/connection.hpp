@@ -58,6 +58,10 @@ class Connection {
   // can be written beside the file it is opened for reading.
   static std::shared_ptr<Connection> Open(const std::filesystem::path& path, const std::string& name,
                                           std::shared_ptr<const SpanishOrder> order);
+  // For reading, without locks and without the memory that programs of one machine share. 3051 when a log with rows
+  // lies beside the file.
+  static std::shared_ptr<Connection> OpenUnchanging(const std::filesystem::path& path, const std::string& name,
+                                                    std::shared_ptr<const SpanishOrder> order);
   // The bytes of a new file with these tables.
   static std::string NewFile(const std::vector<TableDef>& tables, std::shared_ptr<const SpanishOrder> order);
   // True when the file is a database of this system.
@@ -72,6 +76,8 @@ class Connection {
   const std::string& name() const { return name_; }
   Statement Prepare(std::string_view sql) { return Statement(database_, name_, sql); }
   void Run(std::string_view sql) { Prepare(sql).Run(); }
+  // From here on writing is error 3027.
+  void RefuseWrites() { Run("PRAGMA query_only = ON"); }
   QueryCache& queries() { return queries_; }
   // What the store allows at most, by its number for that.
   std::size_t Limit(int number) const;
@@ -120,8 +126,6 @@ class Connection {
 
   static std::shared_ptr<Connection> OpenShared(const std::filesystem::path& path, const std::string& name,
                                                 std::shared_ptr<const SpanishOrder> order);
-  static std::shared_ptr<Connection> OpenUnchanging(const std::filesystem::path& path, const std::string& name,
-                                                    std::shared_ptr<const SpanishOrder> order);
   void RequireFile();
   void CheckFormat();
   void Undo();

@@ -4,8 +4,8 @@
 // zendara/engines.hpp and hands them to the component, which shares them. Handles keep what they need alive; a database
 // or recordset that was closed raises error 3420.
 //
-// Several programs share a file. A row is stored whole or not at all, and seen by the others from their next Idle or move
-// on. Edit reads the row afresh and Update changes the columns that were set since, so changes of two programs in
+// Several programs share a file. A row is stored whole or not at all, and seen by the others from their next Idle or
+// move on. Edit reads the row afresh and Update changes the columns that were set since, so changes of two programs in
 // different columns of a row both stay; what changes between Edit and Update is refused (3197).
 //
 // Names of tables, columns and indexes are compared without regard to case. Columns have ordinals from 0. Text
@@ -234,7 +234,8 @@ class Transaction {
 };
 
 // Paths: folders are separated by "\" or "/", names found whatever their case. Programs of one machine share a folder,
-// never two machines: a folder on a network file system is error 3043. Other errors: 3044 missing folder, 3051 no
+// never two machines: a folder on a network file system is error 3043, but for an engine that
+// only reads. Other errors: 3044 missing folder, 3051 no
 // permission, 3055 no name at all.
 class Workspace {
  public:

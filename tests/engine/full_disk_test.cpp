@@ -111,6 +111,20 @@ TEST_F(DiskTest, AReadOnlyFileIsReadAndRefusesWrites) {
   EXPECT_EQ(open.people->RecordCount(), 1);
 }
 
+TEST_F(DiskTest, AnEngineForReadingSeesWhatOthersWriteAndWritesNothing) {
+  Create();
+  auto engine = MakeEngine({}, Access::kRead);
+  const auto files = engine->Workspaces(0);
+  const Program reader(std::move(engine), path);
+  Change(*Open().people, 1, "nueva");
+  EXPECT_EQ(reader.people->Fields(1).Get(), Value("nueva"));
+  EXPECT_EQ(ErrorOf([&] { Change(*reader.people, 1, "otra"); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { Add(*reader.people, {"00002"}); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { reader.db->Execute("DELETE * FROM Gente"); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { files->CreateDatabase(folder / "Otra.MDB"); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { files->Rename(path, folder / "Otra.MDB"); }), 3027);
+}
+
 TEST_F(DiskTest, AnUpdateIsSyncedBeforeItReturns) {
   Create();
   const Program open = Open();
@@ -182,13 +196,13 @@ TEST(HostFiles, OnlyFilesAreRead) {
 }
 
 TEST(Network, FoldersOfOtherMachinesAreKnownByTheirFileSystem) {
-  for (const std::uint32_t network : {0x6969U, 0x517bU, 0xff534d42U, 0xfe534d42U}) {
-    EXPECT_TRUE(IsNetworkFileSystem(network));
+  for (const auto* network : {"nfs", "nfs4", "cifs", "smb3", "ceph", "fuse.sshfs"}) {
+    EXPECT_TRUE(IsNetworkFileSystem(network)) << network;
   }
-  // ext, tmpfs, overlay, btrfs, xfs
-  for (const std::uint32_t local : {0xef53U, 0x01021994U, 0x794c7630U, 0x9123683eU, 0x58465342U}) {
-    EXPECT_FALSE(IsNetworkFileSystem(local));
+  for (const auto* local : {"", "ext4", "xfs", "btrfs", "tmpfs", "overlay", "9p", "fuseblk", "fuse"}) {
+    EXPECT_FALSE(IsNetworkFileSystem(local)) << local;
   }
+  EXPECT_EQ(FileSystemOf("/proc/self/"), "proc");
 }
 
 }  // namespace

@@ -171,7 +171,7 @@ void Check::Parameters(const DataFolder& folder, const ParameterFile& file) {
 }  // namespace
 
 int DataCheck(const CompanyOptions& options, Console& console) {
-  const std::unique_ptr<Engine> engine = MakeEngine();
+  const std::unique_ptr<Engine> engine = MakeEngine({}, options.access);
   const DataFolder folder(options);
   Check check(console);
   for (const StoredFile& file : StoredFiles()) check.File(folder, *engine, file);

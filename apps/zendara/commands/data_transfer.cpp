@@ -38,7 +38,7 @@ const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder)
 OpenTable Open(const TableOptions& options, Console& console) {
   const DataFolder folder(options.company);
   const StoredFile& file = FileFor(options, folder);
-  OpenTable table{.engine = MakeEngine(), .database = {}, .rows = {}, .place = {}};
+  OpenTable table{.engine = MakeEngine({}, options.company.access), .database = {}, .rows = {}, .place = {}};
   table.stored = StoredTable(file.kind, options.table);
   table.place = folder.FileName(file.kind) + ": " + options.table;
   table.database = folder.Open(*table.engine, file.kind, console);

@@ -85,6 +85,12 @@ void AddCompany(CLI::App* command, CompanyOptions& options) {
       ->transform(Transform(CutYear));
 }
 
+void AddReadOnly(CLI::App* command, CompanyOptions& options) {
+  command->add_flag_callback(
+      "--read-only", [&options] { options.access = Access::kRead; },
+      "Write nothing; a folder on a network file system can be read so");
+}
+
 void AddTable(CLI::App* command, TableOptions& options) {
   AddCompany(command, options.company);
   command->add_option("--file", options.file, "Database file, when the table is in several (default: the first)")
@@ -111,6 +117,7 @@ void AddRate(CLI::App& app, CommandLine& line) {
       {"text", RateFormat::kText}, {"csv", RateFormat::kCsv}, {"json", RateFormat::kJson}};
   CLI::App* rate = app.add_subcommand("rate", "Work out the withholding rate of stored workers");
   AddCompany(rate, line.rate.company);
+  AddReadOnly(rate, line.rate.company);
   rate->add_option("--currency", line.rate.currency, "P for pesetas (default), anything else for the other currency")
       ->type_name("MARK");
   rate->add_option("--worker", line.rate.worker, "Worker number (default: all workers)")
@@ -138,6 +145,7 @@ void AddData(CLI::App& app, CommandLine& line) {
 
   CLI::App* check = data->add_subcommand("check", "Print what is missing or malformed, a line each; status 1 if any");
   AddCompany(check, line.check);
+  AddReadOnly(check, line.check);
   check->callback([&line] { line.chosen = [&line](Console& console) { return DataCheck(line.check, console); }; });
 
   CLI::App* load = data->add_subcommand("load", "Add the rows of a CSV file to a table, all or none");
@@ -148,6 +156,7 @@ void AddData(CLI::App& app, CommandLine& line) {
   CLI::App* dump =
       data->add_subcommand("dump", "Print a table as CSV; status 1 if a value in it is none of its column");
   AddTable(dump, line.dump);
+  AddReadOnly(dump, line.dump.company);
   dump->callback([&line] { line.chosen = [&line](Console& console) { return DataDump(line.dump, console); }; });
 
   for (CLI::App* command : {load, dump}) {

@@ -91,6 +91,7 @@ void FormWindow::Build() {
   scroll_->setFocusPolicy(Qt::NoFocus);
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(0, 0, 0, 0);
+  outer->setSpacing(0);
   outer->addWidget(scroll_, 1);
   status_ = new QLabel(this);
   status_->setObjectName("status");
@@ -252,6 +253,9 @@ void FormWindow::Flush() {
   syncing_ = true;
   if (std::exchange(form_changed_, false)) {
     status_->setText(ToQt(form_.Status()));
+    // A status of several lines takes nothing from the fields.
+    const int more = status_->heightForWidth(width()) - status_->height();
+    if (more > 0) resize(width(), std::min(height() + more, screen()->availableGeometry().height()));
     setWindowTitle(ToQt(form_.Title().empty() ? form_.Name() : form_.Title()));
     // The hourglass takes no input away.
     if (form_.Pointer() == MousePointer::kHourglass) {

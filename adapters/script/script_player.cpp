@@ -111,6 +111,10 @@ std::optional<ScriptCommand> ScriptPlayer::Next() {
   return std::nullopt;
 }
 
+// A form is shown from within a command, `open` or a click on a screen below, or by the host. The commands that follow
+// are played here, on the form on top, until it unloads; then the command that showed it goes on, in the Play of the
+// form below. So the calls nest as the screens do. The status and the focus that were printed last are those of the
+// form on top: with another one they are printed anew.
 void ScriptPlayer::Modal(Form& form) {
   forms_.push_back(&form);
   ++screens_shown_;

@@ -41,9 +41,14 @@ struct TableInfo {
   std::int64_t count_version = 0;  // data version of the file when it was counted
 };
 
-// Somebody who has a statement open. Parked, it keeps what it still needs and resets the statement.
+// Whoever steps a statement holds the connection: it acquires it before the first step and releases it after the last
+// one. When somebody else acquires it in between, the holder is parked first, and holds nothing from then on. A
+// position in a table keeps its row; its next move acquires the connection again and finds its place by key. A query
+// lets its recordset keep what it needs, has the rows that are left put aside (RowsAside), and steps through those
+// without the connection.
 class Holder {
  public:
+  // Keeps what it still needs and resets the statement.
   virtual void Park() = 0;
 
  protected:

@@ -72,6 +72,7 @@ void Bind(Statement& statement, const std::vector<Value>& literals) {
   for (std::size_t i = 0; i < literals.size(); ++i) statement.Bind(static_cast<int>(i) + 1, literals[i]);
 }
 
+// Steps the query's statement to its end, or until it is parked, and then the rows that were put aside.
 class Cursor final : public QueryCursor, private Holder {
  public:
   Cursor(std::shared_ptr<Connection> connection, std::shared_ptr<PreparedQuery> query,

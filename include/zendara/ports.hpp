@@ -1,4 +1,5 @@
-// What the component asks of its surroundings besides the record engine. A host may implement these itself.
+// What the component asks of its surroundings besides the record engine. A host may implement these itself; texts are
+// UTF-8, and all calls come in the thread that called the component.
 #pragma once
 
 #include <optional>
@@ -60,6 +61,7 @@ class Shell {
   virtual int FindWindow(std::string_view class_name, std::string_view title) = 0;
   // Starts a program with its window in front; the number of its task. Error 53 when there is no such program.
   virtual int Start(std::string_view program) = 0;
+  // Brings a window to the front: of a task that Start gave, or of that title. Nothing where no program may do so.
   virtual void Activate(int task) = 0;
   virtual void Activate(std::string_view title) = 0;
 };

@@ -19,7 +19,7 @@ struct Date {
 
 // The hundred years that a year of two digits falls in.
 struct YearWindow {
-  int last = 2029;
+  int last = 2029;  // of the hundred, in full
 
   friend bool operator==(const YearWindow&, const YearWindow&) = default;
 };

@@ -12,11 +12,14 @@
 
 namespace zendara {
 
-// Gives the component its surroundings, before the first screen is shown; a later call replaces them.
-// REQUIRES: engine, dialogs, files and forms are set; zendara/windows.hpp and zendara/automation.hpp have the last.
+// Gives the component its surroundings, which it copies, before the first screen is shown; a later call replaces them.
+// REQUIRES: engine, dialogs, files and forms are set; zendara/windows.hpp and zendara/automation.hpp fill in forms. No
+// screen is being shown.
 void InstallPlatform(Platform platform);
 
-// The host's open recordsets by slot: the item of index i stands at i - lower_bound. Empty handles are allowed.
+// The host's open recordsets by slot: the item of index i stands at i - lower_bound. Empty handles are allowed: a
+// routine that needs one is error 91, which the screen shows. src/frame/catalogo.cpp says which table, on which index,
+// a slot holds.
 struct RecordsetArray {
   int lower_bound = 0;
   std::vector<std::shared_ptr<Recordset>> items;
@@ -29,13 +32,23 @@ struct RecordsetArray {
 // stored outlives them. One thread.
 class ClsZendara {
  public:
-  // Takes over the host's databases, the slots 1 to 500 and the session's values, shows the screen named
-  // "Trabajadores", "MIncidencias", "MIncidenciasESP" or "MIncidenciasVAR" (case counts; another name shows nothing),
-  // waits until the user has closed it, and hands the currency mark back to the session. Databases and recordsets are
-  // shared, never closed. While that screen is being shown the call does nothing at all; while another one is, this one
-  // opens above it, and the session goes back to the one below when it closes. A step that fails is passed over and
-  // leaves the earlier value, and the caller gets no word of it. A screen that the installed surroundings leave no
-  // place to show is a line on standard error, and a box if there are dialogs.
+  // Takes over the host's databases (the company's, and a second one that may be empty), the slots 1 to 500 and the
+  // session's values; shows the screen of that name, waits until the user has closed it, and hands the currency mark
+  // back to the session. Names are "Trabajadores", "MIncidencias", "MIncidenciasESP" and "MIncidenciasVAR"; case
+  // counts, and any other name shows nothing. This version has the first of them; the other three show nothing yet.
+  //
+  // Handles. They are shared and kept until the next call, never closed. The session's window of years, that of its
+  // working year, is set on each of them (SetYearWindow) and stays there. Recordsets are moved and get other indexes.
+  //
+  // A second call from within the first, as from a timer of the host. For a screen that is being shown it does nothing
+  // at all: no handle and no value is taken, the session object is not asked. For another one it opens that screen
+  // above; when it closes, the screen below has its own handles, values and window again.
+  //
+  // Errors. None reaches the caller. What the user does is answered by boxes. A step of taking over that fails, as a
+  // slot outside of the array or a session object that throws, leaves the value of the call before, and the next step
+  // is done; what the error has as its detail is a line on standard error. Where the installed surroundings lack
+  // engine, dialogs, files or forms no screen is shown: one line on standard error names what is missing, and a box
+  // says so if there are dialogs. The currency mark is handed back all the same.
   void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
                         const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT, Morlane& ObjMorlane) noexcept;
   // Write only: the number that fich2 reads back.

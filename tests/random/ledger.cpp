@@ -1,9 +1,12 @@
 #include "random/ledger.hpp"
 
+#include <algorithm>
+#include <iterator>
 #include <span>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "runtime/text.hpp"
 
@@ -50,10 +53,12 @@ Ledger::Rows Ledger::Read(const std::string& sql) const {
   throw std::runtime_error(sql + ": " + sqlite3_errmsg(connection_.get()));
 }
 
-bool Ledger::Has(const std::string& situacion) const { return rows_.at("company.TrabajadoresVar").contains(situacion); }
+bool Ledger::Has(const std::string& key) const {
+  return rows_.at("company.TrabajadoresFijo").contains(key) || rows_.at("company.TrabajadoresVar").contains(key);
+}
 
-std::map<std::string, bool> Ledger::Changed() {
-  std::map<std::string, bool> changed;
+std::set<std::string> Ledger::Changed() {
+  std::set<std::string> changed;
   for (const WatchedFile& file : kFiles) {
     const Rows version = Read("PRAGMA " + file.name + ".data_version");
     if (version == std::exchange(versions_[file.name], version)) continue;
@@ -61,12 +66,9 @@ std::map<std::string, bool> Ledger::Changed() {
       const std::string place = file.name + "." + std::string(table);
       const Rows now = Read("SELECT " + std::string(key) + ", * FROM " + place);
       const Rows before = std::exchange(rows_[place], now);
-      for (const auto& [who, rows] : now) {
-        if (const auto old = before.find(who); old == before.end() || old->second != rows) changed[who] = true;
-      }
-      for (const auto& [who, rows] : before) {
-        if (!now.contains(who)) changed.try_emplace(who, false);
-      }
+      std::vector<Rows::value_type> differing;
+      std::ranges::set_symmetric_difference(before, now, std::back_inserter(differing));
+      for (const auto& [who, rows] : differing) changed.insert(who);
     }
   }
   return changed;

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace zendara {
@@ -15,11 +16,11 @@ class Ledger {
   // The folder of a demonstration company.
   explicit Ledger(const std::filesystem::path& folder);
 
-  // What has changed since the last call, and whether it is still there: "00012" is the worker, "00012/003" a situación
-  // of his or its concepts. Small letters.
-  std::map<std::string, bool> Changed();
-  // Whether the situación had a row of its own at the last call; its concepts may outlive it.
-  bool Has(const std::string& situacion) const;
+  // What has changed since the last call: "00012" is the worker, "00012/003" a situación of his or its concepts. Small
+  // letters.
+  std::set<std::string> Changed();
+  // Whether the worker or situación had a row of its own at the last call; concepts may outlive it.
+  bool Has(const std::string& key) const;
 
  private:
   using Rows = std::map<std::string, std::string>;  // by their first column, what stands in all that have it

@@ -139,6 +139,7 @@ bool Run(int programs, int saves, int readers, Reading reading, const char* how)
   close(results[0]);
   std::printf("%d programs beside %d readers %s: %d saves, mean %.1f ms, longest %.0f ms, refused %d\n", programs,
               readers, how, all.saves, all.sum / all.saves * 1000, all.longest * 1000, all.refused);
+  std::fflush(stdout);
   return all.saves == programs * saves && all.refused == 0;
 }
 

@@ -8,6 +8,7 @@
 #include <iostream>
 #include <utility>
 
+#include "adapters/host/network.hpp"
 #include "engine/contract.hpp"
 #include "support/disk_faults.hpp"
 #include "zendara/engines.hpp"
@@ -85,6 +86,20 @@ TEST_F(DiskTest, AQueryThatAnotherProgramCreatesMeanwhileExists) {
   EXPECT_TRUE(waited);
 }
 
+TEST_F(DiskTest, AnEngineForReadingSeesWhatOthersWriteAndWritesNothing) {
+  Create();
+  auto engine = MakeEngine({}, Access::kRead);
+  const auto files = engine->Workspaces(0);
+  const Program reader(std::move(engine), path);
+  Change(*Open().people, 1, "nueva");
+  EXPECT_EQ(reader.people->Fields(1).Get(), Value("nueva"));
+  EXPECT_EQ(ErrorOf([&] { Change(*reader.people, 1, "otra"); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { Add(*reader.people, {"00002"}); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { reader.db->Execute("DELETE * FROM Gente"); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { files->CreateDatabase(folder / "Otra.MDB"); }), 3027);
+  EXPECT_EQ(ErrorOf([&] { files->Rename(path, folder / "Otra.MDB"); }), 3027);
+}
+
 TEST_F(DiskTest, AFileOfAnEarlierVersionKeepsItsRowsAndItsNumbersFromNowOn) {
   Create();
   sqlite3* raw = nullptr;
@@ -145,6 +160,16 @@ TEST(HostFiles, OnlyFilesAreRead) {
     EXPECT_EQ(ErrorOf([&] { MakeHostFiles()->ReadRecord(folder / file, 10); }), error) << file;
     EXPECT_NE(ErrorOf([&] { MakeEngine()->Workspaces(0)->OpenDatabase(folder / file); }), 0) << file;
   }
+}
+
+TEST(Network, FoldersOfOtherMachinesAreKnownByTheirFileSystem) {
+  for (const auto* network : {"nfs", "nfs4", "cifs", "smb3", "ceph", "fuse.sshfs"}) {
+    EXPECT_TRUE(IsNetworkFileSystem(network)) << network;
+  }
+  for (const auto* local : {"", "ext4", "xfs", "btrfs", "tmpfs", "overlay", "9p", "fuseblk", "fuse"}) {
+    EXPECT_FALSE(IsNetworkFileSystem(local)) << local;
+  }
+  EXPECT_EQ(FileSystemOf("/proc/self/"), "proc");
 }
 
 }  // namespace

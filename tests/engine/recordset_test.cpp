@@ -220,7 +220,7 @@ TEST_P(RecordsetContract, ClonesHaveTheirOwnPositionAndShareBookmarks) {
   EXPECT_EQ(ErrorOf([&] { rs->Fields(0); }), 3420);
   const auto query = db->OpenRecordset("Gente");
   query->Close();
-  ExpectErrors(3420, *query, {&Recordset::MoveFirst, &Recordset::AddNew, &Recordset::Update});
+  EXPECT_EQ(Walk(*query, "FAU"), "!3420, !3420, !3420");
   db->Close();
   EXPECT_EQ(ErrorOf([&] { db->OpenRecordset("Gente"); }), 3420);
 }

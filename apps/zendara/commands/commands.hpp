@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "apps/zendara/commands/console.hpp"
+#include "zendara/engines.hpp"
 
 namespace zendara {
 
@@ -17,6 +18,7 @@ struct CompanyOptions {
   std::string dir;      // the application's folder, its subfolder DATOS holds the files
   std::string company;  // five characters
   std::string year;     // two digits
+  Access access = Access::kWrite;
 };
 
 struct DemoCommandOptions {

@@ -222,7 +222,7 @@ void Check::Parameters(const DataFolder& folder, const ParameterFile& file) {
 }  // namespace
 
 int DataCheck(const CheckOptions& options, Console& console) {
-  const std::unique_ptr<Engine> engine = MakeEngine();
+  const std::unique_ptr<Engine> engine = MakeEngine({}, options.company.access);
   const DataFolder folder(options.company);
   std::unique_ptr<CheckReport> report = std::make_unique<TextReport>(console);
   if (options.json) report = std::make_unique<JsonReport>(console);

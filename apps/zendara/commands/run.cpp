@@ -86,6 +86,12 @@ void AddCompany(CLI::App* command, CompanyOptions& options) {
       ->transform(Transform(CutYear));
 }
 
+void AddReadOnly(CLI::App* command, CompanyOptions& options) {
+  command->add_flag_callback(
+      "--read-only", [&options] { options.access = Access::kRead; },
+      "Write nothing; a folder on a network file system can be read so");
+}
+
 void AddTable(CLI::App* command, TableOptions& options) {
   AddCompany(command, options.company);
   command->add_option("--file", options.file, "Database file, when the table is in several (default: the first)")
@@ -112,6 +118,7 @@ void AddRate(CLI::App& app, CommandLine& line) {
       {"text", RateFormat::kText}, {"csv", RateFormat::kCsv}, {"json", RateFormat::kJson}};
   CLI::App* rate = app.add_subcommand("rate", "Work out the withholding rate of stored workers");
   AddCompany(rate, line.rate.company);
+  AddReadOnly(rate, line.rate.company);
   rate->add_option("--currency", line.rate.currency, "P for pesetas (default), anything else for the other currency")
       ->type_name("MARK");
   rate->add_option("--worker", line.rate.worker, "Worker number (default: all workers)")
@@ -140,6 +147,7 @@ void AddData(CLI::App& app, CommandLine& line) {
   CLI::App* check = data->add_subcommand(
       "check", "Print what is missing or malformed, a line each (status 1 if any), and advice on workers");
   AddCompany(check, line.check.company);
+  AddReadOnly(check, line.check.company);
   check
       ->add_option_function<std::string>(
           "--format", [&line](const std::string& name) { line.check.json = name == "json"; },
@@ -160,6 +168,7 @@ void AddData(CLI::App& app, CommandLine& line) {
   CLI::App* dump =
       data->add_subcommand("dump", "Print a table as CSV; status 1 if a value in it is none of its column");
   AddTable(dump, line.dump);
+  AddReadOnly(dump, line.dump.company);
   dump->callback([&line] { line.chosen = [&line](Console& console) { return DataDump(line.dump, console); }; });
 
   for (CLI::App* command : {load, dump}) {

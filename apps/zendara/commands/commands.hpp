@@ -44,8 +44,12 @@ struct CreateOptions {
 };
 int DataCreate(const CreateOptions& options, Console& console);
 
-// 1 when anything is missing or malformed.
-int DataCheck(const CompanyOptions& options, Console& console);
+struct CheckOptions {
+  CompanyOptions company;
+  bool json = false;
+};
+// 1 when anything is missing or malformed. Advice on workers and situaciones changes nothing of it.
+int DataCheck(const CheckOptions& options, Console& console);
 
 struct TableOptions {
   CompanyOptions company;

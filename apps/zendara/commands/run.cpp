@@ -59,7 +59,7 @@ struct CommandLine {
   DemoCommandOptions demo;
   RateOptions rate;
   CreateOptions create;
-  CompanyOptions check;
+  CheckOptions check;
   TableOptions load;
   std::string csv;
   TableOptions dump;
@@ -136,8 +136,19 @@ void AddData(CLI::App& app, CommandLine& line) {
       ->check(Transform(RefuseOtherBytes));
   create->callback([&line] { line.chosen = [&line](Console& console) { return DataCreate(line.create, console); }; });
 
-  CLI::App* check = data->add_subcommand("check", "Print what is missing or malformed, a line each; status 1 if any");
-  AddCompany(check, line.check);
+  CLI::App* check = data->add_subcommand(
+      "check", "Print what is missing or malformed, a line each (status 1 if any), and advice on workers");
+  AddCompany(check, line.check.company);
+  check
+      ->add_option_function<std::string>(
+          "--format", [&line](const std::string& name) { line.check.json = name == "json"; },
+          "text (default) or json: faults and advice in one document")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"text", "json"}).description(""));
+  check->footer(
+      "Advice, which does not change the exit status: codes without a row in their table, situaciones that overlap,\n"
+      "run backwards or have no concepts in the year, workers without one and the reverse, bank accounts, N.I.F. and\n"
+      "affiliation numbers whose control characters do not check. Lines begin with \"advice:\", a count follows them.");
   check->callback([&line] { line.chosen = [&line](Console& console) { return DataCheck(line.check, console); }; });
 
   CLI::App* load = data->add_subcommand("load", "Add the rows of a CSV file to a table, all or none");

@@ -193,6 +193,43 @@ void AddNewRaw(benchmark::State& state) {
 }
 BENCHMARK(AddNewRaw)->Name("AddNew/raw")->Iterations(2000);
 
+// Another row each time and another surname, each change durable.
+void UpdateZendara(benchmark::State& state) {
+  Recordset& rs = *Large().workers;
+  rs.SetIndex("Icampo0");
+  std::mt19937 random(1);
+  static int save = 0;  // a surname that was not there in an earlier repetition either
+  for (auto _ : state) {
+    rs.Seek({Key(static_cast<int>(random() % kRows))});
+    rs.Edit();
+    rs.Fields(1).Set(std::to_string(++save));
+    rs.Update();
+  }
+}
+BENCHMARK(UpdateZendara)->Name("Update/zendara")->Iterations(2000);
+
+void UpdateRaw(benchmark::State& state) {
+  sqlite3_stmt* read = Large().Prepare("SELECT rowid, * FROM TrabajadoresFijo WHERE Campo0 = ?");
+  sqlite3_stmt* write = Large().Prepare("UPDATE TrabajadoresFijo SET Campo1 = ? WHERE rowid = ?");
+  std::mt19937 random(1);
+  static int save = 0;  // a surname that was not there in an earlier repetition either
+  for (auto _ : state) {
+    const std::string key = Key(static_cast<int>(random() % kRows));
+    sqlite3_bind_text(read, 1, key.data(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+    sqlite3_step(read);
+    const std::int64_t row = sqlite3_column_int64(read, 0);
+    sqlite3_reset(read);
+    const std::string name = std::to_string(++save);
+    sqlite3_bind_text(write, 1, name.data(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
+    sqlite3_bind_int64(write, 2, row);
+    sqlite3_step(write);
+    sqlite3_reset(write);
+  }
+  sqlite3_finalize(write);
+  sqlite3_finalize(read);
+}
+BENCHMARK(UpdateRaw)->Name("Update/raw")->Iterations(2000);
+
 // Nothing changed since the last count: the two tables must cost the same.
 void RecordCount(benchmark::State& state) {
   static Fixture small("Nom00003.MDB", 100);

@@ -1,5 +1,6 @@
 // How long programs wait for each other: each saves rows of one file, one durable change after the other, beside
-// programs that read it. Prints the longest save and how many were refused.
+// programs that read it: as clerks do, who look a worker up or list them all and pause, and without any pause. Prints
+// the longest save and how many were refused.
 //
 // Usage: waiting_bench [PROGRAMS SAVES READERS]
 #include <signal.h>
@@ -11,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "frame/stored_tables.hpp"
@@ -23,6 +25,7 @@ namespace zendara {
 namespace {
 
 constexpr int kRows = 2000;
+constexpr auto kPause = std::chrono::milliseconds(100);  // of a clerk in great haste
 
 struct Waits {
   double longest = 0;  // seconds
@@ -74,10 +77,28 @@ Waits Save(Recordset& workers, int program, int saves) {
   return waits;
 }
 
-[[noreturn]] void ReadForever(Recordset& workers) {
-  for (;;) {
-    for (workers.MoveFirst(); !workers.Eof(); workers.MoveNext()) workers.Fields(1).Get();
+void List(Recordset& workers) {
+  for (workers.MoveFirst(); !workers.Eof(); workers.MoveNext()) workers.Fields(1).Get();
+}
+
+// Readers, each the program of that number.
+using Reading = void (*)(Recordset& workers, int program);
+
+// Every other one lists, the others look up.
+[[noreturn]] void ReadAsClerk(Recordset& workers, int program) {
+  for (int look_up = 0;; ++look_up) {
+    if (program % 2 == 0) {
+      List(workers);
+    } else {
+      workers.Seek({Key(look_up % kRows)});
+      workers.Fields(1).Get();
+    }
+    std::this_thread::sleep_for(kPause);
   }
+}
+
+[[noreturn]] void ReadForever(Recordset& workers, int) {
+  for (;;) List(workers);
 }
 
 void CreateFile(const std::string& path) {
@@ -93,14 +114,16 @@ void CreateFile(const std::string& path) {
   transaction.Commit();
 }
 
-int Run(int programs, int saves, int readers) {
+bool Run(int programs, int saves, int readers, Reading reading, const char* how) {
   const TempFolder folder;
   const std::string path = folder / "Nom00001.MDB";
   CreateFile(path);
   int results[2];
-  if (pipe(results) != 0) return 1;
-  std::vector<pid_t> reading;
-  for (int i = 0; i < readers; ++i) reading.push_back(Start(path, [](Recordset& workers) { ReadForever(workers); }));
+  if (pipe(results) != 0) return false;
+  std::vector<pid_t> started;
+  for (int i = 0; i < readers; ++i) {
+    started.push_back(Start(path, [&](Recordset& workers) { reading(workers, i); }));
+  }
   for (int i = 0; i < programs; ++i) {
     Start(path, [&](Recordset& workers) {
       const Waits waits = Save(workers, i, saves);
@@ -116,12 +139,20 @@ int Run(int programs, int saves, int readers) {
     all.refused += waits.refused;
     if (all.saves == programs * saves) break;
   }
-  for (const pid_t reader : reading) kill(reader, SIGKILL);
+  for (const pid_t reader : started) kill(reader, SIGKILL);
   while (wait(nullptr) > 0) {
   }
-  std::printf("%d programs beside %d readers: %d saves, mean %.1f ms, longest %.0f ms, refused %d\n", programs, readers,
-              all.saves, all.sum / all.saves * 1000, all.longest * 1000, all.refused);
-  return all.saves == programs * saves && all.refused == 0 ? 0 : 1;
+  close(results[0]);
+  std::printf("%d programs beside %d readers %s: %d saves, mean %.1f ms, longest %.0f ms, refused %d\n", programs,
+              readers, how, all.saves, all.sum / all.saves * 1000, all.longest * 1000, all.refused);
+  std::fflush(stdout);
+  return all.saves == programs * saves && all.refused == 0;
+}
+
+bool RunAll(int programs, int saves, int readers) {
+  const bool clerks = Run(programs, saves, readers, ReadAsClerk, "as clerks read");
+  const bool harsh = Run(programs, saves, readers, ReadForever, "that never pause");
+  return clerks && harsh;
 }
 
 }  // namespace
@@ -130,8 +161,9 @@ int Run(int programs, int saves, int readers) {
 int main(int argc, char** argv) {
   if (argc != 1 && argc != 4) return std::fputs("usage: waiting_bench [PROGRAMS SAVES READERS]\n", stderr), 2;
   try {
-    if (argc == 1) return zendara::Run(4, 5000, 2);
-    return zendara::Run(std::atoi(argv[1]), std::atoi(argv[2]), std::atoi(argv[3]));
+    const bool held = argc == 1 ? zendara::RunAll(4, 5000, 2)
+                                : zendara::RunAll(std::atoi(argv[1]), std::atoi(argv[2]), std::atoi(argv[3]));
+    return held ? 0 : 1;
   } catch (...) {
     std::fprintf(stderr, "waiting_bench: %s\n", zendara::OneLine(zendara::CurrentError()).c_str());
     return 1;

@@ -34,6 +34,7 @@ class FieldView : public ControlView {
     const QString text = ToQt(box_.Text());
     if (edit_->text() != text) edit_->setText(text);
     ShowSelection(text);
+    edit_->setReadOnly(box_.Locked());
     const Qt::Alignment side = box_.Alignment() == Alignment::kRight    ? Qt::AlignRight
                                : box_.Alignment() == Alignment::kCenter ? Qt::AlignHCenter
                                                                         : Qt::AlignLeft;

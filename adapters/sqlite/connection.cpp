@@ -35,9 +35,13 @@ constexpr int kPrimaryCode = 0xff;  // of an extended result code
 // Waiting for another writer: short sleeps of random lengths, so that none of many is left behind. Who had to wait lets
 // the others first for a while, else the one that has just written, being awake, would be the next one again.
 constexpr auto kCrowded = std::chrono::seconds(1);
-constexpr int kLongestWait = 5'000'000;  // microseconds
-constexpr int kShortestSleep = 500;
+constexpr int kShortestSleep = 500;  // microseconds
 constexpr int kLongestSleep = 2000;
+
+// The log is folded into the file each time that it has grown by so many pages. It can begin anew only when nobody
+// reads it any more; whoever folds it waits for that, but not for long, since he keeps the writers out meanwhile.
+constexpr int kPagesToFold = 1000;
+constexpr int kWaitForReaders = 50'000;  // microseconds
 
 constexpr std::string_view kCreateNumbers =
     "CREATE TABLE IF NOT EXISTS zendara_numbers (name TEXT PRIMARY KEY COLLATE NOCASE, last INTEGER NOT NULL)";
@@ -96,6 +100,7 @@ Connection::Connection(const char* path, std::string name, std::shared_ptr<const
     if (code != SQLITE_OK) Fail(code, name_, database_ ? sqlite3_errmsg(database_) : "");
     sqlite3_extended_result_codes(database_, 1);
     sqlite3_busy_handler(database_, WaitForLock, this);
+    sqlite3_wal_hook(database_, FoldGrownLog, this);
     sqlite3_create_collation_v2(database_, "es", SQLITE_UTF8, const_cast<SpanishOrder*>(order_.get()), CompareTexts,
                                 nullptr);
   } catch (...) {
@@ -107,10 +112,22 @@ Connection::Connection(const char* path, std::string name, std::shared_ptr<const
 int Connection::WaitForLock(void* connection, int attempt) {
   auto& self = *static_cast<Connection*>(connection);
   if (attempt == 0) self.waited_ = 0;
-  if (self.waited_ >= kLongestWait) return 0;
+  if (self.waited_ >= self.longest_wait_) return 0;
   self.crowded_until_ = Clock::now() + kCrowded;
   self.waited_ += self.Sleep();
   return 1;
+}
+
+int Connection::FoldGrownLog(void* connection, sqlite3* database, const char*, int pages) {
+  auto& self = *static_cast<Connection*>(connection);
+  const int before = std::exchange(self.log_pages_, pages);
+  if (pages / kPagesToFold <= before / kPagesToFold) return SQLITE_OK;
+  // Most of it beside the writers. What cannot be done now is done at the next time: the commit is durable already.
+  sqlite3_wal_checkpoint_v2(database, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+  self.longest_wait_ = kWaitForReaders;
+  sqlite3_wal_checkpoint_v2(database, nullptr, SQLITE_CHECKPOINT_RESTART, nullptr, nullptr);
+  self.longest_wait_ = kLongestWait;
+  return SQLITE_OK;
 }
 
 int Connection::Sleep() {
@@ -148,14 +165,15 @@ std::shared_ptr<Connection> Connection::OpenShared(const fs::path& path, const s
   return connection;
 }
 
-// A read-only medium, or a folder without the permission to write. Sharing the file would take a log beside it.
+// A read-only medium, a folder without the permission to write, or one of another machine. Sharing the file would take
+// a log beside it, and memory.
 std::shared_ptr<Connection> Connection::OpenUnchanging(const fs::path& path, const std::string& name,
                                                        std::shared_ptr<const SpanishOrder> order) {
   std::error_code none;
   const auto log = fs::file_size(LogOf(path), none);
   if (!none && log > 0) {
     throw RuntimeError(kCannotOpenFile, {name},
-                       "its newest rows are in the log beside it, which is not read where nothing can be written");
+                       "its newest rows are in the log beside it, which cannot be read from here");
   }
   std::shared_ptr<Connection> connection(
       new Connection(UnchangingUri(path).c_str(), name, std::move(order), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI));
@@ -278,6 +296,7 @@ std::unique_ptr<TableInfo> Connection::ReadDefinition(const std::string& table) 
     info->definition.columns.push_back(ReadColumn(std::string(columns.Text(1)), columns.Text(2)));
     info->columns += ", " + QuoteName(columns.Text(1));
   }
+  info->indexed.resize(info->definition.columns.size());
   Statement indexes =
       Prepare("SELECT name, \"unique\" FROM pragma_index_list(" + QuoteName(table) + ") ORDER BY seq DESC");
   while (indexes.Step()) {
@@ -286,7 +305,10 @@ std::unique_ptr<TableInfo> Connection::ReadDefinition(const std::string& table) 
     index.name = stored.starts_with(table + ".") ? stored.substr(table.size() + 1) : stored;
     index.primary = indexes.Integer(1) != 0;
     Statement keys = Prepare("PRAGMA index_info(" + QuoteName(stored) + ")");
-    while (keys.Step()) index.columns.push_back(static_cast<int>(keys.Integer(1)));
+    while (keys.Step()) {
+      index.columns.push_back(static_cast<int>(keys.Integer(1)));
+      info->indexed[static_cast<std::size_t>(index.columns.back())] = true;
+    }
     info->definition.indexes.push_back(std::move(index));
   }
   return info;

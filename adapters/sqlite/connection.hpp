@@ -26,10 +26,12 @@ namespace zendara::sqlite {
 struct TableInfo {
   TableDef definition;
   std::string columns;                                     // rowid and all columns, for a select list
+  std::vector<bool> indexed;                               // by column: it is in an index
   std::unordered_map<std::uint64_t, Statement> positions;  // kept by table_cursor.cpp
   Statement by_row;
   Statement insert;
-  Statement replace;
+  Statement replace;  // the columns that are in no index
+  Statement replace_with_keys;
   Statement erase;
   Statement highest;      // number of its last row
   Statement keep_number;  // that it has had a number
@@ -61,6 +63,10 @@ class Connection {
   // can be written beside the file it is opened for reading.
   static std::shared_ptr<Connection> Open(const std::filesystem::path& path, const std::string& name,
                                           std::shared_ptr<const SpanishOrder> order);
+  // For reading, without locks and without the memory that programs of one machine share. 3051 when a log with rows
+  // lies beside the file.
+  static std::shared_ptr<Connection> OpenUnchanging(const std::filesystem::path& path, const std::string& name,
+                                                    std::shared_ptr<const SpanishOrder> order);
   // The bytes of a new file with these tables.
   static std::string NewFile(const std::vector<TableDef>& tables, std::shared_ptr<const SpanishOrder> order);
   // True when the file is a database of this system.
@@ -75,6 +81,8 @@ class Connection {
   const std::string& name() const { return name_; }
   Statement Prepare(std::string_view sql) { return Statement(database_, name_, sql); }
   void Run(std::string_view sql) { Prepare(sql).Run(); }
+  // From here on writing is error 3027.
+  void RefuseWrites() { Run("PRAGMA query_only = ON"); }
   QueryCache& queries() { return queries_; }
   // What the store allows at most, by its number for that.
   std::size_t Limit(int number) const;
@@ -117,17 +125,18 @@ class Connection {
 
  private:
   using Clock = std::chrono::steady_clock;
+  static constexpr int kLongestWait = 5'000'000;  // microseconds, for a lock
 
   Connection(const char* path, std::string name, std::shared_ptr<const SpanishOrder> order, int flags);
 
   static std::shared_ptr<Connection> OpenShared(const std::filesystem::path& path, const std::string& name,
                                                 std::shared_ptr<const SpanishOrder> order);
-  static std::shared_ptr<Connection> OpenUnchanging(const std::filesystem::path& path, const std::string& name,
-                                                    std::shared_ptr<const SpanishOrder> order);
   void RequireFile();
   void CheckFormat();
   void Undo();
+  // The store's callbacks: while a lock is taken, and after each commit with the pages that the log has by now.
   static int WaitForLock(void* connection, int attempt);
+  static int FoldGrownLog(void* connection, sqlite3* database, const char* name, int pages);
   int Sleep();
   std::unique_ptr<TableInfo> ReadDefinition(const std::string& table);
   void KeepNumber(TableInfo& table, std::int64_t number);
@@ -143,6 +152,8 @@ class Connection {
   Clock::time_point checked_ = {};
   bool keeps_numbers_ = false;  // known to
   int waited_ = 0;              // microseconds, for the lock that is being waited for
+  int longest_wait_ = kLongestWait;
+  int log_pages_ = 0;  // at its last commit
   Clock::time_point crowded_until_ = {};
   std::minstd_rand random_{std::random_device()()};
   Statement data_version_;

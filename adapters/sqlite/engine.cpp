@@ -99,6 +99,8 @@ class OpenDatabase final : public Database {
 
 class DefaultEngine final : public Engine {
  public:
+  explicit DefaultEngine(Access access) : workspace_(std::make_shared<FileWorkspace>(access)) {}
+
   std::shared_ptr<Workspace> Workspaces(int number) override {
     if (number != 0) throw RuntimeError(kItemNotFound);
     return workspace_;
@@ -107,7 +109,7 @@ class DefaultEngine final : public Engine {
   void Idle(int) override { workspace_->Idle(); }
 
  private:
-  std::shared_ptr<FileWorkspace> workspace_ = std::make_shared<FileWorkspace>();
+  std::shared_ptr<FileWorkspace> workspace_;
 };
 
 }  // namespace
@@ -118,9 +120,9 @@ std::shared_ptr<Database> MakeDatabase(std::shared_ptr<Connection> connection, s
 
 }  // namespace sqlite
 
-std::unique_ptr<Engine> MakeEngine(std::string_view place) {
+std::unique_ptr<Engine> MakeEngine(std::string_view place, Access access) {
   if (!place.empty() && place != "sqlite:") throw RuntimeError(kNoSuchEngine, {}, place);
-  return std::make_unique<sqlite::DefaultEngine>();
+  return std::make_unique<sqlite::DefaultEngine>(access);
 }
 
 }  // namespace zendara

@@ -96,10 +96,12 @@ class Cursor final : public TableCursor, private Holder {
       const bool same = row_.SameAs(table_.by_row);
       table_.by_row.Reset();
       if (!same) throw RuntimeError(kRowChanged);
-      if (!table_.replace) table_.replace = connection_->Prepare(ReplaceText());
-      BindRow(table_.replace, 1, row);
-      table_.replace.Bind(static_cast<int>(row.size()) + 1, row_.id());
-      table_.replace.Run();
+      const bool keys = KeysChange(row);
+      Statement& replace = keys ? table_.replace_with_keys : table_.replace;
+      if (!replace) replace = connection_->Prepare(ReplaceText(keys));
+      BindRow(replace, 1, row);
+      replace.Bind(static_cast<int>(row.size()) + 1, row_.id());
+      replace.Run();
     });
     // Only now: after a failure the row as Refresh read it is what a second try is compared with.
     ReadRow(row_.id());
@@ -286,12 +288,30 @@ class Cursor final : public TableCursor, private Holder {
            table + "), 0), coalesce((SELECT last FROM zendara_numbers WHERE name = ?2), 0))" + places + ")";
   }
 
-  std::string ReplaceText() const {
-    std::string text;
-    for (const ColumnDef& column : table_.definition.columns) {
-      text += (text.empty() ? "" : ", ") + QuoteName(column.name) + " = ?";
+  // Whether the row differs from the kept one in a column of an index. Setting these makes the store write the indexes
+  // too, whatever the values. True also for a table that has no other columns.
+  bool KeysChange(const std::vector<Value>& row) const {
+    bool only_keys = true;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      const ColumnDef& column = table_.definition.columns[i];
+      if (!table_.indexed[i]) {
+        only_keys = false;
+      } else if (row[i] != row_.Read(static_cast<int>(i), column.type)) {
+        return true;
+      }
     }
-    return "UPDATE " + QuoteName(table_.definition.name) + " SET " + text + " WHERE rowid = ?";
+    return only_keys;
+  }
+
+  std::string ReplaceText(bool with_keys) const {
+    const auto& columns = table_.definition.columns;
+    std::string text;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (table_.indexed[i] && !with_keys) continue;
+      text += (text.empty() ? "" : ", ") + QuoteName(columns[i].name) + " = ?" + std::to_string(i + 1);
+    }
+    return "UPDATE " + QuoteName(table_.definition.name) + " SET " + text + " WHERE rowid = ?" +
+           std::to_string(columns.size() + 1);
   }
 
   std::shared_ptr<Connection> connection_;

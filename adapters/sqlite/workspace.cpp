@@ -44,7 +44,7 @@ namespace fs = std::filesystem;
 void RefuseNetwork(const fs::path& place, std::string_view path) {
   if (!IsOnNetwork(place)) return;
   throw RuntimeError(kDiskOrNetwork, {},
-                     std::string(path) + " is on a network file system, which programs of one machine alone may use");
+                     std::string(path) + " is on a network file system, where it can only be opened for reading");
 }
 
 }  // namespace
@@ -54,14 +54,29 @@ std::shared_ptr<Database> FileWorkspace::OpenDatabase(std::string_view path) {
   const FileId id = IdOf(file, path);
   auto connection = connections_[id].lock();
   if (!connection || connection->FileIsGone()) {
-    RefuseNetwork(file, path);
-    connection = Connection::Open(file, std::string(path), order_);
+    connection = Open(file, path);
     connections_[id] = connection;
   }
   return MakeDatabase(std::move(connection), path);
 }
 
+std::shared_ptr<Connection> FileWorkspace::Open(const fs::path& file, std::string_view path) {
+  if (access_ == Access::kWrite) {
+    RefuseNetwork(file, path);
+    return Connection::Open(file, std::string(path), order_);
+  }
+  if (IsOnNetwork(file)) return Connection::OpenUnchanging(file, std::string(path), order_);
+  auto connection = Connection::Open(file, std::string(path), order_);
+  connection->RefuseWrites();
+  return connection;
+}
+
+void FileWorkspace::RequireWrites(std::string_view path) const {
+  if (access_ == Access::kRead) throw RuntimeError(kReadOnly, {std::string(path)});
+}
+
 std::shared_ptr<Database> FileWorkspace::CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) {
+  RequireWrites(path);
   const fs::path file = PathOfNew(path);
   RefuseNetwork(file.parent_path(), path);
   if (const auto error = WriteNewFile(file, Connection::NewFile(tables, order_))) Fail(error, path);
@@ -87,6 +102,7 @@ std::vector<std::string> FileWorkspace::Databases(std::string_view folder) {
 }
 
 void FileWorkspace::Rename(std::string_view from, std::string_view to) {
+  RequireWrites(from);
   const fs::path file = FindDatabase(from);
   const fs::path renamed = PathOfNew(to);
   const auto open = connections_[IdOf(file, from)].lock();

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "adapters/sqlite/connection.hpp"
+#include "zendara/engines.hpp"
 #include "zendara/record_engine.hpp"
 
 namespace zendara::sqlite {
@@ -22,6 +23,8 @@ std::shared_ptr<Database> MakeDatabase(std::shared_ptr<Connection> connection, s
 // each other.
 class FileWorkspace final : public Workspace {
  public:
+  explicit FileWorkspace(Access access) : access_(access) {}
+
   std::shared_ptr<Database> OpenDatabase(std::string_view path) override;
   std::shared_ptr<Database> CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) override;
   bool Exists(std::string_view path) override;
@@ -39,6 +42,10 @@ class FileWorkspace final : public Workspace {
   [[noreturn]] void FailMissing(std::string_view path);
   static FileId IdOf(const std::filesystem::path& file, std::string_view path);
 
+  std::shared_ptr<Connection> Open(const std::filesystem::path& file, std::string_view path);
+  void RequireWrites(std::string_view path) const;
+
+  const Access access_;
   std::shared_ptr<const SpanishOrder> order_ = std::make_shared<SpanishOrder>();
   std::map<FileId, std::weak_ptr<Connection>> connections_;
   std::map<std::string, std::filesystem::path, std::less<>> found_;  // by a path whose spelling is another one

@@ -23,8 +23,8 @@ constexpr std::string_view kCompany = "00001";
 constexpr std::string_view kCompanyName = "Compañía de Demostración, S.A.";
 constexpr std::array<std::string_view, 3> kYears = {"00", "01", "02"};
 constexpr std::size_t kEuroYear = 2;
-// So many workers have rows in every month, the others in December only: all months of 100,000 workers would be some
-// 25 million rows.
+// So many workers have rows in every month, the others in the last month of each situación in a year only: all months
+// of 100,000 workers would be some 25 million rows.
 constexpr int kWorkersInFull = 1000;
 constexpr int kProgressStep = 250;
 
@@ -192,10 +192,12 @@ void WriteYear(YearTables& year, std::size_t year_number, const TrabajadorDemo& 
   const bool in_full = t.number <= kWorkersInFull;
   const MonthlyPay pay(t);
   for (const Month& month : year.months) {
-    if (!in_full && month.code != "12") continue;
     bool paid = false;
     for (std::size_t i = 0; i < t.situaciones.size(); ++i) {
-      if (!t.situaciones[i].periodo.Covers(month.first, month.last)) continue;
+      const Periodo& periodo = t.situaciones[i].periodo;
+      if (!periodo.Covers(month.first, month.last)) continue;
+      const bool last = month.code == "12" || (periodo.end && *periodo.end <= month.last);
+      if (!in_full && !last) continue;
       const std::string situation = Digits(static_cast<int>(i) + 1, 3);
       AddPayData(year, month, worker, situation, pay);
       if (HasIncidents(t)) AddVariableIncidents(year, random, month, worker, name, situation, pay);

@@ -8,7 +8,7 @@
 // are meaningful for the former, rates of 02 for the latter.
 //
 // Pay data, variable incidents and history stand for every month of the three years for the first 1000 workers, for
-// December of each year for the others.
+// the last month of each situación in a year for the others. `zendara data check` has no advice on any of it.
 //
 // The first workers, of any seed, are known cases. What they earn and what the withholding depends on is fixed:
 //

@@ -1,5 +1,7 @@
 #include "apps/demo/people.hpp"
 
+#include "values/identificaciones.hpp"
+
 namespace zendara {
 namespace {
 
@@ -155,8 +157,6 @@ constexpr Lugar kLugaresRows[] = {
     {"Ceuta", "Ceuta", "51"},
 };
 
-char Letter(int number) { return "TRWAGMYFPDXBNJZSQVHLCKE"[number % 23]; }
-
 }  // namespace
 
 const std::span<const std::string_view> kApellidos = kApellidosRows;
@@ -171,15 +171,8 @@ std::string Digits(int number, int width) {
   return text;
 }
 
-std::string Nif(int number) { return Digits(number, 8) + Letter(number); }
+std::string Nif(int number) { return Digits(number, 8) + LetraNif(number); }
 
-std::string Nie(int number) { return "X" + Digits(number, 7) + Letter(number); }
-
-std::string ControlAfiliacion(std::string_view provincia, std::string_view number) {
-  int remainder = 0;
-  for (const std::string_view part : {provincia, number})
-    for (const char digit : part) remainder = (remainder * 10 + (digit - '0')) % 97;
-  return Digits(remainder, 2);
-}
+std::string Nie(int number) { return "X" + Digits(number, 7) + LetraNif(number); }
 
 }  // namespace zendara

@@ -23,8 +23,6 @@ extern const std::span<const Lugar> kLugares;  // the last one is Ceuta
 std::string Nif(int number);
 // "X", seven digits and the letter.
 std::string Nie(int number);
-// The two digits that follow a social security number of a province and eight digits without a leading zero.
-std::string ControlAfiliacion(std::string_view provincia, std::string_view number);
 
 // `number` with zeros on the left up to `width` digits.
 std::string Digits(int number, int width);

@@ -3,27 +3,16 @@
 #include "apps/demo/people.hpp"
 #include "apps/demo/worker.hpp"
 #include "values/comprobar_cuenta.hpp"
+#include "values/identificaciones.hpp"
 
 namespace zendara {
 namespace {
-
-// The account check shows differences in a box; here only its result counts.
-class NoDialogs : public Dialogs {
-  BoxAnswer Show(const Box&) override { return BoxAnswer::kOk; }
-  void Beep() override {}
-};
 
 Value OptionalDate(const std::optional<Date>& date) { return date ? Value(*date) : Value(); }
 
 // An amount that is not there is an empty field.
 std::string Amount(const TrabajadorDemo& t, double pesetas) {
   return pesetas == 0 ? std::string() : Importe(pesetas, t.euros);
-}
-
-std::string ControlDigits(const TrabajadorDemo& t) {
-  if (t.cuenta.empty()) return {};
-  NoDialogs dialogs;
-  return Digits(ComprobarCuenta(t.entidad, t.oficina, "", t.cuenta, dialogs), 2);
 }
 
 std::string Letter(char c) { return std::string(1, c); }
@@ -67,7 +56,7 @@ std::array<Value, 91> FilaFijo(const TrabajadorDemo& t) {
   for (std::size_t i = 0; i < std::size(so_far); ++i) row[81 + i] = Amount(t, so_far[i]);
   row[85] = t.entidad;
   row[86] = t.oficina;
-  row[87] = ControlDigits(t);
+  row[87] = t.cuenta.empty() ? std::string() : ControlCuenta(t.entidad, t.oficina, t.cuenta);
   row[88] = t.cuenta;
   row[89] = kFormasPago[t.forma_pago].code;
   row[90] = kFormasPago[t.forma_pago].name;

@@ -42,8 +42,8 @@ Chooser::Chooser(std::vector<Company> companies, const std::vector<ScreenChoice>
   auto* buttons = new QVBoxLayout(group);
   for (const ScreenChoice& choice : screens) {
     auto* button = new QPushButton(choice.words, group);
-    button->setEnabled(choice.there);
-    if (!choice.there) button->setToolTip(QStringLiteral("Esta pantalla todavía no existe"));
+    button->setEnabled(choice.why_not.isEmpty());
+    button->setToolTip(choice.why_not);
     connect(button, &QPushButton::clicked, this, [this, screen = choice.screen, button] {
       const int row = list_->currentRow();
       if (row < 0 || years_->currentIndex() < 0) return;

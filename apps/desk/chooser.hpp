@@ -17,7 +17,7 @@ namespace zendara {
 struct ScreenChoice {
   std::string screen;  // name that the component knows
   QString words;       // on the button, with its access key
-  bool there = false;  // a screen that does not exist yet is shown disabled
+  QString why_not;     // it cannot be opened, and is shown disabled; empty if it can
 };
 
 class Chooser : public QWidget {

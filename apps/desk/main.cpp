@@ -188,7 +188,7 @@ class Desk {
     std::vector<ScreenChoice> screens;
     for (std::size_t i = 0; i < words.size(); ++i) {
       const std::string name(kPantallasPublicas[i]);
-      screens.push_back({name, words[i], ElComponente().pantallas.Tiene(name)});
+      screens.push_back({name, words[i], ToQt(ElComponente().pantallas.PorQueNo(name))});
     }
     CompanyHost company(Surroundings());
     Chooser chooser(std::move(companies), screens,

@@ -12,8 +12,13 @@ namespace zendara {
 // Files of the machine: separators "\" and "/", names whatever their case.
 std::unique_ptr<Files> MakeHostFiles();
 
+// What an engine opens its databases for. kRead: writing, creating and renaming are error 3027, and a folder on a
+// network file system can be read, as long as no log with rows lies beside the file there (3051). Its file is read
+// without locks; when it changes, what is open on it raises 3420.
+enum class Access { kWrite, kRead };
+
 // The engine of a place, by its scheme: "sqlite:" or nothing is the default engine, one SQLite file for each database
 // file. Error 3170 for a place of any other kind.
-std::unique_ptr<Engine> MakeEngine(std::string_view place = {});
+std::unique_ptr<Engine> MakeEngine(std::string_view place = {}, Access access = Access::kWrite);
 
 }  // namespace zendara

@@ -234,8 +234,8 @@ class Transaction {
 };
 
 // Paths: folders are separated by "\" or "/", names found whatever their case. Programs of one machine share a folder,
-// never two machines: a folder on a network file system is error 3043. Other errors: 3044 missing folder, 3051 no
-// permission, 3055 no name at all.
+// never two machines: a folder on a network file system is error 3043, but for an engine that only reads. Other errors:
+// 3044 missing folder, 3051 no permission, 3055 no name at all.
 class Workspace {
  public:
   virtual ~Workspace() = default;

@@ -29,7 +29,7 @@ enum ReglaCampo : unsigned {
   kNacimiento = 2,    // its two digits of a year are those of a birth
   kCeros = 4,         // filled with zeros on the left
   kImporte = 8,       // numeric typing, on the right
-  kVista = 16,        // shows what a code stands for; leaving it does nothing
+  kVista = 16,        // shows what a code stands for: takes no typing, and leaving it does nothing
   kReglaPropia = 32,  // the first one that a screen may define for itself
 };
 

@@ -1,6 +1,8 @@
 #include "common/pantalla_base.hpp"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "common/vertical.hpp"
 #include "runtime/failure.hpp"
@@ -111,6 +113,27 @@ void PantallaBase::ConectaMarco() {
       PonPista(pista == marco_.pistas.end() ? std::string() : pista->second, *control);
     };
   }
+  OrdenaParadas();
+}
+
+// The pages and fields as they are laid out, then Grabar, the other buttons of the screen, those that leave the record.
+void PantallaBase::OrdenaParadas() {
+  const auto orden = [this](const Control* control) {
+    if (!dynamic_cast<const Button*>(control) || control->PagesAround()) return 0;
+    if (control == grabar_) return 1;
+    return control == inicio_ || control == anterior_ || control == siguiente_ || control == fin_ ? 3 : 2;
+  };
+  std::vector<Control*> paradas = TabOrder();
+  std::ranges::stable_sort(paradas, {}, orden);
+  SetTabOrder(std::move(paradas));
+}
+
+void PantallaBase::PonPantalla(Button& boton, std::string_view pantalla) {
+  const std::string_view motivo = pantallas_.PorQueNo(pantalla);
+  if (motivo.empty()) return;
+  boton.SetEnabled(false);
+  boton.SetToolTipText(motivo);
+  marco_.pistas[boton.Name()] = motivo;
 }
 
 void PantallaBase::Guarda(const std::function<void()>& rutina) {
@@ -146,7 +169,7 @@ void PantallaBase::OnKeyDown(int& code, int shift) {
 void PantallaBase::OnKeyPress(int& character) {
   if (character == key::kEnter) {
     character = 0;
-    FocusNext();
+    FocusNextField();
   } else if (character == key::kEsc) {
     character = 0;
     Click(EscSale() || !grabar_ ? Salir : *grabar_);

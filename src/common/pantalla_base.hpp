@@ -56,8 +56,11 @@ class PantallaBase : public Form, public Pantalla {
   void Mensaje(const std::string& texto, BoxIcon icono = BoxIcon::kNone);
   // A character typed into a field: the filter of amounts, and going over the text while Insert is off.
   void TeclaDeTexto(TextBox& campo, int& caracter);
-  // Copies Text1 and Image1 handlers onto the frame's rules; call it once all controls stand.
+  // Copies Text1 and Image1 handlers onto the frame's rules, and puts the stops in order; call it once all controls
+  // stand.
   void ConectaMarco();
+  // A button that opens another screen: while that one cannot be opened it is disabled, and its hint says why.
+  void PonPantalla(Button& boton, std::string_view pantalla);
 
   // What is the screen's own.
   virtual void EntradaCampo(int /*indice*/) {}   // before the caret goes to the end
@@ -92,6 +95,7 @@ class PantallaBase : public Form, public Pantalla {
   Button* fin_ = nullptr;
 
  private:
+  void OrdenaParadas();
   void AbreCalculadora();
   void AlSalir();
 

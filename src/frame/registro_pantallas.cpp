@@ -9,6 +9,10 @@ void RegistroPantallas::Registra(std::string nombre, Fabrica fabrica) {
   pantallas_.insert_or_assign(std::move(nombre), Ficha{std::move(fabrica), nullptr});
 }
 
+std::string_view RegistroPantallas::PorQueNo(std::string_view nombre) const {
+  return pantallas_.contains(nombre) ? "" : "La pantalla no está instalada.";
+}
+
 std::shared_ptr<Pantalla> RegistroPantallas::Objeto(std::string_view nombre) {
   const auto ficha = pantallas_.find(nombre);
   if (ficha == pantallas_.end()) return nullptr;

@@ -24,7 +24,8 @@ class RegistroPantallas {
 
   // A second factory of the same name takes the place of the first.
   void Registra(std::string nombre, Fabrica fabrica);
-  bool Tiene(std::string_view nombre) const { return pantallas_.contains(nombre); }
+  // What to say to a user who asks for a screen that cannot be opened; empty for one that can.
+  std::string_view PorQueNo(std::string_view nombre) const;
 
   // The screen's object, created at its first use; it lives until the screen unloads. Nothing for a name that no screen
   // has. Errors of the factory go to the caller.

@@ -1,7 +1,6 @@
 #include "values/comprobar_cuenta.hpp"
 
 #include <array>
-#include <string>
 
 #include "runtime/characters.hpp"
 #include "runtime/text.hpp"
@@ -25,14 +24,17 @@ int ControlDigit(std::string_view text, std::size_t first_weight) {
 
 }  // namespace
 
-std::int16_t ComprobarCuenta(std::string_view entidad, std::string_view oficina, std::string_view dc,
-                             std::string_view numero, Dialogs& dialogs) {
+std::string ControlCuenta(std::string_view entidad, std::string_view oficina, std::string_view numero) {
   const int first = ControlDigit(std::string(entidad).append(oficina), 2);
   const int second = ControlDigit(numero, 0);
-  if (std::to_string(first) + std::to_string(second) != dc) {
-    dialogs.Show({.text = "EL NÚMERO DE CUENTA ES INCORRECTO"});
-  }
-  return static_cast<std::int16_t>(10 * first + second);
+  return std::to_string(first) + std::to_string(second);
+}
+
+std::int16_t ComprobarCuenta(std::string_view entidad, std::string_view oficina, std::string_view dc,
+                             std::string_view numero, Dialogs& dialogs) {
+  const std::string control = ControlCuenta(entidad, oficina, numero);
+  if (control != dc) dialogs.Show({.text = "EL NÚMERO DE CUENTA ES INCORRECTO"});
+  return static_cast<std::int16_t>(10 * (control[0] - '0') + (control[1] - '0'));
 }
 
 }  // namespace zendara

@@ -1,5 +1,5 @@
-// Words and places of the worker screen: captions of what is no field, and the layout. The tab order is that of the
-// layout, which goes by the indexes of the fields.
+// Words and places of the worker screen: captions of what is no field, and the layout. The tab order of the fields is
+// that of the layout, which goes by their indexes.
 #include <utility>
 #include <vector>
 

@@ -13,6 +13,7 @@ namespace {
 
 using enum CampoTrabajador;
 
+constexpr std::string_view kPantallaListado = "ListadoTrabajador";
 constexpr std::string_view kProgramaSinIncidencias = "05";
 constexpr int kContextoAyuda = 20004;
 
@@ -62,7 +63,10 @@ void Trabajadores::CreaCampos() {
     switch (campo.tipo) {
       case TipoCampo::kTexto: {
         TextBox& texto = Text1.Add(campo.indice);
-        if (campo.Tiene(kVista)) texto.SetWidth(EsPorcentaje(campo.indice) ? kAnchoPorcentaje : kAnchoVista);
+        if (campo.Tiene(kVista)) {
+          texto.SetWidth(EsPorcentaje(campo.indice) ? kAnchoPorcentaje : kAnchoVista);
+          texto.SetLocked(true);
+        }
         ficha_.Anade(campo, texto);
         break;
       }
@@ -98,12 +102,15 @@ void Trabajadores::Conecta() {
     return [this, rutina](int) { Guarda([&] { (this->*rutina)(); }); };
   };
 
-  const auto incidencias = [this](std::string_view pantalla, bool con_situacion) {
-    return [this, pantalla, con_situacion](int) { Guarda([&] { AbreIncidencias(pantalla, con_situacion); }); };
+  const auto incidencias = [this](Button& boton, std::string_view pantalla, bool con_situacion) {
+    PonPantalla(boton, pantalla);
+    boton.On().click = [this, pantalla, con_situacion](int) {
+      Guarda([&] { AbreIncidencias(pantalla, con_situacion); });
+    };
   };
-  CmdIncidenciasIT.On().click = incidencias("MIncidencias", false);
-  CmdIncidenciasESP.On().click = incidencias("MIncidenciasESP", false);
-  CmdIncidenciasVar.On().click = incidencias("MIncidenciasVAR", true);
+  incidencias(CmdIncidenciasIT, "MIncidencias", false);
+  incidencias(CmdIncidenciasESP, "MIncidenciasESP", false);
+  incidencias(CmdIncidenciasVar, "MIncidenciasVAR", true);
   const std::pair<Button*, void (Trabajadores::*)()> ordenes[] = {
       {&Inicio, &Trabajadores::IrAInicio},         {&Anterior, &Trabajadores::IrAAnterior},
       {&Siguiente, &Trabajadores::IrASiguiente},   {&Fin, &Trabajadores::IrAFin},
@@ -117,7 +124,8 @@ void Trabajadores::Conecta() {
   Regulariza.On().click = [this](int) { MuestraRegularizacion(); };
   CalcularRegula.On().click = [this](int) { CalculaRegularizacion(); };
 
-  Pendientes.On().click = [this](int) { Guarda([this] { pantallas_.Muestra("ListadoTrabajador"); }); };
+  PonPantalla(Pendientes, kPantallaListado);
+  Pendientes.On().click = [this](int) { Guarda([this] { pantallas_.Muestra(kPantallaListado); }); };
 
   const auto foco = [this](IndiceCampo indice) {
     if (indice != kNoIndex) ficha_.ControlDe(indice)->SetFocus();

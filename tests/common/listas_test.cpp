@@ -86,86 +86,67 @@ class ListasTest : public ListsTest {
 };
 
 // The others of the worker screen are played in the scenarios.
-TEST_F(ListasTest, RowsAreLaidOutAndTheCutsGiveTheColumnsBack) {
-  const std::string with_incidents = Fit("Núñez García, Ana", 37) + "00007";
-  const std::string section(30, 'T');
-  const std::string contract = "01" + Fit("Obra", 34) + "Art. 15.1 del50        ";
-  const std::string worker = "00007" + Fit("Núñez", 22) + Fit("García", 22) + Fit("Ana", 25);
-  const Texts surnames_name = {"00007", "7" + Fit("Núñez", 22), Fit("García", 22), Fit("Ana", 25)};
-  const Texts number_name = {"00007", Fit("Núñez García, Ana", 37)};
+TEST_F(ListasTest, TheCutsGiveTheColumnsOfTheFirstRowBack) {
+  const std::string name = Fit("Núñez García, Ana", 37);
   const struct {
     const Lista* lista;
     Texts parametros;
     std::size_t rows;
-    std::string row;  // the first
     Texts pieces;
   } cases[] = {
-      {&kListaTiposContrato, {"401"}, 1, contract, {"01O", "Obra", "Art. 15.1 del", "50"}},
-      {&kListaTrabajadores, {}, 2, worker, surnames_name},
-      {&kListaFechasIT, {"00007"}, 2, "15/03/01", {"15/03/01"}},
-      {&kListaFechasESP, {"00007"}, 2, "15/03/01", {"15/03/01"}},
-      {&kListaSituacionesTrabajador, {"00007"}, 2, Fit("Alta inicial", 32) + "001", {"001"}},
-      {&kListaConceptosTrabajador, {"03", "00007", "001"}, 1, "Plus      012", {"012", "Plus      "}},
-      {&kListaTrabajadoresIT, {}, 1, with_incidents, number_name},
-      {&kListaTrabajadoresESP, {}, 1, with_incidents, number_name},
-      {&kListaTrabajadoresVar, {"03"}, 1, with_incidents, number_name},
-      {&kListaCentrosListado, {}, 1, "001" + Fit("Central", 30), {"001", "Central"}},
-      {&kListaSeccionesListado, {}, 1, "001" + section, {"001", section}},
-      {&kListaTiposIT, {}, 5, "1 - Enfermedad", {"1", "Enfermedad"}},
-      {&kListaTiposESP, {}, 2, "1 - Vacaciones", {"1", " Vacaciones"}},
-      {&kListaMeses, {}, 12, "01   - Enero", {"01", " Enero"}},
+      {&kListaTiposContrato, {"401"}, 1, {"01O", "Obra", "Art. 15.1 del", "50"}},
+      {&kListaTrabajadores, {}, 2, {"00007", "7" + Fit("Núñez", 22), Fit("García", 22), Fit("Ana", 25)}},
+      {&kListaFechasIT, {"00007"}, 2, {"15/03/01"}},
+      {&kListaFechasESP, {"00007"}, 2, {"15/03/01"}},
+      {&kListaSituacionesTrabajador, {"00007"}, 2, {"001"}},
+      {&kListaConceptosTrabajador, {"03", "00007", "001"}, 1, {"012", "Plus      "}},
+      {&kListaTrabajadoresIT, {}, 1, {"00007", name}},
+      {&kListaTrabajadoresESP, {}, 1, {"00007", name}},
+      {&kListaTrabajadoresVar, {"03"}, 1, {"00007", name}},
+      {&kListaCentrosListado, {}, 1, {"001", "Central"}},
+      {&kListaSeccionesListado, {}, 1, {"001", std::string(30, 'T')}},
+      {&kListaTiposIT, {}, 5, {"1", "Enfermedad"}},
+      {&kListaTiposESP, {}, 2, {"1", " Vacaciones"}},
+      {&kListaMeses, {}, 12, {"01", " Enero"}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.lista->titulo);
-    EXPECT_EQ(Consulta(sesion, *c.lista, c.parametros), c.row);
-    EXPECT_EQ(asked.filas.size(), c.rows);
-    EXPECT_EQ(CortaFila(*c.lista, c.row), c.pieces);
+    EXPECT_EQ(CortaFila(*c.lista, Consulta(sesion, *c.lista, c.parametros).value()), c.pieces);
+    EXPECT_EQ(picking.filas, c.rows);
     EXPECT_EQ(CortaFila(*c.lista, ""), Texts(c.pieces.size())) << "what a listing screen does with no choice";
   }
-}
-
-TEST_F(ListasTest, TheCallPassesFileTitleMarkAndQuotedParameters) {
-  sesion.MarcaBoton = 1;
-  elegida = -1;
   EXPECT_EQ(Consulta(sesion, kListaConceptosTrabajador, {"03", "O'H", "001"}), "");
-  EXPECT_EQ(asked.sql,
-            "SELECT CAMPO4,CAMPO3 From contrabajadorconceptos where campo0='03' AND campo1='O''H'AND campo2='001'");
-  EXPECT_EQ(asked.base, sesion.DirDatos + "N0000101.mdb");
-  EXPECT_EQ(asked.titulo, "conceptos de Trabajador");
-  EXPECT_EQ(asked.marca, 1);
-  EXPECT_TRUE(asked.filas.empty());
-  EXPECT_EQ(Consulta(sesion, kListaContratos), "");
-  EXPECT_EQ(asked.base, sesion.DirDatos + "Nom00a01.mdb");
-  EXPECT_EQ(Consulta(sesion, kListaMeses), "");
-  EXPECT_EQ(asked.titulo, "Mes");
 }
 
-using EmptyListsTest = ListsTest;
-
-TEST_F(EmptyListsTest, AnEmptyGuardKeepsTheListClosed) {
+TEST_F(ListsTest, AnEmptyGuardKeepsTheListClosed) {
+  picking.elegida.reset();
   for (const Lista* lista : Listas()) {
-    asked = {};
-    elegida = -1;
+    picking.titulo.clear();
     const bool opens = lista->guarda == kSinGuarda;
     EXPECT_EQ(Consulta(sesion, *lista).has_value(), opens) << lista->titulo;
-    EXPECT_EQ(asked.titulo, opens ? lista->titulo : "");
+    EXPECT_EQ(picking.titulo, opens ? lista->titulo : "");
   }
-  Add(FileKind::kCompany, "TincidenciasESP", {{0, "00007"}, {3, *MakeDate(2001, 3, 15)}});
-  EXPECT_FALSE(Consulta(sesion, kListaTrabajadoresESP));
-  EXPECT_TRUE(Consulta(sesion, kListaFechasESP, {"00007"}));
-
   sesion.Tablas[kTiposVia] = nullptr;
   EXPECT_EQ(ErrorOf([&] { Consulta(sesion, kListaCalles); }), kObjectNotSet);
-  sesion.platform.components = nullptr;
-  EXPECT_EQ(ErrorOf([&] { Consulta(sesion, kListaFormasPago); }), kCannotCreateObject);
 }
 
-TEST_F(EmptyListsTest, ClassesAreFoundByNameInAnyCaseAndByTheirKind) {
-  EXPECT_NE(CreatePickList(&components, LCase(kPickListClass)), nullptr);
+// A host's own list hears which button of the mouse opened it.
+TEST_F(ListsTest, NeighboursAreFoundByNameInAnyCaseAndByTheirKind) {
+  struct MarkedList : RowPickList {
+    using RowPickList::RowPickList;
+    void ConsultaFija(const Texts&, const std::string&, std::int16_t mark, std::string& result) override {
+      result = std::to_string(mark);
+    }
+  };
+  components.Register(LCase(kPickListClass), [this] { return std::make_unique<MarkedList>(picking.Choice()); });
+  sesion.MarcaBoton = 1;
+  EXPECT_EQ(Consulta(sesion, kListaMinusvalias), "1");
   EXPECT_EQ(ErrorOf([&] { CreateBanner(&components, kPickListClass); }), kCannotCreateObject);
   EXPECT_EQ(ErrorOf([&] { CreateListingViewer(&components); }), kCannotCreateObject);
   components.Register(kBannerClass, Components::Factory<Banner>());
   EXPECT_EQ(ErrorOf([&] { CreateBanner(&components); }), kCannotCreateObject);
+  sesion.platform.components = nullptr;
+  EXPECT_EQ(ErrorOf([&] { Consulta(sesion, kListaMinusvalias); }), kCannotCreateObject);
 }
 
 }  // namespace

@@ -5,10 +5,12 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "adapters/hosting/row_pick_list.hpp"
 #include "common/row_list.hpp"
 #include "frame/parametros.hpp"
 #include "frame/sesion_anfitrion.hpp"
@@ -18,38 +20,19 @@
 
 namespace zendara {
 
-struct PickAsked {
-  std::string sql;
-  std::string base;
+// What a pick list showed, and the row that it takes, if there is one.
+struct Picking {
   std::string titulo;
-  int marca = -1;
-  std::vector<std::string> filas;
-};
+  std::size_t filas = 0;
+  std::optional<std::size_t> elegida = 0;
 
-// Notes what it was asked and takes the row `elegida`, none below 0.
-class TestPickList : public PickList {
- public:
-  TestPickList(PickAsked& asked, int elegida) : asked_(asked), elegida_(elegida) {}
-
-  void ConsultaLista(const std::vector<std::string>& columnas, const std::string& sql,
-                     const std::vector<RowPlace>& lugares, Engine& motor, const std::string& base,
-                     const std::string& titulo, std::int16_t marca_boton, std::string& resultado) override {
-    Take(RowList(motor, base, sql, columnas, lugares), {sql, base, titulo, marca_boton, {}}, resultado);
+  ChooseRow Choice() {
+    return [this](const std::string& title, RowList& rows) {
+      titulo = title;
+      filas = rows.Total();
+      return filas > 0 ? elegida : std::nullopt;
+    };
   }
-  void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t marca_boton,
-                    std::string& resultado) override {
-    Take(RowList(lineas), {{}, {}, titulo, marca_boton, {}}, resultado);
-  }
-
- private:
-  void Take(RowList filas, PickAsked asked, std::string& resultado) {
-    for (std::size_t i = 0; filas.Reach(i); ++i) asked.filas.push_back(filas.Row(i));
-    asked_ = std::move(asked);
-    if (elegida_ >= 0) resultado = asked_.filas.at(static_cast<std::size_t>(elegida_));
-  }
-
-  PickAsked& asked_;
-  int elegida_;
 };
 
 class ListsTest : public testing::Test {
@@ -60,7 +43,7 @@ class ListsTest : public testing::Test {
       const auto db = engine->Workspaces(0)->CreateDatabase(PathOf(file.kind));
       for (const TableDef& table : file.tables) db->CreateTable(table);
     }
-    components.Register(kPickListClass, [this] { return std::make_unique<TestPickList>(asked, elegida); });
+    RegisterPickList(components, picking.Choice());
     sesion.platform.components = &components;
     AbreEmpresa(sesion, "00001", "01");
   }
@@ -78,8 +61,7 @@ class ListsTest : public testing::Test {
   TempFolder folder;
   std::unique_ptr<Engine> engine = MakeEngine();
   Components components;
-  PickAsked asked;
-  int elegida = 0;
+  Picking picking;
   Sesion sesion{
       Platform{.engine = engine.get(), .application_folder = folder.path().string(), .components = &components}};
 };

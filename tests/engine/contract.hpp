@@ -4,9 +4,10 @@
 #include <gmock/gmock.h>
 
 #include <functional>
-#include <initializer_list>
+#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -59,10 +60,19 @@ inline void Change(Recordset& rs, int column, const Value& value) {
   rs.Update();
 }
 
-// That each of these calls raises the error.
-inline void ExpectErrors(int error, Recordset& rs, std::initializer_list<void (Recordset::*)()> calls) {
-  int number = 0;
-  for (const auto call : calls) EXPECT_EQ(ErrorOf([&] { (rs.*call)(); }), error) << "call " << ++number;
+// First, last, next, previous; Edit, AddNew, Update, CancelUpdate, Delete: where each of these initials leads, or the
+// error that it raises: "00003, 3021 eof, !3021".
+inline std::string Walk(Recordset& rs, std::string_view steps) {
+  const std::map<char, void (Recordset::*)()> calls = {
+      {'F', &Recordset::MoveFirst},    {'L', &Recordset::MoveLast},     {'N', &Recordset::MoveNext},
+      {'P', &Recordset::MovePrevious}, {'E', &Recordset::Edit},         {'A', &Recordset::AddNew},
+      {'U', &Recordset::Update},       {'C', &Recordset::CancelUpdate}, {'D', &Recordset::Delete}};
+  std::string places;
+  for (const char step : steps) {
+    const int error = ErrorOf([&] { (rs.*calls.at(step))(); });
+    places += (places.empty() ? "" : ", ") + (error ? "!" + std::to_string(error) : Place(rs));
+  }
+  return places;
 }
 
 // A file with that table as another program has it open.

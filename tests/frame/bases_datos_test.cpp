@@ -10,7 +10,6 @@
 #include "frame/sesion_anfitrion.hpp"
 #include "support/errors.hpp"
 #include "support/fake_dialogs.hpp"
-#include "support/fake_engine.hpp"
 #include "support/temp_folder.hpp"
 #include "zendara/engines.hpp"
 
@@ -118,21 +117,6 @@ TEST_F(BasesDatos, TheFirstFailureEndsAbreTablas) {
     if (table.name == "FPago") table.name = "FPagos";
   });
   opens(true, {"Error: Base de Datos vacia ó dañada"});
-}
-
-TEST_F(BasesDatos, ATableThatIsClosedMeansADamagedFile) {
-  struct Closed : FakeDatabase {
-    std::shared_ptr<Recordset> OpenRecordset(std::string_view, RecordsetType) override {
-      throw RuntimeError(kObjectClosed);
-    }
-  };
-  struct ClosedEngine : FakeEngine {
-    std::shared_ptr<Database> OpenDatabase(std::string_view) override { return std::make_shared<Closed>(); }
-  };
-  const auto closed = std::make_shared<ClosedEngine>();
-  sesion.platform.engine = closed.get();
-  AbreTablas(sesion, 2, "00001", "01");
-  EXPECT_THAT(dialogs.boxes, ElementsAre("Error: Base de Datos vacia ó dañada"));
 }
 
 TEST_F(BasesDatos, AFileThatDoesNotOpenIsShownAndLeavesTheHandle) {

@@ -115,25 +115,17 @@ TEST_F(Component, TheSessionIsReadInOrderThenTheScreenIsShownThenTheMarkGoesBack
 
 TEST_F(Component, TheWorkingYearIsTheLastTwoCharactersAndMovesTheWindowOfTwoDigitYears) {
   tablas.items[402] = bd->OpenRecordset("T", RecordsetType::kTable);
-  struct Case {
-    Value ejercicio;
-    const char* ano;
-    int year_of_45;
-  };
-  for (const Case& c : std::initializer_list<Case>{
-           {"2026", "26", 2045},  // the window ends 19 years after the working year
-           {"xx", "xx", 2045},    // no number: the window stays
-           {5, "5 ", 1945},
-           {1999, "99", 1945},
-       }) {
-    morlane.values["Ejercicio"] = c.ejercicio;
+  // The window ends 19 years after the working year; what is no number leaves it.
+  for (const auto& [ejercicio, ano, year_of_45] :
+       {std::tuple(Value("2026"), "26", 2045), {"xx", "xx", 2045}, {5, "5 ", 1945}, {1999, "99", 1945}}) {
+    morlane.values["Ejercicio"] = ejercicio;
     morlane.values["FechaTrabajo"] = "15/03/45";
     Carga("");
-    EXPECT_EQ(sesion.AnoTrabajo.str(), c.ano);
-    EXPECT_EQ(PartsOf(sesion.FechaSesion).year, c.year_of_45) << c.ano;
+    EXPECT_EQ(sesion.AnoTrabajo.str(), ano);
+    EXPECT_EQ(PartsOf(sesion.FechaSesion).year, year_of_45) << ano;
     // What the host hands over reads as the session does.
     for (const YearWindow window : {bd->Years(), be->Years(), tablas.items[402]->Years()}) {
-      EXPECT_EQ(FullYear(45, window), c.year_of_45);
+      EXPECT_EQ(FullYear(45, window), year_of_45);
     }
   }
 }

@@ -1,94 +1,138 @@
-// Scripts played on a sample screen over a demonstration company: the lines that they print, and how they end.
+// What no scenario can play: a screen with options and a listing, another one above it, and how faults end a run.
 #include <gmock/gmock.h>
 
 #include "adapters/headless/headless.hpp"
 #include "apps/demo/demo_company.hpp"
-#include "headless/sample_screen.hpp"
+#include "component/componente.hpp"
+#include "platform/form/form.hpp"
 #include "support/temp_folder.hpp"
 #include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
 
-using testing::StartsWith;
+const Platform& Surroundings() { return ElComponente().sesion.platform; }
 
-const std::string kOpened = "screen Trabajadores open\nfocus Text1(1)\n";
-const std::string kClosed = "screen Trabajadores closed\n";
+class SampleScreen : public Form, public Pantalla {
+ public:
+  SampleScreen() : Form(*Surroundings().forms, *Surroundings().dialogs, "MIncidencias") {
+    Check1.SetValue(2);
+    Option1.Add(0);
+    Option1.Add(1);
+    Abrir.On().click = [this](int) {
+      ElComponente().pantallas.Muestra("Trabajadores");
+      SetStatus("De \"vuelta\"");
+    };
+    Imprimir.On().click = [](int) { Print(); };
+    SetLayout(Column({Place(Check1), Place(Option1(0)), Place(Option1(1)), Place(Abrir), Place(Imprimir)}));
+  }
+  void Mostrar() override { Show(); }
+  bool EnPantalla() const override { return Shown(); }
+
+ private:
+  static void Print() {
+    const std::string path = Surroundings().application_folder + "\\DATOS\\Nom00001.MDB";
+    Surroundings().engine->Workspaces(0)->OpenDatabase(path)->Execute("DELETE * FROM ListadosNOM");
+    const auto table =
+        Surroundings().engine->Workspaces(0)->OpenDatabase(path)->OpenRecordset("ListadosNOM", RecordsetType::kTable);
+    for (const char* text : {"z", "a, b"}) {
+      table->AddNew();
+      table->Fields(0).Set(text);
+      if (*text == 'a') table->Fields(1).Set("");
+      table->Update();
+    }
+    ListingDescription listing = {"2", "Uno", std::int16_t{0}, "900", "Dos", std::int16_t{0}, "900", "Relación", false};
+    const auto viewer = CreateListingViewer(Surroundings().components);
+    viewer->FicheroDatos(path);
+    viewer->TablaDatos("ListadosNOM");
+    viewer->Visualiza(listing);
+  }
+  void OnUnload() override { ElComponente().pantallas.Descarga(Name()); }
+
+  CheckBox Check1{*this, "Check1"};
+  ControlArray<OptionButton> Option1{*this, "Option1"};
+  Button Abrir{*this, "Abrir"}, Imprimir{*this, "Imprimir"};
+};
 
 class PlayerTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     folder_ = std::make_unique<TempFolder>();
     WriteDemoCompany(*MakeEngine(), {.folder = folder_->path().string(), .workers = 3});
-    RegisterSampleScreens();
+    ElComponente().pantallas.Registra("MIncidencias", [] { return std::make_shared<SampleScreen>(); });
   }
   static void TearDownTestSuite() { folder_.reset(); }
 
-  ScriptResult PlayAll(const std::string& script) {
-    const auto engine = MakeEngine();
-    const auto files = MakeHostFiles();
-    out_.clear();
-    return PlayHeadless(ReadScript(script), *engine, *files, folder_->path().string(),
-                        [this](std::string_view line) { out_ += line; });
-  }
-  // Commands on the open screen; what they print after it is open.
-  std::string Play(const std::string& commands) {
-    const ScriptResult result = PlayAll("session company=1 year=01\nopen Trabajadores\n" + commands);
-    EXPECT_EQ(result.status, 0) << result.message;
-    EXPECT_THAT(out_, StartsWith(kOpened));
-    return out_.substr(std::min(out_.size(), kOpened.size()));
+  // The lines printed are in `out_`; the third of them does not fit if `full`.
+  ScriptResult Play(const std::string& script, bool full = false) {
+    int lines = 0;
+    const auto print = [&](std::string_view line) {
+      if (++lines == 3 && full) throw std::runtime_error("full");
+      out_ += line;
+    };
+    return PlayHeadless(ReadScript(script), *MakeEngine(), *MakeHostFiles(), folder_->path().string(), print);
   }
 
-  static std::unique_ptr<TempFolder> folder_;
+  static inline std::unique_ptr<TempFolder> folder_;
   std::string out_;
 };
 
-std::unique_ptr<TempFolder> PlayerTest::folder_;
+constexpr const char* kOpened = "screen MIncidencias open\nfocus Check1\n";
+constexpr const char* kAbove = "screen Trabajadores open\nfocus Text1(1)\n";
 
-TEST_F(PlayerTest, ValuesOfEveryKindOfControl) {
-  EXPECT_EQ(Play("type \"ab\\\"\\\\xyz\"\nchoose Combo1 \"1 - Alguno\"\ncheck Check1 1\ncheck Check1 1\n"
-                 "check Option1(1) 1\ncell Grid1(0) 2 1\nshow Informa Check1 Grid1(0)[0,1] Text1(2)\nshow all\n"
-                 "expect Text1(1) \"ab\\\"\\\\x\"\nexpect Combo1 \"1 - Alguno\"\nexpect Grid1(0)[0,1] \"Enero\"\n"
-                 "check Check1 0\nexpect Check1 \"0\"\nexpect Check2 \"2\"\ncheck Check2 1\nexpect Check2 \"1\""),
-            "focus Combo1\nfocus Check1\nfocus Option1(1)\nfocus Grid1(0)\n"
-            "value Informa=\"Dice \\\"hola\\\"\"\nvalue Check1=\"1\"\nvalue Grid1(0)[0,1]=\"Enero\"\n"
-            "value Text1(2)=\"\"\nvalue Check1=\"1\"\nvalue Check2=\"2\"\nvalue Combo1=\"1 - Alguno\"\nvalue "
-            "Option1(1)=\"1\"\n"
-            "value Text1(1)=\"ab\\\"\\\\x\"\nfocus Check1\nfocus Check2\n");
+TEST_F(PlayerTest, ScreensOptionsAndListings) {
+  const std::string open = "session company=1 year=01\nopen MIncidencias\n";
+  const std::pair<std::string, std::string> cases[] = {
+      {"check Option1(1) 1\ncheck Check1 1\nshow all",
+       "focus Option1(1)\nfocus Check1\nvalue Check1=\"1\"\nvalue Option1(1)=\"1\"\n"},
+      {"click Imprimir",
+       "print title=\"Relación\" file=\"Nom00001.MDB\" table=\"ListadosNOM\" columns=2 rows=2\n"
+       "z,\n\"a, b\",\"\"\nfocus Imprimir\n"},
+      {"click Abrir\nclick Salir\nshow Check1",
+       kAbove +
+           std::string("screen Trabajadores closed\nstatus \"De \\\"vuelta\\\"\"\nfocus Abrir\nvalue Check1=\"2\"\n")},
+      // The end closes what is open without a word, and the next run finds new screens.
+      {"click Abrir\ntype \"3\\n\"", kAbove + std::string("focus Text1(2)\n")},
+      {"show Check1", "value Check1=\"2\"\n"},
+  };
+  for (const auto& [commands, printed] : cases) {
+    out_.clear();
+    const ScriptResult result = Play(open + commands);
+    EXPECT_EQ(result.status, 0) << result.message;
+    EXPECT_EQ(out_, kOpened + printed);
+  }
+  out_.clear();
+  EXPECT_THROW(Play(open + "click Abrir\nkey Tab", true), std::runtime_error);
+  EXPECT_EQ(out_, kOpened) << "an output that takes no more stops the script";
 }
 
-TEST_F(PlayerTest, BoxesTakeAnswersInOrderThenTheirDefault) {
-  const std::string box = "box icon=question buttons=yesno default=no title=\"Duda\" text=\"¿Graba\\ntodo?\" -> ";
-  EXPECT_EQ(Play("answer yes no\nclick Grabar\nshow Informa\nclick Grabar\nclick Grabar\nshow Informa"),
-            box + "yes\nstatus \"Todo \\\"grabado\\\"\"\nfocus Grabar\nvalue Informa=\"Grabado\"\n" + box + "no\n" +
-                box + "no\nvalue Informa=\"No grabado\"\n");
-}
-
-TEST_F(PlayerTest, ListsTakePicksInOrderThenNone) {
-  const std::string list = "list title=\"Letras\" rows=3 -> ";
-  EXPECT_EQ(
-      Play("pick 2 \npick \"tres\"\npick none\nclick Image1(1)\nclick Image1(1)\nclick Image1(1)\nclick Image1(1)"),
-      list + "\"B dos\"\n" + list + "\"B tres\"\n" + list + "none\n" + list + "none\n");
-}
-
-TEST_F(PlayerTest, Listings) {
-  EXPECT_EQ(Play("click Imprimir"),
-            "print title=\"Relación\" file=\"Nom00001.MDB\" table=\"ListadosNOM\" columns=2 rows=2\n"
-            "z,\n\"a, b\",\"\"\nfocus Imprimir\n");
-}
-
-TEST_F(PlayerTest, FormsInFormsTakeTheCommandsUntilTheyClose) {
-  EXPECT_EQ(Play("click Abrir\nclick Abrir\ntype \"x\"\nclick Salir\nshow Text1(3)\nclick Salir\nshow Text1(1)\n"
-                 "click Salir\nsql Nom00001.mdb \"SELECT Campo0 FROM TrabajadoresFijo\"\nopen Trabajadores"),
-            "screen Hija open\nfocus Text1(1)\nscreen Nieta open\nfocus Text1(1)\nscreen Nieta closed\n"
-            "focus Abrir\nvalue Text1(3)=\"vuelt\"\nscreen Hija closed\nfocus Abrir\nvalue Text1(1)=\"\"\n" +
-                kClosed + "00001\n00002\n00003\n" + kOpened);
-}
-
-TEST_F(PlayerTest, TheEndClosesWhatIsOpenWithoutAWord) {
-  EXPECT_EQ(Play("click Abrir\nfocus Text1(2)\ntype \"1\""), "screen Hija open\nfocus Text1(1)\nfocus Text1(2)\n");
-  // The next run finds new screens.
-  EXPECT_EQ(Play("show Text1(3)"), "value Text1(3)=\"\"\n");
+TEST_F(PlayerTest, ScriptsThatAreRefused) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"jump", "unknown command \"jump\""},
+      {"open", "wrong number of words, not open NAME"},
+      {"type abc", "not type \"text\""},
+      {"type \"abc", "a quote is not closed"},
+      {"type \"a\\tb\"", "a backslash stands before none"},
+      {"type a\"b\"", "a quote stands inside a word"},
+      {"key Enterr", "unknown key \"Enterr\""},
+      {"check Check1 x", "not check CONTROL 0"},
+      {"page Tab1 99999999999", "not page"},
+      {"answer yes maybe", "unknown answer \"maybe\""},
+      {"pick 0", "not pick"},
+      {"session company=1 size=2", "unknown value of a session \"size\""},
+      {"session =1", "\"=\" stands behind no name"},
+      {"type \"Mu\xF1oz\"", "not UTF-8"},
+      {std::string("o\0p\0", 4), "not UTF-8"},
+  };
+  for (const auto& [line, reason] : cases) {
+    try {
+      ReadScript("\xEF\xBB\xBF# one\r\nopen A\r\n" + line + "\nopen A");
+      ADD_FAILURE() << line;
+    } catch (const ScriptError& error) {
+      EXPECT_EQ(error.status(), 2);
+      EXPECT_THAT(error.what(), testing::StartsWith("3: " + reason));
+    }
+  }
 }
 
 TEST_F(PlayerTest, FaultsOfARunEndItWithTheirLine) {
@@ -103,37 +147,23 @@ TEST_F(PlayerTest, FaultsOfARunEndItWithTheirLine) {
       {"session company=9 year=01", 1, "1: 3024  "},
       {"open Trabajadores", 2, "1: there is no session yet"},
       {"show all", 2, "1: no screen is open"},
-      {"sql nom00001.mdb \"DELETE * FROM TrabajadoresFijo\"", 1, "1: 3075  "},
       {opened + "open Trabajadores", 2, "3: screen Trabajadores is open"},
       {opened + "\nclick Nada", 2, "4: screen Trabajadores has no control Nada"},
-      {opened + "expect Text1(1) \"x\"", 1, "3: Text1(1) is \"\", not \"x\""},
-      {opened + "choose Combo1 \"7\"", 2, "3: Combo1 has no item \"7\""},
-      {opened + "check Option1(0) 0", 2, "3: Option1(0) is an option"},
+      {opened + "choose Combo1(5) \"7\"", 2, "3: Combo1(5) has no item \"7\""},
       {opened + "cell Grid1(0) 0 1", 2, "3: Grid1(0) has no cell 0 1 to click"},
-      {opened + "show Grid1(0)[3,0]", 2, "3: Grid1(0) has no cell [3,0]"},
-      {opened + "page Tab1 2", 2, "3: Tab1 has no page 2"},
-      {opened + "answer ok\nclick Grabar", 2, "4: the box \"¿Graba\\ntodo?\" has no button ok"},
-      {opened + "pick 4\nclick Image1(1)", 2, "4: the list \"Letras\" has no row 4"},
-      {opened + "pick \"cuatro\"\nclick Image1(1)", 2, "4: the list \"Letras\" has no row that holds \"cuatro\""},
+      {opened + "show Grid1(0)[99,0]", 2, "3: Grid1(0) has no cell [99,0]"},
+      {opened + "page Tab1 9", 2, "3: Tab1 has no page 9"},
+      {opened + "type \"3\\n\"\nanswer ok\nclick CmdNuevo", 2, "5: the box \"¿"},
+      {opened + "pick 4\nclick Image1(1)", 2, "4: the list \"TrabajadoresFijo\" has no row 4"},
+      {opened + "pick \"cuatro\"\nclick Image1(1)", 2,
+       "4: the list \"TrabajadoresFijo\" has no row that holds \"cuatro\""},
   };
   for (const auto& c : cases) {
-    const ScriptResult result = PlayAll(c.script + "\nopen Trabajadores\nshow all");
+    const ScriptResult result = Play(c.script + "\nopen Trabajadores\nshow all");
     EXPECT_EQ(result.status, c.status) << c.script;
-    EXPECT_THAT(result.message, StartsWith(c.message)) << c.script;
+    EXPECT_THAT(result.message, testing::StartsWith(c.message)) << c.script;
     EXPECT_EQ(result.message.find('\n'), std::string::npos) << c.script;
   }
-}
-
-TEST_F(PlayerTest, AnOutputThatTakesNoMoreStopsTheScript) {
-  const auto engine = MakeEngine();
-  const auto files = MakeHostFiles();
-  int lines = 0;
-  const auto full = [&](std::string_view) {
-    if (++lines == 2) throw std::runtime_error("full");
-  };
-  const Script script = ReadScript("session company=1 year=01\nopen Trabajadores\nclick Abrir\nclick Abrir\nkey Tab");
-  EXPECT_THROW(PlayHeadless(script, *engine, *files, folder_->path().string(), full), std::runtime_error);
-  EXPECT_EQ(lines, 2);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QMouseEvent>
 #include <QTabWidget>
 #include <QTableView>
+#include <QToolTip>
 
 #include "qt/demo_form.hpp"
 
@@ -41,26 +43,16 @@ TEST_F(QtTest, KeysReachTheModelAndItsTextIsShown) {
     EXPECT_EQ(edit.cursorPosition(), 3);
     Send(edit, Qt::Key_End, {}, Qt::ShiftModifier);
     EXPECT_EQ(edit.selectedText(), "@");
-  });
-}
 
-TEST_F(QtTest, DeadKeysAndInputMethodsCommitComposedText) {
-  Play([&](FormWindow& window) {
+    // Dead keys and input methods.
+    form.Text1(1).SetText("");
     QInputMethodEvent composing("´", {});
-    QApplication::sendEvent(&WidgetOf(window, form.Text1(1)), &composing);
+    QApplication::sendEvent(&edit, &composing);
     EXPECT_EQ(form.Text1(1).Text(), "");
     QInputMethodEvent commit;
     commit.setCommitString("e\u0301ü");  // an accent of its own is composed
-    QApplication::sendEvent(&WidgetOf(window, form.Text1(1)), &commit);
+    QApplication::sendEvent(&edit, &commit);
     EXPECT_EQ(form.Text1(1).Text(), "éü");
-  });
-}
-
-TEST_F(QtTest, TheStatusStandsBelowTheFields) {
-  Play([&](FormWindow& window) {
-    form.SetStatus("Grabado");
-    window.Flush();
-    EXPECT_EQ(window.findChild<QLabel*>("status")->text(), "Grabado");
   });
 }
 
@@ -105,7 +97,11 @@ TEST_F(QtTest, WhatTheModelHoldsIsShown) {
     form.Option1(1).SetValue(true);
     form.Grid1.SetCurrent(2, 2);
     form.Grid1.SetText("x");
+    form.SetStatus("Grabado");
+    form.SetPointer(MousePointer::kHourglass);
     window.Flush();
+    EXPECT_EQ(window.findChild<QLabel*>("status")->text(), "Grabado");
+    EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
     for (const Tabs* tabs : {&form.Tab1, &form.Tab2}) {
       EXPECT_EQ(static_cast<QTabWidget&>(WidgetOf(window, *tabs)).currentIndex(), 1);
     }
@@ -142,16 +138,6 @@ TEST_F(QtTest, AFormOpensAnotherAndGetsTheKeyboardBack) {
   });
 }
 
-TEST_F(QtTest, TheHourglassTakesNoInputAway) {
-  Play([&](FormWindow& window) {
-    form.SetPointer(MousePointer::kHourglass);
-    window.Flush();
-    EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
-    Send(WidgetOf(window, form.Text1(1)), Qt::Key_7, "7");
-    EXPECT_EQ(form.Text1(1).Text(), "7");
-  });
-}
-
 TEST_F(QtTest, APainterThatFailsLeavesItsPictureEmptyAndIsNotAskedAgain) {
   int painted = 0;
   form.Picture25.SetPainter([&](const Screen&, DrawingSurface&) {
@@ -174,19 +160,21 @@ TEST_F(QtTest, EverythingScalesWithTheText) {
       form.Tab1.SetTab(1);
       window.Flush();
       QApplication::processEvents();
-      const auto size = [&](const Control& control) { return WidgetOf(window, control).size(); };
-      return std::vector{edit.size(), size(form.Grid1), size(form.Picture25), size(form.Image1(1)),
-                         QSize(1, 1) * size(form.Grabar).height()};  // its width is that of the row
+      const QSize grid = WidgetOf(window, form.Grid1).size();
+      return std::vector{edit.width(),
+                         edit.height(),
+                         grid.width(),
+                         grid.height(),
+                         WidgetOf(window, form.Picture25).width(),
+                         WidgetOf(window, form.Image1(1)).height(),
+                         WidgetOf(window, form.Grabar).height()};
     };
     const auto normal = sizes();
     Send(edit, Qt::Key_Plus, "+", Qt::ControlModifier);
     EXPECT_EQ(zoom::Percent(), 110);
     zoom::Set(200);
     const auto large = sizes();
-    for (std::size_t i = 0; i < normal.size(); ++i) {
-      EXPECT_NEAR(large[i].width(), normal[i].width() * 2, normal[i].width() / 2) << i;
-      EXPECT_NEAR(large[i].height(), normal[i].height() * 2, normal[i].height() / 2) << i;
-    }
+    for (std::size_t i = 0; i < normal.size(); ++i) EXPECT_NEAR(large[i], normal[i] * 2, normal[i] / 2) << i;
     Send(edit, Qt::Key_Minus, "-", Qt::ControlModifier);
     EXPECT_EQ(zoom::Percent(), 175);
     Send(edit, Qt::Key_0, "0", Qt::ControlModifier);
@@ -202,12 +190,17 @@ TEST_F(QtTest, FieldsHaveNamesAndHints) {
     EXPECT_EQ(WidgetOf(window, form.Grabar).toolTip(), "Graba los datos");
     // Access keys are the model's.
     EXPECT_TRUE(static_cast<QAbstractButton&>(WidgetOf(window, form.Grabar)).shortcut().isEmpty());
+    // A disabled button has its hint too.
+    form.Grabar.SetEnabled(false);
     // A hidden field takes its words along.
     form.Text1(1).SetVisible(false);
     window.Flush();
     EXPECT_TRUE(std::ranges::none_of(window.findChildren<QLabel*>(), [](const QLabel* label) {
       return label->text() == "Campo 1:" && label->isVisible();
     }));
+    QHelpEvent over(QEvent::ToolTip, {}, {});
+    QApplication::sendEvent(&WidgetOf(window, form.Grabar), &over);
+    EXPECT_EQ(QToolTip::text(), "Graba los datos");
   });
 }
 

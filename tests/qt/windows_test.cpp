@@ -63,7 +63,6 @@ TEST_F(WindowsTest, TheDetailOfAQuestionIsReadWithoutAnsweringIt) {
   const Key copy{.code = 'C', .shift = key::kControl, .text = {}};
   Soon([&] {
     press({Code(key::kF1)});
-    EXPECT_EQ(top()->windowTitle(), "Tipo");
     EXPECT_EQ(top()->findChildren<QPushButton*>().size(), 2);
     press({Code(key::kTab), Code(key::kTab), Code(key::kEnter)});
   });
@@ -84,8 +83,6 @@ TEST_F(WindowsTest, TheDetailOfAQuestionIsReadWithoutAnsweringIt) {
       press({copy});
       EXPECT_EQ(QApplication::clipboard()->text(),
                 "Base\t582300\tsueldo\nCuota\t104814\t" + words + "\nTipo\t2,01\tcuota");
-      press({Code(key::kDown), copy});
-      EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Cuota\t104814\tpalabra"));
       press({closes});
       ASSERT_EQ(top(), box);
       EXPECT_EQ(box->focusWidget(), focus);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
+#include <map>
 #include <vector>
 
 #include "runtime/format.hpp"
@@ -16,18 +18,13 @@ using enum CampoTrabajador;
 
 std::string Named(const std::string& array, IndiceCampo index) { return array + "(" + std::to_string(index) + ")"; }
 
-constexpr std::string_view kCharacters[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9",  ",", ".", "-",
-                                            "a", "L", "m", "S", "n", "x", "ñ", "Ñ", "á", "Ü",  "ç", "€", "'",
-                                            "(", "&", "%", "*", "/", " ", "#", "ª", "·", "\"", "ß", "😀"};
-constexpr std::string_view kDigits[] = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
+constexpr std::string_view kCharacters = "0123456789,.-aLmSnxñÑáÜç€'(&%*/ #ª·\"ß😀";
+constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kKeys[] = {
-    "Enter",       "Enter",      "Enter",     "Tab",      "Tab",       "Shift+Tab",
-    "Up",          "Down",       "Left",      "Right",    "Home",      "End",
-    "Shift+Left",  "Shift+Home", "Shift+End", "Delete",   "Delete",    "Insert",
-    "Backspace",   "Space",      "F1",        "F2",       "F2",        "PageUp",
-    "PageDown",    "Alt+End",    "Alt+Home",  "Alt+Left", "Alt+Right", "Ctrl+PageDown",
-    "Ctrl+PageUp", "Ctrl+A",     "Esc",
-};
+    "Enter",   "Enter",  "Enter", "Tab",    "Tab",           "Shift+Tab",  "Up",         "Down",       "Left",
+    "Right",   "Home",   "End",   "Delete", "Delete",        "Shift+End",  "Shift+Home", "Shift+Left", "Backspace",
+    "Space",   "F1",     "F2",    "F2",     "PageUp",        "PageDown",   "Alt+Left",   "Alt+Right",  "Alt+Home",
+    "Alt+End", "Ctrl+A", "Esc",   "Insert", "Ctrl+PageDown", "Ctrl+PageUp"};
 constexpr std::string_view kAccessKeys = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view kHostile[] = {"",         " ",         "'",          "O'Donnell' OR 'a'='a",
                                          "\"",       "%",         "*",          "áéíóúñÑü",
@@ -37,7 +34,7 @@ constexpr std::string_view kHostile[] = {"",         " ",         "'",          
                                          "1,5,5",    "-,-",       "00000",      "ABCDE",
                                          "€ 5",      "e\xCC\x81", "😀😀😀",     "campo0"};
 constexpr std::string_view kNames[] = {"García", "Núñez", "O'Shea", "de la Peña", "Ibáñez", "Ña", "López Übeda"};
-constexpr std::string_view kCells[] = {"s", "N", "0", "1", "2", "5"};
+constexpr std::string_view kCells = "sN0125";
 
 constexpr int kLastDay = 1400;  // of those that sessions type: years 00 to 03
 
@@ -61,16 +58,16 @@ class Clerk {
   };
   static const Habit kHabits[];
 
-  // A control of that kind, drawn from all of the form; nullptr if it has none.
-  template <typename T>
-  T* Any() {
-    std::vector<T*> controls;
-    for (Control* control : form_.Controls()) {
-      if (auto* found = dynamic_cast<T*>(control)) controls.push_back(found);
-    }
-    return controls.empty() ? nullptr : random_.Pick(controls);
+  std::string AnyOf(std::string_view characters) {
+    return Mid(characters, random_.Between(1, static_cast<int>(Len(characters))), 1);
   }
   std::string AnyHostile() { return std::string(random_.Pick(kHostile)); }
+  // Each kind of control is as likely as another.
+  Control& AnyControl() {
+    std::map<ControlKind, std::vector<Control*>> kinds;
+    for (Control* control : form_.Controls()) kinds[control->Kind()].push_back(control);
+    return *random_.Pick(std::next(kinds.begin(), random_.Between(0, static_cast<int>(kinds.size()) - 1))->second);
+  }
 
   // On any form.
 
@@ -78,9 +75,8 @@ class Clerk {
     const auto* box = dynamic_cast<const TextBox*>(form_.Focus());
     const double digits = box && box->Alignment() == Alignment::kRight ? 80 : 40;
     std::string text;
-    for (int length = random_.Between(1, 8); length > 0; --length) {
-      text += random_.Chance(digits) ? random_.Pick(kDigits) : random_.Pick(kCharacters);
-    }
+    for (int length = random_.Between(1, 8); length > 0; --length)
+      text += AnyOf(random_.Chance(digits) ? kDigits : kCharacters);
     hands_.Type(form_, text);
   }
 
@@ -89,52 +85,31 @@ class Clerk {
     for (int times = random_.Chance(20) ? random_.Between(2, 15) : 1; times > 0; --times) hands_.Press(form_, key);
   }
 
-  void PressAccessKey() { hands_.Press(form_, std::string("Alt+") + random_.Pick(kAccessKeys)); }
-
-  template <typename T>
-  void Click() {
-    if (auto* control = Any<T>()) hands_.Click(form_, *control);
-  }
-
-  void PickEntry() {
-    auto* combo = Any<ComboBox>();
-    if (!combo) return;
-    const int item = random_.Between(-1, static_cast<int>(combo->Items().size()) - 1);
-    hands_.Do(form_, "choose " + combo->Id() + " " + std::to_string(item), [&] { form_.Pick(*combo, item); });
-  }
-
-  void TurnPage() {
-    auto* tabs = Any<Tabs>();
-    if (!tabs) return;
-    const int page = random_.Between(0, static_cast<int>(tabs->Titles().size()) - 1);
-    hands_.Do(form_, "page " + tabs->Id() + " " + std::to_string(page), [&] { form_.TurnTo(*tabs, page); });
-  }
+  void PressAccessKey() { hands_.Press(form_, "Alt+" + AnyOf(kAccessKeys)); }
 
   void PointTo(Grid& grid, int row, int column) {
     hands_.Do(form_, "cell " + grid.Id() + " " + std::to_string(row) + " " + std::to_string(column),
               [&] { form_.PointTo(grid, row, column); });
   }
 
-  void PointToCell() {
-    if (auto* grid = Any<Grid>()) {
+  // As its kind is used.
+  void UseControl() {
+    Control& control = AnyControl();
+    if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
+      const int item = random_.Between(-1, static_cast<int>(combo->Items().size()) - 1);
+      hands_.Do(form_, "choose " + combo->Id() + " " + std::to_string(item), [&] { form_.Pick(*combo, item); });
+    } else if (auto* tabs = dynamic_cast<Tabs*>(&control)) {
+      const int page = random_.Between(0, tabs->PageCount() - 1);
+      hands_.Do(form_, "page " + tabs->Id() + " " + std::to_string(page), [&] { form_.TurnTo(*tabs, page); });
+    } else if (auto* grid = dynamic_cast<Grid*>(&control)) {
       const int row = random_.Between(grid->FixedRows(), grid->Rows() - 1);
       PointTo(*grid, row, random_.Between(grid->FixedColumns(), grid->Columns() - 1));
+    } else {
+      hands_.Click(form_, control);
     }
   }
 
-  void PasteHostile() {
-    std::string text = AnyHostile();
-    if (random_.Chance(10)) {
-      for (int doubled = 0; doubled < 5; ++doubled) text += text;
-    }
-    hands_.Paste(form_, text);
-  }
-
-  void MoveMouse() {
-    Control& control = *Any<Control>();
-    const bool right = random_.Chance(50);
-    hands_.Do(form_, "mouse " + control.Id() + (right ? " right" : ""), [&] { form_.MouseOver(control, right); });
-  }
+  void PasteHostile() { hands_.Paste(form_, AnyHostile()); }
 
   void CloseWindow() {
     hands_.Do(form_, "close the window", [&] { form_.Close(); });
@@ -215,10 +190,10 @@ class Clerk {
     const bool children = random_.Chance(70);
     auto& grid = dynamic_cast<Grid&>(*form_.Find(children ? "Grid1(0)" : "Grid1(1)"));
     PointTo(grid, random_.Between(1, kFilasRejilla), kPrimeraColumna);
-    hands_.Type(form_, children ? std::to_string(random_.Between(1975, 2002)) : random_.Pick(kDigits));
+    hands_.Type(form_, children ? std::to_string(random_.Between(1975, 2002)) : AnyOf(kDigits));
     for (int column = kPrimeraColumna + 1; column < grid.Columns(); ++column) {
       hands_.Press(form_, "Right");
-      hands_.Type(form_, random_.Pick(kCells));
+      hands_.Type(form_, AnyOf(kCells));
     }
     hands_.Press(form_, random_.Chance(70) ? "Enter" : "Backspace");
   }
@@ -290,13 +265,11 @@ class Clerk {
 };
 
 const Clerk::Habit Clerk::kHabits[] = {
-    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},      {2, false, &Clerk::PressAccessKey},
-    {5, false, &Clerk::Click<Button>},  {8, false, &Clerk::Click<Control>}, {4, false, &Clerk::PickEntry},
-    {4, false, &Clerk::TurnPage},       {5, false, &Clerk::PointToCell},    {4, false, &Clerk::PasteHostile},
-    {3, false, &Clerk::MoveMouse},      {1, false, &Clerk::CloseWindow},    {3, false, &Clerk::EmptyField},
-    {2, false, &Clerk::Click<Image>},   {4, true, &Clerk::ShowWorker},      {1, true, &Clerk::ShowSituacion},
-    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},       {2, true, &Clerk::ChangeWorker},
-    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},      {2, true, &Clerk::Calculate},
+    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},    {2, false, &Clerk::PressAccessKey},
+    {28, false, &Clerk::UseControl},    {4, false, &Clerk::PasteHostile}, {1, false, &Clerk::CloseWindow},
+    {3, false, &Clerk::EmptyField},     {4, true, &Clerk::ShowWorker},    {1, true, &Clerk::ShowSituacion},
+    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},     {2, true, &Clerk::ChangeWorker},
+    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},    {2, true, &Clerk::Calculate},
     {2, true, &Clerk::Regularise},      {1, true, &Clerk::Remove},
 };
 

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -17,9 +18,7 @@ namespace zendara {
 // What sessions met.
 struct Findings {
   int events = 0;
-  std::map<std::string, int> boxes;   // by text, digits as "#"
-  std::map<std::string, int> errors;  // that no routine trapped
-  std::map<std::string, int> writes;  // events that changed rows of workers
+  std::set<std::string> writes;  // events that changed rows of workers
 };
 
 class Hands {
@@ -48,7 +47,6 @@ class Hands {
   // The answer that the next events prefer for their questions; without one, any.
   std::optional<BoxAnswer> wish;
   BoxAnswer Answer(const Box& box);
-  void Untrapped(int number, const std::string& text);
   void Note(const std::string& what) const {
     if (aloud_) std::cout << left_ << "  " << what << std::endl;
   }

@@ -1,9 +1,12 @@
 #include "random/ledger.hpp"
 
+#include <algorithm>
+#include <iterator>
 #include <span>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "runtime/text.hpp"
 
@@ -63,12 +66,9 @@ std::set<std::string> Ledger::Changed() {
       const std::string place = file.name + "." + std::string(table);
       const Rows now = Read("SELECT " + std::string(key) + ", * FROM " + place);
       const Rows before = std::exchange(rows_[place], now);
-      for (const auto& [who, rows] : now) {
-        if (const auto old = before.find(who); old == before.end() || old->second != rows) changed.insert(who);
-      }
-      for (const auto& [who, rows] : before) {
-        if (!now.contains(who)) changed.insert(who);
-      }
+      std::vector<Rows::value_type> differing;
+      std::ranges::set_symmetric_difference(before, now, std::back_inserter(differing));
+      for (const auto& [who, rows] : differing) changed.insert(who);
     }
   }
   return changed;

@@ -5,8 +5,8 @@
 
 #include <filesystem>
 #include <map>
-#include <set>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace zendara {

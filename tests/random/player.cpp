@@ -5,10 +5,10 @@
 
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
+#include "adapters/hosting/silent_banner.hpp"
 #include "common/row_list.hpp"
 #include "random/clerk.hpp"
 #include "support/fake_form_host.hpp"
-#include "support/fake_neighbours.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
 
@@ -26,20 +26,17 @@ std::optional<std::size_t> ChooseAtRandom(Hands& hands, RowList& rows) {
   return row;
 }
 
-class Player : public FakeFormHost, public Shell {
+class Player : public FakeFormHost {
  public:
   explicit Player(Hands& hands);
 
   void Play(const std::string& folder);
 
   void ShowModal(Form& form) override;
-  void Untrapped(int number, const std::string& text) override { hands_.Untrapped(number, text); }
+  void Untrapped(int number, const std::string& text) override {
+    hands_.Note("error " + std::to_string(number) + " " + text);
+  }
   BoxAnswer Show(const Box& box) override { return hands_.Answer(box); }
-
-  int FindWindow(std::string_view, std::string_view) override { return hands_.random.Between(0, 1); }
-  int Start(std::string_view) override { return hands_.random.Chance(30) ? throw RuntimeError(kFileNotFound) : 1; }
-  void Activate(int) override {}
-  void Activate(std::string_view) override {}
 
  private:
   // Another program changes or removes a row that may be on the screen.
@@ -52,8 +49,7 @@ class Player : public FakeFormHost, public Shell {
 };
 
 Player::Player(Hands& hands) : hands_(hands) {
-  components_.Register(kBannerClass, [] { return std::make_unique<FakeBanner>(); });
-  components_.Register(kListingViewerClass, [] { return std::make_unique<FakeViewer>(); });
+  components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
   RegisterPickList(components_, [this](const std::string&, RowList& rows) { return ChooseAtRandom(hands_, rows); });
 }
 
@@ -66,7 +62,6 @@ void Player::Play(const std::string& folder) {
                        .files = files.get(),
                        .application_folder = folder,
                        .forms = this,
-                       .shell = this,
                        .components = &components_});
   Random& random = hands_.random;
   SessionValues values;

@@ -51,6 +51,35 @@ cell Grid1(0) 3 1
 key Delete
 show Grid1(0)[3,1]
 
+# What is only shown takes no typing and is no stop; the way goes on from there. After the last field comes Grabar, then
+# the other buttons, those that leave the record last.
+focus Text1(112)
+type "x"
+key Delete
+show Text1(112)
+key Up
+focus Text1(141)
+key Enter
+key Enter
+key Down
+key Down
+key Down
+key Down
+key Down
+key Down
+key Down
+key Down
+key Down
+key Down
+key Down
+
+# Tab stops at the buttons of a page after its fields; Enter goes from field to field.
+focus Check1(144)
+key Enter
+key Shift+Tab
+key Shift+Tab
+key Shift+Tab
+
 # Help and calculator.
 key F1
 click Calculadora

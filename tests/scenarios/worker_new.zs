@@ -1,4 +1,4 @@
-# A new worker from an empty screen to the stored rows, by keyboard alone: family, account, contract, rate.
+# A new worker from an empty screen to the stored rows, by Enter from field to field: family, account, contract, rate.
 session company=00001 year=01
 open Trabajadores
 
@@ -31,8 +31,7 @@ type "1"
 key Enter
 
 # Income, and the bank account: its control digits are looked at, and put right.
-type "3200000\n"
-key Ctrl+PageDown
+type "3200000\n\n\n\n\n\n\n\n\n\n"
 type "2100\n418\n99\n200051332\n"
 key Shift+Tab
 key Shift+Tab
@@ -45,20 +44,22 @@ key Enter
 key Enter
 type "Contrato inicial\n010301\n\n\n\n\n\n37\n\n\n4\n\nDiseño\n113\n\n5\n"
 show Text1(92) Text1(94) Text1(95) Text1(96) Text1(99) Text1(100) Text1(101) Text1(102) Text1(104) Text1(107) Text1(109)
-key Ctrl+PageDown
-type "2\n8\n\n\n\n10301\n310801\n"
+key Enter
+type "2\n8\n10301\n310801\n"
 show Text1(110) Text1(111) Text1(112) Text1(113) Text1(114) Text1(115) Text1(116)
-key Ctrl+PageDown
-key Ctrl+PageDown
-key Ctrl+PageDown
-type "3\n\n7\n"
-show Text1(141) Text1(143)
+type "\n\n\n\n\n\n"
+type "\n\n\n\n\n\n"
+type "\n\n\n\n\n\n"
 
 # The rate of what stands on the screen; there is no row yet that could take it.
 answer yes
 key Alt+R
 show Text1(135)
-key Alt+G
+key Tab
+key Tab
+type "3\n7\n"
+show Text1(141) Text1(143)
+key Enter
 show all
 
 # From a new worker the steps go to his neighbours.

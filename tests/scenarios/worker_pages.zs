@@ -34,6 +34,26 @@ show Tab2
 focus Text1(140)
 show Tab2
 
+# The page keys turn all pages in turn, inner and outer ones, and around.
+page Tab1 3
+key Ctrl+PageDown
+key Ctrl+PageDown
+key Ctrl+PageDown
+key Ctrl+PageDown
+key Ctrl+PageDown
+key Ctrl+PageDown
+show Tab1
+key Ctrl+PageUp
+show Tab1 Tab2
+key Ctrl+PageUp
+page Tab2 0
+key Ctrl+PageUp
+show Tab1
+# From the header it is the page in front that they turn.
+focus Text1(1)
+key Ctrl+PageDown
+show Tab2
+
 # And back over the first one.
 focus Text1(76)
 key Shift+Tab

@@ -111,7 +111,7 @@ show Text1(95)
 focus Text1(117)
 key Home
 type "01\n"
-show Text1(117) Text1(118) Text1(119) Text1(120) Text1(121)
+show Text1(117) Text1(118) Text1(119) Text1(120) Text1(122)
 focus Text1(111)
 key Home
 key Delete

@@ -1,5 +1,5 @@
-// System calls of this program that change files, counted: any of them may fail, be the first for which the disk is
-// full, or be the last of the program. Nothing waits for the disk. For one source file of a test program.
+// A disk that fills up after any number of writes, fails once, or ends the program: the system calls of this test
+// program pass through here. Nothing waits for the disk. For one source file of a test program.
 #pragma once
 
 #include <fcntl.h>
@@ -8,12 +8,34 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdarg>
 #include <functional>
 #include <ostream>
+#include <thread>
 
 namespace zendara {
+
+struct Disk {
+  int writes_left = -1;  // calls that take room; -1: as many as wanted
+  int fault_in = -1;     // making, reading, writing or syncing a file, after as many of these; -1: none
+  bool kills = false;    // that fault is the end of the program
+  bool sleeps = true;    // false: a sleep is over at once
+  int faults = 0;        // that came
+  int syncs = 0;
+  int waited = 0;                       // microseconds that the program wanted to sleep, for a lock to go
+  std::function<void()> while_waiting;  // called then; may be empty
+};
+inline Disk disk;
+
+// What is done to `disk` lasts as long.
+struct TestDisk {
+  TestDisk() { disk.sleeps = false; }
+  ~TestDisk() { disk = {}; }
+  TestDisk(const TestDisk&) = delete;
+  TestDisk& operator=(const TestDisk&) = delete;
+};
 
 enum class Fault { kFails, kFullDisk, kKilled };
 
@@ -22,37 +44,54 @@ struct DiskFault {
   int at = 0;  // the call, from 1
 
   friend void PrintTo(const DiskFault& f, std::ostream* out) {
-    *out << (f.fault == Fault::kFails      ? "failing"
-             : f.fault == Fault::kFullDisk ? "full disk"
-                                           : "killed")
-         << " at call " << f.at;
+    *out << "fault " << static_cast<int>(f.fault) << " at call " << f.at;
   }
 };
 
+// How a program of its own ended, as waitpid tells; `reached` whether its fault came.
+struct Ending {
+  int status = 0;
+  bool reached = false;
+  bool Killed() const { return WIFSIGNALED(status); }
+  int ExitStatus() const { return WEXITSTATUS(status); }
+};
+
+// `work` gives the exit status.
+inline Ending RunWithFault(const DiskFault& fault, const std::function<int()>& work) {
+  constexpr int kNotReached = 0x40;
+  const pid_t child = fork();
+  if (child == 0) {
+    (fault.fault == Fault::kFullDisk ? disk.writes_left : disk.fault_in) = fault.at - 1;
+    disk.kills = fault.fault == Fault::kKilled;
+    const int status = work();
+    _exit(status | (disk.faults == 0 ? kNotReached : 0));
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  if (WIFSIGNALED(status)) return {status, true};
+  return {status & ~(kNotReached << 8), (WEXITSTATUS(status) & kNotReached) == 0};
+}
+
 namespace disk_faults {
 
-inline bool armed = false;
-inline DiskFault planned;
-inline int calls = 0;
+inline bool FailsWith(int error) {
+  ++disk.faults;
+  errno = error;
+  return true;
+}
 
 // Whether this call fails, with errno set. `grows`: it takes room on the disk.
 inline bool Fails(bool grows) {
-  if (!armed) return false;
-  ++calls;
-  if (planned.fault == Fault::kFullDisk) {
-    if (!grows || calls < planned.at) return false;
-    errno = ENOSPC;
-    return true;
-  }
-  if (calls != planned.at) return false;
-  if (planned.fault == Fault::kKilled) raise(SIGKILL);
-  errno = EIO;
-  return true;
+  if (grows && disk.writes_left == 0) return FailsWith(ENOSPC);
+  if (grows && disk.writes_left > 0) --disk.writes_left;
+  if (disk.fault_in < 0 || disk.fault_in-- > 0) return false;
+  if (disk.kills) raise(SIGKILL);
+  return FailsWith(EIO);
 }
 
 // A program that is killed while it writes may have written a part.
 inline bool WriteFails(const std::function<void()>& write_half) {
-  if (armed && planned.fault == Fault::kKilled && calls + 1 == planned.at) write_half();
+  if (disk.kills && disk.fault_in == 0) write_half();
   return Fails(true);
 }
 
@@ -61,33 +100,7 @@ inline int Open(const char* path, int flags, mode_t mode) {
   return makes && Fails(true) ? -1 : static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
-// How a program of its own that did `work` with this fault ended, as waitpid tells; `reached` whether the fault came.
-struct Ending {
-  int status = 0;
-  bool reached = false;
-  bool Killed() const { return WIFSIGNALED(status); }
-  int ExitStatus() const { return WEXITSTATUS(status); }
-};
-
 }  // namespace disk_faults
-
-// `work` gives the exit status.
-inline disk_faults::Ending RunWithFault(const DiskFault& fault, const std::function<int()>& work) {
-  constexpr int kNotReached = 0x40;
-  const pid_t child = fork();
-  if (child == 0) {
-    disk_faults::planned = fault;
-    disk_faults::armed = true;
-    const int status = work();
-    disk_faults::armed = false;
-    _exit(status | (disk_faults::calls < fault.at ? kNotReached : 0));
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  if (WIFSIGNALED(status)) return {status, true};
-  return {status & ~(kNotReached << 8), (WEXITSTATUS(status) & kNotReached) == 0};
-}
-
 }  // namespace zendara
 
 #define ZENDARA_CALL extern "C" [[gnu::used]] inline
@@ -100,11 +113,12 @@ ZENDARA_CALL ssize_t pwrite64(int file, const void* data, size_t size, off64_t a
   const auto half = [&] { syscall(SYS_pwrite64, file, data, size / 2, at); };
   return zendara::disk_faults::WriteFails(half) ? -1 : syscall(SYS_pwrite64, file, data, size, at);
 }
+
 #define ZENDARA_OPEN(name)                                  \
   ZENDARA_CALL int name(const char* path, int flags, ...) { \
     va_list rest;                                           \
     va_start(rest, flags);                                  \
-    const mode_t mode = va_arg(rest, mode_t);               \
+    const auto mode = va_arg(rest, mode_t);                 \
     va_end(rest);                                           \
     return zendara::disk_faults::Open(path, flags, mode);   \
   }
@@ -112,18 +126,30 @@ ZENDARA_OPEN(open)
 ZENDARA_OPEN(open64)
 #undef ZENDARA_OPEN
 
-#define ZENDARA_COUNTED(name, grows, number, parameters, ...)                                        \
-  ZENDARA_CALL int name parameters noexcept {                                                        \
-    return zendara::disk_faults::Fails(grows) ? -1 : static_cast<int>(syscall(number, __VA_ARGS__)); \
+#define ZENDARA_COUNTED(result, name, grows, number, parameters, ...)                                   \
+  ZENDARA_CALL result name parameters {                                                                 \
+    return zendara::disk_faults::Fails(grows) ? -1 : static_cast<result>(syscall(number, __VA_ARGS__)); \
   }
-ZENDARA_COUNTED(ftruncate64, true, SYS_ftruncate, (int file, off64_t size), file, size)
-ZENDARA_COUNTED(mkdir, true, SYS_mkdir, (const char* path, mode_t mode), path, mode)
-ZENDARA_COUNTED(link, true, SYS_link, (const char* from, const char* to), from, to)
-ZENDARA_COUNTED(linkat, true, SYS_linkat, (int a, const char* from, int b, const char* to, int flags), a, from, b, to,
-                flags)
-ZENDARA_COUNTED(unlink, false, SYS_unlink, (const char* path), path)
+ZENDARA_COUNTED(ssize_t, pread64, false, SYS_pread64, (int file, void* data, size_t size, off64_t at), file, data, size,
+                at)
+ZENDARA_COUNTED(int, ftruncate64, true, SYS_ftruncate, (int file, off64_t size) noexcept, file, size)
+ZENDARA_COUNTED(int, mkdir, true, SYS_mkdir, (const char* path, mode_t mode) noexcept, path, mode)
+ZENDARA_COUNTED(int, link, true, SYS_link, (const char* from, const char* to) noexcept, from, to)
+ZENDARA_COUNTED(int, linkat, true, SYS_linkat, (int a, const char* from, int b, const char* to, int flags) noexcept, a,
+                from, b, to, flags)
+ZENDARA_COUNTED(int, unlink, false, SYS_unlink, (const char* path) noexcept, path)
 #undef ZENDARA_COUNTED
 
-ZENDARA_CALL int fsync(int) { return zendara::disk_faults::Fails(false) ? -1 : 0; }
+ZENDARA_CALL int fsync(int) {
+  ++zendara::disk.syncs;
+  return zendara::disk_faults::Fails(false) ? -1 : 0;
+}
 ZENDARA_CALL int fdatasync(int file) { return fsync(file); }
+
+ZENDARA_CALL int usleep(useconds_t microseconds) {
+  zendara::disk.waited += static_cast<int>(microseconds);
+  if (zendara::disk.while_waiting) zendara::disk.while_waiting();
+  if (zendara::disk.sleeps) std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
+  return 0;
+}
 #undef ZENDARA_CALL

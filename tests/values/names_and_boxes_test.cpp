@@ -5,11 +5,22 @@
 
 #include "support/fake_dialogs.hpp"
 #include "values/comprobar_cuenta.hpp"
+#include "values/identificaciones.hpp"
 #include "values/muestra_error.hpp"
 #include "values/nombres.hpp"
 
 namespace zendara {
 namespace {
+
+TEST(LetraCorrecta, KnowsEveryFormOfNumber) {
+  for (const char* right :
+       {"12345678Z", "12.345.678-z", "1R", "K1234567L", "X1234567L", "X01234567L", "Y1234567X", "Z1234567R"}) {
+    EXPECT_TRUE(LetraCorrecta(right)) << right;
+  }
+  for (const char* wrong : {"", "Z", "XL", "12345678", "12345678A", "123456789B", "Y1234567L", "PA000022", "Ñ"}) {
+    EXPECT_FALSE(LetraCorrecta(wrong)) << wrong;
+  }
+}
 
 TEST(NombreCompleto, FitsTheFieldByItsSecondSurnameAndInitials) {
   const struct {

@@ -14,27 +14,27 @@ class ConceptosTest : public TrabajadoresTest {
  protected:
   std::string trabajador = "00090";
 
-  std::shared_ptr<Recordset> Tabla(const std::string& ano, const char* tabla) {
-    return Base(ano)->OpenRecordset(tabla, RecordsetType::kTable);
-  }
   std::shared_ptr<Database> Base(const std::string& ano) {
     return engine->Workspaces(0)->OpenDatabase(PathOf("N00001" + ano + ".MDB"));
   }
-  static void Anade(Recordset& tabla, const std::vector<Value>& valores) {
-    tabla.AddNew();
-    for (std::size_t i = 0; i < valores.size(); ++i) tabla.Fields(static_cast<int>(i)).Set(valores[i]);
-    tabla.Update();
+  static void Anade(Database& base, const char* tabla, const std::vector<Value>& valores) {
+    const auto filas = base.OpenRecordset(tabla, RecordsetType::kTable);
+    filas->AddNew();
+    for (std::size_t i = 0; i < valores.size(); ++i) filas->Fields(static_cast<int>(i)).Set(valores[i]);
+    filas->Update();
   }
 
   // A worker with concepts of situación 001 in May and December of every year; a mark tells the years apart.
   void Prepara(const Value& fin) {
-    Anade(sesion.Tabla(kTrabajadoresVar), {trabajador, "001", "", "01/01/97", fin});
+    Anade(*engine->Workspaces(0)->OpenDatabase(PathOf("Nom00001.MDB")), "TrabajadoresVar",
+          {trabajador, "001", "", "01/01/97", fin});
     for (const std::string ano : kAnos) {
-      const auto conceptos = Tabla(ano, "ConTrabajadorConceptos");
-      Anade(*conceptos, {"99", trabajador, "", "", ano});
+      Anade(*Base(ano), "ConTrabajadorConceptos", {"99", trabajador, "", "", ano});
       for (const char* mes : {"05", "12"}) {
-        for (const char* concepto : {"001", "002"}) Anade(*conceptos, {mes, trabajador, "001", concepto, ano + mes});
-        Anade(*Tabla(ano, "ConTrabajadorPagas"), {mes, trabajador, "001", "x" + ano + mes});
+        for (const char* concepto : {"001", "002"}) {
+          Anade(*Base(ano), "ConTrabajadorConceptos", {mes, trabajador, "001", concepto, ano + mes});
+        }
+        Anade(*Base(ano), "ConTrabajadorPagas", {mes, trabajador, "001", "x" + ano + mes});
       }
     }
   }
@@ -99,7 +99,7 @@ TEST_F(ConceptosTest, GoFromTheMonthOfOneToTheMonthOfTheOther) {
 
 TEST_F(ConceptosTest, ATableThatHasRowsOfTheNewOneIsLeftAlone) {
   Prepara("31/05/01");
-  Anade(*Tabla("01", "ConTrabajadorConceptos"), {"06", trabajador, "002", "009", "suyo"});
+  Anade(*Base("01"), "ConTrabajadorConceptos", {"06", trabajador, "002", "009", "suyo"});
   Transfiere("01/06/01");
   // Nothing comes before the first one.
   Transfiere("01/12/01", "001");

@@ -8,12 +8,12 @@
 #include <stdexcept>
 #include <string>
 
+#include "adapters/hosting/silent_banner.hpp"
 #include "apps/demo/demo_company.hpp"
 #include "common/lists_fixture.hpp"
 #include "frame/catalogo.hpp"
 #include "runtime/text.hpp"
 #include "support/fake_form_host.hpp"
-#include "support/fake_neighbours.hpp"
 #include "support/temp_folder.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
@@ -34,13 +34,13 @@ class TrabajadoresTest : public testing::Test {
   TrabajadoresTest() {
     std::filesystem::copy(modelo->path(), folder.path(), std::filesystem::copy_options::recursive);
     PonAnuncio();
-    components.Register(kPickListClass, [this] { return std::make_unique<TestPickList>(asked, elegida); });
+    RegisterPickList(components, picking.Choice());
     AbreEmpresa(sesion, "00001", "01");
     pantallas.Registra("Trabajadores", [this] { return std::make_shared<Trabajadores>(sesion, pantallas); });
   }
 
   void PonAnuncio() {
-    components.Register(kBannerClass, [] { return std::make_unique<FakeBanner>(); });
+    components.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
   }
   // Loads the screen; it stays loaded.
   void Abre() {
@@ -86,8 +86,7 @@ class TrabajadoresTest : public testing::Test {
   std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
   Components components;
-  PickAsked asked;
-  int elegida = 0;
+  Picking picking;
   FakeFormHost host;
   RegistroPantallas pantallas;
   Sesion sesion{{.engine = engine.get(),

@@ -74,7 +74,7 @@ TEST_F(TrabajadoresTest, ShowsWhatThereIsOfEmptyTables) {
   Abre();
   for (const char* boton : {"Inicio", "Anterior", "Siguiente", "Fin"}) Pulsa(boton);
   pantalla->Click(El<Image>("Image1(1)"));
-  EXPECT_EQ(asked.marca, -1) << "no list";
+  EXPECT_EQ(picking.titulo, "") << "no list";
   EXPECT_EQ(Foco() + Texto(1) + Texto(92), "Text1(1)001");
   EXPECT_EQ(pantalla->Pointer(), MousePointer::kDefault);
   Rellena(1, "3");
@@ -85,14 +85,15 @@ TEST_F(TrabajadoresTest, ShowsWhatThereIsOfEmptyTables) {
 TEST_F(TrabajadoresTest, EnterWalksTheFieldsByTheirIndexes) {
   Abre();
   std::vector<int> recorrido;
-  for (int paso = 0; paso < 144 && Foco() != "Inicio"; ++paso) {
-    const ControlKind clase = pantalla->Focus()->Kind();
-    if (clase != ControlKind::kGrid && clase != ControlKind::kButton) recorrido.push_back(pantalla->Focus()->Index());
-    Tecla(key::kDown);
+  for (int paso = 0; paso < 144 && Foco() != "Grabar"; ++paso) {
+    if (pantalla->Focus()->Kind() != ControlKind::kGrid) recorrido.push_back(pantalla->Focus()->Index());
+    Tecla(key::kEnter);
   }
   // Only the last mark stands on an earlier page than its index says.
   std::vector<int> esperado;
-  for (const Campo& c : CamposTrabajador()) esperado.push_back(c.indice);
+  for (const Campo& c : CamposTrabajador()) {
+    if (!c.Tiene(kVista)) esperado.push_back(c.indice);
+  }
   const int prestaciones = IndiceCampo(CampoTrabajador::kPrestaciones);
   std::erase(esperado, prestaciones);
   const int centro = IndiceCampo(CampoTrabajador::kCentro);
@@ -130,7 +131,7 @@ TEST_F(TrabajadoresTest, AnErrorIsToldAndTheScreenStays) {
 TEST_F(TrabajadoresTest, IncidentScreensAreHandedTheWorkerWhileTheyAreOpen) {
   std::vector<std::string> notas;
   const auto anota = [&] { notas.push_back(pantalla->TrabajadorElegido + "/" + pantalla->SituacionElegida); };
-  for (const char* nombre : {"MIncidencias", "MIncidenciasVAR"}) {
+  for (const char* nombre : {"MIncidencias", "MIncidenciasESP", "MIncidenciasVAR"}) {
     pantallas.Registra(nombre, [&] { return std::make_shared<FakeIncidencias>(anota); });
   }
   Abre();
@@ -148,9 +149,13 @@ TEST_F(TrabajadoresTest, IncidentScreensAreHandedTheWorkerWhileTheyAreOpen) {
   Pulsa("CmdIncidenciasIT");
   EXPECT_THAT(notas, ElementsAre("00013/002", "00013/ 0"));
   EXPECT_EQ(pantalla->TrabajadorElegido + pantalla->SituacionElegida, " 0");
+  auto& listado = El<Button>("Pendientes");
+  pantalla->MouseOver(listado);
+  EXPECT_FALSE(listado.Enabled());
+  EXPECT_EQ(listado.ToolTipText(), "La pantalla no está instalada.");
 }
 
-TEST_F(TrabajadoresTest, NoAccessKeyStandsTwice) {
+TEST_F(TrabajadoresTest, TheFrameGivesHintsAndColoursAndNoAccessKeyTwice) {
   Abre();
   std::set<std::string> teclas;
   for (const Control* control : pantalla->Controls()) {
@@ -158,9 +163,30 @@ TEST_F(TrabajadoresTest, NoAccessKeyStandsTwice) {
     if (marca == std::string::npos) continue;
     EXPECT_TRUE(teclas.insert(LCase(control->Caption().substr(marca + 1, 1))).second) << control->Caption();
   }
+  for (const auto& [boton, pista] : {std::pair("Grabar", " Graba los datos del trabajador "),
+                                     {"Calculadora", " Muestra la calculadora "},
+                                     {"CmdNuevo", ""}}) {
+    pantalla->MouseOver(El<Button>(boton));
+    EXPECT_EQ(El<Button>(boton).ToolTipText(), pista);
+  }
+  EXPECT_EQ(std::pair(Caja(1).BackColor(), Caja(2).BackColor()), std::pair(kWhite, kGrey));
+  Tecla(key::kDown);
+  EXPECT_EQ(std::pair(Caja(1).BackColor(), Caja(2).BackColor()), std::pair(kGrey, kWhite));
+}
+
+TEST_F(TrabajadoresTest, ANeighbourThatFailsEndsNoMoreThanWhatCalledIt) {
+  struct FailingBanner : SilentBanner {
+    void AvisoCierre(std::int32_t) override { throw std::runtime_error("of the host"); }
+  };
+  components.Register(kBannerClass, [] { return std::make_unique<FailingBanner>(); });
+  RegisterPickList(components, [](auto&&...) -> std::optional<std::size_t> { throw std::out_of_range("of the host"); });
+  Abre();
+  pantalla->Click(El<Image>("Image1(1)"));
   EXPECT_EQ(sesion.FormActivo, pantalla.get());
-  pantalla->Unload();
+  pantalla->Unload();  // not by its button
   EXPECT_EQ(sesion.FormActivo, nullptr);
+  EXPECT_NE(pantallas.Objeto("Trabajadores"), pantalla);
+  EXPECT_THAT(host.boxes, ElementsAre("51  Error interno", "Error en tiempo de ejecución '51':\nError interno"));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "apps/zendara/commands/console.hpp"
+#include "zendara/engines.hpp"
 
 namespace zendara {
 
@@ -17,6 +18,7 @@ struct CompanyOptions {
   std::string dir;      // the application's folder, its subfolder DATOS holds the files
   std::string company;  // five characters
   std::string year;     // two digits
+  Access access = Access::kWrite;
 };
 
 struct DemoCommandOptions {
@@ -44,8 +46,12 @@ struct CreateOptions {
 };
 int DataCreate(const CreateOptions& options, Console& console);
 
-// 1 when anything is missing or malformed.
-int DataCheck(const CompanyOptions& options, Console& console);
+struct CheckOptions {
+  CompanyOptions company;
+  bool json = false;
+};
+// 1 when anything is missing or malformed. Advice on workers and situaciones changes nothing of it.
+int DataCheck(const CheckOptions& options, Console& console);
 
 struct TableOptions {
   CompanyOptions company;

@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
+#include "apps/zendara/commands/data_advice.hpp"
 #include "apps/zendara/commands/data_folder.hpp"
 #include "apps/zendara/commands/stored_row.hpp"
 #include "frame/parametros.hpp"
@@ -72,9 +74,56 @@ std::string IndexText(const IndexDef& index) {
   return text;
 }
 
+// Where the findings go.
+class CheckReport {
+ public:
+  virtual ~CheckReport() = default;
+  virtual void Fault(const std::string& place, const std::string& what) = 0;
+  virtual void Advise(const std::vector<Advice>& advice) = 0;
+};
+
+class TextReport : public CheckReport {
+ public:
+  explicit TextReport(Console& console) : console_(console) {}
+
+  void Fault(const std::string& place, const std::string& what) override { console_.Out(place + ": " + what + "\n"); }
+  void Advise(const std::vector<Advice>& advice) override {
+    for (const Advice& one : advice) console_.Out("advice: " + OneLine(one) + "\n");
+    if (advice.empty()) return;
+    console_.Out(advice.size() == 1 ? "1 piece of advice\n" : std::to_string(advice.size()) + " pieces of advice\n");
+  }
+
+ private:
+  Console& console_;
+};
+
+class JsonReport : public CheckReport {
+ public:
+  explicit JsonReport(Console& console) : console_(console) {}
+
+  void Fault(const std::string& place, const std::string& what) override {
+    document_["faults"].push_back({{"place", place}, {"text", what}});
+  }
+  void Advise(const std::vector<Advice>& advice) override {
+    for (const Advice& one : advice) {
+      document_["advice"].push_back({{"worker", one.worker},
+                                     {"situacion", one.situation},
+                                     {"field", one.field},
+                                     {"value", one.value},
+                                     {"text", one.text}});
+    }
+    console_.Out(document_.dump(1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n");
+  }
+
+ private:
+  Console& console_;
+  nlohmann::ordered_json document_ = {{"faults", nlohmann::ordered_json::array()},
+                                      {"advice", nlohmann::ordered_json::array()}};
+};
+
 class Check {
  public:
-  explicit Check(Console& console) : console_(console) {}
+  Check(CheckReport& report, Console& console) : report_(report), console_(console) {}
 
   void File(const DataFolder& folder, Engine& engine, const StoredFile& stored);
   void Parameters(const DataFolder& folder, const ParameterFile& file);
@@ -85,10 +134,11 @@ class Check {
   void Table(const std::string& place, const TableDef& stored, const TableDef& wanted);
   void Rows(const std::string& place, Database& database, const TableDef& table);
   void Fault(const std::string& place, const std::string& what) {
-    console_.Out(place + ": " + what + "\n");
+    report_.Fault(place, what);
     ++faults_;
   }
 
+  CheckReport& report_;
   Console& console_;
   int faults_ = 0;
 };
@@ -171,12 +221,15 @@ void Check::Parameters(const DataFolder& folder, const ParameterFile& file) {
 
 }  // namespace
 
-int DataCheck(const CompanyOptions& options, Console& console) {
-  const std::unique_ptr<Engine> engine = MakeEngine();
-  const DataFolder folder(options);
-  Check check(console);
+int DataCheck(const CheckOptions& options, Console& console) {
+  const std::unique_ptr<Engine> engine = MakeEngine({}, options.company.access);
+  const DataFolder folder(options.company);
+  std::unique_ptr<CheckReport> report = std::make_unique<TextReport>(console);
+  if (options.json) report = std::make_unique<JsonReport>(console);
+  Check check(*report, console);
   for (const StoredFile& file : StoredFiles()) check.File(folder, *engine, file);
   for (const ParameterFile& file : kParameterFiles) check.Parameters(folder, file);
+  report->Advise(ReadAdvice(folder, *engine, console, check.faults() == 0));
   return check.faults() == 0 ? 0 : 1;
 }
 

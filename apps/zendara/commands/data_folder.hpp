@@ -19,6 +19,7 @@ class DataFolder {
   explicit DataFolder(const CompanyOptions& options);
 
   const std::filesystem::path& path() const { return path_; }
+  const std::string& year() const { return year_; }
   // Makes the folder if it is missing; true if it did. CommandError when it cannot be made.
   bool Create() const;
 

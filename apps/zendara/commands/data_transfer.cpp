@@ -38,7 +38,8 @@ const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder)
 OpenTable Open(const TableOptions& options, Console& console) {
   const DataFolder folder(options.company);
   const StoredFile& file = FileFor(options, folder);
-  OpenTable table{.engine = MakeEngine(), .database = {}, .rows = {}, .stored = {}, .place = {}};
+  OpenTable table{
+      .engine = MakeEngine({}, options.company.access), .database = {}, .rows = {}, .stored = {}, .place = {}};
   table.place = folder.FileName(file.kind) + ": " + options.table;
   table.database = folder.Open(*table.engine, file.kind, console);
   console.Doing("opening " + table.place);

@@ -179,7 +179,7 @@ std::string WorkerName(Recordset& workers) {
 
 int Rate(const RateOptions& options, Console& console) {
   const DataFolder folder(options.company);
-  const std::unique_ptr<Engine> engine = MakeEngine();
+  const std::unique_ptr<Engine> engine = MakeEngine({}, options.company.access);
 
   const std::shared_ptr<Database> official = folder.Open(*engine, FileKind::kOfficial, console);
   console.Doing("reading table IRPF of " + official->Name());

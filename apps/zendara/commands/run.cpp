@@ -60,7 +60,7 @@ struct CommandLine {
   DemoCommandOptions demo;
   RateOptions rate;
   CreateOptions create;
-  CompanyOptions check;
+  CheckOptions check;
   TableOptions load;
   std::string csv;
   TableOptions dump;
@@ -84,6 +84,12 @@ void AddCompany(CLI::App* command, CompanyOptions& options) {
       ->required()
       ->type_name("YY")
       ->transform(Transform(CutYear));
+}
+
+void AddReadOnly(CLI::App* command, CompanyOptions& options) {
+  command->add_flag_callback(
+      "--read-only", [&options] { options.access = Access::kRead; },
+      "Write nothing; a folder on a network file system can be read so");
 }
 
 void AddTable(CLI::App* command, TableOptions& options) {
@@ -112,6 +118,7 @@ void AddRate(CLI::App& app, CommandLine& line) {
       {"text", RateFormat::kText}, {"csv", RateFormat::kCsv}, {"json", RateFormat::kJson}};
   CLI::App* rate = app.add_subcommand("rate", "Work out the withholding rate of stored workers");
   AddCompany(rate, line.rate.company);
+  AddReadOnly(rate, line.rate.company);
   rate->add_option("--currency", line.rate.currency, "P for pesetas (default), anything else for the other currency")
       ->type_name("MARK");
   rate->add_option("--worker", line.rate.worker, "Worker number (default: all workers)")
@@ -137,8 +144,20 @@ void AddData(CLI::App& app, CommandLine& line) {
       ->check(Transform(RefuseOtherBytes));
   create->callback([&line] { line.chosen = [&line](Console& console) { return DataCreate(line.create, console); }; });
 
-  CLI::App* check = data->add_subcommand("check", "Print what is missing or malformed, a line each; status 1 if any");
-  AddCompany(check, line.check);
+  CLI::App* check = data->add_subcommand(
+      "check", "Print what is missing or malformed, a line each (status 1 if any), and advice on workers");
+  AddCompany(check, line.check.company);
+  AddReadOnly(check, line.check.company);
+  check
+      ->add_option_function<std::string>(
+          "--format", [&line](const std::string& name) { line.check.json = name == "json"; },
+          "text (default) or json: faults and advice in one document")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"text", "json"}).description(""));
+  check->footer(
+      "Advice, which does not change the exit status: codes without a row in their table, situaciones that overlap,\n"
+      "run backwards or have no concepts in the year, workers without one and the reverse, bank accounts, N.I.F. and\n"
+      "affiliation numbers whose control characters do not check. Lines begin with \"advice:\", a count follows them.");
   check->callback([&line] { line.chosen = [&line](Console& console) { return DataCheck(line.check, console); }; });
 
   CLI::App* load = data->add_subcommand("load", "Add the rows of a CSV file to a table, all or none");
@@ -149,6 +168,7 @@ void AddData(CLI::App& app, CommandLine& line) {
   CLI::App* dump =
       data->add_subcommand("dump", "Print a table as CSV; status 1 if a value in it is none of its column");
   AddTable(dump, line.dump);
+  AddReadOnly(dump, line.dump.company);
   dump->callback([&line] { line.chosen = [&line](Console& console) { return DataDump(line.dump, console); }; });
 
   for (CLI::App* command : {load, dump}) {

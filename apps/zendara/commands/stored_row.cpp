@@ -9,23 +9,6 @@
 namespace zendara {
 namespace {
 
-// What is no UTF-8 and what would end the line, as \xNN.
-std::string Printable(std::string_view text) {
-  constexpr std::string_view kHex = "0123456789ABCDEF";
-  const bool utf8 = IsUtf8(text);
-  std::string printed;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x20 || (byte >= 0x80 && !utf8)) {
-      printed.append("\\x") += kHex[byte >> 4U];
-      printed += kHex[byte & 0xFU];
-    } else {
-      printed += c;
-    }
-  }
-  return printed;
-}
-
 std::string TextFault(const std::string& text, int width) {
   if (!IsUtf8(text)) return InQuotes(text) + " is no UTF-8";
   const std::size_t length = Len(text);
@@ -70,6 +53,22 @@ std::string NameOfRow(Recordset& rows, const TableDef& table, std::int64_t numbe
     name += " " + (key.IsNull() ? "Null" : Printable(CStr(key)));
   }
   return name;
+}
+
+std::string Printable(std::string_view text) {
+  constexpr std::string_view kHex = "0123456789ABCDEF";
+  const bool utf8 = IsUtf8(text);
+  std::string printed;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x20 || (byte >= 0x80 && !utf8)) {
+      printed.append("\\x") += kHex[byte >> 4U];
+      printed += kHex[byte & 0xFU];
+    } else {
+      printed += c;
+    }
+  }
+  return printed;
 }
 
 std::string InQuotes(std::string_view text) { return "\"" + Printable(text) + "\""; }

@@ -20,7 +20,9 @@ StoredCell ReadCell(Recordset& rows, int ordinal);
 // The current row by its primary key, "key 00001 002"; by `number`, counted from 1, where the table has none.
 std::string NameOfRow(Recordset& rows, const TableDef& table, std::int64_t number);
 
-// In quotes, on one line and in UTF-8 whatever the text holds.
+// On one line and in UTF-8 whatever the text holds: other bytes as \xNN.
+std::string Printable(std::string_view text);
+// The same in quotes.
 std::string InQuotes(std::string_view text);
 
 }  // namespace zendara

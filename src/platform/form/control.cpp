@@ -57,6 +57,12 @@ bool Control::Usable() const {
   return true;
 }
 
+Control* Control::PagesAround() const {
+  Control* outer = container_;
+  while (outer && outer->PageCount() == 0) outer = outer->container_;
+  return outer;
+}
+
 bool Control::HasFocus() const { return form_.Focus() == this; }
 
 bool Control::TakesInput() const { return form_.Loaded() && HasFocus() && CanFocus(); }

@@ -121,6 +121,7 @@ class Control {
   // Where it stands, set by the layout.
   Control* Container() const { return container_; }  // frame or tabs, nullptr for the form itself
   int Page() const { return page_; }                 // of the tabs that contain it
+  Control* PagesAround() const;                      // the innermost tabs that it stands in, nullptr if in none
   void PutInto(Control* container, int page = 0) {
     container_ = container;
     page_ = page;
@@ -192,8 +193,9 @@ class TextBox : public Control, public TextField {
   void SetMaxLength(int length) { max_length_ = length; }
   zendara::Alignment Alignment() const { return alignment_; }
   void SetAlignment(zendara::Alignment alignment);
-  bool Locked() const { return locked_; }  // shows and selects, does not type
+  bool Locked() const { return locked_; }  // shows and selects, does not type, and is no stop
   void SetLocked(bool locked) { locked_ = locked; }
+  bool IsTabStop() const override { return !locked_; }
   // Characters that the field shows; 0: as many as its maximum length.
   int Width() const { return width_ ? width_ : max_length_; }
   void SetWidth(int characters) { width_ = characters; }

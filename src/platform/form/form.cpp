@@ -1,7 +1,6 @@
 #include "platform/form/form.hpp"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 #include "runtime/failure.hpp"
@@ -9,6 +8,16 @@
 
 namespace zendara {
 namespace {
+
+// Whether it stands on the front page of those tabs.
+bool StandsInFrontOf(const Control& control, const Control* tabs) {
+  int page = control.Page();
+  for (const Control* outer = control.Container(); outer; outer = outer->Container()) {
+    if (outer == tabs) return outer->FrontPage() == page;
+    page = outer->Page();
+  }
+  return false;
+}
 
 template <typename Handler, typename... Args>
 void Fire(const Handler& handler, Args&&... args) {
@@ -58,7 +67,12 @@ void Form::PutInto(const Layout& layout, Control* container, int page) {
   const bool contains = layout.kind == LayoutKind::kFrame || layout.kind == LayoutKind::kTabs;
   for (std::size_t i = 0; i < layout.children.size(); ++i) {
     const int child_page = layout.kind == LayoutKind::kTabs ? static_cast<int>(i) : contains ? 0 : page;
+    const auto begin = static_cast<std::ptrdiff_t>(tab_order_.size());
     PutInto(layout.children[i], contains ? layout.control : container, child_page);
+    if (layout.kind != LayoutKind::kTabs) continue;
+    std::stable_partition(tab_order_.begin() + begin, tab_order_.end(), [&](const Control* control) {
+      return !control->ClickedBy(key::kEnter) || control->PagesAround() != layout.control;
+    });
   }
 }
 
@@ -162,25 +176,25 @@ void Form::Enter(Control& control) {
 }
 
 void Form::FocusNext(bool backwards) {
-  std::vector<Control*> order = tab_order_.empty() ? controls_ : tab_order_;
-  std::erase_if(order, [](const Control* control) { return !control->IsTabStop() || !control->CanFocus(); });
-  if (order.empty()) return;
-  const std::size_t count = order.size();
-  const auto here = static_cast<std::size_t>(std::ranges::find(order, focus_) - order.begin());
-  if (here < count) return SetFocus(*order[(here + (backwards ? count - 1 : 1)) % count]);
-  // From the pages themselves the way goes into the page that is in front.
-  const auto inside = std::ranges::find_if(order, [this](const Control* control) { return InFrontPage(*control); });
-  SetFocus(inside == order.end() ? *order.front() : **inside);
+  FocusStop([](const Control&) { return true; }, backwards);
 }
 
-// Whether it stands on the front page of the tabs that have the focus.
-bool Form::InFrontPage(const Control& control) const {
-  int page = control.Page();
-  for (const Control* outer = control.Container(); outer; outer = outer->Container()) {
-    if (outer == focus_) return outer->FrontPage() == page;
-    page = outer->Page();
-  }
-  return false;
+void Form::FocusNextField() {
+  FocusStop([](const Control& stop) { return !stop.ClickedBy(key::kEnter) || !stop.PagesAround(); }, false);
+}
+
+void Form::FocusStop(const std::function<bool(const Control& stop)>& wanted, bool backwards) {
+  std::vector<Control*> order = tab_order_.empty() ? controls_ : tab_order_;
+  const auto is_stop = [&](const Control* control) {
+    return control->IsTabStop() && control->CanFocus() && wanted(*control);
+  };
+  // From the pages themselves the way goes into the page that is in front.
+  const auto in_front = [&](const Control* control) { return is_stop(control) && StandsInFrontOf(*control, focus_); };
+  if (const auto inside = std::ranges::find_if(order, in_front); inside != order.end()) return SetFocus(**inside);
+  if (backwards) std::ranges::reverse(order);
+  const auto here = std::ranges::find(order, focus_);
+  if (here != order.end()) std::ranges::rotate(order, here + 1);
+  if (const auto stop = std::ranges::find_if(order, is_stop); stop != order.end()) SetFocus(**stop);
 }
 
 // Keys.
@@ -258,18 +272,33 @@ bool Form::PressAccessKey(const Key& pressed) {
 }
 
 void Form::TurnPage(int step) {
-  const auto turn = [&](Control* tabs) {
-    const int page = tabs->FrontPage() + step;
-    if (page < 0 || page >= tabs->PageCount() || !tabs->CanFocus()) return false;
-    TurnTo(*tabs, page);
-    return true;
-  };
-  bool inside = false;
+  Control* tabs = nullptr;
   for (Control* outer = focus_; outer; outer = outer->Container()) {
-    inside = inside || outer->PageCount() > 0;
-    if (turn(outer)) return;
+    if (outer->PageCount() > 0) tabs = outer;
   }
-  if (!inside) std::ignore = std::ranges::find_if(controls_, turn);
+  if (!tabs) tabs = FirstTabs([](const Control& control) { return !control.PagesAround(); });
+  if (!tabs) return;
+  while (Control* inner = TabsInFront(*tabs)) tabs = inner;
+  const auto last = [&] { return tabs->FrontPage() == (step > 0 ? tabs->PageCount() - 1 : 0); };
+  while (last() && tabs->PagesAround()) tabs = tabs->PagesAround();
+  TurnInto(*tabs, (tabs->FrontPage() + step + tabs->PageCount()) % tabs->PageCount(), step);
+}
+
+void Form::TurnInto(Control& tabs, int page, int step) {
+  TurnTo(tabs, page);
+  if (!loaded_ || tabs.FrontPage() != page) return;
+  if (Control* inner = TabsInFront(tabs)) TurnInto(*inner, step > 0 ? 0 : inner->PageCount() - 1, step);
+}
+
+Control* Form::TabsInFront(const Control& tabs) const {
+  return FirstTabs([&](const Control& inner) { return inner.PagesAround() == &tabs && StandsInFrontOf(inner, &tabs); });
+}
+
+Control* Form::FirstTabs(const std::function<bool(const Control& tabs)>& wanted) const {
+  const auto found = std::ranges::find_if(controls_, [&](const Control* control) {
+    return control->PageCount() > 0 && control->CanFocus() && wanted(*control);
+  });
+  return found == controls_.end() ? nullptr : *found;
 }
 
 void Form::Paste(std::string_view text) {

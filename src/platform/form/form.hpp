@@ -87,13 +87,15 @@ class Form {
   std::string HelpFile;
   int HelpContext = 0;  // 0: none
 
-  // Controls in the order of creation. The tab order is that of the layout, unless SetTabOrder says another.
+  // Controls in the order of creation.
   const std::vector<Control*>& Controls() const { return controls_; }
   Control* Find(std::string_view id) const;  // "Text1(7)"; case counts; nullptr if there is none
-  void SetTabOrder(std::vector<Control*> order) { tab_order_ = std::move(order); }
   const Layout& GetLayout() const { return layout_; }
-  // The controls know from it what they stand in, and its order is the tab order.
+  // The controls know from it what they stand in. Its order is the tab order, but the buttons of a page come after the
+  // page's fields.
   void SetLayout(Layout layout);
+  const std::vector<Control*>& TabOrder() const { return tab_order_; }
+  void SetTabOrder(std::vector<Control*> order) { tab_order_ = std::move(order); }
 
   // Life. Show loads the form if it is not loaded, and is modal; on a form that is being shown it returns at once.
   // Unload ends the show.
@@ -108,9 +110,12 @@ class Form {
   Control* Focus() const { return focus_; }
   void SetFocus(Control& control);
   void FocusNext(bool backwards = false);
+  // Past the buttons of the pages: whoever fills in the fields comes from the last one of a page to the next page.
+  void FocusNextField();
 
   // What a front end passes in. Each runs as an event, on a form that is loaded: otherwise nothing happens.
-  // Ctrl with Page Up or Page Down turns pages, as a click on them.
+  // Ctrl with Page Up or Page Down turns pages, as a click on them does: all in turn and around, those of inner tabs
+  // when the outer page is in front.
   void Press(const Key& key);
   void Click(Control& control);                       // mouse; the focus moves there first
   void PointTo(TextBox& box, int start, int length);  // mouse in a text, once the focus is there
@@ -150,13 +155,16 @@ class Form {
   void ShowCurrentError() noexcept;
   void Leave(const Control& control);
   void Enter(Control& control);
-  bool InFrontPage(const Control& control) const;
+  void FocusStop(const std::function<bool(const Control& stop)>& wanted, bool backwards);
+  Control* FirstTabs(const std::function<bool(const Control& tabs)>& wanted) const;
+  Control* TabsInFront(const Control& tabs) const;  // on the front page of these
   void PressOn(Control& control, int code, const Key& pressed);
   void Type(Control& control, int character);
   bool PressAccessKey(const Key& key);
-  // The next or previous page of the innermost tabs around the focus that have one; of the first tabs when there are
-  // none around it.
+  // Of the tabs around the focus, or of the first ones when there are none around it.
   void TurnPage(int step);
+  // Tabs on that page are turned to their first page, or going back to their last.
+  void TurnInto(Control& tabs, int page, int step);
   void MoveFocusAndClick(Control& control);
   void PutInto(const Layout& layout, Control* container, int page);
 

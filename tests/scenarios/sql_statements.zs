@@ -1,0 +1,14 @@
+# The long statements of listings and of dated incidents. An open situación is not found: a comparison with Null never
+# holds.
+session company=00001 year=01
+sql Nom00001.MDB "SELECT Campo49, Campo51, Campo0, Campo6 FROM TrabajadoresVar WHERE Campo6 >= #03/15/2001#"
+sql Nom00001.MDB "SELECT TrabajadoresVar.Campo49, TrabajadoresVar.Campo51, TrabajadoresFijo.Campo0, TrabajadoresFijo.Campo1, TrabajadoresVar.Campo6 FROM TrabajadoresVar,TrabajadoresFijo WHERE TrabajadoresVar.Campo0=TrabajadoresFijo.Campo0 AND (TrabajadoresVar.Campo6 >= #03/15/2001# OR TrabajadoresVar.Campo6=NULL ) AND TrabajadoresVar.Campo49 between '003'  AND '001'  AND TrabajadoresVar.Campo51 between '001'  AND '998'   ORDER BY TrabajadoresVar.Campo49, TrabajadoresVar.Campo51 ,TrabajadoresFijo.Campo0,TrabajadoresFijo.Campo1 "
+
+# Collisions of dated incidents: open rows never collide, ends are included, each own row comes with each of the other
+# table, and a worker without rows in the other table gives none.
+sql Nom00001.MDB "select campo0,campo3,campo4 from tincidenciasit where campo0='00019' or campo0='00036'"
+sql Nom00001.MDB "select campo0,campo3,campo4 from tincidenciasesp where campo0='00019' or campo0='00036'"
+sql Nom00001.MDB "select tincidenciasit.campo3,tincidenciasit.campo0,tincidenciasesp.campo0 from tincidenciasit INNER JOIN tincidenciasesp ON tincidenciasit.campo0 = tincidenciasesp.campo0 where (tincidenciasit.campo0 = '00019'  and tincidenciasit.campo4 = null) or (tincidenciasesp.campo0 = '00019'  and tincidenciasesp.campo4 = null) "
+sql Nom00001.MDB "select tincidenciasit.campo3,tincidenciasit.campo0,tincidenciasesp.campo0 from tincidenciasit INNER JOIN tincidenciasesp ON tincidenciasit.campo0 = tincidenciasesp.campo0 where (tincidenciasit.campo0 = '00019'  and #08/31/00# between tincidenciasit.campo3 and tincidenciasit.campo4) or (tincidenciasesp.campo0 = '00019'  and #08/31/00# between tincidenciasesp.campo3 and tincidenciasesp.campo4) "
+sql Nom00001.MDB "select tincidenciasit.campo4,tincidenciasit.campo0,tincidenciasesp.campo0 from tincidenciasit INNER JOIN tincidenciasesp ON tincidenciasit.campo0 = tincidenciasesp.campo0 where (tincidenciasit.campo0 = '00019'  and #10/01/00# <  tincidenciasit.campo3 and #10/21/00# >  tincidenciasit.campo4) or (tincidenciasesp.campo0 = '00019'  and #10/01/00# <  tincidenciasesp.campo3 and #10/21/00# >  tincidenciasesp.campo4) "
+sql Nom00001.MDB "select tincidenciasit.campo3,tincidenciasit.campo0,tincidenciasesp.campo0 from tincidenciasit INNER JOIN tincidenciasesp ON tincidenciasit.campo0 = tincidenciasesp.campo0 where (tincidenciasit.campo0 = '00036'  and #12/02/02# between tincidenciasit.campo3 and tincidenciasit.campo4) or (tincidenciasesp.campo0 = '00036'  and #12/02/02# between tincidenciasesp.campo3 and tincidenciasesp.campo4) "

@@ -179,10 +179,13 @@ Worker RandomWorker(std::mt19937& random) {
   constexpr const char* kGrades[] = {"", "0", "1", "2", "2x"};
   constexpr const char* kWhole[] = {"", "N", "N", "S"};
   for (int i = below(2) * below(7); i > 0; --i) w.children.push_back({below(30), kWhole[below(4)], kGrades[below(5)]});
-  for (int i = below(2) * below(5); i > 0; --i) w.ascendants.push_back({below(10), below(3)});
+  for (int i = below(2) * below(5); i > 0; --i) {
+    const int persons = below(10);
+    w.ascendants.emplace_back(persons, below(3));
+  }
 
   // Exactly onto a limit, or one unit beside it.
-  const Hundredths beside = (below(3) - 1) * unit;
+  const Hundredths beside = (below(3) - Hundredths{1}) * unit;
   switch (below(8)) {
     case 0:
       w.pay = Reference(w).raised + beside;

@@ -28,7 +28,7 @@ class EntradasTest : public testing::Test {
       table.columns.push_back({"Campo" + std::to_string(table.columns.size()), TypeOf(value), 30});
     }
     database->CreateTable(table);
-    const auto rows = database->OpenRecordset("Fila", RecordsetType::kTable);
+    auto rows = database->OpenRecordset("Fila", RecordsetType::kTable);
     rows->AddNew();
     for (std::size_t i = 0; i < row.size(); ++i) rows->Fields(static_cast<int>(i)).Set(row[i]);
     rows->Update();

@@ -152,7 +152,8 @@ TEST_F(GrabacionTest, WhatAnotherProgramChangedMeanwhileStays) {
   fila->Update();
   Pulsa("Grabar");
   const auto grabado = [&](CampoTrabajador campo) {
-    return Lee(FileKind::kCompany, "TrabajadoresFijo where campo0='00011'", 0).at(kTramoFijo.ColumnaDe(campo));
+    const auto columna = static_cast<std::size_t>(kTramoFijo.ColumnaDe(campo));
+    return Lee(FileKind::kCompany, "TrabajadoresFijo where campo0='00011'", 0).at(columna);
   };
   EXPECT_EQ(grabado(kTelefono) + grabado(kMunicipio) + grabado(kApellido1), "allíAquíAquí");
   EXPECT_EQ(pantalla->Status(),

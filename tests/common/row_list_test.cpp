@@ -40,7 +40,7 @@ TEST_F(ListsTest, TypingFindsWithoutCaseAndAccents) {
   Add(FileKind::kCompany, "Secciones", {{0, std::to_string(++code)}});
   // Rows in the order of the code as text: 1, 10, 2 ...
   RowList filas(*engine, PathOf(FileKind::kCompany), "select campo0, campo1 from Secciones", {"010", "001"},
-                   {{1, 8}, {10, 2}});
+                {{1, 8}, {10, 2}});
   const struct {
     const char* typed;
     std::size_t from;

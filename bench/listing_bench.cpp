@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "runtime/failure.hpp"
 #include "zendara/engines.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
@@ -51,8 +51,8 @@ int main(int argc, char** argv) {
   if (argc != 3) return std::cerr << "usage: listing_bench FILE forward|result\n", 2;
   try {
     zendara::List(argv[1], argv[2] == std::string_view("forward") ? RecordsetType::kForward : RecordsetType::kQuery);
-  } catch (const zendara::RuntimeError& error) {
-    std::cerr << "listing_bench: " << error.what() << ' ' << error.detail() << '\n';
+  } catch (...) {
+    std::cerr << "listing_bench: " << zendara::OneLine(zendara::CurrentError()) << '\n';
     return 1;
   }
 }

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "frame/stored_tables.hpp"
+#include "runtime/failure.hpp"
 #include "tests/support/temp_folder.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
@@ -43,12 +44,17 @@ template <typename Work>
 pid_t Start(const std::string& path, Work work) {
   const pid_t program = fork();
   if (program != 0) return program;
-  const auto engine = MakeEngine();
-  const auto workers =
-      engine->Workspaces(0)->OpenDatabase(path)->OpenRecordset("TrabajadoresFijo", RecordsetType::kTable);
-  workers->SetIndex("Icampo0");
-  work(*workers);
-  _exit(0);
+  try {
+    const auto engine = MakeEngine();
+    const auto workers =
+        engine->Workspaces(0)->OpenDatabase(path)->OpenRecordset("TrabajadoresFijo", RecordsetType::kTable);
+    workers->SetIndex("Icampo0");
+    work(*workers);
+    _exit(0);
+  } catch (...) {
+    std::fprintf(stderr, "%s\n", OneLine(CurrentError()).c_str());
+    _exit(1);
+  }
 }
 
 Waits Save(Recordset& workers, int program, int saves) {
@@ -154,7 +160,12 @@ bool RunAll(int programs, int saves, int readers) {
 
 int main(int argc, char** argv) {
   if (argc != 1 && argc != 4) return std::fputs("usage: waiting_bench [PROGRAMS SAVES READERS]\n", stderr), 2;
-  const bool held = argc == 1 ? zendara::RunAll(4, 5000, 2)
-                              : zendara::RunAll(std::atoi(argv[1]), std::atoi(argv[2]), std::atoi(argv[3]));
-  return held ? 0 : 1;
+  try {
+    const bool held = argc == 1 ? zendara::RunAll(4, 5000, 2)
+                                : zendara::RunAll(std::atoi(argv[1]), std::atoi(argv[2]), std::atoi(argv[3]));
+    return held ? 0 : 1;
+  } catch (...) {
+    std::fprintf(stderr, "waiting_bench: %s\n", zendara::OneLine(zendara::CurrentError()).c_str());
+    return 1;
+  }
 }

@@ -144,10 +144,10 @@ TEST_F(Component, AFailedReadLeavesItsValueAndTheOthersAreRead) {
 
 TEST_F(Component, SlotsAreSharedFromTheLowerBoundAndMissingOnesStay) {
   const auto recordset = [&] { return bd->OpenRecordset("T", RecordsetType::kTable); };
-  for (const std::size_t i : {0, 1, 402, 500}) tablas.items[i] = recordset();
+  for (const std::size_t i : {0U, 1U, 402U, 500U}) tablas.items[i] = recordset();
   Carga("");
   EXPECT_EQ(sesion.Tablas[0], nullptr);
-  for (const std::size_t i : {1, 402, 500}) EXPECT_EQ(sesion.Tablas[i], tablas.items[i]) << i;
+  for (const std::size_t i : {1U, 402U, 500U}) EXPECT_EQ(sesion.Tablas[i], tablas.items[i]) << i;
 
   // Slots 400 to 402 only: the others keep what they have, an empty handle empties its slot.
   auto expected = sesion.Tablas;
@@ -166,7 +166,7 @@ TEST_F(Component, OnlyTheFourScreensOfTheHostAreShownByTheirExactNames) {
     diary.lines.clear();
     Carga(name);
     EXPECT_EQ(diary.lines.back(), "Retorno = P");
-    if (std::ranges::count(diary.lines, "Mostrar")) shown.push_back(name);
+    if (std::ranges::count(diary.lines, "Mostrar")) shown.emplace_back(name);
   }
   EXPECT_THAT(shown, ElementsAre("Trabajadores", "MIncidencias", "MIncidenciasESP", "MIncidenciasVAR"));
 }

@@ -92,7 +92,7 @@ std::string Circle(const std::map<std::string, Source>& sources, const std::stri
   if (done.contains(file)) return {};
   path.push_back(file);
   for (const std::string& next : sources.at(file).own) {
-    if (const std::string circle = Circle(sources, next, path, done); !circle.empty()) return circle;
+    if (std::string circle = Circle(sources, next, path, done); !circle.empty()) return circle;
   }
   path.pop_back();
   done.insert(file);

@@ -180,19 +180,19 @@ TEST(FormEvents, EndWithTheControlThatTheyBeganOn) {
   const auto type = [](Sample& f) { f.Type("x"); };
   const auto paste = [](Sample& f) { f.Paste("xy"); };
   const auto click = [](Sample& f) { f.Click(f.Grabar); };
-  const auto on_down = [](Sample& f, Handler h) { f.Text1.On().key_down = [h](int, int&, int) { h(); }; };
-  const auto on_press = [](Sample& f, Handler h) { f.Text1.On().key_press = [h](int, int&) { h(); }; };
-  const auto on_form = [](Sample& f, Handler h) {
+  const auto on_down = [](Sample& f, const Handler& h) { f.Text1.On().key_down = [h](int, int&, int) { h(); }; };
+  const auto on_press = [](Sample& f, const Handler& h) { f.Text1.On().key_press = [h](int, int&) { h(); }; };
+  const auto on_form = [](Sample& f, const Handler& h) {
     f.on_key_press = h;
     f.Text1.On().key_press = [&f](int, int&) { ++f.changes; };
   };
-  const auto on_button = [](Sample& f, Handler h) {
+  const auto on_button = [](Sample& f, const Handler& h) {
     f.Grabar.SetFocus();
     f.Grabar.On().key_down = [h](int, int&, int) { h(); };
   };
   const auto enter = [](Sample& f) { f.Press({key::kEnter, 0, {}}); };
-  const auto on_leave = [](Sample& f, Handler h) { f.on_leave = [h](int i) { i == 1 ? h() : void(); }; };
-  const auto on_enter = [](Sample& f, Handler h) { f.Grabar.On().got_focus = [h](int) { h(); }; };
+  const auto on_leave = [](Sample& f, const Handler& h) { f.on_leave = [h](int i) { i == 1 ? h() : void(); }; };
+  const auto on_enter = [](Sample& f, const Handler& h) { f.Grabar.On().got_focus = [h](int) { h(); }; };
   const Event events[] = {
       {"key_down", false, false, on_down, type},
       {"key_press of the form", false, false, on_form, type},

@@ -14,6 +14,7 @@
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/status_line.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -93,10 +94,7 @@ void FormWindow::Build() {
   outer->setContentsMargins(0, 0, 0, 0);
   outer->setSpacing(0);
   outer->addWidget(scroll_, 1);
-  status_ = new QLabel(this);
-  status_->setObjectName("status");
-  status_->setWordWrap(true);
-  status_->setMargin(fontMetrics().descent());
+  status_ = new StatusLine(this);
   outer->addWidget(status_);
   auto* content = new QWidget;
   BuildLayout(*this, form_.GetLayout(), *content,
@@ -252,11 +250,10 @@ void FormWindow::Flush() {
   if (syncing_) return;
   syncing_ = true;
   if (std::exchange(form_changed_, false)) {
-    status_->setText(ToQt(form_.Status()));
+    status_->ShowMessage(ToQt(form_.Status()));
     // A status of several lines takes nothing from the fields.
     const int more = status_->heightForWidth(width()) - status_->height();
     if (more > 0) resize(width(), std::min(height() + more, screen()->availableGeometry().height()));
-    setWindowTitle(ToQt(form_.Title().empty() ? form_.Name() : form_.Title()));
     // The hourglass takes no input away.
     if (form_.Pointer() == MousePointer::kHourglass) {
       setCursor(Qt::WaitCursor);
@@ -264,6 +261,9 @@ void FormWindow::Flush() {
       unsetCursor();
     }
   }
+  ShowTitle();
+  status_->ShowPlace(ToQt(form_.Position()), ToQt(form_.Expected()));
+  status_->ShowInsert(form_.Host().insert_on);
   bool moved = false;  // what stands in pages and frames
   while (!changed_.empty()) {
     for (const Control* control : std::exchange(changed_, {})) {
@@ -273,6 +273,13 @@ void FormWindow::Flush() {
   }
   if (std::exchange(focus_moved_, false) || moved) ShowFocus();
   syncing_ = false;
+}
+
+void FormWindow::ShowTitle() {
+  QString title = ToQt(form_.Title().empty() ? form_.Name() : form_.Title());
+  if (const QString subject = ToQt(form_.Subject()); !subject.isEmpty())
+    title = subject + QStringLiteral(" – ") + title;
+  if (windowTitle() != title) setWindowTitle(title);
 }
 
 void FormWindow::ShowFocus() {

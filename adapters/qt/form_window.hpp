@@ -18,6 +18,7 @@ class QScrollArea;
 namespace zendara {
 
 class FormWindow;
+class StatusLine;
 
 // One control and the widget that shows it.
 class ControlView {
@@ -100,10 +101,11 @@ class FormWindow : public QWidget, public FormView {
   void Queue();
   bool PressKeys(const QKeyEvent& event);
   void ShowFocus();
+  void ShowTitle();
 
   Form& form_;
   QScrollArea* scroll_ = nullptr;
-  QLabel* status_ = nullptr;  // below the content, always there
+  StatusLine* status_ = nullptr;  // below the content, always there
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<QObject*, ControlView*> watched_;
   std::set<const Control*> changed_;

@@ -73,6 +73,14 @@ class Form {
   // A line that the user may read and does not have to answer; it stands until the next one. Empty: nothing.
   const std::string& Status() const { return status_; }
   void SetStatus(std::string_view status);
+  // What a front end shows about the record, asked after every event, so each answers from what it has at hand. Empty:
+  // nothing.
+  // Who or what is on the screen, for the title bar: "00900 Peña Güell, Begoña".
+  virtual std::string Subject() const { return {}; }
+  // Which one of how many: "Trabajador 3 de 12".
+  virtual std::string Position() const { return {}; }
+  // What the control with the focus expects and the keys that matter there: "ddmmaa", "F2 lista".
+  virtual std::string Expected() const { return {}; }
   FormHost& Host() const { return host_; }
   Dialogs& Boxes() const { return dialogs_; }
   MousePointer Pointer() const { return pointer_; }

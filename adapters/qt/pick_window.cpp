@@ -24,7 +24,7 @@ namespace zendara {
 namespace {
 
 constexpr std::size_t kBatch = 256;
-constexpr qint64 kSlice = 8;  // milliseconds of reading, after which a key may come
+constexpr qint64 kSlice = 20;  // milliseconds of reading, after which a key may come
 constexpr int kRowsShown = 18;
 
 // With points between the thousands.

@@ -28,6 +28,8 @@ class PickWindow : public QDialog {
   // Brings that row to sight, as the current one, with no search. REQUIRES: it exists.
   void GoTo(std::size_t row);
   QTableView& Table() const { return *table_; }
+  QLineEdit& Line() const { return *line_; }
+  const RowSearch& Rows() const { return search_; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

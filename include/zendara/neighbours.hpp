@@ -54,9 +54,14 @@ struct PickView {
 class PickRows {
  public:
   virtual ~PickRows() = default;
-  // Puts the next row there, as it is returned; false behind the last one. Its errors are those of the list.
-  virtual bool Siguiente(std::string& fila) = 0;
+  // Puts the texts of the next row there, one for each column; false behind the last row. Its errors are those of the
+  // list.
+  virtual bool Siguiente(std::vector<std::string>& textos) = 0;
 };
+
+// A row as it is returned: each text padded with blanks to its width or cut to it, at its place. REQUIRES: as many of
+// both, the places one behind the other.
+std::string LayOutRow(const std::vector<std::string>& texts, const std::vector<RowPlace>& places);
 
 // A modal box with a title and rows, from which the user takes one or none. The operations return when the user has
 // chosen or given up. `marca_boton` is 0 when the last mouse movement over a look-up image had the right button alone
@@ -83,13 +88,13 @@ class PickList {
   virtual void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t marca_boton,
                             std::string& resultado) = 0;
 
-  // Rows that the caller makes, laid out by `lugares`; of the codes in `columnas` only the kinds count. `resultado` as
-  // of fixed rows, which is what they are to a list that does not know better.
+  // Rows that the caller makes; of the codes in `columnas` only the kinds count. To a list that does not know better
+  // they are fixed rows.
   virtual void ConsultaFilas(const std::vector<std::string>& /*columnas*/, PickRows& filas,
-                             const std::vector<RowPlace>& /*lugares*/, const std::string& titulo,
-                             std::int16_t marca_boton, std::string& resultado) {
+                             const std::vector<RowPlace>& lugares, const std::string& titulo, std::int16_t marca_boton,
+                             std::string& resultado) {
     std::vector<std::string> lineas;
-    for (std::string fila; filas.Siguiente(fila);) lineas.push_back(fila);
+    for (std::vector<std::string> textos; filas.Siguiente(textos);) lineas.push_back(LayOutRow(textos, lugares));
     ConsultaFija(lineas, titulo, marca_boton, resultado);
   }
 

@@ -1,8 +1,8 @@
 #include "common/buscador.hpp"
 
 #include <algorithm>
-#include <array>
 #include <deque>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <utility>
@@ -49,18 +49,16 @@ std::shared_ptr<Database> AbreCompania(const Sesion& sesion) {
 std::string Clave(const std::string& numero) { return LCase(RTrim(numero)); }
 
 // Empty for what is stored in a date column and is no date: the screens say so when they show it.
-std::string TextoDe(const Value& valor) {
-  return valor.IsDate() ? ShortDate(valor.AsDate()) : Trim(TextoNoNulo(valor));
-}
 std::string TextoDe(Recordset& fila, int columna) try {
-  return TextoDe(fila.Fields(columna).Get());
+  const Value valor = fila.Fields(columna).Get();
+  return valor.IsText() ? valor.Text() : valor.IsDate() ? ShortDate(valor.AsDate()) : TextoNoNulo(valor);
 } catch (const RuntimeError& error) {
   if (error.number() != kDataConversion) throw;
   return {};
 }
 
 // The workers, some at a time: a cursor walks them by number, and a query has the situaciones of those that it has
-// passed, each worker's last one last.
+// passed, each worker's last one first.
 class FilasTrabajadores : public PickRows {
  public:
   FilasTrabajadores(std::shared_ptr<Database> base, std::vector<std::string> vistos)
@@ -78,17 +76,17 @@ class FilasTrabajadores : public PickRows {
 
   std::size_t AlPrincipio() const { return al_principio_; }
 
-  bool Siguiente(std::string& fila) override {
+  bool Siguiente(std::vector<std::string>& textos) override {
     while (listas_.empty() && Lee()) {
     }
     if (listas_.empty()) return false;
-    fila = std::move(listas_.front());
+    textos = std::move(listas_.front());
     listas_.pop_front();
     return true;
   }
 
  private:
-  using Textos = std::array<std::string, std::size(kColumnas)>;
+  using Textos = std::vector<std::string>;  // of a row
 
   // False when no worker is left.
   bool Lee() {
@@ -102,34 +100,32 @@ class FilasTrabajadores : public PickRows {
 
   void LeeTrabajador() {
     const auto texto = [&](int columna) { return TextoDe(*fijo_, columna); };
-    leidos_.push_back({texto(0), texto(1), texto(2), texto(3), texto(5), texto(6) + texto(7) + texto(8), {}, {}, {}});
+    leidos_.push_back({texto(0), texto(1), texto(2), texto(3), texto(5), texto(6) + texto(7) + texto(8), "", "", ""});
   }
 
-  // What the situaciones say of those that were read, and their rows.
+  // What the situaciones say of those that were read.
   void Completa() {
     if (leidos_.empty()) return;
     const auto situaciones = base_->OpenRecordset(
         "SELECT Campo0, Campo49, Campo50, Campo3, Campo4 FROM TrabajadoresVar WHERE Campo0 BETWEEN '" +
-            SqlText(leidos_.front()[0]) + "' AND '" + SqlText(leidos_.back()[0]) + "' ORDER BY Campo0, Campo3, Campo1",
+            SqlText(leidos_.front()[0]) + "' AND '" + SqlText(leidos_.back()[0]) +
+            "' ORDER BY Campo0, Campo3 DESC, Campo1 DESC",
         RecordsetType::kForward);
     std::map<std::string, Textos*> por_numero;
     for (Textos& trabajador : leidos_) por_numero.emplace(Clave(trabajador[0]), &trabajador);
+    std::string anterior;
     for (; !situaciones->Eof(); situaciones->MoveNext()) {
-      const auto trabajador = por_numero.find(Clave(TextoDe(*situaciones, 0)));
+      std::string numero = Clave(TextoDe(*situaciones, 0));
+      if (numero == anterior) continue;
+      const auto trabajador = por_numero.find(numero);
+      anterior = std::move(numero);
       if (trabajador == por_numero.end()) continue;
       Textos& textos = *trabajador->second;
       textos[6] = Trim(TextoDe(*situaciones, 1) + " " + TextoDe(*situaciones, 2));
       textos[7] = TextoDe(*situaciones, 3);
       textos[8] = TextoDe(*situaciones, 4);
     }
-    for (const Textos& trabajador : leidos_) {
-      std::string fila;
-      for (std::size_t i = 0; i < trabajador.size(); ++i) {
-        const auto& [inicio, ancho] = kColumnas[i].lugar;
-        fila = Fit(fila, static_cast<std::size_t>(inicio - 1)) + Fit(trabajador[i], static_cast<std::size_t>(ancho));
-      }
-      listas_.push_back(std::move(fila));
-    }
+    std::ranges::move(leidos_, std::back_inserter(listas_));
     leidos_.clear();
   }
 
@@ -137,8 +133,8 @@ class FilasTrabajadores : public PickRows {
   std::shared_ptr<Recordset> fijo_;
   std::vector<std::string> vistos_;
   std::size_t al_principio_ = 0;
-  std::vector<Textos> leidos_;      // without their situaciones
-  std::deque<std::string> listas_;  // rows
+  std::vector<Textos> leidos_;  // without their situaciones
+  std::deque<Textos> listas_;
 };
 
 // What five digits say, or -1.

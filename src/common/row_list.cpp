@@ -13,6 +13,8 @@
 namespace zendara {
 namespace {
 
+constexpr char kTextEnd = '\0';
+
 std::string TextOf(const Value& value) {
   if (value.IsNull()) return {};
   return value.IsDate() ? ShortDate(value.AsDate()) : CStr(value);
@@ -40,8 +42,9 @@ void RowList::TakeColumns(const std::vector<std::string>& columns, const std::ve
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (places[i].start < next || places[i].width < 0 || columns[i].empty()) throw RuntimeError(kInvalidCall);
     next = places[i].start + places[i].width;
-    columns_.push_back({.kind = columns[i].back() - '0', .place = places[i]});
+    columns_.push_back({.kind = columns[i].back() - '0'});
   }
+  places_ = places;
   Present({});
 }
 
@@ -82,9 +85,10 @@ void RowList::Present(PickView view) {
 
 bool RowList::Reach(std::size_t row) {
   while (made_ && !complete_ && lines_.size() <= row) {
-    std::string line;
-    complete_ = !made_->Siguiente(line);
-    if (!complete_) lines_.push_back(std::move(line));
+    complete_ = !made_->Siguiente(texts_);
+    if (complete_) break;
+    std::string& line = lines_.emplace_back();
+    for (const std::string& text : texts_) (line += text) += kTextEnd;
   }
   while (rs_ && !complete_ && reached_.size() <= row) {
     if (!reached_.empty()) {
@@ -109,30 +113,25 @@ Value RowList::Stored(std::size_t row, std::size_t column) const {
 
 std::string RowList::Cell(std::size_t row, std::size_t column) const {
   if (rs_) return TextOf(Stored(row, column));
-  const RowPlace& place = columns_[column].place;
-  return made_ ? RTrim(Mid(lines_[row], place.start, place.width)) : lines_[row];
+  std::string_view line = lines_[row];
+  if (!made_) return std::string(line);
+  for (; column > 0; --column) line.remove_prefix(line.find(kTextEnd) + 1);
+  return std::string(line.substr(0, line.find(kTextEnd)));
 }
 
 std::string RowList::Row(std::size_t row) const {
-  if (!rs_) return lines_[row];
-  std::string text;
-  std::size_t width = 0;
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const RowPlace& place = columns_[i].place;
-    const auto start = static_cast<std::size_t>(place.start - 1);
-    text.append(start - width, ' ');
-    text += Fit(Cell(row, i), static_cast<std::size_t>(place.width));
-    width = start + static_cast<std::size_t>(place.width);
-  }
-  return text;
+  if (places_.empty()) return lines_[row];
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < columns_.size(); ++i) texts.push_back(Cell(row, i));
+  return LayOutRow(texts, places_);
 }
 
 std::size_t RowList::PresentIn(std::size_t row) const {
   const auto has = [&](const PlacedText& wanted) {
-    const auto column = std::ranges::find(columns_, wanted.place, &Column::place);
+    const auto column = std::ranges::find(places_, wanted.place);
     const std::string held =
-        Trim(column != columns_.end() ? Cell(row, static_cast<std::size_t>(column - columns_.begin()))
-                                      : Mid(Row(row), wanted.place.start, wanted.place.width));
+        Trim(column != places_.end() ? Cell(row, static_cast<std::size_t>(column - places_.begin()))
+                                     : Mid(Row(row), wanted.place.start, wanted.place.width));
     return !held.empty() && Stripped(held) == Stripped(wanted.text);
   };
   return static_cast<std::size_t>(std::ranges::find_if_not(view_.present, has) - view_.present.begin());

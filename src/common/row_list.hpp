@@ -54,7 +54,6 @@ class RowList {
   struct Column {
     int kind = 0;
     int ordinal = 0;  // in the query
-    RowPlace place{};
   };
 
   void TakeColumns(const std::vector<std::string>& columns, const std::vector<RowPlace>& places);
@@ -62,9 +61,11 @@ class RowList {
 
   std::shared_ptr<Recordset> rs_;   // of a query
   PickRows* made_ = nullptr;        // rows that the caller makes
-  std::vector<Column> columns_;     // in the row; of fixed rows one without a place
+  std::vector<Column> columns_;     // in the row
+  std::vector<RowPlace> places_;    // theirs; none of fixed rows
   std::vector<Bookmark> reached_;   // of the rows of the query
-  std::vector<std::string> lines_;  // the other rows
+  std::vector<std::string> lines_;  // the other rows; of those that are made the texts, each with its end
+  std::vector<std::string> texts_;  // of the row that is being made
   bool complete_ = false;
   PickView view_;
 };

@@ -15,22 +15,29 @@ namespace {
 
 constexpr int kCodeKind = 1;
 constexpr int kDateKind = 2;
-constexpr char kColumnEnd = '\n';
+constexpr char kColumnEnd = '\0';  // comes before every letter
 
 // The characters U+00E0 to U+00FF without their marks; a dot stands for those that stay.
 constexpr std::string_view kUnmarked = "aaaaaa.ceeeeiiii..ooooo..uuuuy.y";
 constexpr int kFirstMarked = 0xE0;
 
 // In the order of letters ñ comes after n; its first byte is that of every letter that is left with a mark.
-int RankOf(char c) {
+unsigned RankOf(char c) {
+  constexpr unsigned kMarked = 0xC3;
   const auto byte = static_cast<unsigned char>(c);
-  return byte == 0xC3 ? 2 * 'n' + 1 : 2 * byte;
+  if (byte == kMarked) return 'n' + 1;
+  return byte > 'n' && byte < kMarked ? byte + 1 : byte;
 }
 
-int Compare(std::string_view a, std::string_view b) {
-  const auto [in_a, in_b] = std::ranges::mismatch(a, b);
-  if (in_a == a.end() || in_b == b.end()) return (in_a != a.end()) - (in_b != b.end());
-  return RankOf(*in_a) - RankOf(*in_b);
+bool IsLess(std::string_view a, std::string_view b) {
+  return std::ranges::lexicographical_compare(a, b, {}, RankOf, RankOf);
+}
+
+// Texts stand in the order of these numbers, as far as they differ.
+std::uint64_t FirstLetters(std::string_view text) {
+  std::uint64_t number = 0;
+  for (std::size_t i = 0; i < sizeof number; ++i) number = number << 8 | (i < text.size() ? RankOf(text[i]) : 0);
+  return number;
 }
 
 bool IsNumber(std::string_view text) { return !text.empty() && std::ranges::all_of(text, IsDigit); }
@@ -87,7 +94,7 @@ void RowSearch::ReadOn(std::size_t rows) {
   }
   Insert(all_, taken);
   std::erase_if(taken, [this](Row row) { return !HoldsTheWords(row); });
-  Insert(shown_, taken);
+  Insert(shown_, std::move(taken));
 }
 
 void RowSearch::TakeIn(std::size_t row) {
@@ -107,8 +114,8 @@ std::uint32_t RowSearch::EndOf(Row row) const {
   return row + 1 < starts_.size() ? starts_[row + 1] : static_cast<std::uint32_t>(text_.size());
 }
 
-std::string_view RowSearch::TextOf(Row row) const {
-  return std::string_view(text_).substr(starts_[row], EndOf(row) - starts_[row]);
+std::string_view RowSearch::TextFrom(std::uint32_t start, Row row) const {
+  return std::string_view(text_).substr(start, EndOf(row) - start);
 }
 
 std::uint32_t RowSearch::StartOf(Row row, std::size_t turn) const {
@@ -127,12 +134,19 @@ void RowSearch::Look(std::string_view typed) {
     if (!word.empty()) words_.emplace_back(word);
     rest.remove_prefix(std::min(word.size() + 1, rest.size()));
   }
+  Filter();
+}
+
+// The texts are looked through as they lie in memory.
+void RowSearch::Filter() {
+  std::vector<bool> holds(Read());
+  for (Row row = 0; row < holds.size(); ++row) holds[row] = HoldsTheWords(row);
   shown_.clear();
-  std::ranges::copy_if(all_, std::back_inserter(shown_), [this](Row row) { return HoldsTheWords(row); });
+  std::ranges::copy_if(all_, std::back_inserter(shown_), [&](Row row) { return holds[row]; });
 }
 
 bool RowSearch::HoldsTheWords(Row row) const {
-  const std::string_view text = TextOf(row);
+  const std::string_view text = TextFrom(starts_[row], row);
   return std::ranges::all_of(words_, [&](const std::string& word) { return text.find(word) != std::string::npos; });
 }
 
@@ -193,41 +207,48 @@ void RowSearch::Sort(std::optional<std::size_t> column, bool descending) {
     for (const Row row : all_) keys_.push_back(KeyOf(row));
     std::ranges::sort(all_, [this](Row a, Row b) { return Before(a, b); });
   }
-  shown_.clear();
-  std::ranges::copy_if(all_, std::back_inserter(shown_), [this](Row row) { return HoldsTheWords(row); });
+  Filter();
 }
 
 // Rows that stay on top have no text to compare. Dates are counted, an empty one comes first.
 RowSearch::Key RowSearch::KeyOf(Row row) const {
   if (row < foremost_) return {0, EndOf(row)};
   const std::size_t column = rows_.Reading()[*sorted_turn_];
-  std::uint32_t number = 1;
-  if (rows_.Kind(column) == kDateKind) {
-    const auto date = ReadDateStrict(CellOf(rows_, row, column), rows_.View().years);
-    if (date) number = static_cast<std::uint32_t>(std::max(date->serial, 0.0)) + 2;
-  }
-  return {number, StartOf(row, *sorted_turn_)};
+  const std::uint32_t start = StartOf(row, *sorted_turn_);
+  if (rows_.Kind(column) != kDateKind) return {FirstLetters(TextFrom(start, row)), start};
+  const auto date = ReadDateStrict(CellOf(rows_, row, column), rows_.View().years);
+  return {date ? static_cast<std::uint64_t>(std::max(date->serial, 0.0)) + 1 : 0, start};
 }
 
 bool RowSearch::Before(Row a, Row b) const {
   const Key& of_a = keys_[a];
   const Key& of_b = keys_[b];
-  int order = of_a.number < of_b.number ? -1 : of_a.number > of_b.number ? 1 : 0;
-  if (order == 0) {
-    const std::string_view text = text_;
-    order = Compare(text.substr(of_a.start, EndOf(a) - of_a.start), text.substr(of_b.start, EndOf(b) - of_b.start));
-  }
-  if (order == 0) return a < b;
-  return (order < 0) != descending_;
+  if (of_a.number != of_b.number) return (of_a.number < of_b.number) != descending_;
+  const std::string_view text_a = TextFrom(of_a.start, a);
+  const std::string_view text_b = TextFrom(of_b.start, b);
+  if (text_a == text_b) return a < b;
+  return IsLess(text_a, text_b) != descending_;
 }
 
-void RowSearch::Insert(std::vector<Row>& ordered, const std::vector<Row>& rows) const {
-  const auto middle = static_cast<std::ptrdiff_t>(ordered.size());
-  ordered.insert(ordered.end(), rows.begin(), rows.end());
-  if (!sorted_turn_) return;
+// They are few among many.
+void RowSearch::Insert(std::vector<Row>& ordered, std::vector<Row> rows) const {
+  if (!sorted_turn_) {
+    ordered.insert(ordered.end(), rows.begin(), rows.end());
+    return;
+  }
   const auto before = [this](Row a, Row b) { return Before(a, b); };
-  std::sort(ordered.begin() + middle, ordered.end(), before);
-  std::inplace_merge(ordered.begin(), ordered.begin() + middle, ordered.end(), before);
+  std::ranges::sort(rows, before);
+  std::vector<Row> merged;
+  merged.reserve(ordered.size() + rows.size());
+  auto rest = ordered.begin();
+  for (const Row row : rows) {
+    const auto place = std::upper_bound(rest, ordered.end(), row, before);
+    merged.insert(merged.end(), rest, place);
+    merged.push_back(row);
+    rest = place;
+  }
+  merged.insert(merged.end(), rest, ordered.end());
+  ordered = std::move(merged);
 }
 
 }  // namespace zendara

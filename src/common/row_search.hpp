@@ -58,25 +58,27 @@ class RowSearch {
 
  private:
   using Row = std::uint32_t;
-  // Where a row stands in the order of a column: by the number, then by its plain text from there on.
+  // Where a row stands in the order of a column: by a number, of a date or of the first letters, then by its plain text
+  // from there on.
   struct Key {
-    std::uint32_t number = 0;
+    std::uint64_t number = 0;
     std::uint32_t start = 0;
   };
 
   void TakeIn(std::size_t row);
   std::uint32_t EndOf(Row row) const;
-  std::string_view TextOf(Row row) const;
+  std::string_view TextFrom(std::uint32_t start, Row row) const;
   // Of a column, by its turn in reading.
   std::uint32_t StartOf(Row row, std::size_t turn) const;
   Key KeyOf(Row row) const;
   bool Before(Row a, Row b) const;
   bool HoldsTheWords(Row row) const;
-  // Puts rows that follow those there in the list.
-  void Insert(std::vector<Row>& ordered, const std::vector<Row>& rows) const;
+  // Puts rows to their places; in the list they follow those that are there.
+  void Insert(std::vector<Row>& ordered, std::vector<Row> rows) const;
+  void Filter();
 
   RowList& rows_;
-  std::string text_;                   // of all rows, a line feed behind each column, in the order of reading
+  std::string text_;                   // of all rows, a zero behind each column, in the order of reading
   std::vector<std::uint32_t> starts_;  // in it, of each row
   std::vector<std::string> words_;
   std::vector<Row> all_;    // in the order asked for

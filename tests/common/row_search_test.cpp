@@ -18,23 +18,19 @@ using Places = std::vector<std::size_t>;
 
 // Rows as a caller makes them: number, name, date.
 struct Made : PickRows {
-  explicit Made(Texts all) : lines(std::move(all)) {}
-  bool Siguiente(std::string& fila) override {
+  explicit Made(std::vector<Texts> all) : lines(std::move(all)) {}
+  bool Siguiente(Texts& textos) override {
     if (next == lines.size()) return false;
-    fila = lines[next++];
+    textos = lines[next++];
     return true;
   }
 
-  Texts lines;
+  std::vector<Texts> lines;
   std::size_t next = 0;
 };
 
 const Texts kColumns = {"001", "010", "022"};
 const std::vector<RowPlace> kPlaces = {{1, 3}, {4, 12}, {16, 8}};
-
-std::string Line(const std::string& code, const std::string& name, const std::string& date = "") {
-  return Fit(code, 3) + Fit(name, 12) + Fit(date, 8);
-}
 
 Places Shown(const RowSearch& search) {
   Places rows;
@@ -68,8 +64,8 @@ TEST(RowSearch, ShowsWhatASimpleModelShowsHoweverTheRowsComeIn) {
     return text;
   };
   for (int round = 0; round < 200; ++round) {
-    Texts lines;
-    for (std::size_t n = any(60); n > 0; --n) lines.push_back(Line(std::to_string(any(999)), word(9)));
+    std::vector<Texts> lines;
+    for (std::size_t n = any(60); n > 0; --n) lines.push_back({std::to_string(any(999)), word(9), ""});
     Made made(lines);
     RowList rows(made, kColumns, kPlaces);
     RowSearch search(rows);
@@ -99,9 +95,9 @@ TEST(RowSearch, ShowsWhatASimpleModelShowsHoweverTheRowsComeIn) {
 }
 
 TEST(RowSearch, SortsByAColumnAndFindsWhereToStand) {
-  const Texts lines = {Line("007", "Ñíguez", "01/02/99"), Line("070", "Nuz", "31/12/30"),
-                       Line("001", "Oca", "01/01/29"),    Line("017", "Núñez"),
-                       Line("012", "Álava", "01/02/99"),  Line("003", "Nunez Ana", "02/01/00")};
+  const std::vector<Texts> lines = {{"007", "Ñíguez", "01/02/99"}, {"070", "Nuz", "31/12/30"},
+                                    {"001", "Oca", "01/01/29"},    {"017", "Núñez", ""},
+                                    {"012", "Álava", "01/02/99"},  {"003", "Nunez Ana", "02/01/00"}};
   Made made(lines);
   RowList rows(made, kColumns, kPlaces);
   PickView view;

@@ -126,8 +126,9 @@ TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {
 // Rows that come slowly, far more than the window reads before it is shown.
 TEST_F(WindowsTest, AListBeginsOnThePresentRowAndTakesTheRightOneHoweverItIsSorted) {
   struct Made : PickRows {
-    bool Siguiente(std::string& fila) override {
-      fila = QString("%1 %2").arg(at, 4, 10, QLatin1Char('0')).arg((at * 7) % 5000, 4).toStdString();
+    bool Siguiente(std::vector<std::string>& textos) override {
+      textos = {QString("%1").arg(at, 4, 10, QLatin1Char('0')).toStdString(),
+                QString("%1").arg((at * 7) % 5000, 4).toStdString()};
       return at++ < 5000;
     }
     int at = 0;

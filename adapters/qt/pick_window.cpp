@@ -15,6 +15,7 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <algorithm>
+#include <exception>
 
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
@@ -210,7 +211,6 @@ void PickWindow::LayOut(const QString& title) {
 // Rows.
 
 std::optional<std::size_t> PickWindow::Chosen() const {
-  if (failure_) std::rethrow_exception(failure_);
   if (model_->Failure()) std::rethrow_exception(model_->Failure());
   return result() == Accepted ? Current() : std::nullopt;
 }
@@ -230,11 +230,10 @@ void PickWindow::StandOn(std::size_t place) {
 // The row that was current stays so while it is shown; until the user moves it is the one to begin on, or the best hit.
 template <typename Change>
 void PickWindow::Show(Change change) {
-  if (failure_ || model_->Failure()) return;
   const std::optional<std::size_t> before = Current();
   const int top = table_->verticalScrollBar()->value();
-  model_->Reset(change);
-  if ((failure_ = model_->Failure())) {
+  if (!model_->Failure()) model_->Reset(change);
+  if (model_->Failure()) {
     reading_.stop();
     return reject();
   }
@@ -249,7 +248,7 @@ void PickWindow::Show(Change change) {
 }
 
 void PickWindow::ReadOn() {
-  if (search_.Complete()) return reading_.stop();
+  if (search_.Complete() && !model_->Failure()) return reading_.stop();
   Show([this] {
     QElapsedTimer since;
     since.start();
@@ -389,7 +388,7 @@ bool PickWindow::eventFilter(QObject* watched, QEvent* event) {
 void PickWindow::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   Widen();
-  reading_.start();
+  reading_.start();  // closes the window again if it could not read the first rows
 }
 
 // Columns are as wide as what was to be seen so far, so they grow and never jump back.

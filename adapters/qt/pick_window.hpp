@@ -3,7 +3,6 @@
 
 #include <QDialog>
 #include <QTimer>
-#include <exception>
 #include <optional>
 
 #include "common/row_search.hpp"
@@ -40,7 +39,7 @@ class PickWindow : public QDialog {
   void LayOut(const QString& title);
   std::optional<std::size_t> Current() const;
   void StandOn(std::size_t place);
-  // Changes what is shown, by the search, and shows it. An error closes the window and is kept for Chosen.
+  // Changes what is shown, by the search, and shows it. An error closes the window and is thrown by Chosen.
   template <typename Change>
   void Show(Change change);
   void ReadOn();
@@ -65,7 +64,6 @@ class PickWindow : public QDialog {
   bool moved_ = false;  // the user has left the row on which the list begins, or the best of what was looked for
   int sorted_ = -1;     // section of the heading
   bool descending_ = false;
-  std::exception_ptr failure_;
 };
 
 }  // namespace zendara

@@ -40,6 +40,21 @@ TEST_F(ListsTest, EveryWorkerIsFoundWithHisLastSituacion) {
   EXPECT_EQ(tail(2), "1X             281234567890");
 }
 
+// A host's own list that knows nothing of rows that are made.
+TEST_F(ListsTest, AListThatOnlyKnowsFixedRowsGetsTheWorkersAsThose) {
+  struct Plain : PickList {
+    void ConsultaLista(const std::vector<std::string>&, const std::string&, const std::vector<RowPlace>&, Engine&,
+                       const std::string&, const std::string&, std::int16_t, std::string&) override {}
+    void ConsultaFija(const std::vector<std::string>& lineas, const std::string&, std::int16_t,
+                      std::string& resultado) override {
+      resultado = lineas.back();
+    }
+  };
+  components.Register(kPickListClass, [] { return std::make_unique<Plain>(); });
+  for (const char* number : {"00001", "00002"}) Add(FileKind::kCompany, "TrabajadoresFijo", {{0, number}});
+  EXPECT_EQ(EligeTrabajador(sesion, ""), "00002");
+}
+
 TEST_F(ListsTest, ANewWorkerGetsTheNextFreeNumber) {
   const struct {
     const char* table;

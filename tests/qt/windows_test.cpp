@@ -1,12 +1,16 @@
 // Boxes, pick lists and help.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTextBrowser>
+#include <map>
 
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/keys.hpp"
@@ -14,6 +18,7 @@
 #include "adapters/qt/pick_window.hpp"
 #include "adapters/script/script_keys.hpp"
 #include "qt/demo_form.hpp"
+#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
@@ -121,6 +126,15 @@ TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {
   PressSoon({Code(key::kEnd), enter});
   empty.exec();
   EXPECT_EQ(empty.Chosen(), std::nullopt);
+
+  // A screen reader has a name for each, and the label that belongs to it.
+  std::map<QWidget*, QString> labels;
+  for (const auto* label : empty.findChildren<QLabel*>()) labels[label->buddy()] = label->text();
+  for (QWidget* widget : {static_cast<QWidget*>(&empty.Table()), static_cast<QWidget*>(&empty.Line())}) {
+    const bool is_table = widget == &empty.Table();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name), is_table ? "Nada" : "Buscar");
+    EXPECT_EQ(labels[widget], is_table ? "Nada" : "&Buscar:");
+  }
 }
 
 // Rows that come slowly, far more than the window reads before it is shown.
@@ -129,13 +143,16 @@ TEST_F(WindowsTest, AListBeginsOnThePresentRowAndTakesTheRightOneHoweverItIsSort
     bool Siguiente(std::vector<std::string>& textos) override {
       textos = {QString("%1").arg(at, 4, 10, QLatin1Char('0')).toStdString(),
                 QString("%1").arg((at * 7) % 5000, 4).toStdString()};
+      if (at == fails_at) throw RuntimeError(kObjectClosed);
       return at++ < 5000;
     }
+    int fails_at = -1;
     int at = 0;
   };
   const std::vector<RowPlace> places = {{1, 4}, {6, 4}};
-  const auto pick = [&](const std::string& present, std::vector<Key> keys) {
+  const auto pick = [&](const std::string& present, std::vector<Key> keys, int fails_at = -1) {
     Made made;
+    made.fails_at = fails_at;
     RowList rows(made, {"001", "000"}, places);
     PickView view;
     view.headings = {"Código", "Otro"};
@@ -156,6 +173,7 @@ TEST_F(WindowsTest, AListBeginsOnThePresentRowAndTakesTheRightOneHoweverItIsSort
   EXPECT_EQ(pick("4321", {sort('2'), sort('2'), Code(key::kDown), enter}), 4320U);
   EXPECT_EQ(pick("4321", {sort('1'), sort('1'), Code(key::kHome), enter}), 2857U) << "the one that has 4999";
   EXPECT_EQ(pick("4321", {sort('2'), sort('2'), sort('2'), Code(key::kHome), enter}), 0U);
+  for (const int row : {0, 3000}) EXPECT_THROW(pick("", {}, row), RuntimeError) << "closed by itself";
 }
 
 TEST_F(WindowsTest, HelpShowsThePageOfTheContextAndFollowsLinks) {

@@ -65,10 +65,11 @@ void Trabajadores::GrabaFicha() {
   SetStatus({});
   if (RespuestaNueva == BoxAnswer::kYes) CopiaConceptos();
   GrabarTrabajador();
-  const std::string avisos = Status();
+  const std::string grabado =
+      "Grabado: " + QuienEs(TextoRecortado(kNumero)) + (Status().empty() ? "" : ". ") + Status();
   Text1(kNumero).SetFocus();
   CancelaFicha();
-  SetStatus(avisos);
+  SetStatus(grabado);
   SetPointer(MousePointer::kDefault);
 }
 
@@ -154,7 +155,9 @@ void Trabajadores::BorraTrabajador() {
     sesion_.Tabla(TablaActiva).Delete();
     Host().DoEvents();
   }
+  const std::string borrado = "Borrado: " + QuienEs(numero);
   CancelaFicha();
+  SetStatus(borrado);
   SetPointer(MousePointer::kDefault);
 }
 

@@ -39,7 +39,7 @@ PantallaBase::PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco m
     std::string_view rotulo;
     int ancho;
   } titulos[] = {{kPanelCodigo, kTituloCodigo, "Código", 5},
-                 {kPanelNombre, kTituloNombre, "Nombre Empresa", 36},
+                 {kPanelNombre, kTituloNombre, "Nombre Empresa", 30},
                  {kPanelAno, kTituloAno, "Año", 2}};
   for (const auto& titulo : titulos) {
     SSPanel1.Add(titulo.panel).SetCaption(titulo.rotulo);

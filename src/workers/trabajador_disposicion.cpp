@@ -54,7 +54,7 @@ constexpr std::pair<IndiceGrupo, std::string_view> kGrupos[] = {
     {kGrupoConvenio, "Convenio y Categoría"},
     {kGrupoCotizacion, "Cotización"},
     {kGrupoSituaciones, "Situaciones del trabajador"},
-    {kGrupoContratos, "Contrato"},
+    {kGrupoContratos, "Contratos"},
     {kGrupoContrato1, "Primer contrato"},
     {kGrupoContrato2, "Segundo contrato"},
     {kGrupoContrato3, "Tercer contrato"},
@@ -197,11 +197,12 @@ Layout Trabajadores::Disposicion() {
   const auto contrato = [&](IndiceGrupo marco, CampoTrabajador tipo) {
     return grupo(marco, campos(tipo, tipo + (kFinBonificacion1 - kTipo1)));
   };
-  Layout contratos =
-      hoja(FrameContrato, {grupo(kGrupoContratos, {campo(kNumeroContrato)}),
-                           Table({"Tipo", "Modalidad", "Disposición", "% bonificación", "Fecha inicio", "Fecha fin"},
-                                 {contrato(kGrupoContrato1, kTipo1), contrato(kGrupoContrato2, kTipo2),
-                                  contrato(kGrupoContrato3, kTipo3)})});
+  Layout contratos = hoja(
+      FrameContrato, {grupo(kGrupoContratos,
+                            {campo(kNumeroContrato),
+                             Table({"Tipo", "Modalidad", "Disposición", "% bonificación", "Fecha inicio", "Fecha fin"},
+                                   {contrato(kGrupoContrato1, kTipo1), contrato(kGrupoContrato2, kTipo2),
+                                    contrato(kGrupoContrato3, kTipo3)})})});
   Layout parcial = hoja(FrameParcial, {grupo(kGrupoParcial, campos(kDiasParcial, kHorasComplementarias)),
                                        grupo(kGrupoFormacion, campos(kFormacionPresencial, kFormacionDistancia))});
   std::vector<Layout> cifras;
@@ -227,7 +228,7 @@ Layout Trabajadores::Disposicion() {
                       Flow({Joined(botones({&Inicio, &Anterior, &Siguiente, &Fin})), Space(),
                             Row(botones({&CmdIncidenciasIT, &CmdIncidenciasESP, &CmdIncidenciasVar, &Pendientes}))}),
                       // What removes stands away from what saves.
-                      Flow({Main(Grabar), Row(botones({&Cancela, &CmdNuevo})), Space(),
+                      Flow({MainButton(Grabar), Row(botones({&Cancela, &CmdNuevo})), Space(),
                             Row(botones({&Borrar, &CmdBorrar})), Space(), Row(botones({&Calculadora, &Salir}))}),
                       TiraAnuncio()})});
 }

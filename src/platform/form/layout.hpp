@@ -54,7 +54,7 @@ inline Layout Words(Label& label, int lines) {
   words.lines = lines;
   return words;
 }
-inline Layout Main(Button& button) {
+inline Layout MainButton(Button& button) {
   Layout place = Place(button);
   place.main = true;
   return place;

@@ -133,7 +133,7 @@ void FormWindow::Fit() {
   RenewSizes(*content_);
   wanted_ = content_->sizeHint();
   const QSize wanted = SizeIn(area.size());
-  const int status = status_->heightForWidth(wanted.width());
+  const int status = status_->HeightFor(wanted.width());
   // Scrolled, never squeezed.
   if (scroll_) content_->setMinimumSize(wanted);
   QSize size = wanted + QSize(0, status);
@@ -287,10 +287,10 @@ void FormWindow::Flush() {
 }
 
 void FormWindow::ShowStatus() {
-  const int before = status_->heightForWidth(width());
+  const int before = status_->HeightFor(width());
   status_->ShowMessage(ToQt(form_.Status()));
   // A status of several lines takes nothing from the fields.
-  const int more = status_->heightForWidth(width()) - before;
+  const int more = status_->HeightFor(width()) - before;
   if (more > 0) resize(width(), std::min(height() + more, screen()->availableGeometry().height()));
 }
 

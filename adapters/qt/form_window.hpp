@@ -111,9 +111,9 @@ class FormWindow : public QWidget, public FormView {
 
   Form& form_;
   QWidget* content_ = nullptr;
-  QScrollArea* scroll_ = nullptr;  // around the content; none where parts of it scroll
-  FormHeading* heading_ = nullptr;     // in the content, if the form has one
-  StatusLine* status_ = nullptr;   // below the content, always there
+  QScrollArea* scroll_ = nullptr;   // around the content; none where parts of it scroll
+  FormHeading* heading_ = nullptr;  // in the content, if the form has one
+  StatusLine* status_ = nullptr;    // below the content, always there
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<QObject*, ControlView*> watched_;
   std::set<const Control*> changed_;

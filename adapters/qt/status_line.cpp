@@ -28,18 +28,23 @@ StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
   time_->setAccessibleName(QStringLiteral("Hora del aviso"));
   message_ = add("status", 1, tone::kText);
   message_->setWordWrap(true);
+  // The line sees to its height itself.
+  QSizePolicy policy = message_->sizePolicy();
+  policy.setHeightForWidth(false);
+  message_->setSizePolicy(policy);
   expected_ = add("expected", 0, tone::kText);
   expected_->setAccessibleName(QStringLiteral("Qué se escribe en el campo"));
   position_ = add("position", 0, tone::kQuiet);
   insert_ = add("insert", 0, tone::kQuiet);
   insert_->setAccessibleName(QStringLiteral("Modo de escritura"));
+  FitHeight();
 }
 
 void StatusLine::ShowMessage(const QString& message) {
   if (message_->text() == message) return;
   message_->setText(message);
   time_->setText(message.isEmpty() ? QString() : QTime::currentTime().toString(QStringLiteral("HH:mm")));
-  setFixedHeight(heightForWidth(width()));
+  FitHeight();
 }
 
 void StatusLine::ShowPlace(const QString& position, const QString& expected) {
@@ -52,9 +57,11 @@ void StatusLine::ShowInsert(bool on) {
   if (insert_->text() != words) insert_->setText(words);
 }
 
-void StatusLine::resizeEvent(QResizeEvent* /*event*/) { setFixedHeight(heightForWidth(width())); }
+void StatusLine::resizeEvent(QResizeEvent* /*event*/) { FitHeight(); }
 
-int StatusLine::heightForWidth(int width) const {
+void StatusLine::FitHeight() { setFixedHeight(HeightFor(width())); }
+
+int StatusLine::HeightFor(int width) const {
   int taken = layout()->contentsMargins().left() + layout()->contentsMargins().right();
   for (const QLabel* label : {time_, expected_, position_, insert_}) {
     taken += label->sizeHint().width() + layout()->spacing();

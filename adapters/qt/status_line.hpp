@@ -17,13 +17,15 @@ class StatusLine : public QWidget {
   void ShowPlace(const QString& position, const QString& expected);
   void ShowInsert(bool on);
 
-  bool hasHeightForWidth() const override { return true; }
-  int heightForWidth(int width) const override;
+  // The height that it needs, which it has by itself at the width that it has.
+  int HeightFor(int width) const;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void FitHeight();
+
   QLabel* time_;
   QLabel* message_;
   QLabel* expected_;

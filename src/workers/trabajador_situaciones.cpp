@@ -29,7 +29,7 @@ struct ColumnaSituacion {
   bool fecha;
 };
 constexpr ColumnaSituacion kTabla[kColumnasSituacion] = {
-    {"Nº", 1, 600, false}, {"Descripción", 2, 1850, false}, {"Inicio", 3, 900, true}, {"Fin", 4, 900, true}};
+    {"Nº", 1, 600, false}, {"Descripción", 2, 1850, false}, {"Inicio", 3, 980, true}, {"Fin", 4, 980, true}};
 
 }  // namespace
 

@@ -45,13 +45,13 @@ TEST_F(TrabajadoresTest, SaysWhatTheFieldTakes) {
   Abre();
   Rellena(kNumero, "13");
   const std::pair<CampoTrabajador, const char*> campos[] = {
-      {kNumero, "Hasta 5 cifras · Intro: muestra al trabajador · F2: lista · Obligatorio"},
+      {kNumero, "5 cifras · Intro: lo muestra · F2: lista"},
       {kApellido1, "Hasta 20 caracteres"},
-      {kTipoIdentificacion, "Código, una letra o cifra · F2: lista · Obligatorio"},
+      {kTipoIdentificacion, "Código, una letra o cifra · F2: lista"},
       {kFechaNacimiento, "Fecha: ddmmaa"},
       {kRetribuciones, "Importe"},
       {kCeuta, "Barra espaciadora: sí o no"},
-      {kCuenta, "Hasta 10 cifras"},
+      {kCuenta, "10 cifras"},
       {kModalidad1, "Lo pone el programa"},
       {kHorasParcial, "Horas, hasta 24"},
       {kPorcentajeIRPF, "Porcentaje, hasta 100"},

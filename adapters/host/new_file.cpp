@@ -76,13 +76,10 @@ std::error_code ReplaceFile(const fs::path& path, std::string_view contents) {
     beside = FolderOf(path) / (".zendara-" + std::to_string(getpid()) + "-" + std::to_string(number));
     error = WriteNewFile(beside, contents);
   }
-  if (error) return error;
-  if (rename(beside.c_str(), path.c_str()) != 0) {
-    error = Failure();
-    unlink(beside.c_str());
-    return error;
-  }
-  return SyncFolder(FolderOf(path));
+  if (!error && rename(beside.c_str(), path.c_str()) != 0) error = Failure();
+  if (!error) return SyncFolder(FolderOf(path));
+  unlink(beside.c_str());
+  return error;
 }
 
 std::error_code RenameFile(const fs::path& from, const fs::path& to) {

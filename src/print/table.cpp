@@ -45,6 +45,9 @@ class Layouter {
     return bold ? kHead : kCell;
   }
 
+  // A longer one is broken rather than that its column goes below the others.
+  int LongestWord() const { return flow_.Width() / 4; }
+
   Column Measured(std::size_t index) const {
     Column column{index, 0, 0};
     for (std::size_t row = 0; row < table_.rows.size(); ++row) {
@@ -52,7 +55,8 @@ class Layouter {
       const bool whole = table_.columns[index] == Side::kRight && row >= table_.heads;
       const int width = FullWidth(text, FontOf(row), flow_.Measure());
       column.width = std::max(column.width, width);
-      column.least = std::max(column.least, whole ? width : WordWidth(text, FontOf(row), flow_.Measure()));
+      const int word = whole ? width : std::min(WordWidth(text, FontOf(row), flow_.Measure()), LongestWord());
+      column.least = std::max(column.least, word);
     }
     column.width = std::min(column.width, flow_.Width());
     column.least = std::min(column.least, flow_.Width());

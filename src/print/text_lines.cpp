@@ -94,7 +94,7 @@ std::vector<std::string> Wrap(std::string_view text, int width, const Font& font
   }
 }
 
-std::vector<Line> LinesOf(std::string_view text, const Place& place, const TextMeasure& measure) {
+std::vector<Line> LinesOf(std::string_view text, const TextPlace& place, const TextMeasure& measure) {
   std::vector<Line> lines;
   for (std::string& words : Wrap(text, place.width, place.font, measure)) {
     Line& line = lines.emplace_back(Line{measure.LineHeight(place.font), {}});

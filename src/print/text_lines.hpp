@@ -18,7 +18,7 @@ struct Line {
 enum class Side { kLeft, kCenter, kRight };
 
 // Where a text goes, and how.
-struct Place {
+struct TextPlace {
   int x = 0;
   int width = 0;
   Font font;
@@ -30,7 +30,7 @@ struct Place {
 // stays whole. A word that is too wide by itself is broken where the width ends; no character is lost. At least one
 // line.
 std::vector<std::string> Wrap(std::string_view text, int width, const Font& font, const TextMeasure& measure);
-std::vector<Line> LinesOf(std::string_view text, const Place& place, const TextMeasure& measure);
+std::vector<Line> LinesOf(std::string_view text, const TextPlace& place, const TextMeasure& measure);
 
 // The width that the text takes unbroken, and that of its widest word.
 int FullWidth(std::string_view text, const Font& font, const TextMeasure& measure);

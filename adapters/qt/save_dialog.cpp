@@ -14,13 +14,10 @@ namespace {
 
 // The toolkit's words, of which only this dialog shows any.
 void SpeakSpanish() {
-  static QTranslator* const translator = [] {
-    auto* made = new QTranslator(QCoreApplication::instance());
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (made->load(QStringLiteral("qtbase_es"), folder)) QCoreApplication::installTranslator(made);
-    return made;
-  }();
-  Q_UNUSED(translator);
+  static QTranslator translator;
+  if (!translator.isEmpty()) return;
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (translator.load(QStringLiteral("qtbase_es"), folder)) QCoreApplication::installTranslator(&translator);
 }
 
 }  // namespace

@@ -17,6 +17,7 @@ constexpr int kWideGap = 360;  // between entries beside each other
 constexpr int kBelowSetting = 120;
 constexpr int kBelowHead = 240;
 constexpr int kAboveFoot = 200;
+constexpr int kBelowAgain = 60;
 
 // yyyy-mm-ddThh:mm:ss as dd/mm/yyyy and the time without seconds.
 std::string PrintedOn(const std::string& created) {
@@ -95,6 +96,7 @@ void PageFlow::BeginPage(Level before) {
   for (const Line& line : head_) Place(line);
   for (std::size_t i = 0; i < static_cast<std::size_t>(before); ++i) {
     for (const Line& line : again_[i]) Place(line);
+    if (!again_[i].empty()) y_ += kBelowAgain;
   }
   begun_ = y_;
 }

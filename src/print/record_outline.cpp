@@ -83,28 +83,20 @@ class Reader {
 
  private:
   void Walk(const Layout& layout, std::size_t section) {
-    if (layout.control && !layout.control->Visible()) return;
-    switch (layout.kind) {
-      case LayoutKind::kColumn:
-      case LayoutKind::kRow:
-        return WalkInto(layout, section);
-      case LayoutKind::kControl:
-        return Add(layout, section);
-      case LayoutKind::kFrame: {
-        const std::string title = Words(layout.control->Caption());
-        return WalkInto(layout, title.empty() ? section : Inner(section, &Section::frames, title));
+    if (!layout.control) return WalkInto(layout, section);  // columns and rows
+    const Control& control = *layout.control;
+    if (!control.Visible()) return;
+    if (layout.kind == LayoutKind::kControl) Add(control, layout.attached, section);
+    if (layout.kind == LayoutKind::kFrame) {
+      const std::string title = Words(control.Caption());
+      WalkInto(layout, title.empty() ? section : Inner(section, &Section::frames, title));
+    }
+    if (layout.kind == LayoutKind::kTabs) {
+      const auto& titles = static_cast<const Tabs&>(control).Titles();
+      for (std::size_t page = 0; page < layout.children.size(); ++page) {
+        const std::string title = page < titles.size() ? Words(titles[page]) : std::string();
+        Walk(layout.children[page], Inner(section, &Section::pages, title));
       }
-      case LayoutKind::kTabs: {
-        const auto& titles = static_cast<const Tabs&>(*layout.control).Titles();
-        for (std::size_t page = 0; page < layout.children.size(); ++page) {
-          const std::string title = page < titles.size() ? Words(titles[page]) : std::string();
-          Walk(layout.children[page], Inner(section, &Section::pages, title));
-        }
-        return;
-      }
-      case LayoutKind::kStrip:
-      case LayoutKind::kSpace:
-        return;
     }
   }
 
@@ -120,13 +112,12 @@ class Reader {
     return outline_.sections.size() - 1;
   }
 
-  void Add(const Layout& layout, std::size_t section) {
-    const Control& control = *layout.control;
+  void Add(const Control& control, const std::vector<Control*>& attached, std::size_t section) {
     std::vector<Part>& parts = outline_.sections[section].parts;
     switch (control.Kind()) {
       case ControlKind::kTextBox:
       case ControlKind::kComboBox: {
-        Entry entry = {LabelOf(control), Value(layout)};
+        Entry entry = {LabelOf(control), Value(control, attached)};
         const bool begins = outline_.sections.size() == 1 && parts.empty();
         if (begins && !control.Enabled()) {
           if (!entry.value.empty()) outline_.setting.push_back(std::move(entry));
@@ -156,9 +147,9 @@ class Reader {
     }
   }
 
-  static std::string Value(const Layout& layout) {
-    std::string value = Trim(layout.control->ShownText());
-    for (const Control* behind : layout.attached) {
+  static std::string Value(const Control& control, const std::vector<Control*>& attached) {
+    std::string value = Trim(control.ShownText());
+    for (const Control* behind : attached) {
       if (!behind->Visible()) continue;
       std::string more;
       if (behind->Kind() == ControlKind::kLabel) more = Words(behind->Caption());

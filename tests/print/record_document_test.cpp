@@ -17,6 +17,7 @@ namespace {
 
 const std::string kNow = "2026-11-21T18:05:09";
 const std::string kLongFigure(60, '7');
+const std::string kLetters[] = {"a", "ñ", "É", "7"};
 
 std::string WithoutBlanks(std::string text) {
   std::erase(text, ' ');
@@ -136,7 +137,7 @@ class RandomForm : public Form {
   int Below(int bound) { return std::uniform_int_distribution<>(0, bound - 1)(random_); }
   std::string Word(int longest) {
     std::string word;
-    for (int i = Below(longest); i >= 0; --i) word += std::vector<std::string>{"a", "ñ", "É", "7"}[Below(4)];
+    for (int i = Below(longest); i >= 0; --i) word += kLetters[static_cast<std::size_t>(Below(4))];
     return word;
   }
 
@@ -163,7 +164,8 @@ class RandomForm : public Form {
     for (int row = 1; row < Table.Rows(); ++row) {
       Table.SetCell(row, 0, "Fila " + std::to_string(row) + ".");
       for (int column = 1; row % 2 == 0 && column < Table.Columns(); ++column) {
-        Table.SetCell(row, column, std::to_string(row * 100 + column) + std::string(Below(12), '0'));
+        Table.SetCell(row, column,
+                      std::to_string(row * 100 + column) + std::string(static_cast<std::size_t>(Below(12)), '0'));
       }
     }
   }
@@ -229,8 +231,8 @@ TEST_F(RecordDocumentTest, AGroupInWhichNothingIsFilledInIsItsTitle) {
 
 TEST_F(RecordDocumentTest, TheDetailOfABox) {
   std::vector<BoxDetail> rows;
-  for (int i = 0; i < 90; ++i) {
-    rows.push_back({"Paso " + std::to_string(i), std::to_string(i * i) + ",5", std::string(i * 3, 'x') + " × 24 %"});
+  for (std::size_t i = 0; i < 90; ++i) {
+    rows.push_back({"Paso " + std::to_string(i), std::to_string(i * i) + ",5", std::string(3 * i, 'x') + " × 24 %"});
   }
   const Heading heading = {{{"Año:", "01"}}, "Tipo de IRPF", "00900 Peña Güell", kNow};
   const Document document = DetailDocument(heading, "Sale 13,85\n ¿Quiere aplicarlo? ", rows, measure_);

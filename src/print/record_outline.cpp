@@ -114,46 +114,35 @@ class Reader {
 
   void Add(const Control& control, const std::vector<Control*>& attached, std::size_t section) {
     std::vector<Part>& parts = outline_.sections[section].parts;
-    switch (control.Kind()) {
-      case ControlKind::kTextBox:
-      case ControlKind::kComboBox: {
-        Entry entry = {LabelOf(control), Value(control, attached)};
-        const bool begins = outline_.sections.size() == 1 && parts.empty();
-        if (begins && !control.Enabled()) {
-          if (!entry.value.empty()) outline_.setting.push_back(std::move(entry));
-        } else if (!entry.label.empty() || !entry.value.empty()) {
-          parts.emplace_back(std::move(entry));
-        }
-        return;
+    if (control.HasCaptionBefore()) {
+      Entry entry = {LabelOf(control), Value(control, attached)};
+      const bool begins = outline_.sections.size() == 1 && parts.empty();
+      if (begins && !control.Enabled()) {
+        if (!entry.value.empty()) outline_.setting.push_back(std::move(entry));
+      } else if (!entry.label.empty() || !entry.value.empty()) {
+        parts.emplace_back(std::move(entry));
       }
-      case ControlKind::kCheckBox:
-        parts.emplace_back(Entry{LabelOf(control), Marked(static_cast<const CheckBox&>(control).Value())});
-        return;
-      case ControlKind::kOptionButton:
-        parts.emplace_back(Entry{LabelOf(control), Marked(static_cast<const OptionButton&>(control).Value() ? 1 : 0)});
-        return;
-      case ControlKind::kLabel:
-        if (const std::string words = Words(control.Caption()); !words.empty()) parts.emplace_back(Entry{{}, words});
-        return;
-      case ControlKind::kGrid:
-        parts.emplace_back(TableOf(static_cast<const Grid&>(control)));
-        return;
-      case ControlKind::kButton:
-      case ControlKind::kTabs:
-      case ControlKind::kFrame:
-      case ControlKind::kPicture:
-      case ControlKind::kImage:
-        return;
+    } else if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
+      parts.emplace_back(Entry{LabelOf(control), Marked(check->Value())});
+    } else if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
+      parts.emplace_back(Entry{LabelOf(control), Marked(option->Value() ? 1 : 0)});
+    } else if (const auto* grid = dynamic_cast<const Grid*>(&control)) {
+      parts.emplace_back(TableOf(*grid));
+    } else if (const std::string words = LabelWords(control); !words.empty()) {
+      parts.emplace_back(Entry{{}, words});
     }
+  }
+
+  // What a label says; other controls say nothing by themselves.
+  static std::string LabelWords(const Control& control) {
+    return dynamic_cast<const Label*>(&control) ? Words(control.Caption()) : std::string();
   }
 
   static std::string Value(const Control& control, const std::vector<Control*>& attached) {
     std::string value = Trim(control.ShownText());
     for (const Control* behind : attached) {
       if (!behind->Visible()) continue;
-      std::string more;
-      if (behind->Kind() == ControlKind::kLabel) more = Words(behind->Caption());
-      if (behind->HasCaptionBefore()) more = Trim(behind->ShownText());
+      const std::string more = behind->HasCaptionBefore() ? Trim(behind->ShownText()) : LabelWords(*behind);
       if (!more.empty()) value += (value.empty() ? "" : "  ") + more;
     }
     return value;

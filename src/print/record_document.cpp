@@ -17,9 +17,9 @@ namespace {
 constexpr Font kText = {9, false};
 constexpr Font kPageTitle = {11, true};
 constexpr Font kFrameTitle = {9, true};
-constexpr int kAbovePage = 300;
-constexpr int kAboveFrame = 140;
-constexpr int kAboveRow = 40;
+constexpr int kAbovePage = 240;
+constexpr int kAboveFrame = 100;
+constexpr int kAboveRow = 30;
 constexpr int kUnderTitle = 50;
 constexpr int kBetween = 360;          // the two columns of fields
 constexpr int kGap = 120;              // a label and its value

@@ -90,6 +90,8 @@ std::span<const Lista* const> Listas();
 std::string ConsultaDe(const Lista& lista, const std::vector<std::string>& parametros);
 // How its rows are shown; they begin on the one whose pieces are `actuales`.
 PickView VistaDe(const Lista& lista, const std::vector<std::string>& actuales, YearWindow ventana);
+// What a code stands for in the lines of a fixed list; empty for none of its codes.
+std::string_view TextoDeCodigo(const Lista& lista, std::string_view codigo);
 // The pieces of a returned row, one for each of `cortes`.
 std::vector<std::string> CortaFila(const Lista& lista, std::string_view fila);
 

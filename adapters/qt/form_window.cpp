@@ -219,6 +219,10 @@ void FormWindow::keyPressEvent(QKeyEvent* event) { PressKeys(*event); }
 
 bool FormWindow::PressKeys(const QKeyEvent& event) {
   if (HandleZoomKey(event)) return true;
+  if (keep_ && IsKeepKey(event)) {
+    keep_();
+    return true;
+  }
   for (const Key& key : KeysOf(event)) {
     if (form_.Loaded()) Pass([&] { form_.Press(key); });
   }

@@ -250,8 +250,9 @@ class Builder {
   }
 
   // Headings of columns, and a row of fields for each frame.
-  QLayout* Rows(QWidget& parent, const Layout& layout) {
+  QLayout* Rows(QWidget& parent, const Layout& layout, int label_column) {
     auto* grid = new QGridLayout;
+    grid->setProperty(kLabelColumn, label_column);
     int column = 1;
     for (const std::string& heading : layout.headings) {
       auto* words = new QLabel(ToQt(heading), &parent);
@@ -267,7 +268,9 @@ class Builder {
       column = 1;
       for (Layout cell : child.children) {
         cell.labelled = false;
-        grid->addLayout(Place(parent, cell, PlainCaption(child.control->Caption())).body, row, column++);
+        QHBoxLayout* body = Place(parent, cell, PlainCaption(child.control->Caption())).body;
+        body->addStretch();
+        grid->addLayout(body, row, column++);
       }
       ++row;
     }
@@ -305,7 +308,7 @@ class Builder {
         grid.addWidget(Container(parent, child, column), row, 0, 1, 2);
         break;
       case LayoutKind::kTable:
-        across(Rows(parent, child));
+        across(Rows(parent, child, column));
         break;
       case LayoutKind::kFlow:
         across(Flowing(parent, child));
@@ -374,7 +377,7 @@ class Builder {
           body.addWidget(Container(parent, child, NewColumn()), 1);
           break;
         case LayoutKind::kTable:
-          body.addLayout(Rows(parent, child), 1);
+          body.addLayout(Rows(parent, child, NewColumn()), 1);
           break;
         case LayoutKind::kFlow:
           body.addLayout(Flowing(parent, child), 1);

@@ -81,6 +81,7 @@ constexpr CampoRegularizacion kRegularizacion[] = {
     {7, "Ret. anual inicial:", true},
 };
 constexpr int kLargoImporte = 10;
+constexpr int kPuntosImporte = 3;  // between its thousands
 constexpr int kLineasFamilia = 3;  // of the longest family situación
 
 constexpr const char* kPaginasTab1[] = {"Datos Trabajador", "I.R.P.F.", "I.R.P.F. (2)", "Cuenta Bancaria", "Situación"};
@@ -99,6 +100,7 @@ void Trabajadores::PonRotulos() {
     TextBox& texto = Text2.Add(campo.indice);
     texto.SetCaption(campo.rotulo);
     texto.SetMaxLength(kLargoImporte);
+    texto.SetWidth(kLargoImporte + kPuntosImporte);
     texto.SetAlignment(Alignment::kRight);
     texto.SetGrouped(true);
     texto.SetLocked(campo.bloqueado);

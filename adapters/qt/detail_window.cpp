@@ -129,7 +129,7 @@ void DetailWindow::Fill(const std::vector<BoxDetail>& rows) {
       item->setTextAlignment(alignment(column));
       if (row == table_->rowCount() - 1) {
         item->setFont(bold);
-        item->setBackground(tone::kHeading);
+        item->setBackground(ColourOf(Role::kHeading));
       }
       table_->setItem(row, column, item);
     }

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -99,7 +100,7 @@ class Builder {
     if (HasLabel(layout)) line.label = Label(parent, *layout.control, view);
     line.body = new QHBoxLayout;
     line.body->addWidget(view.Widget());
-    const QString name = PlainCaption(layout.control->Caption());
+    const QString name = NameOf(*layout.control);
     for (Control* control : layout.attached) {
       const ControlView& behind = View(parent, *control);
       line.body->addWidget(behind.Widget());

@@ -4,16 +4,17 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <algorithm>
 #include <utility>
 
+#include "adapters/qt/fit.hpp"
 #include "adapters/qt/form_layout.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/status_line.hpp"
 #include "adapters/qt/text.hpp"
 
@@ -39,6 +40,11 @@ ControlView::ControlView(FormWindow& window, Control& control, QWidget* widget)
   Watch(widget);
 }
 
+void ControlView::SetLabel(QLabel* label) {
+  label_ = label;
+  label->setBuddy(FocusTarget());  // what it is the label of, for screen readers
+}
+
 void ControlView::Watch(QWidget* widget) {
   window_.watched_[widget] = this;
   widget->installEventFilter(&window_);
@@ -53,8 +59,10 @@ void ControlView::Sync() {
     widget_->setToolTip(hint);
     widget_->setAccessibleDescription(hint);
   }
-  const QString name = PlainCaption(control_.Caption());
-  if (!name.isEmpty() && widget_->accessibleName() != name) widget_->setAccessibleName(name);
+  const bool by_place = control_.IsEntered() || control_.PageCount() > 0;
+  const QString name = by_place ? NameOf(control_) : PlainCaption(control_.Caption());
+  QWidget* spoken = FocusTarget();
+  if (!name.isEmpty() && spoken->accessibleName() != name) spoken->setAccessibleName(name);
 }
 
 bool ControlView::Handle(QObject* /*watched*/, QEvent* event) {
@@ -114,22 +122,36 @@ void FormWindow::Rescale() {
 }
 
 void FormWindow::Fit() {
-  const QRect area = screen()->availableGeometry();
+  frame_ = FrameOf(*this);
+  const QRect room = RoomFor(*this);
   RenewSizes(*scroll_->widget());
   const QSize wanted = scroll_->widget()->sizeHint();
-  const int status = status_->sizeHint().height();
   // Scrolled, never squeezed.
   scroll_->widget()->setMinimumSize(wanted);
-  QSize size = wanted + QSize(0, status);
+  if (isMaximized()) return;
+  QSize size = wanted + QSize(0, status_->HeightAt(wanted.width()));
   // What does not fit on the screen is scrolled, and the bar needs its own place.
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2;
-  if (size.height() > area.height()) size.rwidth() += bar;
-  if (wanted.width() > area.width()) size.rheight() += bar;
-  size = size.boundedTo(area.size());
+  if (size.height() > room.height()) size.rwidth() += bar;
+  if (wanted.width() > room.width()) size.rheight() += bar;
+  size = size.boundedTo(room.size());
   setMinimumSize(size.boundedTo(QSize(320, 240)));
   resize(size);
-  move(area.center() - QPoint(size.width() / 2, size.height() / 2));
+  if (isVisible()) return KeepOnScreen(*this);
+  move(room.center() - QPoint(size.width() / 2 + frame_.left(), size.height() / 2 + frame_.top()));
 }
+
+// The window manager has put its frame around the window, which may be another than was reckoned with.
+void FormWindow::HeedFrame() {
+  if (!isVisible() || isMaximized() || isMinimized() || FrameOf(*this) == frame_) return;
+  frame_ = FrameOf(*this);
+  QMetaObject::invokeMethod(
+      this, [this] { Fit(); }, Qt::QueuedConnection);
+}
+
+void FormWindow::moveEvent(QMoveEvent* /*event*/) { HeedFrame(); }
+
+void FormWindow::resizeEvent(QResizeEvent* /*event*/) { HeedFrame(); }
 
 QRect FormWindow::PlaceOf(const Control& control) {
   Flush();
@@ -250,10 +272,14 @@ void FormWindow::Flush() {
   if (syncing_) return;
   syncing_ = true;
   if (std::exchange(form_changed_, false)) {
-    status_->ShowMessage(ToQt(form_.Status()));
     // A status of several lines takes nothing from the fields.
-    const int more = status_->heightForWidth(width()) - status_->height();
-    if (more > 0) resize(width(), std::min(height() + more, screen()->availableGeometry().height()));
+    const int before = status_->HeightAt(width());
+    status_->ShowMessage(ToQt(form_.Status()));
+    const int more = status_->HeightAt(width()) - before;
+    if (more > 0 && isVisible() && !isMaximized()) {
+      resize(width(), std::min(height() + more, RoomFor(*this).height()));
+      KeepOnScreen(*this);
+    }
     // The hourglass takes no input away.
     if (form_.Pointer() == MousePointer::kHourglass) {
       setCursor(Qt::WaitCursor);
@@ -290,13 +316,34 @@ void FormWindow::ShowFocus() {
   if (focusWidget() != target || !target->hasFocus()) target->setFocus(Qt::OtherFocusReason);
   if (view) {
     view->Sync();
-    // With the words before it.
-    const int label = fontMetrics().height() * kLinesOfLabel;
-    const QPoint corner = view->Widget()->mapTo(scroll_->widget(), QPoint(0, 0));
-    const QSize size = view->Widget()->size();
-    scroll_->ensureVisible(corner.x() + size.width(), corner.y() + size.height());
-    scroll_->ensureVisible(std::max(corner.x() - label, 0), corner.y());
+    Reveal(*view->Widget());
   }
+}
+
+// With the words before it, in whatever scrolls around it.
+void FormWindow::Reveal(const QWidget& widget) {
+  const int label = fontMetrics().height() * kLinesOfLabel;
+  for (QWidget* around = widget.parentWidget(); around && around != this; around = around->parentWidget()) {
+    auto* area = qobject_cast<QScrollArea*>(around);
+    if (!area) continue;
+    const QPoint corner = widget.mapTo(area->widget(), QPoint(0, 0));
+    area->ensureVisible(corner.x() + widget.width(), corner.y() + widget.height());
+    area->ensureVisible(std::max(corner.x() - label, 0), corner.y());
+  }
+}
+
+const Control* FormWindow::EnteredField() const {
+  const Control* focus = form_.Focus();
+  return focus && focus->IsEntered() && focus->Usable() ? focus : nullptr;
+}
+
+void FormWindow::Mark(const Control& control, bool marked) {
+  const ControlView* view = ViewOf(control);
+  if (!view) return;
+  view->Widget()->setProperty(kMarked, marked);
+  const auto* scrolled = qobject_cast<QAbstractScrollArea*>(view->Widget());
+  (scrolled ? scrolled->viewport() : view->Widget())->update();
+  view->Widget()->update();
 }
 
 }  // namespace zendara

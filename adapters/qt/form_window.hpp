@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QMargins>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
@@ -33,7 +34,7 @@ class ControlView {
   // What has the keyboard when the control has the focus.
   virtual QWidget* FocusTarget() const { return widget_; }
   // Shown and hidden with the control.
-  void SetLabel(QLabel* label) { label_ = label; }
+  void SetLabel(QLabel* label);
 
   // Brings the widget in step with the model.
   virtual void Sync();
@@ -77,10 +78,16 @@ class FormWindow : public QWidget, public FormView {
   // Called when the form was unloaded, as the last thing: it may end this window.
   void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }
 
-  // Size of the content, within the screen, and centred.
+  // Size of the content, within the screen and with its frame. Centred at first; once it is shown it stays where it is
+  // as far as that goes.
   void Fit();
   // Where the control stands in the window, which need not be shown yet. REQUIRES: it has a view.
   QRect PlaceOf(const Control& control);
+
+  // The control with the focus, if it holds what the user enters; otherwise nullptr.
+  const Control* EnteredField() const;
+  // Shows that a box is about that control. Nothing if the window does not show it.
+  void Mark(const Control& control, bool marked);
 
   void ControlChanged(const Control& control) override;
   void FocusMoved() override;
@@ -90,6 +97,8 @@ class FormWindow : public QWidget, public FormView {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -98,9 +107,11 @@ class FormWindow : public QWidget, public FormView {
   void Build();
   void Rescale();
   void Grow();
+  void HeedFrame();
   void Queue();
   bool PressKeys(const QKeyEvent& event);
   void ShowFocus();
+  void Reveal(const QWidget& widget);
   void ShowTitle();
 
   Form& form_;
@@ -109,6 +120,7 @@ class FormWindow : public QWidget, public FormView {
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<QObject*, ControlView*> watched_;
   std::set<const Control*> changed_;
+  QMargins frame_;  // that Fit has reckoned with
   bool focus_moved_ = true;
   bool form_changed_ = true;
   bool queued_ = false;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QPointer>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QtMath>
@@ -14,8 +15,10 @@
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/message_box.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/pick_window.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/qt/window_chain.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -31,7 +34,7 @@ constexpr int kTwipsPerPixel = 15;
 
 }  // namespace
 
-QtHost::QtHost() {
+QtHost::QtHost() : chain_(std::make_unique<WindowChain>()) {
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
@@ -46,7 +49,21 @@ FormWindow* QtHost::WindowOf(const Form& form) const {
   return awaiting == awaiting_.end() ? nullptr : awaiting->get();
 }
 
-QWidget* QtHost::Behind() const { return windows_.empty() ? QApplication::activeWindow() : windows_.back(); }
+QWidget* QtHost::Behind() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  return windows_.empty() ? QApplication::activeWindow() : windows_.back();
+}
+
+namespace {
+
+// Gives the keyboard back to it; otherwise nobody has it where no window manager passes it on.
+void GoBackTo(const QPointer<QWidget>& window) {
+  if (!window) return;
+  if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+  window->activateWindow();
+}
+
+}  // namespace
 
 void QtHost::FlushAll() {
   for (FormWindow* window : windows_) window->Flush();
@@ -56,7 +73,7 @@ void QtHost::FlushAll() {
 
 void QtHost::ShowModal(Form& form) {
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   std::unique_ptr<FormWindow> window;
   const auto made = std::ranges::find_if(awaiting_, [&](const auto& w) { return &w->Shown() == &form; });
   if (made != awaiting_.end()) {
@@ -77,8 +94,7 @@ void QtHost::ShowModal(Form& form) {
   }
   std::erase(windows_, window.get());
   window->hide();
-  // Otherwise nobody has the keyboard where no window manager passes it on.
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
 }
 
 void QtHost::DoEvents() {
@@ -88,9 +104,9 @@ void QtHost::DoEvents() {
 
 void QtHost::ShowHelp(const std::string& /*file*/, int context) {
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   HelpWindow(context, behind).exec();
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
 }
 
 std::int32_t QtHost::WindowHandle(Form& form) {
@@ -117,9 +133,15 @@ std::optional<ControlPlace> QtHost::PlaceOf(const Control& control) {
 
 BoxAnswer QtHost::Show(const Box& box) {
   FlushAll();
-  QWidget* behind = Behind();
-  const BoxAnswer answer = MessageBox(box, ToQt(box.title.empty() ? kApplicationTitle : box.title), behind).Ask();
-  if (behind) behind->activateWindow();
+  const QPointer<QWidget> behind = Behind();
+  FormWindow* top = Top();
+  const Control* field = top && top == behind ? top->EnteredField() : nullptr;
+  if (field) top->Mark(*field, true);
+  const QString title = ToQt(box.title.empty() ? kApplicationTitle : box.title);
+  const BoxAnswer answer = MessageBox(box, title, field ? NameAndPlace(*field) : QString(), behind).Ask();
+  // Nobody unloads a form behind a box, but a host may.
+  if (field && std::ranges::find(windows_, top) != windows_.end()) top->Mark(*field, false);
+  GoBackTo(behind);
   return answer;
 }
 
@@ -127,10 +149,10 @@ void QtHost::Beep() { QApplication::beep(); }
 
 std::optional<std::size_t> QtHost::Choose(const std::string& title, RowList& rows) {
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   PickWindow window(ToQt(title), rows, behind);
   window.exec();
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
   return window.Chosen();
 }
 

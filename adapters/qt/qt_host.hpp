@@ -17,6 +17,7 @@ class QWidget;
 namespace zendara {
 
 class FormWindow;
+class WindowChain;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
  public:
@@ -54,6 +55,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   QWidget* Behind() const;
 
   Components components_;
+  std::unique_ptr<WindowChain> chain_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top
   std::vector<std::unique_ptr<FormWindow>> awaiting_;  // asked for by forms that load, and shown next
 };

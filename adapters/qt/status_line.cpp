@@ -1,12 +1,23 @@
 #include "adapters/qt/status_line.hpp"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <algorithm>
 
 namespace zendara {
+namespace {
+
+QAccessibleInterface* Accessible(const QString& /*key*/, QObject* object) {
+  auto* line = dynamic_cast<StatusLine*>(object);
+  return line ? new QAccessibleWidget(line, QAccessible::StatusBar) : nullptr;
+}
+
+}  // namespace
 
 StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
+  [[maybe_unused]] static const bool installed = (QAccessible::installFactory(Accessible), true);
   auto* row = new QHBoxLayout(this);
   const int margin = fontMetrics().descent();
   row->setContentsMargins(2 * margin, margin, 2 * margin, margin);
@@ -27,8 +38,15 @@ StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
 }
 
 void StatusLine::ShowMessage(const QString& message) {
-  if (message_->text() != message) message_->setText(message);
+  if (message_->text() == message) return;
+  message_->setText(message);
+  setFixedHeight(HeightAt(width()));
+  if (message.isEmpty()) return;
+  QAccessibleEvent alert(message_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
 }
+
+void StatusLine::resizeEvent(QResizeEvent* /*event*/) { setFixedHeight(HeightAt(width())); }
 
 void StatusLine::ShowPlace(const QString& position, const QString& expected) {
   if (position_->text() != position) position_->setText(position);
@@ -40,7 +58,7 @@ void StatusLine::ShowInsert(bool on) {
   if (insert_->text() != words) insert_->setText(words);
 }
 
-int StatusLine::heightForWidth(int width) const {
+int StatusLine::HeightAt(int width) const {
   int taken = layout()->contentsMargins().left() + layout()->contentsMargins().right();
   for (const QLabel* label : {expected_, position_, insert_}) taken += label->sizeHint().width() + layout()->spacing();
   const int margins = layout()->contentsMargins().top() + layout()->contentsMargins().bottom();

@@ -17,8 +17,11 @@ class StatusLine : public QWidget {
   void ShowPlace(const QString& position, const QString& expected);
   void ShowInsert(bool on);
 
-  bool hasHeightForWidth() const override { return true; }
-  int heightForWidth(int width) const override;
+  // The height that it needs, and has, at that width.
+  int HeightAt(int width) const;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QLabel* message_;

@@ -337,6 +337,11 @@ const Control* FormWindow::EnteredField() const {
   return focus && focus->IsEntered() && focus->Usable() ? focus : nullptr;
 }
 
+QRect FormWindow::OnScreen(const Control& control) const {
+  const QWidget* widget = ViewOf(control)->Widget();
+  return {widget->mapToGlobal(QPoint(0, 0)), widget->size()};
+}
+
 void FormWindow::Mark(const Control& control, bool marked) {
   const ControlView* view = ViewOf(control);
   if (!view) return;

@@ -88,6 +88,8 @@ class FormWindow : public QWidget, public FormView {
   const Control* EnteredField() const;
   // Shows that a box is about that control. Nothing if the window does not show it.
   void Mark(const Control& control, bool marked);
+  // Where it is on the screen. REQUIRES: the window shows it.
+  QRect OnScreen(const Control& control) const;
 
   void ControlChanged(const Control& control) override;
   void FocusMoved() override;

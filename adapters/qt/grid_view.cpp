@@ -97,8 +97,8 @@ class CellPainter : public QStyledItemDelegate {
     QStyledItemDelegate::paint(painter, cell, index);
     if (!active && !marked) return;
     const int width = RingWidth(cell.fontMetrics);
-    painter->setPen(QPen(ColourOf(marked ? Role::kWarning : Role::kAccent), width, Qt::SolidLine, Qt::SquareCap,
-                         Qt::MiterJoin));
+    painter->setPen(
+        QPen(ColourOf(marked ? Role::kWarning : Role::kAccent), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter->drawRect(QRectF(cell.rect).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0));
   }
 };

@@ -29,12 +29,12 @@ struct Shades {
   QRgb contrast;
 };
 constexpr Shades kShades[kRoles] = {
-    {Role::kWindow, 0xF4F5F8, 0x1E2228, 0x000000},   {Role::kInput, 0xFFFFFF, 0x14171B, 0x000000},
-    {Role::kActive, 0xFFF7D6, 0x36321B, 0x000000},   {Role::kShown, 0xE8EBF0, 0x2A3038, 0x000000},
-    {Role::kButton, 0xE8EBF0, 0x363D47, 0x000000},   {Role::kHeading, 0xDDE2EA, 0x2F353E, 0x262626},
-    {Role::kText, 0x1B222C, 0xE8EBEF, 0xFFFFFF},     {Role::kQuiet, 0x4E5866, 0xB0B8C4, 0xD0D0D0},
-    {Role::kBorder, 0x737D8B, 0x8E98A6, 0xFFFFFF},   {Role::kLine, 0xC3CAD4, 0x4A525D, 0x8C8C8C},
-    {Role::kAccent, 0x1F5FA8, 0x6CB2F5, 0xFFFF00},   {Role::kOnAccent, 0xFFFFFF, 0x0B1016, 0x000000},
+    {Role::kWindow, 0xF4F5F8, 0x1E2228, 0x000000},  {Role::kInput, 0xFFFFFF, 0x14171B, 0x000000},
+    {Role::kActive, 0xFFF7D6, 0x36321B, 0x000000},  {Role::kShown, 0xE8EBF0, 0x2A3038, 0x000000},
+    {Role::kButton, 0xE8EBF0, 0x363D47, 0x000000},  {Role::kHeading, 0xDDE2EA, 0x2F353E, 0x262626},
+    {Role::kText, 0x1B222C, 0xE8EBEF, 0xFFFFFF},    {Role::kQuiet, 0x4E5866, 0xB0B8C4, 0xD0D0D0},
+    {Role::kBorder, 0x737D8B, 0x8E98A6, 0xFFFFFF},  {Role::kLine, 0xC3CAD4, 0x4A525D, 0x8C8C8C},
+    {Role::kAccent, 0x1F5FA8, 0x6CB2F5, 0xFFFF00},  {Role::kOnAccent, 0xFFFFFF, 0x0B1016, 0x000000},
     {Role::kWarning, 0xC2410C, 0xFF9E64, 0xFF9B9B},
 };
 
@@ -45,20 +45,13 @@ struct Use {
   Role role;
 };
 constexpr Use kUses[] = {
-    {QPalette::Window, Role::kWindow},
-    {QPalette::WindowText, Role::kText},
-    {QPalette::Base, Role::kInput},
-    {QPalette::AlternateBase, Role::kWindow},
-    {QPalette::Text, Role::kText},
-    {QPalette::Button, Role::kButton},
-    {QPalette::ButtonText, Role::kText},
-    {QPalette::PlaceholderText, Role::kQuiet},
-    {QPalette::Highlight, Role::kAccent},
-    {QPalette::HighlightedText, Role::kOnAccent},
-    {QPalette::Link, Role::kAccent},
-    {QPalette::LinkVisited, Role::kAccent},
-    {QPalette::ToolTipBase, Role::kInput},
-    {QPalette::ToolTipText, Role::kText},
+    {QPalette::Window, Role::kWindow},     {QPalette::WindowText, Role::kText},
+    {QPalette::Base, Role::kInput},        {QPalette::AlternateBase, Role::kWindow},
+    {QPalette::Text, Role::kText},         {QPalette::Button, Role::kButton},
+    {QPalette::ButtonText, Role::kText},   {QPalette::PlaceholderText, Role::kQuiet},
+    {QPalette::Highlight, Role::kAccent},  {QPalette::HighlightedText, Role::kOnAccent},
+    {QPalette::Link, Role::kAccent},       {QPalette::LinkVisited, Role::kAccent},
+    {QPalette::ToolTipBase, Role::kInput}, {QPalette::ToolTipText, Role::kText},
 };
 
 QPalette PaletteNow() {

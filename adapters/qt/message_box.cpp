@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -142,6 +143,16 @@ DetailWindow& MessageBox::ShowDetail() {
 
 void MessageBox::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
+  const QMargins frame = FrameOf(*this);
+  const QRect whole = geometry() + frame;
+  if (whole.intersects(field_)) {
+    const QRect room = screen()->availableGeometry();
+    const int gap = fontMetrics().height() / 2;
+    const int below = field_.bottom() + gap;
+    const int above = field_.top() - gap - whole.height();
+    const bool fits_below = below + whole.height() <= room.bottom();
+    if (fits_below || above >= room.top()) move(whole.left(), fits_below ? below : above);
+  }
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }

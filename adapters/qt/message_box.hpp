@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QRect>
 #include <memory>
 #include <vector>
 
@@ -21,6 +22,8 @@ class MessageBox : public QDialog {
   // `about`: the field that the user is in, in words; it stands below the text. Empty: none.
   MessageBox(const Box& box, const QString& title, const QString& about, QWidget* parent);
 
+  // Where that field is on the screen: the box shows itself beside it, if there is room.
+  void StandClearOf(const QRect& field) { field_ = field; }
   BoxAnswer Ask();
   // As a click on the button of that answer, for scripts. REQUIRES: the box is shown and has it.
   void Give(BoxAnswer answer);
@@ -38,6 +41,7 @@ class MessageBox : public QDialog {
   void Build(const QString& text, const QString& about);
   void Fit();
 
+  QRect field_;
   BoxIcon icon_;
   QLabel* sign_ = nullptr;  // the icon, where there is one
   QLabel* text_ = nullptr;

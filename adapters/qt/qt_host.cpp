@@ -32,6 +32,13 @@ constexpr const char* kCalculators[] = {"calc",          "gnome-calculator",  "k
 
 constexpr int kTwipsPerPixel = 15;
 
+// Gives the keyboard back to it; otherwise nobody has it where no window manager passes it on.
+void GoBackTo(const QPointer<QWidget>& window) {
+  if (!window) return;
+  if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+  window->activateWindow();
+}
+
 }  // namespace
 
 QtHost::QtHost() : chain_(std::make_unique<WindowChain>()) {
@@ -53,17 +60,6 @@ QWidget* QtHost::Behind() const {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   return windows_.empty() ? QApplication::activeWindow() : windows_.back();
 }
-
-namespace {
-
-// Gives the keyboard back to it; otherwise nobody has it where no window manager passes it on.
-void GoBackTo(const QPointer<QWidget>& window) {
-  if (!window) return;
-  if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-  window->activateWindow();
-}
-
-}  // namespace
 
 void QtHost::FlushAll() {
   for (FormWindow* window : windows_) window->Flush();
@@ -138,7 +134,9 @@ BoxAnswer QtHost::Show(const Box& box) {
   const Control* field = top && top == behind ? top->EnteredField() : nullptr;
   if (field) top->Mark(*field, true);
   const QString title = ToQt(box.title.empty() ? kApplicationTitle : box.title);
-  const BoxAnswer answer = MessageBox(box, title, field ? NameAndPlace(*field) : QString(), behind).Ask();
+  MessageBox shown(box, title, field ? NameAndPlace(*field) : QString(), behind);
+  if (field) shown.StandClearOf(top->OnScreen(*field));
+  const BoxAnswer answer = shown.Ask();
   // Nobody unloads a form behind a box, but a host may.
   if (field && std::ranges::find(windows_, top) != windows_.end()) top->Mark(*field, false);
   GoBackTo(behind);

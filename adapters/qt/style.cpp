@@ -48,7 +48,11 @@ bool Mark(QPainter& painter, const QStyleOption& option, const QWidget* widget) 
 // What is entered: at rest, with the focus, or only shown.
 void Field(QPainter& painter, const QStyleOption& option, const QWidget* widget, bool only_shown) {
   const bool active = Has(option, QStyle::State_HasFocus) && !only_shown;
-  Ground(painter, option.rect, only_shown ? Role::kShown : active ? Role::kActive : Role::kInput);
+  if (only_shown) {
+    painter.fillRect(option.rect, ColourOf(Role::kShown));
+  } else {
+    Ground(painter, option.rect, active ? Role::kActive : Role::kInput);
+  }
   if (!Mark(painter, option, widget) && !only_shown) Ring(painter, option.rect, Role::kBorder, kBorderWidth);
 }
 
@@ -58,8 +62,10 @@ void Button(QPainter& painter, const QStyleOption& option, const QWidget* widget
     return;
   }
   const bool down = Has(option, QStyle::State_Sunken) || Has(option, QStyle::State_On);
-  Ground(painter, option.rect, down ? Role::kHeading : Has(option, QStyle::State_MouseOver) ? Role::kInput
-                                                                                            : Role::kButton);
+  Ground(painter, option.rect,
+         down                                   ? Role::kHeading
+         : Has(option, QStyle::State_MouseOver) ? Role::kInput
+                                                : Role::kButton);
   const auto* push = qstyleoption_cast<const QStyleOptionButton*>(&option);
   const bool by_enter = push && push->features.testFlag(QStyleOptionButton::DefaultButton);
   if (!Mark(painter, option, widget)) {
@@ -164,7 +170,8 @@ class Style : public QProxyStyle {
       if (enabled) Arrow(*painter, arrow, Qt::DownArrow, option->fontMetrics.height(), true);
       return;
     }
-    if (control == CC_GroupBox) return DrawGroup(*qstyleoption_cast<const QStyleOptionGroupBox*>(option), *painter, widget);
+    if (control == CC_GroupBox)
+      return DrawGroup(*qstyleoption_cast<const QStyleOptionGroupBox*>(option), *painter, widget);
     if (control == CC_ScrollBar) return DrawScrollBar(*option, *painter, widget);
     QProxyStyle::drawComplexControl(control, option, painter, widget);
   }
@@ -177,7 +184,8 @@ class Style : public QProxyStyle {
     const QFontMetrics metrics = TitleMetrics();
     switch (part) {
       case SC_GroupBoxLabel:
-        return {metrics.height() / 2, 0, metrics.horizontalAdvance(group.text) + metrics.height() / 2, metrics.height()};
+        return {metrics.height() / 2, 0, metrics.horizontalAdvance(group.text) + metrics.height() / 2,
+                metrics.height()};
       case SC_GroupBoxContents:
         return group.rect.adjusted(kBorderWidth, metrics.height() * 3 / 4, -kBorderWidth, -kBorderWidth);
       default:
@@ -299,8 +307,7 @@ class Style : public QProxyStyle {
     const QRect rect = front ? tab.rect : tab.rect.adjusted(0, 2, 0, -1);
     painter.fillRect(rect, ColourOf(front ? Role::kWindow : Role::kHeading));
     painter.setPen(ColourOf(front ? Role::kBorder : Role::kLine));
-    painter.drawPolyline(
-        QPolygon({rect.bottomLeft(), rect.topLeft(), rect.topRight(), rect.bottomRight()}));
+    painter.drawPolyline(QPolygon({rect.bottomLeft(), rect.topLeft(), rect.topRight(), rect.bottomRight()}));
     if (front) painter.fillRect(QRect(rect.topLeft(), QSize(rect.width(), 3)), ColourOf(Role::kAccent));
     Mark(painter, tab, nullptr);
   }

@@ -138,7 +138,8 @@ void FormWindow::Fit() {
   setMinimumSize(size.boundedTo(QSize(320, 240)));
   resize(size);
   if (isVisible()) return KeepOnScreen(*this);
-  move(room.center() - QPoint(size.width() / 2 + frame_.left(), size.height() / 2 + frame_.top()));
+  const QSize left = (room.size() - size) / 2;
+  move(room.topLeft() + QPoint(left.width() - frame_.left(), left.height() - frame_.top()));
 }
 
 // The window manager has put its frame around the window, which may be another than was reckoned with.
@@ -147,6 +148,12 @@ void FormWindow::HeedFrame() {
   frame_ = FrameOf(*this);
   QMetaObject::invokeMethod(
       this, [this] { Fit(); }, Qt::QueuedConnection);
+}
+
+// Some say so only by giving it the keyboard.
+void FormWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange) HeedFrame();
 }
 
 void FormWindow::moveEvent(QMoveEvent* /*event*/) { HeedFrame(); }

@@ -19,6 +19,7 @@ class QScrollArea;
 namespace zendara {
 
 class FormWindow;
+class FormHeading;
 class StatusLine;
 
 // One control and the widget that shows it.
@@ -111,6 +112,8 @@ class FormWindow : public QWidget, public FormView {
   void Rescale();
   void Grow();
   void HeedFrame();
+  void ShowStatus();
+  QSize SizeIn(QSize room) const;
   void Queue();
   bool PressKeys(const QKeyEvent& event);
   void ShowFocus();
@@ -118,12 +121,16 @@ class FormWindow : public QWidget, public FormView {
   void ShowTitle();
 
   Form& form_;
-  QScrollArea* scroll_ = nullptr;
-  StatusLine* status_ = nullptr;  // below the content, always there
+  QWidget* content_ = nullptr;
+  QScrollArea* scroll_ = nullptr;   // around the content; none where parts of it scroll
+  FormHeading* heading_ = nullptr;  // in the content, if the form has one
+  StatusLine* status_ = nullptr;    // below the content, always there
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<QObject*, ControlView*> watched_;
   std::set<const Control*> changed_;
-  QMargins frame_;  // that Fit has reckoned with
+  QMargins frame_;                        // that Fit has reckoned with
+  QSize wanted_;                          // by the content when the window was fitted
+  const Control* shown_focus_ = nullptr;  // whose field was shown with the focus
   bool focus_moved_ = true;
   bool form_changed_ = true;
   bool queued_ = false;

@@ -41,6 +41,9 @@ QColor PaintedGround(QColor painted, Colours colours);
 // Sets style, font and palette of the application. REQUIRES: a QApplication.
 void InstallLook(Colours colours = DesktopColours());
 
+// Property of a button: the work on the form ends with it.
+inline constexpr char kMain[] = "main";
+
 // Width of borders in pixels, and of the ring around what has the focus.
 inline constexpr int kBorderWidth = 1;
 int RingWidth(const QFontMetrics& metrics);

@@ -16,6 +16,7 @@ namespace {
 constexpr double kCorner = 3;
 
 bool Has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state.testFlag(flag); }
+bool IsMain(const QWidget* widget) { return widget && widget->property(kMain).toBool(); }
 bool IsMarked(const QWidget* widget) { return widget && widget->property(kMarked).toBool(); }
 
 void Ring(QPainter& painter, const QRect& rect, Role role, int width) {
@@ -66,6 +67,14 @@ void Button(QPainter& painter, const QStyleOption& option, const QWidget* widget
          down                                   ? Role::kHeading
          : Has(option, QStyle::State_MouseOver) ? Role::kInput
                                                 : Role::kButton);
+  if (IsMain(widget)) {
+    Ground(painter, option.rect, Role::kAccent);
+    const int ring = RingWidth(option.fontMetrics);
+    if (Has(option, QStyle::State_HasFocus)) {
+      Ring(painter, option.rect.adjusted(ring, ring, -ring, -ring), Role::kOnAccent, ring);
+    }
+    return;
+  }
   const auto* push = qstyleoption_cast<const QStyleOptionButton*>(&option);
   const bool by_enter = push && push->features.testFlag(QStyleOptionButton::DefaultButton);
   if (!Mark(painter, option, widget)) {
@@ -132,7 +141,7 @@ class Style : public QProxyStyle {
     switch (element) {
       case CE_PushButton:  // the ring is the button's border
         drawControl(CE_PushButtonBevel, option, painter, widget);
-        drawControl(CE_PushButtonLabel, option, painter, widget);
+        DrawWords(*qstyleoption_cast<const QStyleOptionButton*>(option), *painter, widget);
         return;
       case CE_CheckBox:
       case CE_RadioButton: {
@@ -187,7 +196,7 @@ class Style : public QProxyStyle {
         return {metrics.height() / 2, 0, metrics.horizontalAdvance(group.text) + metrics.height() / 2,
                 metrics.height()};
       case SC_GroupBoxContents:
-        return group.rect.adjusted(kBorderWidth, metrics.height() * 3 / 4, -kBorderWidth, -kBorderWidth);
+        return group.rect.adjusted(kBorderWidth, metrics.height(), -kBorderWidth, -kBorderWidth);
       default:
         return group.rect.adjusted(0, metrics.height() / 2, 0, 0);
     }
@@ -206,7 +215,7 @@ class Style : public QProxyStyle {
         const auto& group = *qstyleoption_cast<const QStyleOptionGroupBox*>(option);
         const QFontMetrics metrics = TitleMetrics();
         return {std::max(size.width() + 2 * kBorderWidth, metrics.horizontalAdvance(group.text) + 2 * metrics.height()),
-                size.height() + metrics.height() * 3 / 4 + kBorderWidth};
+                size.height() + metrics.height() + kBorderWidth};
       }
       case CT_CheckBox:
       case CT_RadioButton:
@@ -248,6 +257,13 @@ class Style : public QProxyStyle {
   }
 
  private:
+  void DrawWords(QStyleOptionButton button, QPainter& painter, const QWidget* widget) const {
+    if (IsMain(widget) && Has(button, State_Enabled)) {
+      button.palette.setColor(QPalette::ButtonText, ColourOf(Role::kOnAccent));
+    }
+    drawControl(CE_PushButtonLabel, &button, &painter, widget);
+  }
+
   static int RoomForRing(const QFontMetrics& metrics) { return RingWidth(metrics) + 1; }
 
   static QFont TitleFont(QFont font) {

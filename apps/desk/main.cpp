@@ -251,7 +251,7 @@ int Main(int argc, char** argv) {
   int no_arguments = 1;
   QApplication application(no_arguments, argv);
   QApplication::setApplicationName(QStringLiteral("Zendara"));
-  InstallLook(options.colours.value_or(DesktopColours()));
+  InstallLook(options.colours ? *options.colours : DesktopColours());
   zoom::Set(options.zoom);
   return Desk(std::move(options)).Run();
 }

@@ -195,7 +195,9 @@ void FormWindow::Grow() {
 // In.
 
 void FormWindow::Pass(const std::function<void()>& call) {
+  ++passing_;
   call();
+  --passing_;
   Flush();
 }
 
@@ -248,6 +250,10 @@ void FormWindow::keyPressEvent(QKeyEvent* event) { PressKeys(*event); }
 
 bool FormWindow::PressKeys(const QKeyEvent& event) {
   if (HandleZoomKey(event)) return true;
+  if (keep_ && IsKeepKey(event)) {
+    keep_();
+    return true;
+  }
   for (const Key& key : KeysOf(event)) {
     if (form_.Loaded()) Pass([&] { form_.Press(key); });
   }
@@ -363,7 +369,7 @@ void FormWindow::Reveal(const QWidget& widget) {
 
 const Control* FormWindow::EnteredField() const {
   const Control* focus = form_.Focus();
-  return focus && focus->IsEntered() && focus->Usable() ? focus : nullptr;
+  return passing_ > 0 && focus && focus->IsEntered() && focus->Usable() ? focus : nullptr;
 }
 
 QRect FormWindow::OnScreen(const Control& control) const {

@@ -79,13 +79,16 @@ class FormWindow : public QWidget, public FormView {
   // Called when the form was unloaded, as the last thing: it may end this window.
   void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }
 
+  // Ctrl+P; without it the key is one for the form.
+  void OnKeep(std::function<void()> keep) { keep_ = std::move(keep); }
+
   // Size of the content, within the screen and with its frame. Centred at first; once it is shown it stays where it is
   // as far as that goes.
   void Fit();
   // Where the control stands in the window, which need not be shown yet. REQUIRES: it has a view.
   QRect PlaceOf(const Control& control);
 
-  // The control with the focus, if it holds what the user enters; otherwise nullptr.
+  // While the form answers an event: the control with the focus, if it holds what the user enters. Otherwise nullptr.
   const Control* EnteredField() const;
   // Shows that a box is about that control. Nothing if the window does not show it.
   void Mark(const Control& control, bool marked);
@@ -134,8 +137,10 @@ class FormWindow : public QWidget, public FormView {
   bool focus_moved_ = true;
   bool form_changed_ = true;
   bool queued_ = false;
+  int passing_ = 0;  // events within events
   bool syncing_ = false;
   std::function<void()> unloaded_;
+  std::function<void()> keep_;
 };
 
 }  // namespace zendara

@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QRect>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "adapters/qt/detail_window.hpp"
@@ -24,6 +25,9 @@ class MessageBox : public QDialog {
 
   // Where that field is on the screen: the box shows itself beside it, if there is room.
   void StandClearOf(const QRect& field) { field_ = field; }
+  // For the window with the detail.
+  void OnKeepDetail(KeepDetail keep) { keep_detail_ = std::move(keep); }
+
   BoxAnswer Ask();
   // As a click on the button of that answer, for scripts. REQUIRES: the box is shown and has it.
   void Give(BoxAnswer answer);
@@ -51,6 +55,7 @@ class MessageBox : public QDialog {
   BoxAnswer answer_ = BoxAnswer::kOk;
   std::vector<BoxDetail> detail_;
   QPushButton* detail_button_ = nullptr;
+  KeepDetail keep_detail_;
   std::unique_ptr<DetailWindow> detail_window_;  // the last that was asked for
 };
 

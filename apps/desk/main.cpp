@@ -20,6 +20,7 @@
 #include <utility>
 #include <vector>
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
@@ -213,7 +214,8 @@ class Desk {
   Options options_;
   std::unique_ptr<Engine> engine_;
   std::unique_ptr<Files> files_;
-  QtHost host_;
+  CairoWriter documents_;
+  QtHost host_{documents_};
   std::optional<Album> album_;
 };
 

@@ -78,7 +78,8 @@ TEST_F(WindowsTest, ABoxSaysTheFieldThatTheUserIsInAndMarksIt) {
         EXPECT_GT(box->width(), box->fontMetrics().horizontalAdvance(box->windowTitle()));
         box->close();
       });
-      host.Show({.text = "No", .title = "Un título que es mucho más ancho que las palabras de la caja"});
+      window.Pass(
+          [&] { host.Show({.text = "No", .title = "Un título que es mucho más ancho que las palabras de la caja"}); });
       EXPECT_FALSE(field.property(kMarked).toBool());
     }
   });

@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
@@ -15,6 +14,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "adapters/qt/fit.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
@@ -136,7 +136,7 @@ void DetailWindow::Fill(const std::vector<BoxDetail>& rows) {
       item->setTextAlignment(alignment(column));
       if (row == table_->rowCount() - 1) {
         item->setFont(bold);
-        item->setBackground(tone::kHeading);
+        item->setBackground(ColourOf(Role::kHeading));
       }
       table_->setItem(row, column, item);
     }
@@ -164,8 +164,7 @@ void DetailWindow::Keep() {
 
 void DetailWindow::Fit() {
   layout()->activate();  // after a change of the text's size
-  const QRect area = screen()->availableGeometry();
-  const QSize most = area.size() * 9 / 10;
+  const QSize most = RoomFor(*this).size() * 9 / 10;
   const QMargins margins = layout()->contentsMargins();
   const int around = margins.left() + margins.right() + 2 * table_->frameWidth();
   const int bar = table_->verticalScrollBar()->sizeHint().width();
@@ -190,9 +189,7 @@ void DetailWindow::Fit() {
   const int width = around + columns.length() + (scrolls ? bar : 0);
   columns.setStretchLastSection(true);
   resize(width, std::min(height, most.height()));
-  // Grown with the text, it may reach over the edge.
-  const QPoint beyond = geometry().bottomRight() - area.bottomRight();
-  if (isVisible()) move(pos() - QPoint(std::max(beyond.x(), 0), std::max(beyond.y(), 0)));
+  if (isVisible()) KeepOnScreen(*this);  // grown with the text, it may reach over the edge
 }
 
 // The view's own way makes them as high as the headings of rows would be.

@@ -40,15 +40,6 @@ class FieldView : public ControlView {
                                : box_.Alignment() == Alignment::kCenter ? Qt::AlignHCenter
                                                                         : Qt::AlignLeft;
     if (edit_->alignment() != (side | Qt::AlignVCenter)) edit_->setAlignment(side | Qt::AlignVCenter);
-    const QColor ground = box_.Enabled() ? FieldColor(box_.BackColor()) : tone::kWindow;
-    const QColor ink = ToQt(box_.ForeColor());
-    if (ground == ground_ && ink == ink_) return;
-    ground_ = ground;
-    ink_ = ink;
-    QPalette palette = edit_->palette();
-    palette.setColor(QPalette::Base, ground);
-    if (box_.ForeColor() != kBlack) palette.setColor(QPalette::Text, ink);
-    edit_->setPalette(palette);
   }
 
   void Rescale() override {
@@ -157,8 +148,6 @@ class FieldView : public ControlView {
 
   TextBox& box_;
   QLineEdit* edit_;
-  QColor ground_;
-  QColor ink_;
   int anchor_ = kNoAnchor;  // where the mouse was pressed
   bool composing_ = false;
 };

@@ -15,6 +15,7 @@
 #include "adapters/qt/flow_layout.hpp"
 #include "adapters/qt/heading.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -136,16 +137,15 @@ class Builder {
     QHBoxLayout* body = nullptr;
   };
 
-  Line Place(QWidget& parent, const Layout& layout, const QString& row = {}) {
+  Line Place(QWidget& parent, const Layout& layout) {
     Line line;
     ControlView& view = View(parent, *layout.control);
-    view.SetRow(row);
     if (HasLabel(layout)) line.label = Label(parent, *layout.control, view);
-    if (layout.main) StandOut(*view.Widget());
+    if (layout.main) view.Widget()->setProperty(kMain, true);
     if (layout.lines > 0) Wrap(static_cast<QLabel&>(*view.Widget()), layout.lines);
     line.body = new QHBoxLayout;
     line.body->addWidget(view.Widget());
-    const QString name = PlainCaption(layout.control->Caption());
+    const QString name = NameOf(*layout.control);
     for (Control* control : layout.attached) {
       const ControlView& behind = View(parent, *control);
       line.body->addWidget(behind.Widget());
@@ -161,20 +161,7 @@ class Builder {
     return line;
   }
 
-  static void StandOut(QWidget& button) {
-    QPalette palette = button.palette();
-    palette.setColor(QPalette::Active, QPalette::Button, tone::kAccent);
-    palette.setColor(QPalette::Inactive, QPalette::Button, tone::kAccent);
-    palette.setColor(QPalette::Active, QPalette::ButtonText, Qt::white);
-    palette.setColor(QPalette::Inactive, QPalette::ButtonText, Qt::white);
-    button.setPalette(palette);
-  }
-
-  static void Quieten(QWidget& words) {
-    QPalette palette = words.palette();
-    palette.setColor(QPalette::WindowText, tone::kQuiet);
-    words.setPalette(palette);
-  }
+  static void Quieten(QWidget& words) { words.setForegroundRole(QPalette::PlaceholderText); }
 
   static void Wrap(QLabel& words, int lines) {
     words.setWordWrap(true);
@@ -268,7 +255,7 @@ class Builder {
       column = 1;
       for (Layout cell : child.children) {
         cell.labelled = false;
-        QHBoxLayout* body = Place(parent, cell, PlainCaption(child.control->Caption())).body;
+        QHBoxLayout* body = Place(parent, cell).body;
         body->addStretch();
         grid->addLayout(body, row, column++);
       }

@@ -4,17 +4,18 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <algorithm>
 #include <utility>
 
+#include "adapters/qt/fit.hpp"
 #include "adapters/qt/form_layout.hpp"
 #include "adapters/qt/heading.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/status_line.hpp"
 #include "adapters/qt/text.hpp"
 
@@ -40,6 +41,11 @@ ControlView::ControlView(FormWindow& window, Control& control, QWidget* widget)
   Watch(widget);
 }
 
+void ControlView::SetLabel(QLabel* label) {
+  label_ = label;
+  label->setBuddy(FocusTarget());  // what it is the label of, for screen readers
+}
+
 void ControlView::Watch(QWidget* widget) {
   window_.watched_[widget] = this;
   widget->installEventFilter(&window_);
@@ -55,9 +61,10 @@ void ControlView::Sync() {
     widget_->setToolTip(hint);
     widget_->setAccessibleDescription(hint);
   }
-  QString name = PlainCaption(control_.Caption());
-  if (!row_.isEmpty()) name += QStringLiteral(", ") + row_;
-  if (!name.isEmpty() && widget_->accessibleName() != name) widget_->setAccessibleName(name);
+  const bool by_place = control_.TakesFocus() && (control_.IsEntered() || !IsButton());
+  const QString name = by_place ? NameOf(control_) : PlainCaption(control_.Caption());
+  QWidget* spoken = FocusTarget();
+  if (!name.isEmpty() && spoken->accessibleName() != name) spoken->setAccessibleName(name);
 }
 
 bool ControlView::Handle(QObject* /*watched*/, QEvent* event) {
@@ -129,23 +136,45 @@ QSize FormWindow::SizeIn(QSize room) const {
 }
 
 void FormWindow::Fit() {
-  const QRect area = screen()->availableGeometry();
+  frame_ = FrameOf(*this);
+  const QRect room = RoomFor(*this);
   RenewSizes(*content_);
   wanted_ = content_->sizeHint();
-  const QSize wanted = SizeIn(area.size());
-  const int status = status_->HeightFor(wanted.width());
+  const QSize wanted = SizeIn(room.size());
   // Scrolled, never squeezed.
   if (scroll_) content_->setMinimumSize(wanted);
-  QSize size = wanted + QSize(0, status);
+  if (isMaximized()) return;
+  QSize size = wanted + QSize(0, status_->HeightFor(wanted.width()));
   // What does not fit on the screen is scrolled, and the bar needs its own place.
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2;
-  if (size.height() > area.height()) size.rwidth() += bar;
-  if (wanted.width() > area.width()) size.rheight() += bar;
-  size = size.boundedTo(area.size());
+  if (size.height() > room.height()) size.rwidth() += bar;
+  if (wanted.width() > room.width()) size.rheight() += bar;
+  size = size.boundedTo(room.size());
   setMinimumSize(size.boundedTo(QSize(320, 240)));
   resize(size);
-  move(area.center() - QPoint(size.width() / 2, size.height() / 2));
+  if (isVisible()) return KeepOnScreen(*this);
+  const QSize left = (room.size() - size) / 2;
+  move(room.topLeft() + QPoint(left.width() - frame_.left(), left.height() - frame_.top()));
 }
+
+// The window manager has put its frame around the window, which may be larger than was reckoned with. For a smaller one
+// nothing is moved: a banner may already know its place.
+void FormWindow::HeedFrame() {
+  if (!isVisible() || isMaximized() || isMinimized() || (FrameOf(*this) | frame_) == frame_) return;
+  frame_ = FrameOf(*this);
+  QMetaObject::invokeMethod(
+      this, [this] { Fit(); }, Qt::QueuedConnection);
+}
+
+// Some say so only by giving it the keyboard.
+void FormWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange) HeedFrame();
+}
+
+void FormWindow::moveEvent(QMoveEvent* /*event*/) { HeedFrame(); }
+
+void FormWindow::resizeEvent(QResizeEvent* /*event*/) { HeedFrame(); }
 
 QRect FormWindow::PlaceOf(const Control& control) {
   Flush();
@@ -166,7 +195,9 @@ void FormWindow::Grow() {
 // In.
 
 void FormWindow::Pass(const std::function<void()>& call) {
+  ++passing_;
   call();
+  --passing_;
   Flush();
 }
 
@@ -295,7 +326,9 @@ void FormWindow::ShowStatus() {
   status_->ShowMessage(ToQt(form_.Status()));
   // A status of several lines takes nothing from the fields.
   const int more = status_->HeightFor(width()) - before;
-  if (more > 0) resize(width(), std::min(height() + more, screen()->availableGeometry().height()));
+  if (more <= 0 || !isVisible() || isMaximized()) return;
+  resize(width(), std::min(height() + more, RoomFor(*this).height()));
+  KeepOnScreen(*this);
 }
 
 void FormWindow::ShowTitle() {
@@ -317,16 +350,40 @@ void FormWindow::ShowFocus() {
   if (ControlView* left = before && before != focus ? ViewOf(*before) : nullptr) left->Sync();
   if (!view) return;
   view->Sync();
-  for (QWidget* outer = view->Widget()->parentWidget(); outer; outer = outer->parentWidget()) {
-    auto* area = qobject_cast<QScrollArea*>(outer);
+  const QString expected = ToQt(form_.Expected());
+  if (!expected.isEmpty()) target->setAccessibleDescription(expected);
+  Reveal(*view->Widget());
+}
+
+// With the words before it, in whatever scrolls around it.
+void FormWindow::Reveal(const QWidget& widget) {
+  const int label = fontMetrics().height() * kLinesOfLabel;
+  for (QWidget* around = widget.parentWidget(); around && around != this; around = around->parentWidget()) {
+    auto* area = qobject_cast<QScrollArea*>(around);
     if (!area) continue;
-    // With the words before it.
-    const int label = fontMetrics().height() * kLinesOfLabel;
-    const QPoint corner = view->Widget()->mapTo(area->widget(), QPoint(0, 0));
-    const QSize size = view->Widget()->size();
-    area->ensureVisible(corner.x() + size.width(), corner.y() + size.height());
+    const QPoint corner = widget.mapTo(area->widget(), QPoint(0, 0));
+    area->ensureVisible(corner.x() + widget.width(), corner.y() + widget.height());
     area->ensureVisible(std::max(corner.x() - label, 0), corner.y());
   }
+}
+
+const Control* FormWindow::EnteredField() const {
+  const Control* focus = form_.Focus();
+  return passing_ > 0 && focus && focus->IsEntered() && focus->Usable() ? focus : nullptr;
+}
+
+QRect FormWindow::OnScreen(const Control& control) const {
+  const QWidget* widget = ViewOf(control)->Widget();
+  return {widget->mapToGlobal(QPoint(0, 0)), widget->size()};
+}
+
+void FormWindow::Mark(const Control& control, bool marked) {
+  const ControlView* view = ViewOf(control);
+  if (!view) return;
+  view->Widget()->setProperty(kMarked, marked);
+  const auto* scrolled = qobject_cast<QAbstractScrollArea*>(view->Widget());
+  (scrolled ? scrolled->viewport() : view->Widget())->update();
+  view->Widget()->update();
 }
 
 }  // namespace zendara

@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QMargins>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
@@ -34,9 +35,7 @@ class ControlView {
   // What has the keyboard when the control has the focus.
   virtual QWidget* FocusTarget() const { return widget_; }
   // Shown and hidden with the control.
-  void SetLabel(QLabel* label) { label_ = label; }
-  // A field in a row of a table is named with it.
-  void SetRow(const QString& row) { row_ = row; }
+  void SetLabel(QLabel* label);
 
   // Brings the widget in step with the model.
   virtual void Sync();
@@ -61,7 +60,6 @@ class ControlView {
 
  private:
   QPointer<QLabel> label_;
-  QString row_;
 };
 
 class FormWindow : public QWidget, public FormView {
@@ -84,10 +82,18 @@ class FormWindow : public QWidget, public FormView {
   // Ctrl+P; without it the key is one for the form.
   void OnKeep(std::function<void()> keep) { keep_ = std::move(keep); }
 
-  // Size of the content, within the screen, and centred.
+  // Size of the content, within the screen and with its frame. Centred at first; once it is shown it stays where it is
+  // as far as that goes.
   void Fit();
   // Where the control stands in the window, which need not be shown yet. REQUIRES: it has a view.
   QRect PlaceOf(const Control& control);
+
+  // While the form answers an event: the control with the focus, if it holds what the user enters. Otherwise nullptr.
+  const Control* EnteredField() const;
+  // Shows that a box is about that control. Nothing if the window does not show it.
+  void Mark(const Control& control, bool marked);
+  // Where it is on the screen. REQUIRES: the window shows it.
+  QRect OnScreen(const Control& control) const;
 
   void ControlChanged(const Control& control) override;
   void FocusMoved() override;
@@ -97,6 +103,9 @@ class FormWindow : public QWidget, public FormView {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -105,11 +114,13 @@ class FormWindow : public QWidget, public FormView {
   void Build();
   void Rescale();
   void Grow();
+  void HeedFrame();
   void ShowStatus();
   QSize SizeIn(QSize room) const;
   void Queue();
   bool PressKeys(const QKeyEvent& event);
   void ShowFocus();
+  void Reveal(const QWidget& widget);
   void ShowTitle();
 
   Form& form_;
@@ -120,11 +131,13 @@ class FormWindow : public QWidget, public FormView {
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<QObject*, ControlView*> watched_;
   std::set<const Control*> changed_;
+  QMargins frame_;                        // that Fit has reckoned with
   QSize wanted_;                          // by the content when the window was fitted
   const Control* shown_focus_ = nullptr;  // whose field was shown with the focus
   bool focus_moved_ = true;
   bool form_changed_ = true;
   bool queued_ = false;
+  int passing_ = 0;  // events within events
   bool syncing_ = false;
   std::function<void()> unloaded_;
   std::function<void()> keep_;

@@ -59,7 +59,8 @@ std::unique_ptr<ControlView> MakeRowHeadingView(FormWindow& window, Control& fra
 void SetLabelText(QLabel& label, const QString& text, bool required) {
   label.setTextFormat(required ? Qt::RichText : Qt::PlainText);
   if (!required) return label.setText(text);
-  label.setText(QStringLiteral("<span style=\"color:%1\">*</span> %2").arg(tone::kAccent.name(), text.toHtmlEscaped()));
+  label.setText(
+      QStringLiteral("<span style=\"color:%1\">*</span> %2").arg(ColourOf(Role::kAccent).name(), text.toHtmlEscaped()));
   label.setToolTip(QStringLiteral("Obligatorio"));
 }
 

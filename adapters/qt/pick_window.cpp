@@ -119,7 +119,7 @@ class MarkedCells : public QStyledItemDelegate {
     for (const TextRange& hit : hits) {
       const QRect mark(QPoint(x_of(hit.start), room.top() + 1),
                        QPoint(x_of(hit.start + hit.length) - 1, room.bottom() - 1));
-      painter->fillRect(mark & room, selected ? tone::kAccent.darker(150) : QColor(0xFF, 0xE2, 0x8A));
+      painter->fillRect(mark & room, ColourOf(selected ? Role::kFoundSelected : Role::kFound));
     }
     text.swap(cell.text);
     cell.backgroundBrush = Qt::NoBrush;

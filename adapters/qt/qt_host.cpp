@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QPointer>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QtMath>
@@ -14,8 +15,10 @@
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/message_box.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/pick_window.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/qt/window_chain.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -29,9 +32,17 @@ constexpr const char* kCalculators[] = {"calc",          "gnome-calculator",  "k
 
 constexpr int kTwipsPerPixel = 15;
 
+// Gives the keyboard back to it; otherwise nobody has it where no window manager passes it on.
+void GoBackTo(const QPointer<QWidget>& window) {
+  if (!window) return;
+  if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+  window->activateWindow();
+}
+
 }  // namespace
 
-QtHost::QtHost(const print::DocumentWriter& documents) : documents_(documents), keeper_(documents, *this) {
+QtHost::QtHost(const print::DocumentWriter& documents)
+    : chain_(std::make_unique<WindowChain>()), documents_(documents), keeper_(documents, *this) {
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
@@ -46,7 +57,10 @@ FormWindow* QtHost::WindowOf(const Form& form) const {
   return awaiting == awaiting_.end() ? nullptr : awaiting->get();
 }
 
-QWidget* QtHost::Behind() const { return windows_.empty() ? QApplication::activeWindow() : windows_.back(); }
+QWidget* QtHost::Behind() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  return windows_.empty() ? QApplication::activeWindow() : windows_.back();
+}
 
 void QtHost::FlushAll() {
   for (FormWindow* window : windows_) window->Flush();
@@ -62,7 +76,7 @@ std::unique_ptr<FormWindow> QtHost::MakeWindow(Form& form, QWidget* behind) {
 
 void QtHost::ShowModal(Form& form) {
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   std::unique_ptr<FormWindow> window;
   const auto made = std::ranges::find_if(awaiting_, [&](const auto& w) { return &w->Shown() == &form; });
   if (made != awaiting_.end()) {
@@ -83,8 +97,7 @@ void QtHost::ShowModal(Form& form) {
   }
   std::erase(windows_, window.get());
   window->hide();
-  // Otherwise nobody has the keyboard where no window manager passes it on.
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
 }
 
 void QtHost::DoEvents() {
@@ -94,9 +107,9 @@ void QtHost::DoEvents() {
 
 void QtHost::ShowHelp(const std::string& /*file*/, int context) {
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   HelpWindow(context, behind).exec();
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
 }
 
 std::int32_t QtHost::WindowHandle(Form& form) {
@@ -123,11 +136,18 @@ std::optional<ControlPlace> QtHost::PlaceOf(const Control& control) {
 
 BoxAnswer QtHost::Show(const Box& box) {
   FlushAll();
-  QWidget* behind = Behind();
-  MessageBox shown(box, ToQt(box.title.empty() ? kApplicationTitle : box.title), behind);
+  const QPointer<QWidget> behind = Behind();
+  FormWindow* top = Top();
+  const Control* field = top && top == behind ? top->EnteredField() : nullptr;
+  if (field) top->Mark(*field, true);
+  const QString title = ToQt(box.title.empty() ? kApplicationTitle : box.title);
+  MessageBox shown(box, title, field ? NameAndPlace(*field) : QString(), behind);
   shown.OnKeepDetail([&](QWidget& over) { return keeper_.KeepDetail(box, Top(), over); });
+  if (field) shown.StandClearOf(top->OnScreen(*field));
   const BoxAnswer answer = shown.Ask();
-  if (behind) behind->activateWindow();
+  // Nobody unloads a form behind a box, but a host may.
+  if (field && std::ranges::find(windows_, top) != windows_.end()) top->Mark(*field, false);
+  GoBackTo(behind);
   return answer;
 }
 
@@ -135,10 +155,10 @@ void QtHost::Beep() { QApplication::beep(); }
 
 std::optional<std::size_t> QtHost::Choose(const std::string& title, RowList& rows) {
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   PickWindow window(ToQt(title), rows, behind);
   window.exec();
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
   return window.Chosen();
 }
 

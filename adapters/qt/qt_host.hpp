@@ -20,6 +20,7 @@ class QWidget;
 namespace zendara {
 
 class FormWindow;
+class WindowChain;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
  public:
@@ -60,6 +61,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   // The window that a new one stands before.
   QWidget* Behind() const;
 
+  std::unique_ptr<WindowChain> chain_;
   const print::DocumentWriter& documents_;
   DocumentKeeper keeper_;
   Components components_;

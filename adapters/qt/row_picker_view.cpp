@@ -55,7 +55,7 @@ class RowPickerView : public ControlView {
         QFont font = list_->font();
         font.setBold(marked && column == 0);
         item.setFont(column, font);
-        item.setBackground(column, marked ? QBrush(tone::kHeading) : QBrush());
+        item.setBackground(column, marked ? QBrush(ColourOf(Role::kHeading)) : QBrush());
         item.setText(column, column > 0 ? shown : (marked ? QStringLiteral("▸ ") : QStringLiteral("   ")) + shown);
         item.setToolTip(column, shown);
       }

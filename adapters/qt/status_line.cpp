@@ -1,33 +1,50 @@
 #include "adapters/qt/status_line.hpp"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QLabel>
 #include <QTime>
 #include <algorithm>
 
-#include "adapters/qt/look.hpp"
-
 namespace zendara {
+namespace {
+
+QAccessibleInterface* Accessible(const QString& /*key*/, QObject* object) {
+  auto* line = dynamic_cast<StatusLine*>(object);
+  return line ? new QAccessibleWidget(line, QAccessible::StatusBar) : nullptr;
+}
+
+int WidthOf(const QLabel* label) {
+  return label->text().isEmpty() ? 0 : label->fontMetrics().horizontalAdvance(label->text()) + 1;
+}
+
+// Of its words at that width.
+int HeightOf(const QLabel* label, int width) {
+  return label->fontMetrics().boundingRect(0, 0, width, QWIDGETSIZE_MAX, Qt::TextWordWrap, label->text()).height();
+}
+
+}  // namespace
 
 StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
-  const auto add = [this](const char* name, const QColor& ink) {
+  [[maybe_unused]] static const bool installed = (QAccessible::installFactory(Accessible), true);
+  const auto add = [this](const char* name, QPalette::ColorRole ink) {
     auto* label = new QLabel(this);
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, ink);
-    label->setPalette(palette);
+    label->setForegroundRole(ink);
     return label;
   };
-  time_ = add("time", tone::kQuiet);
-  time_->setAccessibleName(QStringLiteral("Hora del aviso"));
-  message_ = add("status", tone::kText);
+  time_ = add("time", QPalette::PlaceholderText);
+  time_->setAccessibleDescription(QStringLiteral("Hora del aviso"));
+  message_ = add("status", QPalette::WindowText);
   message_->setWordWrap(true);
-  expected_ = add("expected", tone::kText);
-  expected_->setAccessibleName(QStringLiteral("Qué se escribe en el campo"));
-  position_ = add("position", tone::kQuiet);
-  insert_ = add("insert", tone::kQuiet);
-  insert_->setAccessibleName(QStringLiteral("Modo de escritura"));
+  expected_ = add("expected", QPalette::WindowText);
+  expected_->setWordWrap(true);
+  expected_->setAccessibleDescription(QStringLiteral("Qué se escribe en el campo"));
+  position_ = add("position", QPalette::PlaceholderText);
+  insert_ = add("insert", QPalette::PlaceholderText);
+  insert_->setAccessibleDescription(QStringLiteral("Modo de escritura"));
   Arrange();
 }
 
@@ -36,6 +53,9 @@ void StatusLine::ShowMessage(const QString& message) {
   message_->setText(message);
   time_->setText(message.isEmpty() ? QString() : QTime::currentTime().toString(QStringLiteral("HH:mm")));
   Arrange();
+  if (message.isEmpty()) return;
+  QAccessibleEvent alert(message_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
 }
 
 void StatusLine::ShowPlace(const QString& position, const QString& expected) {
@@ -54,31 +74,35 @@ void StatusLine::ShowInsert(bool on) {
 
 StatusLine::Plan StatusLine::PlanFor(int width) const {
   const int line = fontMetrics().height();
-  Plan plan{.margin = fontMetrics().descent(), .gap = line, .line = line};
-  for (const QLabel* label : {expected_, position_, insert_}) plan.right += label->sizeHint().width() + plan.gap;
-  plan.left = 2 * plan.margin + (time_->text().isEmpty() ? 0 : time_->sizeHint().width() + plan.gap);
+  Plan plan{.margin = fontMetrics().descent(), .gap = line};
+  const int whole = std::max(width - 4 * plan.margin, 1);
+  int right = WidthOf(position_) + WidthOf(insert_) + 2 * plan.gap;
+  // Large words may need more lines for it.
+  const int expected = std::clamp(whole - right, 1, std::max(WidthOf(expected_), 1));
+  plan.expected = {expected, HeightOf(expected_, expected)};
+  plan.low = std::max(plan.expected.height(), line);
+  right += expected + plan.gap;
+  plan.left = 2 * plan.margin + (time_->text().isEmpty() ? 0 : WidthOf(time_) + plan.gap);
   const int room = std::max(width - plan.left - 2 * plan.margin, 1);
-  const int alone = message_->text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(message_->text()) + 1;
-  plan.above = alone > room - plan.right;
-  plan.message = {plan.above ? room : std::max(room - plan.right, 0),
-                  plan.above ? std::max(message_->heightForWidth(room), line) : line};
+  plan.above = WidthOf(message_) > room - right;
+  plan.message = {plan.above ? room : std::max(room - right, 0), plan.above ? HeightOf(message_, room) : line};
   return plan;
 }
 
 int StatusLine::HeightFor(int width) const {
   const Plan plan = PlanFor(width);
-  return plan.message.height() + (plan.above ? plan.line : 0) + 2 * plan.margin;
+  return (plan.above ? plan.message.height() : 0) + plan.low + 2 * plan.margin;
 }
 
 void StatusLine::Arrange() {
   const Plan plan = PlanFor(width());
-  time_->setGeometry(2 * plan.margin, plan.margin, time_->sizeHint().width(), plan.line);
+  time_->setGeometry(2 * plan.margin, plan.margin, WidthOf(time_), fontMetrics().height());
   message_->setGeometry({QPoint(plan.left, plan.margin), plan.message});
   const int top = plan.margin + (plan.above ? plan.message.height() : 0);
   int right = width() - 2 * plan.margin;
   for (QLabel* label : {insert_, position_, expected_}) {
-    const int wide = label->sizeHint().width();
-    label->setGeometry(right - wide, top, wide, plan.line);
+    const int wide = label == expected_ ? plan.expected.width() : WidthOf(label);
+    label->setGeometry(right - wide, top, wide, plan.low);
     right -= wide + (wide > 0 ? plan.gap : 0);
   }
   setFixedHeight(HeightFor(width()));

@@ -28,11 +28,11 @@ class StatusLine : public QWidget {
   struct Plan {
     int margin = 0;
     int gap = 0;
-    int line = 0;
-    int left = 0;   // where the message begins
-    int right = 0;  // taken by what stands on the right
+    int left = 0;  // where the message begins
     QSize message{};
     bool above = false;  // the message, over the rest
+    QSize expected{};
+    int low = 0;  // height of the rest
   };
 
   Plan PlanFor(int width) const;

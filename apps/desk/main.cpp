@@ -46,6 +46,7 @@ struct Options {
   std::string script;
   std::string screenshots;
   int zoom = 100;
+  std::optional<Colours> colours;  // otherwise the desktop's
 };
 
 // One line on standard error, whatever line ends the text holds.
@@ -229,6 +230,9 @@ int Main(int argc, char** argv) {
   app.add_option("--run", options.script, "plays a script on the windows");
   app.add_option("--screenshots", options.screenshots, "folder for a picture of every page that a script shows");
   app.add_option("--zoom", options.zoom, "size of the text in percent")->check(CLI::Range(80, zoom::kMost));
+  app.add_option("--colours", options.colours, "light, dark or contrast; otherwise as the desktop")
+      ->transform(CLI::CheckedTransformer(std::map<std::string, Colours>{
+          {"light", Colours::kLight}, {"dark", Colours::kDark}, {"contrast", Colours::kContrast}}));
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -249,7 +253,7 @@ int Main(int argc, char** argv) {
   int no_arguments = 1;
   QApplication application(no_arguments, argv);
   QApplication::setApplicationName(QStringLiteral("Zendara"));
-  InstallLook();
+  InstallLook(options.colours ? *options.colours : DesktopColours());
   zoom::Set(options.zoom);
   return Desk(std::move(options)).Run();
 }

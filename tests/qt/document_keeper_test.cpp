@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <deque>
 #include <fstream>
@@ -34,10 +33,11 @@ class DocumentKeeperTest : public QtTest {
   // The box that comes next, closed by that button.
   void AnswerSoon(int button) {
     Soon([this, button] {
-      auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+      const QWidget* box = QApplication::activeModalWidget();
       ASSERT_NE(box, nullptr);
-      said = box->text().toStdString();
-      box->buttons().at(button)->click();
+      said = box->findChild<QLabel*>("text")->text().toStdString();
+      EXPECT_EQ(box->findChild<QLabel*>("about"), nullptr);  // no field's
+      box->findChildren<QPushButton*>().at(button)->click();
     });
   }
 

@@ -36,7 +36,10 @@ QtHost::QtHost() {
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
 
-QtHost::~QtHost() = default;
+QtHost::~QtHost() {
+  // Without the application no window can be taken down any more.
+  if (!qApp) static_cast<void>(help_.release());
+}
 
 FormWindow* QtHost::WindowOf(const Form& form) const {
   const auto shows = [&](const auto& window) { return &window->Shown() == &form; };
@@ -46,7 +49,11 @@ FormWindow* QtHost::WindowOf(const Form& form) const {
   return awaiting == awaiting_.end() ? nullptr : awaiting->get();
 }
 
-QWidget* QtHost::Behind() const { return windows_.empty() ? QApplication::activeWindow() : windows_.back(); }
+QWidget* QtHost::Behind() const {
+  if (!windows_.empty()) return windows_.back();
+  QWidget* active = QApplication::activeWindow();
+  return active == help_.get() ? nullptr : active;
+}
 
 void QtHost::FlushAll() {
   for (FormWindow* window : windows_) window->Flush();
@@ -86,11 +93,10 @@ void QtHost::DoEvents() {
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void QtHost::ShowHelp(const std::string& /*file*/, int context) {
+void QtHost::ShowHelp(const std::string& /*file*/, int context, const HelpPlace& place) {
   FlushAll();
-  QWidget* behind = Behind();
-  HelpWindow(context, behind).exec();
-  if (behind) behind->activateWindow();
+  if (!help_) help_ = std::make_unique<HelpWindow>();
+  help_->Open(context, place);
 }
 
 std::int32_t QtHost::WindowHandle(Form& form) {

@@ -17,6 +17,7 @@ class QWidget;
 namespace zendara {
 
 class FormWindow;
+class HelpWindow;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
  public:
@@ -31,12 +32,14 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   FormWindow* WindowOf(const Form& form) const;
   // Of the form that is shown on top; nullptr if none is.
   FormWindow* Top() const { return windows_.empty() ? nullptr : windows_.back(); }
+  // The help that is open, or was; nullptr before.
+  HelpWindow* Help() const { return help_.get(); }
   // The pick list's window: the row that the user takes. Throws what reading the rows throws.
   std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
 
   void ShowModal(Form& form) override;
   void DoEvents() override;
-  void ShowHelp(const std::string& file, int context) override;
+  void ShowHelp(const std::string& file, int context, const HelpPlace& place) override;
   std::int32_t WindowHandle(Form& form) override;
   std::optional<ControlPlace> PlaceOf(const Control& control) override;
 
@@ -56,6 +59,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   Components components_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top
   std::vector<std::unique_ptr<FormWindow>> awaiting_;  // asked for by forms that load, and shown next
+  std::unique_ptr<HelpWindow> help_;
 };
 
 }  // namespace zendara

@@ -25,6 +25,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
 
   std::string TextoColumna(int ordinal) const override;
   std::string TextoCifra(CifraRegularizacion cifra) const override;
+  HelpPlace HelpOnFocus() const override;
 
  protected:
   void OnLoad() override;

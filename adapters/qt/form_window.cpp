@@ -16,6 +16,7 @@
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/status_line.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/qt/window_places.hpp"
 
 namespace zendara {
 namespace {
@@ -128,7 +129,8 @@ void FormWindow::Fit() {
   size = size.boundedTo(area.size());
   setMinimumSize(size.boundedTo(QSize(320, 240)));
   resize(size);
-  move(area.center() - QPoint(size.width() / 2, size.height() / 2));
+  const QPoint centred = area.center() - QPoint(size.width() / 2, size.height() / 2);
+  move(isVisible() ? OnScreen({pos(), frameGeometry().size()}).topLeft() : centred);
 }
 
 QRect FormWindow::PlaceOf(const Control& control) {

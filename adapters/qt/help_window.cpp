@@ -24,6 +24,7 @@
 namespace zendara {
 namespace {
 
+const QString kPlace = QStringLiteral("Ayuda");
 constexpr int kCharactersAcross = 80;
 constexpr int kFewestCharacters = 50;
 constexpr int kHitsShown = 7;
@@ -73,7 +74,9 @@ class Browser : public QTextBrowser {
 
 }  // namespace
 
-HelpWindow::HelpWindow() : QWidget(nullptr, Qt::Window) {
+// A dialog stays above the window that it is opened from.
+HelpWindow::HelpWindow(WindowPlaces& places)
+    : QWidget(nullptr, Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint), places_(places) {
   setAttribute(Qt::WA_QuitOnClose, false);
   search_ = new QLineEdit(this);
   search_->setPlaceholderText(QStringLiteral("palabras, en todas las páginas"));
@@ -109,9 +112,8 @@ HelpWindow::HelpWindow() : QWidget(nullptr, Qt::Window) {
   for (QPushButton* button : {back, forward}) button->setEnabled(false);
   connect(browser_, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);
   connect(browser_, &QTextBrowser::forwardAvailable, forward, &QPushButton::setEnabled);
-  connect(browser_, &QTextBrowser::sourceChanged, this, [this](const QUrl& page) {
-    setWindowTitle(QStringLiteral("Ayuda: ") + HelpTitle(page));
-  });
+  connect(browser_, &QTextBrowser::sourceChanged, this,
+          [this](const QUrl& page) { setWindowTitle(QStringLiteral("Ayuda: ") + HelpTitle(page)); });
   connect(back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
   connect(forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
   connect(start, &QPushButton::clicked, this,
@@ -150,11 +152,12 @@ void HelpWindow::ShowBeside() {
   if (!isVisible()) {
     const QWidget* below = before_ ? before_ : this;
     const QRect area = below->screen()->availableGeometry();
-    const int room = before_ ? area.right() - below->frameGeometry().right() : 0;
+    const int room = before_ ? area.right() - below->frameGeometry().right() - 2 * fontMetrics().height() : 0;
     int width = std::min(TextWidth(fontMetrics(), kCharactersAcross), area.width());
     if (room >= TextWidth(fontMetrics(), kFewestCharacters)) width = std::min(width, room);
     resize(width, area.height() * 4 / 5);
-    move(area.right() + 1 - width, area.top() + area.height() / 10);
+    move(area.right() - width - fontMetrics().height(), area.top() + area.height() / 10);
+    places_.PutBack(*this, kPlace);
     winId();
     FollowModal();
     show();
@@ -184,6 +187,7 @@ bool HelpWindow::event(QEvent* event) {
 
 void HelpWindow::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
+  places_.Keep(*this, kPlace, {});
   GiveKeyboardBack();
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "adapters/qt/help_pages.hpp"
+#include "adapters/qt/window_places.hpp"
 #include "platform/form/form.hpp"
 
 class QLabel;
@@ -19,7 +20,8 @@ namespace zendara {
 
 class HelpWindow : public QWidget {
  public:
-  HelpWindow();
+  // `places` keeps where it stood, and outlives it.
+  explicit HelpWindow(WindowPlaces& places);
 
   // Shows that place of the context's page, in front and with the keyboard.
   void Open(int context, const HelpPlace& place);
@@ -43,6 +45,7 @@ class HelpWindow : public QWidget {
   void Mark(const QString& words, int first_block, int last_block);
   void ScrollTo(int block);
 
+  WindowPlaces& places_;
   QTextBrowser* browser_;
   QLineEdit* search_;
   QListWidget* found_;

@@ -75,6 +75,8 @@ void QtHost::ShowModal(Form& form) {
   windows_.push_back(window.get());
   window->Flush();
   window->Fit();
+  const QSize natural = window->size();
+  places_.PutBack(*window, ToQt(form.Name()));
   window->show();
   window->activateWindow();
   if (form.Loaded()) {
@@ -83,6 +85,7 @@ void QtHost::ShowModal(Form& form) {
     loop.exec();
   }
   std::erase(windows_, window.get());
+  places_.Keep(*window, ToQt(form.Name()), natural);
   window->hide();
   // Otherwise nobody has the keyboard where no window manager passes it on.
   if (behind) behind->activateWindow();
@@ -95,7 +98,7 @@ void QtHost::DoEvents() {
 
 void QtHost::ShowHelp(const std::string& /*file*/, int context, const HelpPlace& place) {
   FlushAll();
-  if (!help_) help_ = std::make_unique<HelpWindow>();
+  if (!help_) help_ = std::make_unique<HelpWindow>(places_);
   help_->Open(context, place);
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/qt/window_places.hpp"
 #include "common/row_list.hpp"
 #include "platform/form/form.hpp"
 #include "zendara/neighbours.hpp"
@@ -32,6 +33,8 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   FormWindow* WindowOf(const Form& form) const;
   // Of the form that is shown on top; nullptr if none is.
   FormWindow* Top() const { return windows_.empty() ? nullptr : windows_.back(); }
+  // Where the windows of forms and the help stood when they were closed, by the form's name.
+  WindowPlaces& Places() { return places_; }
   // The help that is open, or was; nullptr before.
   HelpWindow* Help() const { return help_.get(); }
   // The pick list's window: the row that the user takes. Throws what reading the rows throws.
@@ -59,6 +62,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   Components components_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top
   std::vector<std::unique_ptr<FormWindow>> awaiting_;  // asked for by forms that load, and shown next
+  WindowPlaces places_;
   std::unique_ptr<HelpWindow> help_;
 };
 

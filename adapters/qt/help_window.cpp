@@ -112,8 +112,10 @@ HelpWindow::HelpWindow(WindowPlaces& places)
   for (QPushButton* button : {back, forward}) button->setEnabled(false);
   connect(browser_, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);
   connect(browser_, &QTextBrowser::forwardAvailable, forward, &QPushButton::setEnabled);
-  connect(browser_, &QTextBrowser::sourceChanged, this,
-          [this](const QUrl& page) { setWindowTitle(QStringLiteral("Ayuda: ") + HelpTitle(page)); });
+  connect(browser_, &QTextBrowser::sourceChanged, this, [this](const QUrl& page) {
+    const QString title = HelpTitle(page);
+    setWindowTitle(title == ToQt(PaginasAyuda().front().titulo) ? title : QStringLiteral("Ayuda: ") + title);
+  });
   connect(back, &QPushButton::clicked, browser_, &QTextBrowser::backward);
   connect(forward, &QPushButton::clicked, browser_, &QTextBrowser::forward);
   connect(start, &QPushButton::clicked, this,

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 #include <algorithm>
 
@@ -24,20 +25,19 @@ QRect OnScreen(const QRect& place) {
   return OnScreen(place, areas);
 }
 
+// Before a window is shown nobody knows its frame, so places are those of the content, with room for a title above.
 void WindowPlaces::PutBack(QWidget& window, const QString& name) const {
   const auto found = places.find(name);
   if (found == places.end()) return;
-  const QRect place = OnScreen({found->second.topLeft(), found->second.size().expandedTo(window.size())});
-  window.resize(place.size());
-  window.move(place.topLeft());
+  const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+  const QRect content(found->second.topLeft(), found->second.size().expandedTo(window.size()));
+  window.setGeometry(OnScreen(content.adjusted(0, -title, 0, 0)).adjusted(0, title, 0, 0));
 }
 
 void WindowPlaces::Keep(const QWidget& window, const QString& name, const QSize& natural) {
-  const QRect normal = window.normalGeometry();
   const bool large = window.isMaximized() || window.isFullScreen();
-  const QSize size = large && normal.isValid() ? normal.size() : window.size();
-  const QPoint corner = large && normal.isValid() ? normal.topLeft() : window.pos();
-  places[name] = QRect(corner, size == natural ? QSize(0, 0) : size);
+  const QRect place = large && window.normalGeometry().isValid() ? window.normalGeometry() : window.geometry();
+  places[name] = QRect(place.topLeft(), place.size() == natural ? QSize(0, 0) : place.size());
 }
 
 }  // namespace zendara

@@ -24,7 +24,7 @@ class WindowPlaces {
   // `natural`: the size that the window gives itself; one that it still has is not kept.
   void Keep(const QWidget& window, const QString& name, const QSize& natural);
 
-  // Corner of the frame, and size of the content; an empty size: the window's own.
+  // Of the content, without the frame; an empty size: the window's own.
   std::map<QString, QRect> places;
 };
 

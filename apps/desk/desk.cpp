@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QPixmap>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -40,6 +42,15 @@ std::vector<ScreenChoice> Screens() {
   return screens;
 }
 
+bool IsCut(const QWidget& window) {
+  const auto hides = [](const QScrollArea* area) {
+    return area->horizontalScrollBar()->maximum() > 0 || area->verticalScrollBar()->maximum() > 0;
+  };
+  const QSize least = window.minimumSizeHint();
+  return std::ranges::any_of(window.findChildren<QScrollArea*>(), hides) || window.width() < least.width() ||
+         window.height() < least.height();
+}
+
 // nullptr if there is none.
 const Company* Named(const std::vector<Company>& companies, const std::string& code) {
   const auto found = std::ranges::find(companies, code, &Company::code);
@@ -61,7 +72,8 @@ Album::Album(std::string folder) : folder_(std::move(folder)) { std::filesystem:
 void Album::Take(QWidget& window, const std::string& name) {
   const int number = numbers_.try_emplace(name, static_cast<int>(numbers_.size()) + 1).first->second;
   const QString file = QStringLiteral("%1-%2.png").arg(number, 2, 10, QLatin1Char('0')).arg(ToQt(name));
-  if (!window.grab().save(ToQt(folder_) + QLatin1Char('/') + file)) failed_ = true;
+  if (!window.grab().save(ToQt(folder_) + QLatin1Char('/') + file)) trouble_ = "a picture could not be written";
+  if (IsCut(window)) trouble_ = FromQt(file) + ": the screen has no room for the whole of it";
 }
 
 Desk::Desk(DeskOptions options) : options_(std::move(options)), engine_(MakeEngine()), files_(MakeHostFiles()) {
@@ -104,12 +116,18 @@ int Desk::Play() {
     std::cout << line << std::flush;
     if (!std::cout) throw std::runtime_error("standard output takes no more");
   };
+  if (album_) {
+    const auto first = FirstWindow(options_.dir);
+    first->show();
+    QApplication::processEvents();
+    album_->Take(*first, "Zendara");
+  }
   ScriptedWindows::Photographer photographer;
   if (album_) photographer = [this](QWidget& window, const std::string& name) { album_->Take(window, name); };
   const ScriptResult result =
       ScriptedWindows(host_, std::move(script), print, std::move(photographer)).Play(Surroundings(options_.dir));
   if (result.status != 0) return Fail(result.status, options_.script + ":" + result.message);
-  if (album_ && album_->Failed()) return Fail(kFailed, options_.screenshots + ": a picture could not be written");
+  if (album_ && !album_->Trouble().empty()) return Fail(kFailed, options_.screenshots + ": " + album_->Trouble());
   return 0;
 }
 
@@ -152,57 +170,62 @@ int Desk::OpenScreen() {
   return 0;
 }
 
-int Desk::Choose() {
-  const bool given = !options_.dir.empty();
-  const std::string folder = given || !remembered_ ? options_.dir : remembered_->folder;
-  StartWindow window(
-      {.companies = [this](const std::string& where) { return FindCompanies(*engine_, where); },
-       .open =
-           [this](const std::string& where, const Company& company, const std::string& year,
-                  const std::string& screen) {
-             try {
-               Show(where, company.code, company.name, year, screen);
-             } catch (...) {
-               const RuntimeError error = CurrentError();
-               LogDetail(error);
-               host_.Show({.text = OneLine(error), .icon = BoxIcon::kCritical});
-             }
-           },
-       .write_demo =
-           [](const std::string& where, const std::function<void(int, int)>& progress) {
-             WriteDemoCompany(*MakeEngine(), {.folder = where}, progress);
-           },
-       .tell = [this](const std::string& words) { host_.Show({.text = words, .icon = BoxIcon::kExclamation}); },
-       .help = [this] { host_.ShowHelp({}, 0, {}); },
-       .closed = [] { QApplication::quit(); }},
-      Screens());
-  window.Begin(folder);
-  if (Chooser* chooser = window.Companies()) {
-    const auto companies = FindCompanies(*engine_, folder);
-    const Company* company = Named(companies, options_.company);
-    if (!options_.company.empty() && !company)
-      return Fail(kFailed, folder + ": there is no company " + options_.company);
-    if (company && !options_.year.empty() && std::ranges::count(company->years, options_.year) == 0) {
-      return Fail(kFailed, folder + ": company " + company->code + " has no year " + options_.year);
+std::unique_ptr<StartWindow> Desk::FirstWindow(const std::string& folder) {
+  const auto open = [this](const std::string& where, const Company& company, const std::string& year,
+                           const std::string& screen) {
+    try {
+      Show(where, company.code, company.name, year, screen);
+    } catch (...) {
+      const RuntimeError error = CurrentError();
+      LogDetail(error);
+      host_.Show({.text = OneLine(error), .icon = BoxIcon::kCritical});
     }
+  };
+  const auto write_demo = [](const std::string& where, const std::function<void(int, int)>& progress) {
+    WriteDemoCompany(*MakeEngine(), {.folder = where}, progress);
+  };
+  StartActions actions = {
+      .companies = [this](const std::string& where) { return FindCompanies(*engine_, where); },
+      .open = open,
+      .write_demo = write_demo,
+      .tell = [this](const std::string& words) { host_.Show({.text = words, .icon = BoxIcon::kExclamation}); },
+      .help = [this] { host_.ShowHelp({}, 0, {}); },
+      .closed = [] { QApplication::quit(); },
+  };
+  auto window = std::make_unique<StartWindow>(std::move(actions), Screens());
+  window->Begin(folder);
+  return window;
+}
+
+int Desk::Choose() {
+  const std::string folder = options_.dir.empty() && remembered_ ? remembered_->folder : options_.dir;
+  const auto window = FirstWindow(folder);
+  if (Chooser* chooser = window->Companies()) {
+    const auto companies = FindCompanies(*engine_, folder);
     if (remembered_) chooser->Select(remembered_->company, remembered_->year);
+    const Company* company = Named(companies, options_.company);
+    if (!options_.company.empty() && !company) {
+      return Fail(kFailed, folder + ": there is no company " + options_.company);
+    }
     chooser->Select(options_.company, options_.year);
+    if (!options_.year.empty() && chooser->ChosenYear() != options_.year) {
+      return Fail(kFailed, folder + ": company " + chooser->ChosenCompany()->code + " has no year " + options_.year);
+    }
   }
-  const QSize natural = window.size();
-  host_.Places().PutBack(window, kPlace);
-  window.show();
+  const QSize natural = window->size();
+  host_.Places().PutBack(*window, kPlace);
+  window->show();
   if (album_) {
     QApplication::processEvents();
-    album_->Take(window, "Zendara");
+    album_->Take(*window, "Zendara");
   }
   const int status = QApplication::exec();
-  host_.Places().Keep(window, kPlace, natural);
-  if (const Company* company = window.Companies() ? window.Companies()->ChosenCompany() : nullptr) {
-    if (remembered_) {
-      remembered_->folder = window.Folder();
-      remembered_->company = company->code;
-      remembered_->year = window.Companies()->ChosenYear();
-    }
+  host_.Places().Keep(*window, kPlace, natural);
+  const Chooser* chooser = window->Companies();
+  if (remembered_ && chooser && chooser->ChosenCompany()) {
+    remembered_->folder = window->Folder();
+    remembered_->company = chooser->ChosenCompany()->code;
+    remembered_->year = chooser->ChosenYear();
   }
   Remember();
   return status;

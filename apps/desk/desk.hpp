@@ -16,6 +16,8 @@ class QWidget;
 
 namespace zendara {
 
+class StartWindow;
+
 struct DeskOptions {
   std::string dir;  // empty: the folder that is remembered, or none
   std::string company;
@@ -32,19 +34,21 @@ inline constexpr int kWrongUsage = 2;
 // One line on standard error, whatever line ends the text holds; gives back the status.
 int Fail(int status, std::string text);
 
-// The last picture of each page stands for it; numbers show the order in which the pages came first.
+// The last picture of each page stands for it; numbers show the order in which the pages came first. A screen that is
+// cut, since it has no room, is a trouble.
 class Album {
  public:
   // Throws std::filesystem::filesystem_error when there can be no such folder.
   explicit Album(std::string folder);
 
   void Take(QWidget& window, const std::string& name);
-  bool Failed() const { return failed_; }
+  // What went wrong with them, in one line; empty if nothing did.
+  const std::string& Trouble() const { return trouble_; }
 
  private:
   std::string folder_;
   std::map<std::string, int> numbers_;
-  bool failed_ = false;
+  std::string trouble_;
 };
 
 class Desk {
@@ -60,6 +64,7 @@ class Desk {
   int Play();
   int OpenScreen();
   int Choose();
+  std::unique_ptr<StartWindow> FirstWindow(const std::string& folder);
   // Another folder than that of the company that is open closes it.
   void Show(const std::string& folder, const std::string& company, const std::string& name, const std::string& year,
             const std::string& screen);

@@ -26,6 +26,7 @@ bool CanBeWritten(const QString& folder) {
 StartWindow::StartWindow(StartActions actions, std::vector<ScreenChoice> screens)
     : actions_(std::move(actions)), screens_(std::move(screens)), maker_(actions_.write_demo) {
   setWindowTitle(QStringLiteral("Zendara"));
+  setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style marks what has the keyboard
   pages_ = new QStackedLayout(this);
   zoom::Watch(this, [this] { Rescale(); });
 }

@@ -16,7 +16,6 @@
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/status_line.hpp"
 #include "adapters/qt/text.hpp"
-#include "adapters/qt/window_places.hpp"
 
 namespace zendara {
 namespace {
@@ -129,8 +128,7 @@ void FormWindow::Fit() {
   size = size.boundedTo(area.size());
   setMinimumSize(size.boundedTo(QSize(320, 240)));
   resize(size);
-  const QPoint centred = area.center() - QPoint(size.width() / 2, size.height() / 2);
-  move(isVisible() ? OnScreen({pos(), frameGeometry().size()}).topLeft() : centred);
+  move(area.center() - QPoint(size.width() / 2, size.height() / 2));
 }
 
 QRect FormWindow::PlaceOf(const Control& control) {

@@ -34,12 +34,19 @@ constexpr int kStep = 10;
 
 class Browser : public QTextBrowser {
  public:
-  using QTextBrowser::QTextBrowser;
+  explicit Browser(QWidget* parent) : QTextBrowser(parent) {
+    // Also when the history goes back to a page.
+    connect(this, &QTextBrowser::sourceChanged, this, [this] {
+      setExtraSelections({});
+      Dress();
+    });
+  }
 
-  // Tables and paragraphs as they are read, not as Markdown leaves them.
+  // Tables as they are read, not as Markdown leaves them. All in one step: the text is laid out after each.
   void Dress() {
     const int em = QFontMetrics(document()->defaultFont()).height();
-    document()->setDocumentMargin(em);
+    QTextCursor all(document());
+    all.beginEditBlock();
     for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
       auto* table = qobject_cast<QTextTable*>(frame);
       if (!table) continue;
@@ -54,21 +61,33 @@ class Browser : public QTextBrowser {
       format.setBottomMargin(em / 2.0);
       table->setFormat(format);
     }
+    QTextFrameFormat page = document()->rootFrame()->frameFormat();
+    page.setMargin(em);
+    document()->rootFrame()->setFrameFormat(page);
+    all.endEditBlock();
   }
 
-  void ScrollTo(const QTextBlock& block) {
-    const qreal top = document()->documentLayout()->blockBoundingRect(block).top();
-    verticalScrollBar()->setValue(qRound(top - document()->documentMargin() / 2));
+  // The page that is shown already is not read again.
+  void Show(const QUrl& place) {
+    setExtraSelections({});
+    const bool same = source().adjusted(QUrl::RemoveFragment) == place.adjusted(QUrl::RemoveFragment);
+    if (!same) return setSource(place, QTextDocument::MarkdownResource);
+    GoTo(place);
   }
 
  protected:
   void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override {
     QTextBrowser::doSetSource(url, type);
-    setExtraSelections({});
-    Dress();
-    const QTextBlock heading = HeadingOf(*document(), url.fragment(QUrl::FullyDecoded));
+    GoTo(url);
+  }
+
+ private:
+  void GoTo(const QUrl& place) {
+    const QTextBlock heading = HeadingOf(*document(), place.fragment(QUrl::FullyDecoded));
     moveCursor(QTextCursor::Start);
-    if (heading.isValid()) ScrollTo(heading);
+    if (!heading.isValid()) return verticalScrollBar()->setValue(0);
+    const qreal top = document()->documentLayout()->blockBoundingRect(heading).top();
+    verticalScrollBar()->setValue(qRound(top - fontMetrics().height() / 2.0));
   }
 };
 
@@ -136,8 +155,7 @@ void HelpWindow::Open(int context, const HelpPlace& place) {
   ShowBeside();
   const QUrl page = HelpAddress(ToQt(PaginaDeContexto(context).fichero));
   const QUrl target = place.link.empty() ? page : page.resolved(QUrl(ToQt(place.link)));
-  browser_->setSource(target, QTextDocument::MarkdownResource);
-  browser_->setExtraSelections({});
+  static_cast<Browser*>(browser_)->Show(target);
   const QTextBlock heading = HeadingOf(*browser_->document(), target.fragment(QUrl::FullyDecoded));
   if (heading.isValid() && !place.words.empty()) {
     // Up to the next heading.
@@ -291,7 +309,7 @@ void HelpWindow::GoToHit() {
   const int row = found_->currentRow();
   if (row < 0) return;
   const HelpHit hit = hits_[static_cast<std::size_t>(row)];
-  browser_->setSource(hit.page, QTextDocument::MarkdownResource);
+  static_cast<Browser*>(browser_)->Show(hit.page);
   Mark(search_->text(), hit.block, hit.last_block);
   browser_->setFocus();
 }

@@ -20,9 +20,6 @@ StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
   };
   message_ = add("status", 1);
   message_->setWordWrap(true);
-  // A label that never had a text takes no part in the height for a width.
-  message_->setText(QStringLiteral(" "));
-  message_->clear();
   expected_ = add("expected", 0);
   position_ = add("position", 0);
   insert_ = add("insert", 0);

@@ -6,9 +6,7 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
-#include <QTextBrowser>
 
-#include "adapters/qt/help_window.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/message_box.hpp"
 #include "adapters/qt/pick_window.hpp"
@@ -118,18 +116,6 @@ TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {
   PressSoon({Code(key::kEnd), Code(key::kEnter)});
   empty.exec();
   EXPECT_EQ(empty.Chosen(), std::nullopt);
-}
-
-TEST_F(WindowsTest, HelpShowsThePageOfTheContextAndFollowsLinks) {
-  HelpWindow help(20004, nullptr);
-  auto* browser = help.findChild<QTextBrowser*>();
-  EXPECT_EQ(browser->source().fileName(), "trabajadores.md");
-  EXPECT_GT(browser->toPlainText().size(), 200);
-  browser->setSource(browser->source().resolved(QUrl("teclas.md")));
-  EXPECT_TRUE(browser->toPlainText().startsWith("Teclas"));
-  Soon([&] { PressKey(*help.focusWidget(), Code(key::kEsc)); });
-  help.exec();
-  EXPECT_FALSE(help.isVisible());
 }
 
 }  // namespace

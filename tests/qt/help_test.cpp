@@ -7,6 +7,7 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QWindow>
+#include <set>
 
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/text.hpp"
@@ -39,27 +40,24 @@ class HelpTest : public QtTest {
 
 TEST_F(HelpTest, EveryLinkLeadsToAPageAndAHeading) {
   host.ShowHelp({}, 0, {});
-  int links = 0;
+  std::set<QString> places;  // pages, and their headings
+  std::set<QString> links;
   for (const PaginaAyuda& page : PaginasAyuda()) {
     const QUrl address = HelpAddress(ToQt(page.fichero));
+    places.insert(address.toString());
     Browser().setSource(address);
-    std::vector<QUrl> targets;
     for (QTextBlock block = Browser().document()->begin(); block.isValid(); block = block.next()) {
+      if (block.blockFormat().headingLevel() > 0) {
+        places.insert(address.toString() + QLatin1Char('#') + AnchorOf(block.text()));
+      }
       for (auto piece = block.begin(); piece != block.end(); ++piece) {
-        const QString href = piece.fragment().charFormat().anchorHref();
-        if (!href.isEmpty()) targets.push_back(address.resolved(QUrl(href)));
+        const QString link = piece.fragment().charFormat().anchorHref();
+        if (!link.isEmpty()) links.insert(address.resolved(QUrl(link)).toString());
       }
     }
-    for (const QUrl& target : targets) {
-      ++links;
-      EXPECT_FALSE(HelpTitle(target).isEmpty()) << page.fichero << ": " << target.toString().toStdString();
-      Browser().setSource(target);
-      const QString anchor = target.fragment(QUrl::FullyDecoded);
-      EXPECT_TRUE(anchor.isEmpty() || HeadingOf(*Browser().document(), anchor).isValid())
-          << page.fichero << ": " << target.toString().toStdString();
-    }
   }
-  EXPECT_GT(links, 20);
+  for (const QString& link : links) EXPECT_TRUE(places.contains(link)) << link.toStdString();
+  EXPECT_GT(links.size(), 10U);
 }
 
 TEST_F(HelpTest, EveryFieldOfTheWorkerScreenHasItsPlace) {

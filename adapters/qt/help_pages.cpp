@@ -118,13 +118,20 @@ QString Folded(const QString& text) {
 std::vector<HelpHit> SearchHelp(const QString& words) {
   const QStringList wanted = Folded(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
   if (wanted.isEmpty()) return {};
+  const QString phrase = wanted.join(QLatin1Char(' '));
+  // Headings, then where the words stand together, then the rest.
+  std::vector<const Piece*> found[3];
+  for (const Piece& piece : Pieces()) {
+    const auto has = [&](const QString& word) { return piece.folded.contains(word); };
+    if (!std::ranges::all_of(wanted, has)) continue;
+    found[piece.heading ? 0 : has(phrase) ? 1 : 2].push_back(&piece);
+  }
   std::vector<HelpHit> hits;
-  for (const bool headings : {true, false}) {
-    for (const Piece& piece : Pieces()) {
-      const auto has = [&](const QString& word) { return piece.folded.contains(word); };
-      if (piece.heading != headings || !std::ranges::all_of(wanted, has)) continue;
-      const QString sentence = SentenceAt(piece.text, piece.folded.indexOf(wanted.front()));
-      hits.push_back({piece.page, piece.title, sentence, piece.block, piece.last_block});
+  for (const auto& pieces : found) {
+    for (const Piece* piece : pieces) {
+      const auto together = piece->folded.indexOf(phrase);
+      const auto place = together < 0 ? piece->folded.indexOf(wanted.front()) : together;
+      hits.push_back({piece->page, piece->title, SentenceAt(piece->text, place), piece->block, piece->last_block});
     }
   }
   return hits;

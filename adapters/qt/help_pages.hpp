@@ -31,8 +31,8 @@ struct HelpHit {
   int last_block;
 };
 
-// Paragraphs and rows of tables that have every one of the words, without case and accents, headings first. Nothing for
-// an empty text.
+// Paragraphs and rows of tables that have every one of the words, without case and accents: headings first, then those
+// where the words stand together. Nothing for an empty text.
 std::vector<HelpHit> SearchHelp(const QString& words);
 
 }  // namespace zendara

@@ -147,7 +147,6 @@ HelpWindow::HelpWindow(WindowPlaces& places)
     widget->installEventFilter(this);
   zoom::Watch(this, [this] { SetTextSize(percent_); });
   SetTextSize(percent_);
-  Search();
 }
 
 void HelpWindow::Open(int context, const HelpPlace& place) {
@@ -284,8 +283,7 @@ void HelpWindow::SetTextSize(int percent) {
   font.setPointSizeF(font.pointSizeF() * percent_ / 100);
   browser_->document()->setDefaultFont(font);
   static_cast<Browser*>(browser_)->Dress();
-  const QFontMetrics metrics(QApplication::font());
-  found_->setMaximumHeight(metrics.height() * 3 / 2 * kHitsShown);
+  Search();  // rows have another height
 }
 
 void HelpWindow::changeEvent(QEvent* event) {
@@ -302,6 +300,8 @@ void HelpWindow::Search() {
   for (const HelpHit& hit : hits_) found_->addItem(hit.title + QStringLiteral(": ") + hit.sentence);
   found_->setCurrentRow(0);
   found_->setVisible(!hits_.empty());
+  const int rows = std::min(found_->count(), kHitsShown);
+  found_->setFixedHeight(std::max(found_->sizeHintForRow(0), 0) * rows + 2 * found_->frameWidth());
   nothing_->setVisible(hits_.empty() && !search_->text().trimmed().isEmpty());
 }
 

@@ -1,5 +1,7 @@
 // Lists, check and option buttons, push buttons, tabs, frames, labels and look-up images.
 #include <QAbstractItemView>
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -22,6 +24,7 @@
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/picture_view.hpp"
+#include "adapters/qt/row_picker_view.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -30,12 +33,16 @@ namespace {
 // Shows the text of the model, which an entry of the list need not hold.
 class ListWidget : public QComboBox {
  public:
-  using QComboBox::QComboBox;
+  explicit ListWidget(QWidget* parent) : QComboBox(parent) {
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(Accessible), true);
+  }
 
   void SetShown(const QString& text) {
     if (text == shown_) return;
     shown_ = text;
     update();
+    QAccessibleValueChangeEvent changed(this, text);
+    QAccessible::updateAccessibility(&changed);
   }
 
  protected:
@@ -49,6 +56,33 @@ class ListWidget : public QComboBox {
   }
 
  private:
+  // What is shown is the value, and not the entry.
+  class Spoken : public QAccessibleWidget {
+   public:
+    explicit Spoken(ListWidget& list) : QAccessibleWidget(&list, QAccessible::ComboBox), list_(list) {}
+
+    QString text(QAccessible::Text kind) const override {
+      return kind == QAccessible::Value ? list_.shown_ : QAccessibleWidget::text(kind);
+    }
+    QAccessible::State state() const override {
+      QAccessible::State state = QAccessibleWidget::state();
+      state.hasPopup = true;
+      return state;
+    }
+    QStringList actionNames() const override { return {showMenuAction(), setFocusAction()}; }
+    void doAction(const QString& action) override {
+      if (action == showMenuAction()) return list_.showPopup();
+      QAccessibleWidget::doAction(action);
+    }
+
+   private:
+    ListWidget& list_;
+  };
+  static QAccessibleInterface* Accessible(const QString& /*key*/, QObject* object) {
+    auto* list = dynamic_cast<ListWidget*>(object);
+    return list ? new Spoken(*list) : nullptr;
+  }
+
   QString shown_;
 };
 
@@ -182,7 +216,7 @@ QIcon LensIcon(int size) {
   QPainter painter(&pixmap);
   painter.setRenderHint(QPainter::Antialiasing);
   const double unit = size / 16.0;
-  painter.setPen(QPen(tone::kQuiet, 1.8 * unit, Qt::SolidLine, Qt::RoundCap));
+  painter.setPen(QPen(ColourOf(Role::kText), 1.8 * unit, Qt::SolidLine, Qt::RoundCap));
   painter.drawEllipse(QPointF(6.7, 6.7) * unit, 4.2 * unit, 4.2 * unit);
   painter.drawLine(QPointF(10, 10) * unit, QPointF(13.5, 13.5) * unit);
   return QIcon(pixmap);
@@ -313,6 +347,8 @@ std::unique_ptr<ControlView> MakeView(FormWindow& window, Control& control, QWid
       return std::make_unique<PagesView>(window, static_cast<Tabs&>(control), parent);
     case ControlKind::kGrid:
       return MakeGridView(window, static_cast<Grid&>(control), parent);
+    case ControlKind::kRowPicker:
+      return MakeRowPickerView(window, static_cast<RowPicker&>(control), parent);
     case ControlKind::kFrame:
       if (control.Caption().empty()) return std::make_unique<BareFrameView>(window, control, parent);
       return std::make_unique<FrameView>(window, control, parent);

@@ -7,13 +7,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "adapters/qt/fit.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
@@ -129,7 +129,7 @@ void DetailWindow::Fill(const std::vector<BoxDetail>& rows) {
       item->setTextAlignment(alignment(column));
       if (row == table_->rowCount() - 1) {
         item->setFont(bold);
-        item->setBackground(tone::kHeading);
+        item->setBackground(ColourOf(Role::kHeading));
       }
       table_->setItem(row, column, item);
     }
@@ -150,8 +150,7 @@ void DetailWindow::Copy() const {
 
 void DetailWindow::Fit() {
   layout()->activate();  // after a change of the text's size
-  const QRect area = screen()->availableGeometry();
-  const QSize most = area.size() * 9 / 10;
+  const QSize most = RoomFor(*this).size() * 9 / 10;
   const QMargins margins = layout()->contentsMargins();
   const int around = margins.left() + margins.right() + 2 * table_->frameWidth();
   const int bar = table_->verticalScrollBar()->sizeHint().width();
@@ -176,9 +175,7 @@ void DetailWindow::Fit() {
   const int width = around + columns.length() + (scrolls ? bar : 0);
   columns.setStretchLastSection(true);
   resize(width, std::min(height, most.height()));
-  // Grown with the text, it may reach over the edge.
-  const QPoint beyond = geometry().bottomRight() - area.bottomRight();
-  if (isVisible()) move(pos() - QPoint(std::max(beyond.x(), 0), std::max(beyond.y(), 0)));
+  if (isVisible()) KeepOnScreen(*this);  // grown with the text, it may reach over the edge
 }
 
 // The view's own way makes them as high as the headings of rows would be.

@@ -12,6 +12,7 @@
 
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
+#include "runtime/format.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
@@ -31,7 +32,7 @@ class FieldView : public ControlView {
 
   void Sync() override {
     ControlView::Sync();
-    const QString text = ToQt(box_.Text());
+    const QString text = ToQt(AtRest() ? GroupThousands(box_.Text()) : box_.Text());
     if (edit_->text() != text) edit_->setText(text);
     ShowSelection(text);
     edit_->setReadOnly(box_.Locked());
@@ -39,15 +40,6 @@ class FieldView : public ControlView {
                                : box_.Alignment() == Alignment::kCenter ? Qt::AlignHCenter
                                                                         : Qt::AlignLeft;
     if (edit_->alignment() != (side | Qt::AlignVCenter)) edit_->setAlignment(side | Qt::AlignVCenter);
-    const QColor ground = box_.Enabled() ? FieldColor(box_.BackColor()) : tone::kWindow;
-    const QColor ink = ToQt(box_.ForeColor());
-    if (ground == ground_ && ink == ink_) return;
-    ground_ = ground;
-    ink_ = ink;
-    QPalette palette = edit_->palette();
-    palette.setColor(QPalette::Base, ground);
-    if (box_.ForeColor() != kBlack) palette.setColor(QPalette::Text, ink);
-    edit_->setPalette(palette);
   }
 
   void Rescale() override {
@@ -134,8 +126,12 @@ class FieldView : public ControlView {
   }
 
   int Place(const QMouseEvent& event) const {
-    return CharactersOf(edit_->text(), edit_->cursorPositionAt(event.position().toPoint()));
+    const QString before = edit_->text().left(edit_->cursorPositionAt(event.position().toPoint()));
+    const auto points = AtRest() && ToQt(box_.Text()) != edit_->text() ? before.count(QLatin1Char('.')) : 0;
+    return CharactersOf(before, static_cast<int>(before.size() - points));
   }
+
+  bool AtRest() const { return box_.Grouped() && !box_.HasFocus(); }
 
   bool PressMouse(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton) return true;
@@ -152,8 +148,6 @@ class FieldView : public ControlView {
 
   TextBox& box_;
   QLineEdit* edit_;
-  QColor ground_;
-  QColor ink_;
   int anchor_ = kNoAnchor;  // where the mouse was pressed
   bool composing_ = false;
 };

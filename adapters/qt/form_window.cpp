@@ -4,16 +4,18 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMouseEvent>
-#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <algorithm>
 #include <utility>
 
+#include "adapters/qt/fit.hpp"
 #include "adapters/qt/form_layout.hpp"
+#include "adapters/qt/heading.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/status_line.hpp"
 #include "adapters/qt/text.hpp"
 
@@ -39,6 +41,11 @@ ControlView::ControlView(FormWindow& window, Control& control, QWidget* widget)
   Watch(widget);
 }
 
+void ControlView::SetLabel(QLabel* label) {
+  label_ = label;
+  label->setBuddy(FocusTarget());  // what it is the label of, for screen readers
+}
+
 void ControlView::Watch(QWidget* widget) {
   window_.watched_[widget] = this;
   widget->installEventFilter(&window_);
@@ -48,13 +55,16 @@ void ControlView::Sync() {
   widget_->setVisible(control_.Visible());
   widget_->setEnabled(control_.Enabled());
   if (label_) label_->setVisible(control_.Visible());
-  const QString hint = ToQt(control_.ToolTipText()).trimmed();
+  QString hint = ToQt(control_.ToolTipText()).trimmed();
+  if (control_.Required()) hint += (hint.isEmpty() ? QString() : QStringLiteral(". ")) + QStringLiteral("Obligatorio");
   if (widget_->toolTip() != hint) {
     widget_->setToolTip(hint);
     widget_->setAccessibleDescription(hint);
   }
-  const QString name = PlainCaption(control_.Caption());
-  if (!name.isEmpty() && widget_->accessibleName() != name) widget_->setAccessibleName(name);
+  const bool by_place = control_.TakesFocus() && (control_.IsEntered() || !IsButton());
+  const QString name = by_place ? NameOf(control_) : PlainCaption(control_.Caption());
+  QWidget* spoken = FocusTarget();
+  if (!name.isEmpty() && spoken->accessibleName() != name) spoken->setAccessibleName(name);
 }
 
 bool ControlView::Handle(QObject* /*watched*/, QEvent* event) {
@@ -86,21 +96,26 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::Build() {
-  scroll_ = new QScrollArea(this);
-  scroll_->setWidgetResizable(true);
-  scroll_->setFrameShape(QFrame::NoFrame);
-  scroll_->setFocusPolicy(Qt::NoFocus);
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(0, 0, 0, 0);
   outer->setSpacing(0);
-  outer->addWidget(scroll_, 1);
+  content_ = new QWidget(this);
+  BuildLayout(*this, form_.GetLayout(), *content_,
+              [this](std::unique_ptr<ControlView> view, Control& control) { views_[&control] = std::move(view); });
+  heading_ = static_cast<FormHeading*>(content_->findChild<QLabel*>(QLatin1String(kHeadingName)));
+  if (HasScrolledPart(form_.GetLayout())) {
+    outer->addWidget(content_, 1);
+  } else {
+    scroll_ = new QScrollArea(this);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(content_);
+    outer->addWidget(scroll_, 1);
+  }
   status_ = new StatusLine(this);
   outer->addWidget(status_);
-  auto* content = new QWidget;
-  BuildLayout(*this, form_.GetLayout(), *content,
-              [this](std::unique_ptr<ControlView> view, Control& control) { views_[&control] = std::move(view); });
-  scroll_->setWidget(content);
-  content->installEventFilter(this);
+  content_->installEventFilter(this);
 }
 
 ControlView* FormWindow::ViewOf(const Control& control) const {
@@ -110,26 +125,61 @@ ControlView* FormWindow::ViewOf(const Control& control) const {
 
 void FormWindow::Rescale() {
   for (const auto& [control, view] : views_) view->Rescale();
-  RescaleSpacing(*scroll_->widget());
+  RescaleSpacing(*content_);
+}
+
+// Of the content; lines that find no room go on further ones.
+QSize FormWindow::SizeIn(QSize room) const {
+  const QSize wanted = content_->sizeHint();
+  if (scroll_ || wanted.width() <= room.width() || !content_->hasHeightForWidth()) return wanted;
+  return {room.width(), content_->heightForWidth(room.width())};
 }
 
 void FormWindow::Fit() {
-  const QRect area = screen()->availableGeometry();
-  RenewSizes(*scroll_->widget());
-  const QSize wanted = scroll_->widget()->sizeHint();
-  const int status = status_->sizeHint().height();
+  frame_ = FrameOf(*this);
+  const QRect room = RoomFor(*this);
+  RenewSizes(*content_);
+  wanted_ = content_->sizeHint();
+  const QSize wanted = SizeIn(room.size());
   // Scrolled, never squeezed.
-  scroll_->widget()->setMinimumSize(wanted);
-  QSize size = wanted + QSize(0, status);
+  if (scroll_) content_->setMinimumSize(wanted);
+  if (isMaximized()) return;
+  QSize size = wanted + QSize(0, status_->heightForWidth(wanted.width()));
   // What does not fit on the screen is scrolled, and the bar needs its own place.
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2;
-  if (size.height() > area.height()) size.rwidth() += bar;
-  if (wanted.width() > area.width()) size.rheight() += bar;
-  size = size.boundedTo(area.size());
+  if (size.height() > room.height()) size.rwidth() += bar;
+  if (wanted.width() > room.width()) size.rheight() += bar;
+  size = size.boundedTo(room.size());
   setMinimumSize(size.boundedTo(QSize(320, 240)));
   resize(size);
-  move(area.center() - QPoint(size.width() / 2, size.height() / 2));
+  if (isVisible()) return KeepOnScreen(*this);
+  const QSize left = (room.size() - size) / 2;
+  move(room.topLeft() + QPoint(left.width() - frame_.left(), left.height() - frame_.top()));
 }
+
+// The window manager has put its frame around the window, which may be another than was reckoned with.
+void FormWindow::HeedFrame() {
+  if (!isVisible() || isMaximized() || isMinimized() || FrameOf(*this) == frame_) return;
+  frame_ = FrameOf(*this);
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        // A size that the user gave it stays where there is room for it.
+        if (size().boundedTo(RoomFor(*this).size()) != size()) return Fit();
+        KeepOnScreen(*this);
+      },
+      Qt::QueuedConnection);
+}
+
+// Some say so only by giving it the keyboard.
+void FormWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange) HeedFrame();
+}
+
+void FormWindow::moveEvent(QMoveEvent* /*event*/) { HeedFrame(); }
+
+void FormWindow::resizeEvent(QResizeEvent* /*event*/) { HeedFrame(); }
 
 QRect FormWindow::PlaceOf(const Control& control) {
   Flush();
@@ -137,16 +187,14 @@ QRect FormWindow::PlaceOf(const Control& control) {
   if (isVisible()) return {widget->mapTo(this, QPoint(0, 0)), widget->size()};
   // Nothing is laid out by itself before it is shown; the content begins in the window's corner then.
   Fit();
-  QWidget* content = scroll_->widget();
-  content->resize(size().expandedTo(content->minimumSize()));
-  content->layout()->setGeometry(content->rect());
-  return {widget->mapTo(content, QPoint(0, 0)), widget->size()};
+  content_->resize(size().expandedTo(content_->minimumSize()));
+  content_->layout()->setGeometry(content_->rect());
+  return {widget->mapTo(content_, QPoint(0, 0)), widget->size()};
 }
 
 void FormWindow::Grow() {
-  const QSize needed = scroll_->widget()->sizeHint();
-  const QSize had = scroll_->widget()->minimumSize();
-  if (needed.width() > had.width() || needed.height() > had.height()) Fit();
+  const QSize needed = content_->sizeHint();
+  if (needed.width() > wanted_.width() || needed.height() > wanted_.height()) Fit();
 }
 
 // In.
@@ -158,7 +206,7 @@ void FormWindow::Pass(const std::function<void()>& call) {
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   // What the content needs more than it had, by a wider text in a grid for one.
-  if (watched == scroll_->widget()) {
+  if (watched == content_) {
     if (event->type() == QEvent::LayoutRequest && isVisible() && !isMaximized()) Grow();
     return false;
   }
@@ -250,10 +298,7 @@ void FormWindow::Flush() {
   if (syncing_) return;
   syncing_ = true;
   if (std::exchange(form_changed_, false)) {
-    status_->ShowMessage(ToQt(form_.Status()));
-    // A status of several lines takes nothing from the fields.
-    const int more = status_->heightForWidth(width()) - status_->height();
-    if (more > 0) resize(width(), std::min(height() + more, screen()->availableGeometry().height()));
+    ShowStatus();
     // The hourglass takes no input away.
     if (form_.Pointer() == MousePointer::kHourglass) {
       setCursor(Qt::WaitCursor);
@@ -275,10 +320,21 @@ void FormWindow::Flush() {
   syncing_ = false;
 }
 
+void FormWindow::ShowStatus() {
+  const int before = status_->heightForWidth(width());
+  status_->ShowMessage(ToQt(form_.Status()));
+  // A status of several lines takes nothing from the fields.
+  const int more = status_->heightForWidth(width()) - before;
+  if (more <= 0 || !isVisible() || isMaximized()) return;
+  resize(width(), std::min(height() + more, RoomFor(*this).height()));
+  KeepOnScreen(*this);
+}
+
 void FormWindow::ShowTitle() {
   QString title = ToQt(form_.Title().empty() ? form_.Name() : form_.Title());
-  if (const QString subject = ToQt(form_.Subject()); !subject.isEmpty())
-    title = subject + QStringLiteral(" – ") + title;
+  const QString subject = ToQt(form_.Subject());
+  if (heading_) heading_->ShowText(subject.isEmpty() ? title : subject);
+  if (!subject.isEmpty()) title = subject + QStringLiteral(" – ") + title;
   if (windowTitle() != title) setWindowTitle(title);
 }
 
@@ -288,15 +344,43 @@ void FormWindow::ShowFocus() {
   QWidget* target = view ? view->FocusTarget() : this;
   setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style always marks it
   if (focusWidget() != target || !target->hasFocus()) target->setFocus(Qt::OtherFocusReason);
-  if (view) {
-    view->Sync();
-    // With the words before it.
-    const int label = fontMetrics().height() * kLinesOfLabel;
-    const QPoint corner = view->Widget()->mapTo(scroll_->widget(), QPoint(0, 0));
-    const QSize size = view->Widget()->size();
-    scroll_->ensureVisible(corner.x() + size.width(), corner.y() + size.height());
-    scroll_->ensureVisible(std::max(corner.x() - label, 0), corner.y());
+  // The field that had it is at rest now.
+  const Control* before = std::exchange(shown_focus_, focus);
+  if (ControlView* left = before && before != focus ? ViewOf(*before) : nullptr) left->Sync();
+  if (!view) return;
+  view->Sync();
+  Reveal(*view->Widget());
+}
+
+// With the words before it, in whatever scrolls around it.
+void FormWindow::Reveal(const QWidget& widget) {
+  const int label = fontMetrics().height() * kLinesOfLabel;
+  for (QWidget* around = widget.parentWidget(); around && around != this; around = around->parentWidget()) {
+    auto* area = qobject_cast<QScrollArea*>(around);
+    if (!area) continue;
+    const QPoint corner = widget.mapTo(area->widget(), QPoint(0, 0));
+    area->ensureVisible(corner.x() + widget.width(), corner.y() + widget.height());
+    area->ensureVisible(std::max(corner.x() - label, 0), corner.y());
   }
+}
+
+const Control* FormWindow::EnteredField() const {
+  const Control* focus = form_.Focus();
+  return focus && focus->IsEntered() && focus->Usable() ? focus : nullptr;
+}
+
+QRect FormWindow::OnScreen(const Control& control) const {
+  const QWidget* widget = ViewOf(control)->Widget();
+  return {widget->mapToGlobal(QPoint(0, 0)), widget->size()};
+}
+
+void FormWindow::Mark(const Control& control, bool marked) {
+  const ControlView* view = ViewOf(control);
+  if (!view) return;
+  view->Widget()->setProperty(kMarked, marked);
+  const auto* scrolled = qobject_cast<QAbstractScrollArea*>(view->Widget());
+  (scrolled ? scrolled->viewport() : view->Widget())->update();
+  view->Widget()->update();
 }
 
 }  // namespace zendara

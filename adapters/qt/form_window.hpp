@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QMargins>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
@@ -18,6 +19,7 @@ class QScrollArea;
 namespace zendara {
 
 class FormWindow;
+class FormHeading;
 class StatusLine;
 
 // One control and the widget that shows it.
@@ -33,7 +35,7 @@ class ControlView {
   // What has the keyboard when the control has the focus.
   virtual QWidget* FocusTarget() const { return widget_; }
   // Shown and hidden with the control.
-  void SetLabel(QLabel* label) { label_ = label; }
+  void SetLabel(QLabel* label);
 
   // Brings the widget in step with the model.
   virtual void Sync();
@@ -77,10 +79,18 @@ class FormWindow : public QWidget, public FormView {
   // Called when the form was unloaded, as the last thing: it may end this window.
   void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }
 
-  // Size of the content, within the screen, and centred.
+  // Size of the content, within the screen and with its frame. Centred at first; once it is shown it stays where it is
+  // as far as that goes.
   void Fit();
   // Where the control stands in the window, which need not be shown yet. REQUIRES: it has a view.
   QRect PlaceOf(const Control& control);
+
+  // The control with the focus, if it holds what the user enters; otherwise nullptr.
+  const Control* EnteredField() const;
+  // Shows that a box is about that control. Nothing if the window does not show it.
+  void Mark(const Control& control, bool marked);
+  // Where it is on the screen. REQUIRES: the window shows it.
+  QRect OnScreen(const Control& control) const;
 
   void ControlChanged(const Control& control) override;
   void FocusMoved() override;
@@ -90,6 +100,9 @@ class FormWindow : public QWidget, public FormView {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -98,17 +111,26 @@ class FormWindow : public QWidget, public FormView {
   void Build();
   void Rescale();
   void Grow();
+  void HeedFrame();
+  void ShowStatus();
+  QSize SizeIn(QSize room) const;
   void Queue();
   bool PressKeys(const QKeyEvent& event);
   void ShowFocus();
+  void Reveal(const QWidget& widget);
   void ShowTitle();
 
   Form& form_;
-  QScrollArea* scroll_ = nullptr;
-  StatusLine* status_ = nullptr;  // below the content, always there
+  QWidget* content_ = nullptr;
+  QScrollArea* scroll_ = nullptr;   // around the content; none where parts of it scroll
+  FormHeading* heading_ = nullptr;  // in the content, if the form has one
+  StatusLine* status_ = nullptr;    // below the content, always there
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<QObject*, ControlView*> watched_;
   std::set<const Control*> changed_;
+  QMargins frame_;                        // that Fit has reckoned with
+  QSize wanted_;                          // by the content when the window was fitted
+  const Control* shown_focus_ = nullptr;  // whose field was shown with the focus
   bool focus_moved_ = true;
   bool form_changed_ = true;
   bool queued_ = false;

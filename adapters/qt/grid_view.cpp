@@ -4,12 +4,15 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <algorithm>
 
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -35,8 +38,14 @@ class Cells : public QAbstractTableModel {
     switch (role) {
       case Qt::DisplayRole:
         return ToQt(grid_.Cell(row, column));
+      case Qt::AccessibleTextRole: {
+        const QString text = ToQt(grid_.Cell(row, column));
+        if (fixed) return text;
+        return NameOf(grid_) + QStringLiteral(", ") + NameOfCell(grid_, row, column) + QStringLiteral(": ") +
+               (text.isEmpty() ? QStringLiteral("vacío") : text);
+      }
       case Qt::BackgroundRole:
-        return fixed ? QVariant(tone::kHeading) : QVariant();
+        return fixed ? QVariant(ColourOf(Role::kHeading)) : QVariant();
       case Qt::TextAlignmentRole: {
         const Alignment side = grid_.ColumnAt(column).alignment;
         const auto horizontal = side == Alignment::kRight    ? Qt::AlignRight
@@ -73,6 +82,27 @@ class Cells : public QAbstractTableModel {
   int columns_ = 0;
 };
 
+// The current cell stands out while the grid has the keyboard, or while a box is about it.
+class CellPainter : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyleOptionViewItem cell = option;
+    const auto* table = static_cast<const QTableView*>(option.widget);
+    const bool marked = table->property(kMarked).toBool() && index == table->currentIndex();
+    const bool active = option.state.testFlag(QStyle::State_HasFocus);
+    cell.state &= ~(QStyle::State_HasFocus | QStyle::State_Selected);
+    if (active) painter->fillRect(cell.rect, ColourOf(Role::kActive));
+    QStyledItemDelegate::paint(painter, cell, index);
+    if (!active && !marked) return;
+    const int width = RingWidth(cell.fontMetrics);
+    painter->setPen(
+        QPen(ColourOf(marked ? Role::kWarning : Role::kAccent), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->drawRect(QRectF(cell.rect).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0));
+  }
+};
+
 class GridView : public ControlView {
  public:
   GridView(FormWindow& window, Grid& grid, QWidget& parent)
@@ -81,11 +111,12 @@ class GridView : public ControlView {
         table_(static_cast<QTableView*>(widget_)),
         cells_(new Cells(grid, table_)) {
     table_->setModel(cells_);
+    table_->setItemDelegate(new CellPainter(table_));
     table_->horizontalHeader()->hide();
     table_->verticalHeader()->hide();
     table_->horizontalHeader()->setMinimumSectionSize(0);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setSelectionMode(QAbstractItemView::NoSelection);
     table_->setTabKeyNavigation(false);
     table_->setWordWrap(false);
     table_->setTextElideMode(Qt::ElideRight);
@@ -106,11 +137,6 @@ class GridView : public ControlView {
     if (table_->currentIndex() != current) {
       table_->setCurrentIndex(current);
       table_->scrollTo(current);
-    }
-    if (!grid_.HasFocus()) {
-      table_->clearSelection();
-    } else if (current.isValid()) {
-      table_->selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
     }
   }
 

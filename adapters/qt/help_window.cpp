@@ -56,7 +56,7 @@ class Browser : public QTextBrowser {
       format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
       format.setBorderCollapse(true);
       format.setBorder(1);
-      format.setBorderBrush(palette().color(QPalette::Mid));
+      format.setBorderBrush(ColourOf(Role::kLine));
       format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
       format.setBottomMargin(em / 2.0);
       table->setFormat(format);

@@ -3,81 +3,100 @@
 #include <QApplication>
 #include <QPalette>
 #include <QPointer>
-#include <QProxyStyle>
-#include <QStyleFactory>
-#include <QStyleOption>
 #include <QToolTip>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusVariant>
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 #include <vector>
+
+#include "adapters/qt/style.hpp"
 
 namespace zendara {
 namespace {
 
 constexpr double kBasePoints = 9;
+constexpr int kPatienceWithDesktop = 500;  // milliseconds
 constexpr int kSteps[] = {80, 90, 100, 110, 125, 150, 175, 200, 225, zoom::kMost};
 
-class Style : public QProxyStyle {
- public:
-  Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
-
-  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
-                         const QWidget* widget) const override {
-    const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);
-    if (type != CT_PushButton || !option) return plain;
-    const int line = option->fontMetrics.height();
-    return plain + QSize(line / 2, line / 5);
-  }
-
-  // Marks of check boxes and options grow with the text, and so does the room beside the headings of columns.
-  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-    const int plain = QProxyStyle::pixelMetric(metric, option, widget);
-    switch (metric) {
-      case PM_IndicatorWidth:
-      case PM_IndicatorHeight:
-      case PM_ExclusiveIndicatorWidth:
-      case PM_ExclusiveIndicatorHeight:
-        return widget ? std::max(plain, widget->fontMetrics().height() * 4 / 5) : plain;
-      case PM_HeaderMargin:
-        return widget ? plain + widget->fontMetrics().height() / 3 : plain;
-      default:
-        return plain;
-    }
-  }
-
-  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                QStyleHintReturn* result) const override {
-    switch (hint) {
-      case SH_UnderlineShortcut:  // access keys are always to be seen
-        return 1;
-      case SH_DialogButtonLayout:  // buttons in the order in which they are given
-      case SH_ComboBox_Popup:
-        return 0;
-      default:
-        return QProxyStyle::styleHint(hint, option, widget, result);
-    }
-  }
+struct Shades {
+  Role role;
+  QRgb light;
+  QRgb dark;
+  QRgb contrast;
+};
+constexpr Shades kShades[kRoles] = {
+    {Role::kWindow, 0xF4F5F8, 0x1E2228, 0x000000},  {Role::kInput, 0xFFFFFF, 0x14171B, 0x000000},
+    {Role::kActive, 0xFFF7D6, 0x36321B, 0x000000},  {Role::kShown, 0xE8EBF0, 0x2A3038, 0x000000},
+    {Role::kButton, 0xE8EBF0, 0x363D47, 0x000000},  {Role::kHeading, 0xDDE2EA, 0x2F353E, 0x262626},
+    {Role::kText, 0x1B222C, 0xE8EBEF, 0xFFFFFF},    {Role::kQuiet, 0x4E5866, 0xB0B8C4, 0xD0D0D0},
+    {Role::kBorder, 0x737D8B, 0x8E98A6, 0xFFFFFF},  {Role::kLine, 0xC3CAD4, 0x4A525D, 0x8C8C8C},
+    {Role::kAccent, 0x1F5FA8, 0x6CB2F5, 0xFFFF00},  {Role::kOnAccent, 0xFFFFFF, 0x0B1016, 0x000000},
+    {Role::kWarning, 0xC2410C, 0xFF9E64, 0xFF9B9B},
 };
 
-QPalette Colours() {
-  QPalette palette(tone::kWindow);
-  palette.setColor(QPalette::Window, tone::kWindow);
-  palette.setColor(QPalette::WindowText, tone::kText);
-  palette.setColor(QPalette::Base, Qt::white);
-  palette.setColor(QPalette::AlternateBase, tone::kWindow);
-  palette.setColor(QPalette::Text, tone::kText);
-  palette.setColor(QPalette::Button, QColor(0xEC, 0xEF, 0xF3));
-  palette.setColor(QPalette::ButtonText, tone::kText);
-  palette.setColor(QPalette::Highlight, tone::kAccent);
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Link, tone::kAccent);
-  palette.setColor(QPalette::ToolTipBase, Qt::white);
-  palette.setColor(QPalette::ToolTipText, tone::kText);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, tone::kQuiet);
-  }
+Colours colours_now = Colours::kLight;
+
+struct Use {
+  QPalette::ColorRole place;
+  Role role;
+};
+constexpr Use kUses[] = {
+    {QPalette::Window, Role::kWindow},     {QPalette::WindowText, Role::kText},
+    {QPalette::Base, Role::kInput},        {QPalette::AlternateBase, Role::kWindow},
+    {QPalette::Text, Role::kText},         {QPalette::Button, Role::kButton},
+    {QPalette::ButtonText, Role::kText},   {QPalette::PlaceholderText, Role::kQuiet},
+    {QPalette::Highlight, Role::kAccent},  {QPalette::HighlightedText, Role::kOnAccent},
+    {QPalette::Link, Role::kAccent},       {QPalette::LinkVisited, Role::kAccent},
+    {QPalette::ToolTipBase, Role::kInput}, {QPalette::ToolTipText, Role::kText},
+};
+
+QPalette PaletteNow() {
+  QPalette palette(ColourOf(Role::kButton), ColourOf(Role::kWindow));
+  for (const Use& use : kUses) palette.setColor(use.place, ColourOf(use.role));
+  // A value that can only be read is no less a value.
+  palette.setColor(QPalette::Disabled, QPalette::WindowText, ColourOf(Role::kQuiet));
+  palette.setColor(QPalette::Disabled, QPalette::ButtonText, ColourOf(Role::kQuiet));
   return palette;
+}
+
+// What a desktop says that hands no palette to its programs. Nothing where it says nothing.
+std::optional<Colours> ColoursOfDesktopSettings() {
+  const QString theme = qEnvironmentVariable("GTK_THEME");
+  if (theme.contains(QLatin1String("HighContrast"))) return Colours::kContrast;
+  if (theme.endsWith(QLatin1String("dark"), Qt::CaseInsensitive)) return Colours::kDark;
+  // Otherwise the library would start a bus of its own.
+  if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return std::nullopt;
+  const auto setting = [](const QString& group, const QString& key) {
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
+        QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
+    question << group << key;
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, kPatienceWithDesktop);
+    // A value in a value.
+    QVariant value = answer.type() == QDBusMessage::ReplyMessage ? answer.arguments().value(0) : QVariant();
+    while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+    return value;
+  };
+  if (setting(QStringLiteral("org.gnome.desktop.a11y.interface"), QStringLiteral("high-contrast")).toBool()) {
+    return Colours::kContrast;
+  }
+  const QString appearance = QStringLiteral("org.freedesktop.appearance");
+  if (setting(appearance, QStringLiteral("contrast")).toUInt() == 1) return Colours::kContrast;
+  const uint scheme = setting(appearance, QStringLiteral("color-scheme")).toUInt();
+  if (scheme == 1) return Colours::kDark;
+  if (scheme == 2) return Colours::kLight;
+  return std::nullopt;
+}
+
+Colours FindDesktopColours() {
+  if (const auto said = ColoursOfDesktopSettings()) return *said;
+  const QPalette given = QApplication::palette();
+  const bool dark = given.color(QPalette::Window).lightnessF() < given.color(QPalette::WindowText).lightnessF();
+  return dark ? Colours::kDark : Colours::kLight;
 }
 
 QFont FontOf(int percent) {
@@ -108,12 +127,39 @@ void CallWatchers() {
 
 }  // namespace
 
-void InstallLook() {
-  QApplication::setStyle(new Style);
-  QApplication::setPalette(Colours());
-  QToolTip::setPalette(Colours());
+Colours DesktopColours() {
+  static const Colours found = FindDesktopColours();
+  return found;
+}
+
+QColor ColourOf(Role role) { return ColourOf(role, colours_now); }
+
+QColor ColourOf(Role role, Colours colours) {
+  const Shades& shades = *std::ranges::find(kShades, role, &Shades::role);
+  return QColor::fromRgb(colours == Colours::kLight  ? shades.light
+                         : colours == Colours::kDark ? shades.dark
+                                                     : shades.contrast);
+}
+
+QColor PaintedGround(QColor painted) { return PaintedGround(painted, colours_now); }
+
+// As light as it was dark; no pattern stands behind words where contrast is asked for.
+QColor PaintedGround(QColor painted, Colours colours) {
+  if (colours == Colours::kLight) return painted;
+  if (colours == Colours::kContrast) return ColourOf(Role::kWindow, colours);
+  const QColor tone = painted.toHsl();
+  return QColor::fromHslF(std::max(tone.hslHueF(), 0.0F), tone.hslSaturationF() / 2, 1 - tone.lightnessF());
+}
+
+void InstallLook(Colours colours) {
+  colours_now = colours;
+  QApplication::setStyle(MakeStyle());
+  QApplication::setPalette(PaletteNow());
+  QToolTip::setPalette(PaletteNow());
   QApplication::setFont(FontOf(percent_now));
 }
+
+int RingWidth(const QFontMetrics& metrics) { return std::max(2, metrics.height() / 10); }
 
 namespace zoom {
 
@@ -146,9 +192,5 @@ int TextWidth(const QFontMetrics& metrics, int characters) {
   const QChar sample = QLatin1Char(characters > 5 ? 'E' : '0');
   return metrics.horizontalAdvance(QString(characters, sample));
 }
-
-QColor ToQt(Color color) { return {color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF}; }
-
-QColor FieldColor(Color color) { return color == kGrey ? tone::kResting : ToQt(color); }
 
 }  // namespace zendara

@@ -7,12 +7,49 @@
 #include <QObject>
 #include <functional>
 
-#include "platform/form/control.hpp"
-
 namespace zendara {
 
+enum class Colours { kLight, kDark, kContrast };
+
+// Those that the desktop is set to: light where it says nothing. Asked once, and before the look is installed.
+Colours DesktopColours();
+
+// What a colour is for. The palettes are a table of look.cpp, and no other place names a colour.
+enum class Role {
+  kWindow,    // ground of windows, pages and groups
+  kInput,     // ground of what can be entered
+  kActive,    // the same with the focus
+  kShown,     // ground of a value that can only be read
+  kButton,    // ground of what is pressed
+  kHeading,   // ground of headings, of pages behind and of scroll bars
+  kText,      // words on any of these
+  kQuiet,     // words of second rank, and of what cannot be used
+  kBorder,    // of what can be entered or pressed; marks
+  kLine,      // separates, and says nothing
+  kAccent,    // ring of the focus, ground of what is selected, links
+  kOnAccent,  // words on it
+  kWarning,   // ring of the field that a box is about
+};
+inline constexpr int kRoles = static_cast<int>(Role::kWarning) + 1;
+QColor ColourOf(Role role);
+QColor ColourOf(Role role, Colours colours);
+
+// How the ground that a routine paints is shown, so that Role::kText can be read on it.
+QColor PaintedGround(QColor painted);
+QColor PaintedGround(QColor painted, Colours colours);
+
 // Sets style, font and palette of the application. REQUIRES: a QApplication.
-void InstallLook();
+void InstallLook(Colours colours = DesktopColours());
+
+// Property of a button: the work on the form ends with it.
+inline constexpr char kMain[] = "main";
+
+// Width of borders in pixels, and of the ring around what has the focus.
+inline constexpr int kBorderWidth = 1;
+int RingWidth(const QFontMetrics& metrics);
+
+// Property of a widget: the box in front is about it. True or false.
+inline constexpr char kMarked[] = "marked";
 
 // Size of the text in percent, one for all windows.
 namespace zoom {
@@ -28,20 +65,5 @@ void Watch(QObject* owner, std::function<void()> changed);
 
 // Width of that many characters of a code or a name.
 int TextWidth(const QFontMetrics& metrics, int characters);
-
-QColor ToQt(Color color);
-// Colour of a field's ground. The model's mid grey marks the fields that have not the focus; black text on it is hard
-// to read, so it is shown as a light grey that still stands off from the white of the active field.
-QColor FieldColor(Color color);
-
-namespace tone {
-inline const QColor kWindow(0xF6, 0xF7, 0xF9);
-inline const QColor kResting(0xE6, 0xE9, 0xEE);
-inline const QColor kHeading(0xDD, 0xE2, 0xEA);
-inline const QColor kLine(0xB9, 0xC1, 0xCC);
-inline const QColor kText(0x1B, 0x22, 0x2C);
-inline const QColor kQuiet(0x4E, 0x58, 0x66);
-inline const QColor kAccent(0x1F, 0x5F, 0xA8);
-}  // namespace tone
 
 }  // namespace zendara

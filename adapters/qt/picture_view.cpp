@@ -16,7 +16,11 @@ namespace {
 constexpr double kTwips = 15;
 constexpr double kDegrees = 10;  // escapements are in tenths
 
-QColor ToRgb(std::uint32_t color) { return ToQt(static_cast<Color>(color & 0xFFFFFF)); }
+// Red is the lowest byte.
+QColor ToRgb(std::uint32_t color) {
+  return QColor::fromRgb(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
+                         static_cast<int>((color >> 16) & 0xFF));
+}
 
 class QtScreen : public Screen {
  public:
@@ -51,7 +55,7 @@ class Surface : public DrawingSurface {
   int VerticalPixelsPerInch() const override { return QPixmap(1, 1).logicalDpiY(); }
 
   void FillRect(int left, int top, int right, int bottom, std::uint32_t color) override {
-    painter_.fillRect(left, top, right - left, bottom - top, ToRgb(color));
+    painter_.fillRect(left, top, right - left, bottom - top, PaintedGround(ToRgb(color)));
   }
 
   void TextOut(const LogicalFont& font, int alignment, int x, int y, std::string_view text) override {
@@ -65,7 +69,7 @@ class Surface : public DrawingSurface {
     const QString words = ToQt(text);
     painter_.save();
     painter_.setFont(drawn);
-    painter_.setPen(Qt::black);
+    painter_.setPen(ColourOf(Role::kText));
     painter_.translate(x, y);
     painter_.rotate(-font.escapement / kDegrees);
     const double left = alignment == kAlignCentre ? -metrics.horizontalAdvance(words) / 2 : 0;
@@ -103,7 +107,7 @@ class PictureWidget : public QWidget {
   void Draw(QSize wanted) {
     pixmap_ = QPixmap(wanted);
     pixmap_.setDevicePixelRatio(devicePixelRatioF());
-    pixmap_.fill(tone::kWindow);
+    pixmap_.fill(ColourOf(Role::kWindow));
     QFont caption = QApplication::font();
     caption.setBold(true);
     Surface surface(pixmap_, caption);

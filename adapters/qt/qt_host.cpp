@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QPointer>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QtMath>
@@ -14,8 +15,10 @@
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/message_box.hpp"
+#include "adapters/qt/names.hpp"
 #include "adapters/qt/pick_window.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/qt/window_chain.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -29,9 +32,16 @@ constexpr const char* kCalculators[] = {"calc",          "gnome-calculator",  "k
 
 constexpr int kTwipsPerPixel = 15;
 
+// Gives the keyboard back to it; otherwise nobody has it where no window manager passes it on.
+void GoBackTo(const QPointer<QWidget>& window) {
+  if (!window) return;
+  if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+  window->activateWindow();
+}
+
 }  // namespace
 
-QtHost::QtHost() {
+QtHost::QtHost() : chain_(std::make_unique<WindowChain>()) {
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
@@ -50,6 +60,7 @@ FormWindow* QtHost::WindowOf(const Form& form) const {
 }
 
 QWidget* QtHost::Behind() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   if (!windows_.empty()) return windows_.back();
   QWidget* active = QApplication::activeWindow();
   return active == help_.get() ? nullptr : active;
@@ -63,7 +74,7 @@ void QtHost::FlushAll() {
 
 void QtHost::ShowModal(Form& form) {
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   std::unique_ptr<FormWindow> window;
   const auto made = std::ranges::find_if(awaiting_, [&](const auto& w) { return &w->Shown() == &form; });
   if (made != awaiting_.end()) {
@@ -87,8 +98,7 @@ void QtHost::ShowModal(Form& form) {
   std::erase(windows_, window.get());
   places_.Keep(*window, ToQt(form.Name()), natural);
   window->hide();
-  // Otherwise nobody has the keyboard where no window manager passes it on.
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
 }
 
 void QtHost::DoEvents() {
@@ -126,9 +136,17 @@ std::optional<ControlPlace> QtHost::PlaceOf(const Control& control) {
 
 BoxAnswer QtHost::Show(const Box& box) {
   FlushAll();
-  QWidget* behind = Behind();
-  const BoxAnswer answer = MessageBox(box, ToQt(box.title.empty() ? kApplicationTitle : box.title), behind).Ask();
-  if (behind) behind->activateWindow();
+  const QPointer<QWidget> behind = Behind();
+  FormWindow* top = Top();
+  const Control* field = top && top == behind ? top->EnteredField() : nullptr;
+  if (field) top->Mark(*field, true);
+  const QString title = ToQt(box.title.empty() ? kApplicationTitle : box.title);
+  MessageBox shown(box, title, field ? NameAndPlace(*field) : QString(), behind);
+  if (field) shown.StandClearOf(top->OnScreen(*field));
+  const BoxAnswer answer = shown.Ask();
+  // Nobody unloads a form behind a box, but a host may.
+  if (field && std::ranges::find(windows_, top) != windows_.end()) top->Mark(*field, false);
+  GoBackTo(behind);
   return answer;
 }
 
@@ -136,10 +154,10 @@ void QtHost::Beep() { QApplication::beep(); }
 
 std::optional<std::size_t> QtHost::Choose(const std::string& title, RowList& rows) {
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   PickWindow window(ToQt(title), rows, behind);
   window.exec();
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
   return window.Chosen();
 }
 

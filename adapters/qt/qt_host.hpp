@@ -19,6 +19,7 @@ namespace zendara {
 
 class FormWindow;
 class HelpWindow;
+class WindowChain;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
  public:
@@ -60,6 +61,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   QWidget* Behind() const;
 
   Components components_;
+  std::unique_ptr<WindowChain> chain_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top
   std::vector<std::unique_ptr<FormWindow>> awaiting_;  // asked for by forms that load, and shown next
   WindowPlaces places_;

@@ -1,5 +1,5 @@
-// The line at the bottom of a form's window: on the left what the form has to say, on the right what stands on the
-// screen and what the field with the focus expects.
+// The line at the bottom of a form's window: on the left what the form has to say and since when, on the right what the
+// field with the focus expects and what stands on the screen.
 #pragma once
 
 #include <QWidget>
@@ -20,7 +20,11 @@ class StatusLine : public QWidget {
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  QLabel* time_;
   QLabel* message_;
   QLabel* expected_;
   QLabel* position_;

@@ -2,9 +2,10 @@
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QStyle>
 #include <QWidget>
 #include <algorithm>
+
+#include "adapters/qt/fit.hpp"
 
 namespace zendara {
 
@@ -25,13 +26,13 @@ QRect OnScreen(const QRect& place) {
   return OnScreen(place, areas);
 }
 
-// Before a window is shown nobody knows its frame, so places are those of the content, with room for a title above.
+// Before a window is shown nobody knows its frame, so places are those of the content, with room for one around them.
 void WindowPlaces::PutBack(QWidget& window, const QString& name) const {
   const auto found = places.find(name);
   if (found == places.end()) return;
-  const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+  const QMargins frame = FrameOf(window);
   const QRect content(found->second.topLeft(), found->second.size().expandedTo(window.size()));
-  window.setGeometry(OnScreen(content.adjusted(0, -title, 0, 0)).adjusted(0, title, 0, 0));
+  window.setGeometry(OnScreen(content + frame) - frame);
 }
 
 void WindowPlaces::Keep(const QWidget& window, const QString& name, const QSize& natural) {

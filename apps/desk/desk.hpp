@@ -7,6 +7,7 @@
 #include <string>
 
 #include "adapters/hosting/company_host.hpp"
+#include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "apps/desk/start/remembered.hpp"
 #include "zendara/ports.hpp"
@@ -25,7 +26,8 @@ struct DeskOptions {
   std::string screen;
   std::string script;
   std::string screenshots;
-  std::optional<int> zoom;  // percent
+  std::optional<int> zoom;         // percent
+  std::optional<Colours> colours;  // otherwise the desktop's
 };
 
 inline constexpr int kFailed = 1;

@@ -95,6 +95,9 @@ int Main(int argc, char** argv) {
   app.add_option("--run", options.script, "plays a script on the windows");
   app.add_option("--screenshots", options.screenshots, "folder for a picture of every page that a script shows");
   app.add_option("--zoom", options.zoom, "size of the text in percent")->check(CLI::Range(80, zoom::kMost));
+  app.add_option("--colours", options.colours, "light, dark or contrast; otherwise as the desktop")
+      ->transform(CLI::CheckedTransformer(std::map<std::string, Colours>{
+          {"light", Colours::kLight}, {"dark", Colours::kDark}, {"contrast", Colours::kContrast}}));
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -120,7 +123,7 @@ int Main(int argc, char** argv) {
   QApplication application(no_arguments, argv);
   QApplication::setApplicationName(QStringLiteral("Zendara"));
   QApplication::setDesktopFileName(QStringLiteral("zendara"));
-  InstallLook();
+  InstallLook(options.colours.value_or(DesktopColours()));
   QApplication::setWindowIcon(DeskIcon());
   return Desk(std::move(options)).Run();
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTemporaryFile>
 #include <functional>
 #include <string>
 #include <vector>
@@ -20,7 +21,13 @@ namespace zendara {
 // Before there is a window.
 inline bool StartApplication() {
   if (qApp) return true;
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // A screen of the size that the windows are made for.
+  static QTemporaryFile screen;
+  screen.open();
+  screen.write(R"({"screens": [{"name": "offscreen", "x": 0, "y": 0, "width": 1366, "height": 768,
+                                "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+  screen.close();
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName().toUtf8());
   static int argc = 1;
   static char name[] = "qt_tests";
   static char* argv[] = {name, nullptr};

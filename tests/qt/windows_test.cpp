@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
@@ -41,14 +42,69 @@ TEST_F(WindowsTest, BoxesAnswerByTheirButtons) {
   EXPECT_EQ(answer(BoxButtons::kYesNo, 1, {Sign("n")}), BoxAnswer::kNo);
   EXPECT_EQ(answer(BoxButtons::kOk, 1, {Code(key::kEsc)}), BoxAnswer::kOk);
   Soon([] {
-    auto* box = static_cast<QMessageBox*>(QApplication::activeModalWidget());
+    const QWidget* box = QApplication::activeModalWidget();
     EXPECT_EQ(box->windowTitle(), "Zendara");
-    EXPECT_EQ(box->text(), "<b>1</b>\ndos");
-    EXPECT_EQ(box->textFormat(), Qt::PlainText);
-    EXPECT_EQ(box->buttons().front()->text(), "&Aceptar");
-    box->buttons().front()->click();
+    const auto* text = box->findChild<QLabel*>("text");
+    EXPECT_EQ(std::pair(text->text(), text->textFormat()), std::pair(QString("<b>1</b>\ndos"), Qt::PlainText));
+    auto* button = box->findChild<QPushButton*>();
+    EXPECT_EQ(button->text(), "&Aceptar");
+    button->click();
   });
   host.Show({.text = "<b>1</b>\ndos"});
+}
+
+TEST_F(WindowsTest, ABoxSaysTheFieldThatTheUserIsInAndMarksIt) {
+  struct Case {
+    Control& focus;
+    QString about;
+  };
+  const Case cases[] = {{form.Text1(1), "Campo: «Campo 1»"},
+                        {form.Text1(3), "Campo: «Campo 3», en Uno, Datos"},
+                        {form.Grid1, "Campo: «fila 1, Enero», en Dos, Dentro"},
+                        {form.Grabar, ""}};
+  Play([&](FormWindow& window) {
+    for (const Case& c : cases) {
+      form.SetFocus(c.focus);
+      QWidget& field = WidgetOf(window, c.focus);
+      Soon([&] {
+        QWidget* box = QApplication::activeModalWidget();
+        const auto* about = box->findChild<QLabel*>("about");
+        EXPECT_EQ(about ? about->text() : QString(), c.about);
+        EXPECT_EQ(field.property(kMarked).toBool(), !c.about.isEmpty());
+        // The mark is to be seen, and the title too.
+        EXPECT_FALSE(box->frameGeometry().intersects(QRect(field.mapToGlobal(QPoint()), field.size())));
+        EXPECT_GT(box->width(), box->fontMetrics().horizontalAdvance(box->windowTitle()));
+        box->close();
+      });
+      host.Show({.text = "No", .title = "Un título que es mucho más ancho que las palabras de la caja"});
+      EXPECT_FALSE(field.property(kMarked).toBool());
+    }
+  });
+}
+
+TEST_F(WindowsTest, NoWindowStaysBehindThatAnswersNothing) {
+  Play([&](FormWindow& window) {
+    Soon([&] {
+      QWidget* box = QApplication::activeModalWidget();
+      const auto minimised = [&] {
+        QApplication::processEvents();
+        return std::pair(window.isMinimized(), box->isMinimized());
+      };
+      for (QWidget* brought_back : {static_cast<QWidget*>(&window), box}) {
+        box->showMinimized();
+        EXPECT_EQ(minimised(), std::pair(true, true));
+        brought_back->showNormal();
+        EXPECT_EQ(minimised(), std::pair(false, false));
+        EXPECT_TRUE(box->isActiveWindow());
+      }
+      window.showMinimized();
+      EXPECT_EQ(minimised(), std::pair(true, false));  // the box answers
+      box->close();
+    });
+    host.Show({.text = "No"});
+    QApplication::processEvents();
+    EXPECT_EQ(std::pair(window.isMinimized(), window.isActiveWindow()), std::pair(false, true));
+  });
 }
 
 TEST_F(WindowsTest, TheDetailOfAQuestionIsReadWithoutAnsweringIt) {

@@ -25,6 +25,7 @@ struct SampleForm : Form {
     Check2.SetValue(2);
     Option1.Add(0).SetCaption("Sueltas");
     Option1.Add(1).SetCaption("Continuo");
+    Marco.SetCaption("Datos");
     Tab1.SetTitles({"Uno", "Dos"});
     Tab2.SetTitles({"Dentro", "Más"});
     Grid1.Resize(3, 3, 1, 1);

@@ -17,7 +17,7 @@ QIcon DeskIcon() {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(size / 16.0, size / 16.0);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(tone::kAccent);
+    painter.setBrush(ColourOf(Role::kAccent, Colours::kLight));
     painter.drawRoundedRect(QRectF(0, 0, 16, 16), 3, 3);
     painter.setBrush(Qt::white);
     painter.drawPolygon(

@@ -309,14 +309,16 @@ void Form::Paste(std::string_view text) {
 
 // Clicks.
 
+bool Form::MoveFocusTo(Control& control) {
+  if (!control.Usable()) return false;
+  if (!control.TakesFocus()) return true;
+  SetFocus(control);
+  return control.TakesInput();
+}
+
 // The focus comes first, and the click only if it came to rest there.
 void Form::MoveFocusAndClick(Control& control) {
-  if (!control.Usable()) return;
-  if (control.TakesFocus()) {
-    SetFocus(control);
-    if (!control.TakesInput()) return;
-  }
-  control.Click();
+  if (MoveFocusTo(control)) control.Click();
 }
 
 void Form::Click(Control& control) {
@@ -348,8 +350,7 @@ void Form::TurnTo(Control& tabs, int page) {
 
 void Form::PointTo(Grid& grid, int row, int column) {
   Input([&] {
-    MoveFocusAndClick(grid);
-    if (grid.TakesInput()) grid.SetCurrent(row, column);
+    if (MoveFocusTo(grid)) grid.SetCurrent(row, column);
   });
 }
 

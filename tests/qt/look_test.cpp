@@ -1,0 +1,90 @@
+// Whatever palette is shown, words can be read, and what can be entered, has the focus or is marked stands out.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPixmap>
+#include <cmath>
+#include <set>
+
+#include "qt/demo_form.hpp"
+
+namespace zendara {
+namespace {
+
+// As the guidelines for accessible content reckon it.
+double Luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+  const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
+  return (light + 0.05) / (dark + 0.05);
+}
+
+constexpr Colours kPalettes[] = {Colours::kLight, Colours::kDark, Colours::kContrast};
+constexpr double kWords = 4.5;
+constexpr double kMarks = 3;
+
+TEST(LookTest, ColoursThatMeetCanBeToldApart) {
+  using enum Role;
+  struct Meeting {
+    Role front;
+    double least;
+    std::vector<Role> grounds;
+  };
+  const Meeting meetings[] = {
+      {kText, kWords, {kWindow, kInput, kActive, kShown, kButton, kHeading}},
+      {kQuiet, kWords, {kWindow, kInput, kShown}},
+      {kOnAccent, kWords, {kAccent}},
+      {kAccent, kWords, {kInput, kWindow}},  // links
+      {kBorder, kMarks, {kWindow, kInput, kButton, kHeading}},
+      {kAccent, kMarks, {kWindow, kInput, kActive, kButton, kShown, kHeading}},
+      {kWarning, kMarks, {kWindow, kInput, kActive, kShown}},
+  };
+  for (const Colours palette : kPalettes) {
+    for (const auto& [front, least, grounds] : meetings) {
+      for (const Role ground : grounds) {
+        EXPECT_GE(Contrast(ColourOf(front, palette), ColourOf(ground, palette)), least)
+            << "palette " << int(palette) << ", " << int(front) << " on " << int(ground);
+      }
+    }
+    // The band at the side, from its lower end to its upper one.
+    const QColor ends[] = {QColor(0x80, 0x80, 0xFF), QColor(0xFF, 0xC0, 0xC0)};
+    for (const QColor& end : ends) {
+      EXPECT_GE(Contrast(ColourOf(kText, palette), PaintedGround(end, palette)), kWords) << int(palette);
+    }
+  }
+}
+
+// Fields as they are painted: three looks of which no two have both ground and border in common.
+TEST_F(QtTest, RestFocusAndDisplayLookApart) {
+  for (const Colours palette : kPalettes) {
+    InstallLook(palette);
+    form.Text1(5).SetLocked(true);
+    form.Text1(4).SetEnabled(false);
+    Play([&](FormWindow& window) {
+      const auto look = [&](int field) {
+        form.Text1(field).SetText("");
+        window.Flush();
+        const QImage shown = WidgetOf(window, form.Text1(field)).grab().toImage();
+        const auto colour = [&](int x) { return shown.pixelColor(x, shown.height() / 2).rgb(); };
+        return std::pair(colour(0), colour(shown.width() - 5));
+      };
+      const auto rgb = [](Role role) { return ColourOf(role).rgb(); };
+      form.SetFocus(form.Text1(1));
+      EXPECT_EQ(look(1), std::pair(rgb(Role::kAccent), rgb(Role::kActive)));
+      EXPECT_EQ(look(2), std::pair(rgb(Role::kBorder), rgb(Role::kInput)));
+      for (const int shown : {4, 5}) EXPECT_EQ(look(shown), std::pair(rgb(Role::kShown), rgb(Role::kShown)));
+      window.Mark(form.Text1(2), true);
+      EXPECT_EQ(look(2).first, rgb(Role::kWarning));
+    });
+  }
+  InstallLook(Colours::kLight);
+}
+
+}  // namespace
+}  // namespace zendara

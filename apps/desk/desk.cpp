@@ -44,7 +44,7 @@ std::vector<ScreenChoice> Screens() {
 
 bool IsCut(const QWidget& window) {
   const auto hides = [](const QScrollArea* area) {
-    return area->horizontalScrollBar()->maximum() > 0 || area->verticalScrollBar()->maximum() > 0;
+    return area->isVisible() && (area->horizontalScrollBar()->maximum() > 0 || area->verticalScrollBar()->maximum() > 0);
   };
   const QSize least = window.minimumSizeHint();
   return std::ranges::any_of(window.findChildren<QScrollArea*>(), hides) || window.width() < least.width() ||
@@ -73,7 +73,7 @@ void Album::Take(QWidget& window, const std::string& name) {
   const int number = numbers_.try_emplace(name, static_cast<int>(numbers_.size()) + 1).first->second;
   const QString file = QStringLiteral("%1-%2.png").arg(number, 2, 10, QLatin1Char('0')).arg(ToQt(name));
   if (!window.grab().save(ToQt(folder_) + QLatin1Char('/') + file)) trouble_ = "a picture could not be written";
-  if (IsCut(window)) trouble_ = FromQt(file) + ": the screen has no room for the whole of it";
+  if (trouble_.empty() && IsCut(window)) trouble_ = FromQt(file) + ": the screen has no room for the whole of it";
 }
 
 Desk::Desk(DeskOptions options) : options_(std::move(options)), engine_(MakeEngine()), files_(MakeHostFiles()) {

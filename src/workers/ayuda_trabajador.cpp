@@ -31,10 +31,18 @@ constexpr SeccionCampos kSecciones[] = {
     {kPrestaciones, "#pestaña-situación--irpf"},
 };
 
+// Without the colon behind it and the mark of its access key.
+std::string Palabras(const Control& control) {
+  std::string rotulo = Trim(control.Caption());
+  std::erase(rotulo, '&');
+  if (rotulo.ends_with(':')) rotulo.pop_back();
+  return rotulo;
+}
+
 HelpPlace AyudaDeCampo(const Control& control) {
   const auto campo = static_cast<CampoTrabajador>(control.Index());
   const auto* detras = std::ranges::upper_bound(kSecciones, campo, {}, &SeccionCampos::desde);
-  return {.link = std::string(std::prev(detras)->enlace), .words = Trim(control.Caption())};
+  return {.link = std::string(std::prev(detras)->enlace), .words = Palabras(control)};
 }
 
 }  // namespace
@@ -43,11 +51,12 @@ HelpPlace AyudaDe(const Control& control) {
   if (control.Name() == "Grid1") {
     return {.link = "#pestaña-irpf", .words = control.Index() == kHijos ? "Hijos." : "Ascendientes."};
   }
-  if (control.Name() == "Text2") return {.link = "tipo_retencion.md#regularizar", .words = Trim(control.Caption())};
+  if (control.Name() == "Situaciones") {
+    return {.link = "#pestaña-situación-descripción", .words = Palabras(control)};
+  }
+  if (control.Name() == "Text2") return {.link = "tipo_retencion.md#regularizar", .words = Palabras(control)};
   if (control.Kind() == ControlKind::kButton) {
-    std::string rotulo = Trim(control.Caption());
-    std::erase(rotulo, '&');
-    return {.link = "#botones", .words = rotulo};
+    return {.link = "#botones", .words = Palabras(control)};
   }
   for (const std::string_view campos : {"Text1", "Combo1", "Check1"}) {
     if (control.Name() == campos) return AyudaDeCampo(control);

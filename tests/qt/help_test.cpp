@@ -66,9 +66,12 @@ TEST_F(HelpTest, EveryFieldOfTheWorkerScreenHasItsPlace) {
     ControlArray<TextBox> Text1{*this, "Text1"};
     ControlArray<Grid> Grid1{*this, "Grid1"};
     Button Grabar{*this, "Grabar"};
+    Button Situaciones{*this, "Situaciones"};
   } fields(host, host, "Campos");
+  fields.Situaciones.SetCaption("Situaciones del trabajador");
   fields.Grabar.SetCaption("&Grabar");
-  std::vector<const Control*> controls = {&fields.Grid1.Add(kHijos), &fields.Grid1.Add(kAscendientes), &fields.Grabar};
+  std::vector<const Control*> controls = {&fields.Grid1.Add(kHijos), &fields.Grid1.Add(kAscendientes), &fields.Grabar,
+                                          &fields.Situaciones};
   for (const Campo& campo : CamposTrabajador()) {
     TextBox& text = fields.Text1.Add(campo.indice);
     text.SetCaption(campo.rotulo);

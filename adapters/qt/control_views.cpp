@@ -11,6 +11,8 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QTabBar>
@@ -263,7 +265,13 @@ class PagesView : public ControlView {
       pages_->setTabText(i, title);
       pages_->widget(i)->setAccessibleName(title);
     }
+    if (pages_->currentIndex() == tabs_.Tab()) return;
     pages_->setCurrentIndex(tabs_.Tab());
+    // A page is turned to its beginning; the focus may scroll it.
+    if (const auto* page = qobject_cast<QScrollArea*>(pages_->currentWidget())) {
+      page->horizontalScrollBar()->setValue(0);
+      page->verticalScrollBar()->setValue(0);
+    }
   }
 
   bool Handle(QObject* watched, QEvent* event) override {

@@ -349,6 +349,8 @@ void FormWindow::ShowFocus() {
   if (ControlView* left = before && before != focus ? ViewOf(*before) : nullptr) left->Sync();
   if (!view) return;
   view->Sync();
+  const QString expected = ToQt(form_.Expected());
+  if (!expected.isEmpty()) target->setAccessibleDescription(expected);
   Reveal(*view->Widget());
 }
 

@@ -159,7 +159,7 @@ void InstallLook(Colours colours) {
   QApplication::setFont(FontOf(percent_now));
 }
 
-int RingWidth(const QFontMetrics& metrics) { return std::max(2, metrics.height() / 10); }
+int RingWidth(const QFontMetrics& metrics) { return std::max(2, metrics.height() / 9); }
 
 namespace zoom {
 

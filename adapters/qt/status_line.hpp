@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QWidget>
+#include <utility>
 
 class QLabel;
 
@@ -24,6 +25,10 @@ class StatusLine : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void Arrange();
+  // Widths of the message and of what is expected.
+  std::pair<int, int> Share(int width) const;
+
   QLabel* time_;
   QLabel* message_;
   QLabel* expected_;

@@ -2,10 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QPixmap>
+#include <QTableView>
 #include <cmath>
-#include <set>
 
 #include "qt/demo_form.hpp"
 
@@ -84,6 +83,22 @@ TEST_F(QtTest, RestFocusAndDisplayLookApart) {
     });
   }
   InstallLook(Colours::kLight);
+}
+
+TEST_F(QtTest, AGridShowsItsCurrentCellWhileItHasTheFocus) {
+  Play([&](FormWindow& window) {
+    auto& table = static_cast<QTableView&>(WidgetOf(window, form.Grid1));
+    const auto ground = [&](Control& focus) {
+      form.SetFocus(focus);
+      form.Tab1.SetTab(1);
+      window.Flush();
+      const QPoint cell = table.visualRect(table.model()->index(2, 2)).center();
+      return table.viewport()->grab().toImage().pixelColor(cell);
+    };
+    form.Grid1.SetCurrent(2, 2);
+    EXPECT_EQ(ground(form.Grid1), ColourOf(Role::kActive));
+    EXPECT_EQ(ground(form.Text1(4)), ColourOf(Role::kInput));
+  });
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -164,6 +165,17 @@ void HelpWindow::Open(int context, const HelpPlace& place) {
     Mark(ToQt(place.words), heading.blockNumber() + 1, last);
   }
   browser_->setFocus();
+}
+
+void HelpWindow::Explain(const QString& message) {
+  static const QRegularExpression number(QStringLiteral("\\d"));
+  QStringList words = message.simplified().split(QLatin1Char(' '));
+  words.removeIf([](const QString& word) { return word.contains(number); });
+  while (words.size() > 1 && SearchHelp(words.join(QLatin1Char(' '))).empty()) words.removeLast();
+  if (QWidget* active = QApplication::activeWindow(); active != this) before_ = active;
+  ShowBeside();
+  search_->setText(words.join(QLatin1Char(' ')));
+  GoToHit();
 }
 
 // Where the window below leaves room, on the right of the screen otherwise.

@@ -25,6 +25,9 @@ class HelpWindow : public QWidget {
 
   // Shows that place of the context's page, in front and with the keyboard.
   void Open(int context, const HelpPlace& place);
+  // The same with what the pages say of a message: where most of its words stand, from the first one on. Numbers in it
+  // do not count.
+  void Explain(const QString& message);
 
  protected:
   bool event(QEvent* event) override;

@@ -3,7 +3,9 @@
 
 #include <QDialog>
 #include <QRect>
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "adapters/qt/detail_window.hpp"
@@ -22,6 +24,8 @@ class MessageBox : public QDialog {
   // `about`: the field that the user is in, in words; it stands below the text. Empty: none.
   MessageBox(const Box& box, const QString& title, const QString& about, QWidget* parent);
 
+  // F1 on a box without a detail.
+  void OnHelp(std::function<void()> help) { help_ = std::move(help); }
   // Where that field is on the screen: the box shows itself beside it, if there is room.
   void StandClearOf(const QRect& field) { field_ = field; }
   BoxAnswer Ask();
@@ -52,6 +56,7 @@ class MessageBox : public QDialog {
   std::vector<BoxDetail> detail_;
   QPushButton* detail_button_ = nullptr;
   std::unique_ptr<DetailWindow> detail_window_;  // the last that was asked for
+  std::function<void()> help_;
 };
 
 }  // namespace zendara

@@ -108,8 +108,12 @@ void QtHost::DoEvents() {
 
 void QtHost::ShowHelp(const std::string& /*file*/, int context, const HelpPlace& place) {
   FlushAll();
+  Help().Open(context, place);
+}
+
+HelpWindow& QtHost::Help() {
   if (!help_) help_ = std::make_unique<HelpWindow>(places_);
-  help_->Open(context, place);
+  return *help_;
 }
 
 std::int32_t QtHost::WindowHandle(Form& form) {
@@ -142,6 +146,7 @@ BoxAnswer QtHost::Show(const Box& box) {
   if (field) top->Mark(*field, true);
   const QString title = ToQt(box.title.empty() ? kApplicationTitle : box.title);
   MessageBox shown(box, title, field ? NameAndPlace(*field) : QString(), behind);
+  shown.OnHelp([&] { Help().Explain(ToQt(box.text)); });
   if (field) shown.StandClearOf(top->OnScreen(*field));
   const BoxAnswer answer = shown.Ask();
   // Nobody unloads a form behind a box, but a host may.

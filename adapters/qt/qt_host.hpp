@@ -36,8 +36,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   FormWindow* Top() const { return windows_.empty() ? nullptr : windows_.back(); }
   // Where the windows of forms and the help stood when they were closed, by the form's name.
   WindowPlaces& Places() { return places_; }
-  // The help that is open, or was; nullptr before.
-  HelpWindow* Help() const { return help_.get(); }
+  HelpWindow& Help();
   // The pick list's window: the row that the user takes. Throws what reading the rows throws.
   std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
 

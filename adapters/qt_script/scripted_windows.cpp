@@ -78,7 +78,7 @@ void ScriptedWindows::ShowHelp(const std::string& file, int context, const HelpP
   player_.Help(context);
   windows_.ShowHelp(file, context, place);
   QApplication::processEvents();
-  HelpWindow& help = *windows_.Help();
+  HelpWindow& help = windows_.Help();
   Photograph(help, help.windowTitle());
   PressKey(help, {.code = key::kEsc, .shift = 0, .text = {}});
 }

@@ -44,7 +44,8 @@ std::vector<ScreenChoice> Screens() {
 
 bool IsCut(const QWidget& window) {
   const auto hides = [](const QScrollArea* area) {
-    return area->isVisible() && (area->horizontalScrollBar()->maximum() > 0 || area->verticalScrollBar()->maximum() > 0);
+    return area->isVisible() &&
+           (area->horizontalScrollBar()->maximum() > 0 || area->verticalScrollBar()->maximum() > 0);
   };
   const QSize least = window.minimumSizeHint();
   return std::ranges::any_of(window.findChildren<QScrollArea*>(), hides) || window.width() < least.width() ||

@@ -23,7 +23,7 @@ constexpr int kWorkers = 20004;
 
 class HelpTest : public QtTest {
  protected:
-  HelpWindow& Window() { return *host.Help(); }
+  HelpWindow& Window() { return host.Help(); }
   QTextBrowser& Browser() { return *Window().findChild<QTextBrowser*>(); }
   QString Marked() {
     QStringList texts;
@@ -107,6 +107,32 @@ TEST_F(HelpTest, SearchIgnoresCaseAndAccentsAndEnterMarksTheHit) {
   EXPECT_EQ(Browser().source().fileName(), "trabajadores.md");
   EXPECT_EQ(Marked(), "dígitos de control no corresponden");
   EXPECT_TRUE(Browser().isBackwardAvailable());
+}
+
+TEST_F(HelpTest, AMessageIsExplained) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"EL NÚMERO DE CUENTA ES INCORRECTO", "avisos-al-salir-de-un-campo"},
+      {"Debe introducir el centro de trabajo", "avisos-al-grabar"},
+      {"No se puede registrar la nueva situacion, la situación 002 no esta finalizada", "avisos-al-grabar"},
+      {"El Tipo Calculado es 7,61\n ¿Quiere aplicarlo? ", "otros-avisos"},
+      {"29/02/01 ,Fecha Incorrecta", "avisos-sobre-fechas"},
+      {"3024  No se pudo encontrar el archivo 'C:\\DATOS\\N0000155.MDB'.", "errores"},
+  };
+  for (const auto& [message, section] : cases) {
+    Window().Explain(QString::fromUtf8(message));
+    ASSERT_FALSE(Browser().extraSelections().isEmpty()) << message;
+    EXPECT_EQ(HeadingAbove(Browser().extraSelections().front().cursor.block()).toStdString(), section) << message;
+  }
+  Soon([] {
+    QApplication::processEvents();
+    QWidget* box = QApplication::activeModalWidget();
+    Press(*box->focusWidget(), key::kF1);
+    Press(*box->focusWidget(), key::kEnter);
+  });
+  host.Show({.text = "Debe introducir el Epigrafe"});
+  EXPECT_EQ(Marked(), "Debe introducir el Epigrafe");
+  EXPECT_TRUE(Window().isVisible());
+  Window().close();
 }
 
 TEST_F(HelpTest, ItIsUsableBesideWhateverIsModal) {

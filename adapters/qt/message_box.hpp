@@ -24,10 +24,10 @@ class MessageBox : public QDialog {
   // `about`: the field that the user is in, in words; it stands below the text. Empty: none.
   MessageBox(const Box& box, const QString& title, const QString& about, QWidget* parent);
 
-  // F1 on a box without a detail.
-  void OnHelp(std::function<void()> help) { help_ = std::move(help); }
   // Where that field is on the screen: the box shows itself beside it, if there is room.
   void StandClearOf(const QRect& field) { field_ = field; }
+  // F1 on a box without a detail.
+  void OnHelp(std::function<void()> help) { help_ = std::move(help); }
   BoxAnswer Ask();
   // As a click on the button of that answer, for scripts. REQUIRES: the box is shown and has it.
   void Give(BoxAnswer answer);

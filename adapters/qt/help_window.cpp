@@ -27,7 +27,7 @@ namespace {
 
 const QString kPlace = QStringLiteral("Ayuda");
 constexpr int kCharactersAcross = 80;
-constexpr int kFewestCharacters = 50;
+constexpr int kFewestCharacters = 65;
 constexpr int kHitsShown = 7;
 constexpr int kSmallest = 50;  // percent
 constexpr int kLargest = 300;

@@ -58,7 +58,7 @@ QString NameAndPlace(const Control& control) {
   QString name = Title(control.Caption());
   const auto* grid = dynamic_cast<const Grid*>(&control);
   if (grid && grid->IsCell(grid->Row(), grid->Col())) name = NameOfCell(*grid, grid->Row(), grid->Col());
-  const QString where = place.join(kBetween);
+  QString where = place.join(kBetween);
   if (name.isEmpty()) return where;
   name = QStringLiteral("«%1»").arg(name);
   return where.isEmpty() ? name : name + QStringLiteral(", en ") + where;

@@ -123,7 +123,7 @@ int Main(int argc, char** argv) {
   QApplication application(no_arguments, argv);
   QApplication::setApplicationName(QStringLiteral("Zendara"));
   QApplication::setDesktopFileName(QStringLiteral("zendara"));
-  InstallLook(options.colours.value_or(DesktopColours()));
+  InstallLook(options.colours ? *options.colours : DesktopColours());
   QApplication::setWindowIcon(DeskIcon());
   return Desk(std::move(options)).Run();
 }

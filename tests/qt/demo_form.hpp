@@ -32,7 +32,7 @@ inline bool StartApplication() {
   static char name[] = "qt_tests";
   static char* argv[] = {name, nullptr};
   new QApplication(argc, argv);  // never deleted: the toolkit's own statics may go before it would
-  InstallLook();
+  InstallLook(Colours::kLight);
   return true;
 }
 

@@ -8,14 +8,23 @@
 namespace zendara {
 namespace {
 
-constexpr QMargins kUsualFrame(4, 34, 4, 4);
+constexpr QMargins kAmpleFrame(6, 40, 6, 6);
+
+// Null while nobody knows it.
+QMargins KnownFrame(const QWidget* window) {
+  return window && window->isVisible() && window->windowHandle() ? window->windowHandle()->frameMargins() : QMargins();
+}
 
 }  // namespace
 
 QMargins FrameOf(const QWidget& window) {
-  static QMargins last = kUsualFrame;
-  const QMargins now = window.isVisible() && window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
-  if (!now.isNull()) last = now;
+  static QMargins last = kAmpleFrame;
+  for (const QWidget* known : {&window, static_cast<const QWidget*>(window.parentWidget())}) {
+    const QMargins frame = KnownFrame(known);
+    if (frame.isNull()) continue;
+    last = frame;
+    break;
+  }
   return last;
 }
 

@@ -8,8 +8,8 @@ class QWidget;
 
 namespace zendara {
 
-// What the window manager puts around the window. Known once it is shown; until then as around the last window that
-// was, or an estimate.
+// What the window manager puts around the window. Known once it is shown; until then as around the window before which
+// it stands, or around the last one that was asked about, or an ample estimate.
 QMargins FrameOf(const QWidget& window);
 // For its content: the screen without panels and without that frame.
 QRect RoomFor(const QWidget& window);

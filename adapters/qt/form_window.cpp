@@ -157,9 +157,10 @@ void FormWindow::Fit() {
   move(room.topLeft() + QPoint(left.width() - frame_.left(), left.height() - frame_.top()));
 }
 
-// The window manager has put its frame around the window, which may be another than was reckoned with.
+// The window manager has put its frame around the window, which may be larger than was reckoned with. For a smaller one
+// nothing is moved: a banner may already know its place.
 void FormWindow::HeedFrame() {
-  if (!isVisible() || isMaximized() || isMinimized() || FrameOf(*this) == frame_) return;
+  if (!isVisible() || isMaximized() || isMinimized() || (FrameOf(*this) | frame_) == frame_) return;
   frame_ = FrameOf(*this);
   QMetaObject::invokeMethod(
       this,

@@ -28,7 +28,9 @@ enum class Role {
   kLine,      // separates, and says nothing
   kAccent,    // ring of the focus, ground of what is selected, links
   kOnAccent,  // words on it
-  kWarning,   // ring of the field that a box is about
+  kFound,     // ground of words that were looked for, and of those in a row that is selected
+  kFoundSelected,
+  kWarning,  // ring of the field that a box is about
 };
 inline constexpr int kRoles = static_cast<int>(Role::kWarning) + 1;
 QColor ColourOf(Role role);

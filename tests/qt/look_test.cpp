@@ -36,9 +36,9 @@ TEST(LookTest, ColoursThatMeetCanBeToldApart) {
     std::vector<Role> grounds;
   };
   const Meeting meetings[] = {
-      {kText, kWords, {kWindow, kInput, kActive, kShown, kButton, kHeading}},
+      {kText, kWords, {kWindow, kInput, kActive, kShown, kButton, kHeading, kFound}},
       {kQuiet, kWords, {kWindow, kInput, kShown}},
-      {kOnAccent, kWords, {kAccent}},
+      {kOnAccent, kWords, {kAccent, kFoundSelected}},
       {kAccent, kWords, {kInput, kWindow}},  // links
       {kBorder, kMarks, {kWindow, kInput, kButton, kHeading}},
       {kAccent, kMarks, {kWindow, kInput, kActive, kButton, kShown, kHeading}},

@@ -76,7 +76,7 @@ int FlowLayout::Lines(const QRect& place, bool move) const {
       height = std::max(height, wanted.height());
     }
     if (width == 0) break;
-    if (top > place.top()) top += spacing();
+    if (top > place.top()) top += spacing() / 2;
     const int share = spaces > 0 ? std::max(place.width() - width, 0) / spaces : 0;
     int left = place.left();
     for (auto placed = first; move && placed != item; ++placed) {

@@ -6,7 +6,7 @@
 
 namespace zendara {
 
-class FlowLayout : public QLayout {
+class FlowLayout final : public QLayout {
  public:
   using QLayout::QLayout;
   ~FlowLayout() override;

@@ -303,8 +303,11 @@ class Builder {
       case LayoutKind::kControl: {
         const Line line = Place(parent, child);
         AddLabel(grid, row, line.label);
-        if (child.lines == 0) line.body->addStretch();
-        if (child.control->Kind() == ControlKind::kRowPicker) grid.setRowStretch(row, 1);  // as many rows as fit
+        if (child.control->Kind() == ControlKind::kRowPicker) {
+          grid.setRowStretch(row, 1);  // as many rows as fit
+        } else if (child.lines == 0) {
+          line.body->addStretch();
+        }
         // What has its own words, as a check box, stands under the fields.
         const bool under_fields = labels && child.lines == 0;
         grid.addLayout(line.body, row, under_fields ? 1 : 0, 1, under_fields ? 1 : 2);

@@ -144,7 +144,7 @@ void FormWindow::Fit() {
   // Scrolled, never squeezed.
   if (scroll_) content_->setMinimumSize(wanted);
   if (isMaximized()) return;
-  QSize size = wanted + QSize(0, status_->heightForWidth(wanted.width()));
+  QSize size = wanted + QSize(0, status_->HeightFor(wanted.width()));
   // What does not fit on the screen is scrolled, and the bar needs its own place.
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2;
   if (size.height() > room.height()) size.rwidth() += bar;
@@ -254,6 +254,10 @@ void FormWindow::keyPressEvent(QKeyEvent* event) { PressKeys(*event); }
 
 bool FormWindow::PressKeys(const QKeyEvent& event) {
   if (HandleZoomKey(event)) return true;
+  if (keep_ && IsKeepKey(event)) {
+    keep_();
+    return true;
+  }
   for (const Key& key : KeysOf(event)) {
     if (form_.Loaded()) Pass([&] { form_.Press(key); });
   }
@@ -322,10 +326,10 @@ void FormWindow::Flush() {
 }
 
 void FormWindow::ShowStatus() {
-  const int before = status_->heightForWidth(width());
+  const int before = status_->HeightFor(width());
   status_->ShowMessage(ToQt(form_.Status()));
   // A status of several lines takes nothing from the fields.
-  const int more = status_->heightForWidth(width()) - before;
+  const int more = status_->HeightFor(width()) - before;
   if (more <= 0 || !isVisible() || isMaximized()) return;
   resize(width(), std::min(height() + more, RoomFor(*this).height()));
   KeepOnScreen(*this);

@@ -79,6 +79,9 @@ class FormWindow : public QWidget, public FormView {
   // Called when the form was unloaded, as the last thing: it may end this window.
   void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }
 
+  // Ctrl+P; without it the key is one for the form.
+  void OnKeep(std::function<void()> keep) { keep_ = std::move(keep); }
+
   // Size of the content, within the screen and with its frame. Centred at first; once it is shown it stays where it is
   // as far as that goes.
   void Fit();
@@ -136,6 +139,7 @@ class FormWindow : public QWidget, public FormView {
   bool queued_ = false;
   bool syncing_ = false;
   std::function<void()> unloaded_;
+  std::function<void()> keep_;
 };
 
 }  // namespace zendara

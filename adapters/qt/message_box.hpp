@@ -28,6 +28,9 @@ class MessageBox : public QDialog {
   void StandClearOf(const QRect& field) { field_ = field; }
   // F1 on a box without a detail.
   void OnHelp(std::function<void()> help) { help_ = std::move(help); }
+  // For the window with the detail.
+  void OnKeepDetail(KeepDetail keep) { keep_detail_ = std::move(keep); }
+
   BoxAnswer Ask();
   // As a click on the button of that answer, for scripts. REQUIRES: the box is shown and has it.
   void Give(BoxAnswer answer);
@@ -55,6 +58,7 @@ class MessageBox : public QDialog {
   BoxAnswer answer_ = BoxAnswer::kOk;
   std::vector<BoxDetail> detail_;
   QPushButton* detail_button_ = nullptr;
+  KeepDetail keep_detail_;
   std::unique_ptr<DetailWindow> detail_window_;  // the last that was asked for
   std::function<void()> help_;
 };

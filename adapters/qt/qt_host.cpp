@@ -41,7 +41,8 @@ void GoBackTo(const QPointer<QWidget>& window) {
 
 }  // namespace
 
-QtHost::QtHost() : chain_(std::make_unique<WindowChain>()) {
+QtHost::QtHost(const print::DocumentWriter& documents)
+    : documents_(documents), keeper_(documents, *this), chain_(std::make_unique<WindowChain>()) {
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
@@ -72,6 +73,12 @@ void QtHost::FlushAll() {
 
 // Forms.
 
+std::unique_ptr<FormWindow> QtHost::MakeWindow(Form& form, QWidget* behind) {
+  auto window = std::make_unique<FormWindow>(form, behind);
+  window->OnKeep([this, window = window.get()] { keeper_.KeepRecord(*window); });
+  return window;
+}
+
 void QtHost::ShowModal(Form& form) {
   FlushAll();
   const QPointer<QWidget> behind = Behind();
@@ -81,7 +88,7 @@ void QtHost::ShowModal(Form& form) {
     window = std::move(*made);
     awaiting_.erase(made);
   } else {
-    window = std::make_unique<FormWindow>(form, behind);
+    window = MakeWindow(form, behind);
   }
   windows_.push_back(window.get());
   window->Flush();
@@ -119,7 +126,7 @@ HelpWindow& QtHost::Help() {
 std::int32_t QtHost::WindowHandle(Form& form) {
   FormWindow* window = WindowOf(form);
   if (!window) {
-    window = awaiting_.emplace_back(std::make_unique<FormWindow>(form, Behind())).get();
+    window = awaiting_.emplace_back(MakeWindow(form, Behind())).get();
     // A form that its load unloads again is never shown.
     window->OnUnloaded([this, window] {
       std::erase_if(awaiting_, [window](const auto& awaiting) { return awaiting.get() == window; });
@@ -147,6 +154,7 @@ BoxAnswer QtHost::Show(const Box& box) {
   const QString title = ToQt(box.title.empty() ? kApplicationTitle : box.title);
   MessageBox shown(box, title, field ? NameAndPlace(*field) : QString(), behind);
   shown.OnHelp([&] { Help().Explain(ToQt(box.text)); });
+  shown.OnKeepDetail([&](QWidget& over) { return keeper_.KeepDetail(box, Top(), over); });
   if (field) shown.StandClearOf(top->OnScreen(*field));
   const BoxAnswer answer = shown.Ask();
   // Nobody unloads a form behind a box, but a host may.

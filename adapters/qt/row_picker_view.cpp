@@ -59,6 +59,8 @@ class RowPickerView : public ControlView {
         item.setToolTip(column, shown);
       }
     }
+    const QFontMetrics metrics(QApplication::font());
+    for (int row = 0; row < rows; ++row) list_->topLevelItem(row)->setSizeHint(0, {0, metrics.height() * 4 / 3});
     QTreeWidgetItem* current = list_->topLevelItem(picker_.Row() - 1);
     list_->setCurrentItem(current);
     if (current) current->setSelected(picker_.HasFocus());

@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QHBoxLayout>
+#include <QEvent>
 #include <QLabel>
 #include <QTime>
 #include <algorithm>
@@ -19,28 +19,23 @@ QAccessibleInterface* Accessible(const QString& /*key*/, QObject* object) {
 
 StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
   [[maybe_unused]] static const bool installed = (QAccessible::installFactory(Accessible), true);
-  auto* row = new QHBoxLayout(this);
-  const int margin = fontMetrics().descent();
-  row->setContentsMargins(2 * margin, margin, 2 * margin, margin);
-  row->setSpacing(fontMetrics().height());
-  const auto add = [&](const char* name, int stretch, QPalette::ColorRole ink) {
+  const auto add = [this](const char* name, QPalette::ColorRole ink) {
     auto* label = new QLabel(this);
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setForegroundRole(ink);
-    row->addWidget(label, stretch);
     return label;
   };
-  time_ = add("time", 0, QPalette::PlaceholderText);
+  time_ = add("time", QPalette::PlaceholderText);
   time_->setAccessibleDescription(QStringLiteral("Hora del aviso"));
-  message_ = add("status", 1, QPalette::WindowText);
+  message_ = add("status", QPalette::WindowText);
   message_->setWordWrap(true);
-  expected_ = add("expected", 0, QPalette::WindowText);
-  expected_->setWordWrap(true);
+  expected_ = add("expected", QPalette::WindowText);
   expected_->setAccessibleDescription(QStringLiteral("Qué se escribe en el campo"));
-  position_ = add("position", 0, QPalette::PlaceholderText);
-  insert_ = add("insert", 0, QPalette::PlaceholderText);
+  position_ = add("position", QPalette::PlaceholderText);
+  insert_ = add("insert", QPalette::PlaceholderText);
   insert_->setAccessibleDescription(QStringLiteral("Modo de escritura"));
+  Arrange();
 }
 
 void StatusLine::ShowMessage(const QString& message) {
@@ -67,34 +62,42 @@ void StatusLine::ShowInsert(bool on) {
   Arrange();
 }
 
-void StatusLine::resizeEvent(QResizeEvent* /*event*/) { Arrange(); }
+StatusLine::Plan StatusLine::PlanFor(int width) const {
+  const int line = fontMetrics().height();
+  Plan plan{.margin = fontMetrics().descent(), .gap = line, .line = line};
+  for (const QLabel* label : {expected_, position_, insert_}) plan.right += label->sizeHint().width() + plan.gap;
+  plan.left = 2 * plan.margin + (time_->text().isEmpty() ? 0 : time_->sizeHint().width() + plan.gap);
+  const int room = std::max(width - plan.left - 2 * plan.margin, 1);
+  const int alone = message_->text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(message_->text()) + 1;
+  plan.above = alone > room - plan.right;
+  plan.message = {plan.above ? room : std::max(room - plan.right, 0),
+                  plan.above ? std::max(message_->heightForWidth(room), line) : line};
+  return plan;
+}
+
+int StatusLine::HeightFor(int width) const {
+  const Plan plan = PlanFor(width);
+  return plan.message.height() + (plan.above ? plan.line : 0) + 2 * plan.margin;
+}
 
 void StatusLine::Arrange() {
-  expected_->setFixedWidth(Share(width()).second);
-  setFixedHeight(heightForWidth(width()));
-  layout()->activate();  // before anything is painted
+  const Plan plan = PlanFor(width());
+  time_->setGeometry(2 * plan.margin, plan.margin, time_->sizeHint().width(), plan.line);
+  message_->setGeometry({QPoint(plan.left, plan.margin), plan.message});
+  const int top = plan.margin + (plan.above ? plan.message.height() : 0);
+  int right = width() - 2 * plan.margin;
+  for (QLabel* label : {insert_, position_, expected_}) {
+    const int wide = label->sizeHint().width();
+    label->setGeometry(right - wide, top, wide, plan.line);
+    right -= wide + (wide > 0 ? plan.gap : 0);
+  }
+  setFixedHeight(HeightFor(width()));
 }
 
-// What is expected gets what it needs, but for half of the room when there is a message that needs it.
-std::pair<int, int> StatusLine::Share(int width) const {
-  int room = width - layout()->contentsMargins().left() - layout()->contentsMargins().right() - layout()->spacing();
-  for (const QLabel* label : {time_, position_, insert_}) room -= label->sizeHint().width() + layout()->spacing();
-  const auto wanted = [](const QLabel* label) {
-    return label->text().isEmpty()
-               ? 0
-               : label->fontMetrics().horizontalAdvance(label->text()) + label->fontMetrics().descent();
-  };
-  const int expected = std::clamp(wanted(expected_), 0, std::max({room - wanted(message_), room / 2, 1}));
-  return {std::max(room - expected, 1), expected};
-}
-
-int StatusLine::heightForWidth(int width) const {
-  const auto [message, expected] = Share(width);
-  const auto lines = [](const QLabel* label, int across) {
-    return label->fontMetrics().boundingRect(0, 0, across, QWIDGETSIZE_MAX, Qt::TextWordWrap, label->text()).height();
-  };
-  const int margins = layout()->contentsMargins().top() + layout()->contentsMargins().bottom();
-  return std::max({lines(message_, message), lines(expected_, expected), insert_->sizeHint().height()}) + margins;
+// The texts have another size.
+bool StatusLine::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) Arrange();
+  return QWidget::event(event);
 }
 
 }  // namespace zendara

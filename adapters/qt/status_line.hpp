@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QWidget>
-#include <utility>
 
 class QLabel;
 
@@ -13,27 +12,37 @@ class StatusLine : public QWidget {
  public:
   explicit StatusLine(QWidget* parent);
 
-  // As many lines as it needs.
+  // Over the full width, in as many lines as it needs, when there is no room for it beside the rest.
   void ShowMessage(const QString& message);
   void ShowPlace(const QString& position, const QString& expected);
   void ShowInsert(bool on);
 
-  bool hasHeightForWidth() const override { return true; }
-  int heightForWidth(int width) const override;
+  // The height that it needs, which it takes by itself at the width that it has.
+  int HeightFor(int width) const;
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
+  void resizeEvent(QResizeEvent* /*event*/) override { Arrange(); }
+  bool event(QEvent* event) override;
 
  private:
-  void Arrange();
-  // Widths of the message and of what is expected.
-  std::pair<int, int> Share(int width) const;
+  struct Plan {
+    int margin = 0;
+    int gap = 0;
+    int line = 0;
+    int left = 0;   // where the message begins
+    int right = 0;  // taken by what stands on the right
+    QSize message{};
+    bool above = false;  // the message, over the rest
+  };
 
-  QLabel* time_;
-  QLabel* message_;
-  QLabel* expected_;
-  QLabel* position_;
-  QLabel* insert_;
+  Plan PlanFor(int width) const;
+  void Arrange();
+
+  QLabel* time_ = nullptr;
+  QLabel* message_ = nullptr;
+  QLabel* expected_ = nullptr;
+  QLabel* position_ = nullptr;
+  QLabel* insert_ = nullptr;
 };
 
 }  // namespace zendara

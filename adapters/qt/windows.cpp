@@ -1,5 +1,6 @@
 #include "zendara/windows.hpp"
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 
@@ -16,7 +17,8 @@ class QtWindows final : public Windows {
   }
 
  private:
-  QtHost host_;
+  CairoWriter documents_;
+  QtHost host_{documents_};
 };
 
 }  // namespace

@@ -33,6 +33,7 @@ constexpr CommandForm kCommands[] = {
     {"pick", "p", "pick 2, pick \"text\" or pick none"},
     {"show", "w+", "show CONTROL... or show all"},
     {"expect", "wt", "expect CONTROL \"text\""},
+    {"print", "a", "print FILE"},
     {"sql", "at", "sql FILE \"SELECT ...\""},
 };
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
@@ -76,7 +77,8 @@ class Desk {
   std::optional<Remembered> remembered_;  // scripts and pictures know of none
   std::unique_ptr<Engine> engine_;
   std::unique_ptr<Files> files_;
-  QtHost host_;
+  CairoWriter documents_;
+  QtHost host_{documents_};
   std::string folder_;
   std::optional<CompanyHost> company_;
   std::optional<Album> album_;

@@ -84,6 +84,7 @@ void PantallaBase::PonAyuda() {
 void PantallaBase::PonTitulos() {
   Titulo(kTituloCodigo).SetText(sesion_.CodEmpresa.str());
   Titulo(kTituloNombre).SetText(Trim(sesion_.NomEmpresa.str()));
+  Titulo(kTituloNombre).SetToolTipText(Titulo(kTituloNombre).Text());  // whole, where the field is too short
   Titulo(kTituloAno).SetText(sesion_.AnoTrabajo.str());
 }
 

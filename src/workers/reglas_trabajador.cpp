@@ -47,8 +47,8 @@ struct EsperaCampo {
   std::string_view texto;
 };
 constexpr EsperaCampo kEsperas[] = {
-    {kNumero, "Hasta 5 cifras · Intro: muestra al trabajador"},
-    {kSituacion, "Hasta 3 cifras · Intro: muestra la situación"},
+    {kNumero, "5 cifras · Intro: lo muestra"},
+    {kSituacion, "3 cifras · Intro: la muestra"},
     {kDiasParcial, "Días, hasta 30, o letras L M X J V S D"},
     {kHorasParcial, "Horas"},
     {kPorcentajeSalario, "Porcentaje"},
@@ -84,12 +84,12 @@ std::string EsperaDe(const Campo& campo) {
     if (campo.Tiene(kImporte)) return "Importe";
     if (campo.tipo == TipoCampo::kLista) return "Código, una letra o cifra";
     if (campo.tipo == TipoCampo::kMarca) return "Barra espaciadora: sí o no";
-    return "Hasta " + std::to_string(campo.largo) + (campo.Tiene(kCeros) ? " cifras" : " caracteres");
+    const std::string largo = std::to_string(campo.largo);
+    return campo.Tiene(kCeros) ? largo + " cifras" : "Hasta " + largo + " caracteres";
   };
   std::string espera = base();
   if (const MaximoCampo* maximo = MaximoDe(clave)) espera += ", hasta " + CStr(maximo->maximo);
   if (ConsultaDeCampo(clave)) espera += " · F2: lista";
-  if (FilaDe(kObligatorios, clave)) espera += " · Obligatorio";
   return espera;
 }
 

@@ -17,7 +17,7 @@ using enum CampoTrabajador;
 namespace {
 
 // The rows before one have to be counted each time, which takes longer than showing a worker where there are more.
-constexpr int kMasSinContar = 10000;
+constexpr int kMasSinContar = 5000;
 
 }  // namespace
 

@@ -29,7 +29,7 @@ struct ColumnaSituacion {
   bool fecha;
 };
 constexpr ColumnaSituacion kTabla[kColumnasSituacion] = {
-    {"Nº", 1, 650, false}, {"Descripción", 2, 1600, false}, {"Inicio", 3, 1000, true}, {"Fin", 4, 1000, true}};
+    {"Nº", 1, 600, false}, {"Descripción", 2, 1850, false}, {"Inicio", 3, 980, true}, {"Fin", 4, 980, true}};
 
 }  // namespace
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
@@ -70,7 +71,8 @@ class QtTest : public testing::Test {
   static QWidget& WidgetOf(FormWindow& window, const Control& control) { return *window.ViewOf(control)->Widget(); }
 
   const bool started = StartApplication();
-  QtHost host;
+  CairoWriter documents;
+  QtHost host{documents};
   DemoForm form{host};
   ScriptHands hands{host, {}};
 };

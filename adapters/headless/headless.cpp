@@ -27,7 +27,9 @@ class Headless : public FormHost, public Dialogs, public ScriptDriver, public Au
 
   void ShowModal(Form& form) override { player_.Modal(form); }
   void DoEvents() override {}
-  void ShowHelp(const std::string& /*file*/, int context) override { player_.Help(context); }
+  void ShowHelp(const std::string& /*file*/, int context, const HelpPlace& /*place*/) override {
+    player_.Help(context);
+  }
   void Untrapped(int number, const std::string& text) override { player_.Error(number, text); }
 
   BoxAnswer Show(const Box& box) override { return player_.Answer(box); }

@@ -163,7 +163,13 @@ void FormWindow::HeedFrame() {
   if (!isVisible() || isMaximized() || isMinimized() || (FrameOf(*this) | frame_) == frame_) return;
   frame_ = FrameOf(*this);
   QMetaObject::invokeMethod(
-      this, [this] { Fit(); }, Qt::QueuedConnection);
+      this,
+      [this] {
+        // A size that the user gave it stays where there is room for it.
+        if (size().boundedTo(RoomFor(*this).size()) != size()) return Fit();
+        KeepOnScreen(*this);
+      },
+      Qt::QueuedConnection);
 }
 
 // Some say so only by giving it the keyboard.

@@ -165,7 +165,10 @@ void MessageBox::keyPressEvent(QKeyEvent* event) {
   const bool on_detail = detail_button_ && detail_button_->hasFocus();
   // Enter would give the default answer otherwise.
   if (on_detail && (key == Qt::Key_Return || key == Qt::Key_Enter)) return detail_button_->click();
-  if (detail_button_ && key == Qt::Key_F1) return detail_button_->click();
+  if (key == Qt::Key_F1) {
+    if (detail_button_) return detail_button_->click();
+    if (help_) return help_();
+  }
   if (!(event->modifiers() & ~Qt::ShiftModifier)) {
     for (QPushButton* button : {first_, second_, detail_button_}) {
       if (button && QKeySequence::mnemonic(button->text()) == QKeySequence(Qt::ALT | Qt::Key(key))) {

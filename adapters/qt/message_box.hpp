@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QRect>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -25,6 +26,8 @@ class MessageBox : public QDialog {
 
   // Where that field is on the screen: the box shows itself beside it, if there is room.
   void StandClearOf(const QRect& field) { field_ = field; }
+  // F1 on a box without a detail.
+  void OnHelp(std::function<void()> help) { help_ = std::move(help); }
   // For the window with the detail.
   void OnKeepDetail(KeepDetail keep) { keep_detail_ = std::move(keep); }
 
@@ -57,6 +60,7 @@ class MessageBox : public QDialog {
   QPushButton* detail_button_ = nullptr;
   KeepDetail keep_detail_;
   std::unique_ptr<DetailWindow> detail_window_;  // the last that was asked for
+  std::function<void()> help_;
 };
 
 }  // namespace zendara

@@ -47,7 +47,10 @@ QtHost::QtHost(const print::DocumentWriter& documents)
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
 
-QtHost::~QtHost() = default;
+QtHost::~QtHost() {
+  // Without the application no window can be taken down any more.
+  if (!qApp) static_cast<void>(help_.release());
+}
 
 FormWindow* QtHost::WindowOf(const Form& form) const {
   const auto shows = [&](const auto& window) { return &window->Shown() == &form; };
@@ -59,7 +62,9 @@ FormWindow* QtHost::WindowOf(const Form& form) const {
 
 QWidget* QtHost::Behind() const {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  return windows_.empty() ? QApplication::activeWindow() : windows_.back();
+  if (!windows_.empty()) return windows_.back();
+  QWidget* active = QApplication::activeWindow();
+  return active == help_.get() ? nullptr : active;
 }
 
 void QtHost::FlushAll() {
@@ -88,6 +93,8 @@ void QtHost::ShowModal(Form& form) {
   windows_.push_back(window.get());
   window->Flush();
   window->Fit();
+  const QSize natural = window->size();
+  places_.PutBack(*window, ToQt(form.Name()));
   window->show();
   window->activateWindow();
   if (form.Loaded()) {
@@ -96,6 +103,7 @@ void QtHost::ShowModal(Form& form) {
     loop.exec();
   }
   std::erase(windows_, window.get());
+  places_.Keep(*window, ToQt(form.Name()), natural);
   window->hide();
   GoBackTo(behind);
 }
@@ -105,11 +113,14 @@ void QtHost::DoEvents() {
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void QtHost::ShowHelp(const std::string& /*file*/, int context) {
+void QtHost::ShowHelp(const std::string& /*file*/, int context, const HelpPlace& place) {
   FlushAll();
-  const QPointer<QWidget> behind = Behind();
-  HelpWindow(context, behind).exec();
-  GoBackTo(behind);
+  Help().Open(context, place);
+}
+
+HelpWindow& QtHost::Help() {
+  if (!help_) help_ = std::make_unique<HelpWindow>(places_);
+  return *help_;
 }
 
 std::int32_t QtHost::WindowHandle(Form& form) {
@@ -142,6 +153,7 @@ BoxAnswer QtHost::Show(const Box& box) {
   if (field) top->Mark(*field, true);
   const QString title = ToQt(box.title.empty() ? kApplicationTitle : box.title);
   MessageBox shown(box, title, field ? NameAndPlace(*field) : QString(), behind);
+  shown.OnHelp([&] { Help().Explain(ToQt(box.text)); });
   shown.OnKeepDetail([&](QWidget& over) { return keeper_.KeepDetail(box, Top(), over); });
   if (field) shown.StandClearOf(top->OnScreen(*field));
   const BoxAnswer answer = shown.Ask();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "adapters/qt/document_keeper.hpp"
+#include "adapters/qt/window_places.hpp"
 #include "common/row_list.hpp"
 #include "platform/form/form.hpp"
 #include "print/document_writer.hpp"
@@ -20,6 +21,7 @@ class QWidget;
 namespace zendara {
 
 class FormWindow;
+class HelpWindow;
 class WindowChain;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
@@ -38,12 +40,15 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   FormWindow* WindowOf(const Form& form) const;
   // Of the form that is shown on top; nullptr if none is.
   FormWindow* Top() const { return windows_.empty() ? nullptr : windows_.back(); }
+  // Where the windows of forms and the help stood when they were closed, by the form's name.
+  WindowPlaces& Places() { return places_; }
+  HelpWindow& Help();
   // The pick list's window: the row that the user takes. Throws what reading the rows throws.
   std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
 
   void ShowModal(Form& form) override;
   void DoEvents() override;
-  void ShowHelp(const std::string& file, int context) override;
+  void ShowHelp(const std::string& file, int context, const HelpPlace& place) override;
   std::int32_t WindowHandle(Form& form) override;
   std::optional<ControlPlace> PlaceOf(const Control& control) override;
 
@@ -67,6 +72,8 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   Components components_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top
   std::vector<std::unique_ptr<FormWindow>> awaiting_;  // asked for by forms that load, and shown next
+  WindowPlaces places_;
+  std::unique_ptr<HelpWindow> help_;
 };
 
 }  // namespace zendara

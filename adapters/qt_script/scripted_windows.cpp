@@ -75,15 +75,14 @@ void ScriptedWindows::ShowModal(Form& form) {
   windows_.ShowModal(form);
 }
 
-void ScriptedWindows::ShowHelp(const std::string& file, int context) {
+void ScriptedWindows::ShowHelp(const std::string& file, int context, const HelpPlace& place) {
   if (player_.Ended()) return;
   player_.Help(context);
-  const OnceOpen user([&] {
-    auto& help = Front<HelpWindow>();
-    Photograph(help, help.windowTitle());
-    PressKey(help, {.code = key::kEsc, .shift = 0, .text = {}});
-  });
-  windows_.ShowHelp(file, context);
+  windows_.ShowHelp(file, context, place);
+  QApplication::processEvents();
+  HelpWindow& help = windows_.Help();
+  Photograph(help, help.windowTitle());
+  PressKey(help, {.code = key::kEsc, .shift = 0, .text = {}});
 }
 
 BoxAnswer ScriptedWindows::Show(const Box& box) {

@@ -1,62 +1,27 @@
-// The desktop program: chooses company, year and screen, and shows it in windows.
+// The desktop program: its options and its display.
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <QApplication>
-#include <QDir>
-#include <QMessageBox>
-#include <QPixmap>
 #include <QTemporaryFile>
-#include <array>
-#include <cerrno>
+#include <algorithm>
 #include <csignal>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
+#include <cstdlib>
 #include <iostream>
-#include <map>
-#include <memory>
-#include <sstream>
+#include <string>
 #include <utility>
 #include <vector>
 
-#include "adapters/cairo/cairo_writer.hpp"
-#include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
-#include "adapters/qt/qt_host.hpp"
 #include "adapters/qt/text.hpp"
-#include "adapters/qt_script/scripted_windows.hpp"
-#include "apps/desk/chooser.hpp"
+#include "apps/desk/desk.hpp"
+#include "apps/desk/start/icon.hpp"
 #include "component/componente.hpp"
 #include "runtime/failure.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
-
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
-
-struct Options {
-  std::string dir;
-  std::string company;
-  std::string year;
-  std::string screen;
-  std::string script;
-  std::string screenshots;
-  int zoom = 100;
-  std::optional<Colours> colours;  // otherwise the desktop's
-};
-
-// One line on standard error, whatever line ends the text holds.
-int Fail(int status, std::string text) {
-  for (char& c : text) {
-    if (c == '\n' || c == '\r') c = ' ';
-  }
-  std::cerr << "zendara-desk: " << text << std::endl;
-  return status;
-}
 
 // A display that cannot be reached, or that goes away, ends the program at once: every row that was finished is stored.
 void OnMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
@@ -75,156 +40,56 @@ void OnMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QStr
   ::_exit(kFailed);
 }
 
-bool HasDisplay() {
-  const auto set = [](const char* name) {
-    const char* value = std::getenv(name);
-    return value && *value;
-  };
-  return set("DISPLAY") || set("WAYLAND_DISPLAY") || set("QT_QPA_PLATFORM");
+std::string FromEnvironment(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
 }
 
-// Without a display windows are drawn on a screen of the size that they are made for. False if that cannot be said.
-bool DrawOffscreen(QTemporaryFile& screen) {
+enum class Display { kNone, kOffscreen, kGiven };
+
+// An offscreen platform that is asked for without a size would be too small for the windows.
+Display DisplayAtHand() {
+  const std::string platform = FromEnvironment("QT_QPA_PLATFORM");
+  if (platform == "offscreen") return Display::kOffscreen;
+  const bool given =
+      !platform.empty() || !FromEnvironment("DISPLAY").empty() || !FromEnvironment("WAYLAND_DISPLAY").empty();
+  return given ? Display::kGiven : Display::kNone;
+}
+
+// Windows are drawn on a screen that they have room on: one of the usual size, growing with the text. False if that
+// cannot be said.
+bool DrawOffscreen(QTemporaryFile& screen, int zoom) {
+  constexpr int kWidth = 1366;
+  constexpr int kHeight = 768;
+  const int percent = std::max(zoom, 100);
   if (!screen.open()) return false;
-  screen.write(R"({"screens": [{"name": "offscreen", "x": 0, "y": 0, "width": 1366, "height": 768,
-                                "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+  screen.write(QStringLiteral(R"({"screens": [{"name": "offscreen", "x": 0, "y": 0, "width": %1, "height": %2,
+                                  "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+                   .arg(kWidth * percent / 100)
+                   .arg(kHeight * percent / 100)
+                   .toUtf8());
   screen.close();
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName().toUtf8());
   return true;
 }
 
-// The last picture of each page stands for it; numbers show the order in which the pages came first.
-class Album {
- public:
-  explicit Album(std::string folder) : folder_(std::move(folder)) { std::filesystem::create_directories(folder_); }
-
-  void Take(QWidget& window, const std::string& name) {
-    const int number = numbers_.try_emplace(name, static_cast<int>(numbers_.size()) + 1).first->second;
-    const QString file = QStringLiteral("%1-%2.png").arg(number, 2, 10, QLatin1Char('0')).arg(ToQt(name));
-    if (!window.grab().save(ToQt(folder_) + QLatin1Char('/') + file)) failed_ = true;
-  }
-  bool Failed() const { return failed_; }
-  std::size_t Pictures() const { return numbers_.size(); }
-
- private:
-  std::string folder_;
-  std::map<std::string, int> numbers_;
-  bool failed_ = false;
-};
-
-class Desk {
- public:
-  explicit Desk(Options options) : options_(std::move(options)), engine_(MakeEngine()), files_(MakeHostFiles()) {
-    if (!options_.screenshots.empty()) album_.emplace(options_.screenshots);
-  }
-
-  int Run() {
-    if (!options_.script.empty()) return Play();
-    if (!options_.screen.empty()) return Open();
-    return Choose();
-  }
-
- private:
-  Platform Surroundings() {
-    return {.engine = engine_.get(),
-            .dialogs = &host_,
-            .files = files_.get(),
-            .application_folder = options_.dir,
-            .forms = &host_,
-            .shell = &host_,
-            .components = &host_.Neighbours()};
-  }
-
-  int Play() {
-    std::ifstream in(options_.script, std::ios::binary);
-    std::ostringstream text;
-    if (in && in.peek() != std::char_traits<char>::eof()) text << in.rdbuf();
-    if (!in.is_open() || in.bad()) return Fail(kFailed, options_.script + ": " + std::strerror(errno));
-    Script script;
-    try {
-      script = ReadScript(text.str());
-    } catch (const ScriptError& error) {
-      return Fail(error.status(), options_.script + ":" + error.what());
-    }
-    const auto print = [](std::string_view line) {
-      std::cout << line << std::flush;
-      if (!std::cout) throw std::runtime_error("standard output takes no more");
-    };
-    ScriptedWindows::Photographer photographer;
-    if (album_) photographer = [this](QWidget& window, const std::string& name) { album_->Take(window, name); };
-    const ScriptResult result =
-        ScriptedWindows(host_, std::move(script), print, std::move(photographer)).Play(Surroundings());
-    if (result.status != 0) return Fail(result.status, options_.script + ":" + result.message);
-    if (album_ && album_->Failed()) return Fail(kFailed, options_.screenshots + ": a picture could not be written");
-    return 0;
-  }
-
-  static void Begin(CompanyHost& company, const std::string& code, const std::string& year, const std::string& name) {
-    SessionValues values;
-    values.company = code;
-    values.year = year;
-    values.name = name;
-    company.Open(values);
-  }
-
-  int Open() {
-    CompanyHost company(Surroundings());
-    Begin(company, options_.company, options_.year, NameOf(options_.company));
-    company.Show(options_.screen);
-    return 0;
-  }
-
-  std::string NameOf(const std::string& code) {
-    for (const Company& company : FindCompanies(*engine_, options_.dir)) {
-      if (company.code == code) return company.name;
-    }
-    return {};
-  }
-
-  int Choose() {
-    std::vector<Company> companies = FindCompanies(*engine_, options_.dir);
-    if (companies.empty()) return Fail(kFailed, options_.dir + ": there is no company in its folder DATOS");
-    const std::array<QString, kPantallasPublicas.size()> words = {
-        QStringLiteral("&Trabajadores"), QStringLiteral("&Incidencias de I.T."),
-        QStringLiteral("Incidencias de E.&S.P."), QStringLiteral("Incidencias Conceptos &Variables")};
-    std::vector<ScreenChoice> screens;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-      const std::string name(kPantallasPublicas[i]);
-      screens.push_back({name, words[i], ToQt(ElComponente().pantallas.PorQueNo(name))});
-    }
-    CompanyHost company(Surroundings());
-    Chooser chooser(std::move(companies), screens,
-                    [&](const Company& chosen, const std::string& year, const std::string& screen) {
-                      try {
-                        Begin(company, chosen.code, year, chosen.name);
-                        company.Show(screen);
-                      } catch (const RuntimeError& error) {
-                        host_.Show({.text = error.what(), .icon = BoxIcon::kCritical});
-                      }
-                    });
-    chooser.Select(options_.company, options_.year);
-    chooser.show();
-    if (album_) {
-      QApplication::processEvents();
-      album_->Take(chooser, "Zendara");
-    }
-    return QApplication::exec();
-  }
-
-  Options options_;
-  std::unique_ptr<Engine> engine_;
-  std::unique_ptr<Files> files_;
-  CairoWriter documents_;
-  QtHost host_{documents_};
-  std::optional<Album> album_;
-};
+CLI::Validator Digits(std::size_t count) {
+  return {[count](const std::string& text) {
+            const bool good = text.size() == count && text.find_first_not_of("0123456789") == std::string::npos;
+            return good ? std::string() : text + " is not a code of " + std::to_string(count) + " digits";
+          },
+          ""};
+}
 
 int Main(int argc, char** argv) {
-  Options options;
+  DeskOptions options;
   CLI::App app("Zendara: el personal de una nómina, en ventanas", "zendara-desk");
-  app.add_option("--dir", options.dir, "the application's folder, its subfolder DATOS holds the files")->required();
-  app.add_option("--company", options.company, "company code, five characters");
-  app.add_option("--year", options.year, "working year, two digits");
+  app.add_option(
+      "--dir", options.dir,
+      "the application's folder, its subfolder DATOS holds the files; otherwise the last one, or one that is "
+      "chosen in the first window");
+  app.add_option("--company", options.company, "company code, five digits")->check(Digits(5));
+  app.add_option("--year", options.year, "working year, two digits")->check(Digits(2));
   app.add_option("--screen", options.screen, "screen to open at once")
       ->check(CLI::IsMember(std::vector<std::string>(kPantallasPublicas.begin(), kPantallasPublicas.end())));
   app.add_option("--run", options.script, "plays a script on the windows");
@@ -244,17 +109,22 @@ int Main(int argc, char** argv) {
   if (!options.screen.empty() && (options.company.empty() || options.year.empty())) {
     return Fail(kWrongUsage, "--screen needs --company and --year");
   }
+  if (!options.script.empty() && options.dir.empty()) return Fail(kWrongUsage, "--run needs --dir");
   QTemporaryFile screen;
-  if (!HasDisplay()) {
-    if (options.script.empty()) return Fail(kFailed, "there is no display; a script runs without one, with --run");
-    if (!DrawOffscreen(screen)) return Fail(kFailed, "no temporary file can be written");
+  const Display display = DisplayAtHand();
+  if (display == Display::kNone && options.script.empty()) {
+    return Fail(kFailed, "there is no display; a script runs without one, with --run");
+  }
+  if (display != Display::kGiven && !DrawOffscreen(screen, options.zoom.value_or(100))) {
+    return Fail(kFailed, "no temporary file can be written");
   }
   qInstallMessageHandler(OnMessage);
   int no_arguments = 1;
   QApplication application(no_arguments, argv);
   QApplication::setApplicationName(QStringLiteral("Zendara"));
+  QApplication::setDesktopFileName(QStringLiteral("zendara"));
   InstallLook(options.colours ? *options.colours : DesktopColours());
-  zoom::Set(options.zoom);
+  QApplication::setWindowIcon(DeskIcon());
   return Desk(std::move(options)).Run();
 }
 

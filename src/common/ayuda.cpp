@@ -14,6 +14,7 @@ constexpr PaginaAyuda kPaginas[] = {
     {0, "listado_incidencias.md", "Listados de incidencias"},
     {0, "listado_trabajador.md", "Listado Trabajadores"},
     {0, "tipo_retencion.md", "El tipo de retención y la regularización"},
+    {0, "primeros_pasos.md", "Primeros pasos"},
     {0, "teclas.md", "Teclas"},
     {0, "buscar.md", "Buscar"},
 };

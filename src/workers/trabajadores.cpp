@@ -4,6 +4,7 @@
 
 #include "frame/catalogo.hpp"
 #include "frame/parametros.hpp"
+#include "workers/ayuda_trabajador.hpp"
 #include "workers/familia.hpp"
 #include "workers/reglas_trabajador.hpp"
 #include "workers/trabajador_consultas.hpp"
@@ -204,6 +205,8 @@ void Trabajadores::OnKeyPress(int& character) {
   }
   PantallaBase::OnKeyPress(character);
 }
+
+HelpPlace Trabajadores::HelpOnFocus() const { return Focus() ? AyudaDe(*Focus()) : HelpPlace(); }
 
 bool Trabajadores::EscSale() const {
   return std::ranges::any_of(CamposObligatorios(), [this](const CampoObligatorio& obligatorio) {

@@ -30,6 +30,7 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   std::string Expected() const override;
   std::string TextoColumna(int ordinal) const override;
   std::string TextoCifra(CifraRegularizacion cifra) const override;
+  HelpPlace HelpOnFocus() const override;
 
  protected:
   void OnLoad() override;

@@ -29,7 +29,7 @@ std::map<std::string, std::string> ReadPages() {
 }
 
 std::set<std::string> Links(const std::string& page) {
-  static const std::regex kLink(R"(\]\(([^)]*)\))");
+  static const std::regex kLink(R"(\]\(([^)#]+)(#[^)]*)?\))");
   return {std::sregex_token_iterator(page.begin(), page.end(), kLink, 1), {}};
 }
 

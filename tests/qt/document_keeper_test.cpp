@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "adapters/qt/detail_window.hpp"
+#include "adapters/qt/message_box.hpp"
 #include "qt/demo_form.hpp"
 #include "support/pdf.hpp"
 #include "support/temp_folder.hpp"

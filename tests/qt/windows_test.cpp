@@ -9,10 +9,8 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
-#include <QTextBrowser>
 #include <map>
 
-#include "adapters/qt/help_window.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/message_box.hpp"
 #include "adapters/qt/pick_window.hpp"
@@ -230,18 +228,6 @@ TEST_F(WindowsTest, AListBeginsOnThePresentRowAndTakesTheRightOneHoweverItIsSort
   EXPECT_EQ(pick("4321", {sort('1'), sort('1'), Code(key::kHome), enter}), 2857U) << "the one that has 4999";
   EXPECT_EQ(pick("4321", {sort('2'), sort('2'), sort('2'), Code(key::kHome), enter}), 0U);
   for (const int row : {0, 3000}) EXPECT_THROW(pick("", {}, row), RuntimeError) << "closed by itself";
-}
-
-TEST_F(WindowsTest, HelpShowsThePageOfTheContextAndFollowsLinks) {
-  HelpWindow help(20004, nullptr);
-  auto* browser = help.findChild<QTextBrowser*>();
-  EXPECT_EQ(browser->source().fileName(), "trabajadores.md");
-  EXPECT_GT(browser->toPlainText().size(), 200);
-  browser->setSource(browser->source().resolved(QUrl("teclas.md")));
-  EXPECT_TRUE(browser->toPlainText().startsWith("Teclas"));
-  Soon([&] { PressKey(*help.focusWidget(), Code(key::kEsc)); });
-  help.exec();
-  EXPECT_FALSE(help.isVisible());
 }
 
 }  // namespace

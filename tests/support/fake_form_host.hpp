@@ -16,7 +16,7 @@ struct FakeFormHost : FormHost, FakeDialogs {
     if (while_shown) while_shown(form);
   }
   void DoEvents() override { ++do_events; }
-  void ShowHelp(const std::string&, int context) override { help.push_back(context); }
+  void ShowHelp(const std::string&, int context, const HelpPlace&) override { help.push_back(context); }
   std::int32_t WindowHandle(Form&) override { return 7; }
 
   std::vector<std::string> shown;

@@ -24,6 +24,12 @@ struct ControlPlace {
   int height = 0;
 };
 
+// Where the help is opened: a place on the page of the form's help context, or behind it.
+struct HelpPlace {
+  std::string link;   // from that page: "#section", "other.md#section"; empty: its start
+  std::string words;  // to be marked there, behind the section's heading; may be empty
+};
+
 // The place that shows forms. Nothing is owned.
 class FormHost {
  public:
@@ -34,8 +40,8 @@ class FormHost {
   virtual void ShowModal(Form& form) = 0;
   // Lets pending events run, so that what has changed is seen before a long action; keys and clicks wait for its end.
   virtual void DoEvents() = 0;
-  // F1 on a form with a help context.
-  virtual void ShowHelp(const std::string& file, int context) = 0;
+  // F1 on a form with a help context. The help may stay open beside the form.
+  virtual void ShowHelp(const std::string& file, int context, const HelpPlace& place) = 0;
   // A run-time error that no routine trapped, before its box.
   virtual void Untrapped(int /*number*/, const std::string& /*text*/) {}
   // The window of a form, for neighbours that paint on it: the same from the first call in the form's load to its end.
@@ -94,6 +100,8 @@ class Form {
   }
   std::string HelpFile;
   int HelpContext = 0;  // 0: none
+  // What the help has on the control with the focus.
+  virtual HelpPlace HelpOnFocus() const { return {}; }
 
   // Controls in the order of creation.
   const std::vector<Control*>& Controls() const { return controls_; }

@@ -1,25 +1,24 @@
-#include "apps/desk/chooser.hpp"
+#include "apps/desk/start/chooser.hpp"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
-#include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
+#include "runtime/date.hpp"
 
 namespace zendara {
 
-Chooser::Chooser(std::vector<Company> companies, const std::vector<ScreenChoice>& screens,
-                 std::function<void(const Company&, const std::string&, const std::string&)> open)
-    : companies_(std::move(companies)), open_(std::move(open)) {
-  setWindowTitle(QStringLiteral("Zendara"));
+Chooser::Chooser(const QString& folder, std::vector<Company> companies, const std::vector<ScreenChoice>& screens,
+                 std::function<void(const Company&, const std::string&, const std::string&)> open,
+                 std::function<void()> other_folder, QWidget* parent)
+    : QWidget(parent), companies_(std::move(companies)), open_(std::move(open)) {
   list_ = new QListWidget(this);
   for (const Company& company : companies_) list_->addItem(ToQt(company.code + "  " + company.name));
   years_ = new QComboBox(this);
@@ -45,22 +44,29 @@ Chooser::Chooser(std::vector<Company> companies, const std::vector<ScreenChoice>
     button->setEnabled(choice.why_not.isEmpty());
     button->setToolTip(choice.why_not);
     connect(button, &QPushButton::clicked, this, [this, screen = choice.screen, button] {
-      const int row = list_->currentRow();
-      if (row < 0 || years_->currentIndex() < 0) return;
-      const Company& company = companies_[static_cast<std::size_t>(row)];
-      open_(company, company.years[static_cast<std::size_t>(years_->currentIndex())], screen);
-      activateWindow();
+      const Company* company = ChosenCompany();
+      if (!company || ChosenYear().empty()) return;
+      open_(*company, ChosenYear(), screen);
+      window()->activateWindow();
       button->setFocus();
     });
     buttons->addWidget(button);
     buttons_.push_back(button);
   }
   column->addWidget(group);
-  auto* hint = new QLabel(QStringLiteral("Intro abre la pantalla marcada. Esc sale."), this);
-  column->addWidget(hint);
+  auto* place = new QHBoxLayout;
+  auto* folder_label = new QLabel(folder, this);
+  folder_label->setTextFormat(Qt::PlainText);
+  folder_label->setWordWrap(true);
+  auto* other = new QPushButton(QStringLiteral("Otra &carpeta..."), this);
+  connect(other, &QPushButton::clicked, this, std::move(other_folder));
+  place->addWidget(folder_label, 1);
+  place->addWidget(other);
+  column->addLayout(place);
+  column->addWidget(new QLabel(QStringLiteral("Intro abre la pantalla marcada. F1 ayuda. Esc sale."), this));
+  buttons_.push_back(other);
 
   connect(list_, &QListWidget::currentRowChanged, this, [this] { ShowYears(); });
-  zoom::Watch(this, [this] { Rescale(); });
   Rescale();
   list_->setCurrentRow(0);
   list_->setFocus();
@@ -70,33 +76,34 @@ void Chooser::Select(const std::string& company, const std::string& year) {
   for (std::size_t i = 0; i < companies_.size(); ++i) {
     if (companies_[i].code == company) list_->setCurrentRow(static_cast<int>(i));
   }
-  const int found = year.empty() ? -1 : years_->findText(ToQt(year));
-  if (found >= 0) years_->setCurrentIndex(found);
+  if (const int found = years_->findData(ToQt(year)); found >= 0) years_->setCurrentIndex(found);
 }
 
-void Chooser::ShowYears() {
-  const QString kept = years_->currentText();
-  years_->clear();
+const Company* Chooser::ChosenCompany() const {
   const int row = list_->currentRow();
-  if (row < 0) return;
-  for (const std::string& year : companies_[static_cast<std::size_t>(row)].years) years_->addItem(ToQt(year));
-  if (const int same = years_->findText(kept); same >= 0) years_->setCurrentIndex(same);
+  return row < 0 ? nullptr : &companies_[static_cast<std::size_t>(row)];
 }
 
-// Enter presses the first screen there is, or the one that has the keyboard.
-void Chooser::keyPressEvent(QKeyEvent* event) {
-  if (HandleZoomKey(*event)) return;
-  if (event->key() == Qt::Key_Escape) {
-    close();
-  } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    auto* focused = qobject_cast<QPushButton*>(focusWidget());
-    for (QPushButton* button : buttons_) {
-      if (!focused && button->isEnabled()) focused = button;
-    }
-    if (focused) focused->click();
-  } else {
-    QWidget::keyPressEvent(event);
+std::string Chooser::ChosenYear() const { return FromQt(years_->currentData().toString()); }
+
+// The same year of another company, if it has it.
+void Chooser::ShowYears() {
+  const QVariant kept = years_->currentData();
+  years_->clear();
+  const Company* company = ChosenCompany();
+  if (!company) return;
+  for (const std::string& year : company->years) {
+    years_->addItem(QString::number(FullWorkingYear(std::stoi(year))), ToQt(year));
   }
+  if (const int same = years_->findData(kept); same >= 0) years_->setCurrentIndex(same);
+}
+
+void Chooser::PressEnter() {
+  auto* focused = qobject_cast<QPushButton*>(window()->focusWidget());
+  for (QPushButton* button : buttons_) {
+    if (!focused && button->isEnabled()) focused = button;
+  }
+  if (focused) focused->click();
 }
 
 void Chooser::Rescale() {
@@ -105,7 +112,6 @@ void Chooser::Rescale() {
   layout()->setSpacing(metrics.height() / 2);
   const int margin = metrics.height();
   layout()->setContentsMargins(margin, margin, margin, margin);
-  adjustSize();
 }
 
 }  // namespace zendara

@@ -1,4 +1,4 @@
-#include "apps/desk/companies.hpp"
+#include "apps/desk/start/companies.hpp"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,0 +1,11 @@
+// What the help has on each control of the worker screen.
+#pragma once
+
+#include "platform/form/form.hpp"
+
+namespace zendara {
+
+// From the page trabajadores.md: the section of its field, with the field's words, or that of the buttons.
+HelpPlace AyudaDe(const Control& control);
+
+}  // namespace zendara

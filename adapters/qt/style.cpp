@@ -120,6 +120,11 @@ class Style : public QProxyStyle {
       case PE_FrameFocusRect:
         Mark(*painter, *option, nullptr);
         return;
+      case PE_IndicatorHeaderArrow: {
+        const auto& header = *qstyleoption_cast<const QStyleOptionHeader*>(option);
+        const bool up = header.sortIndicator == QStyleOptionHeader::SortUp;
+        return Arrow(*painter, header.rect, up ? Qt::UpArrow : Qt::DownArrow, header.fontMetrics.height(), true);
+      }
       case PE_Frame:
         if (Mark(*painter, *option, widget)) return;
         painter->setPen(QPen(ColourOf(Role::kBorder), kBorderWidth));

@@ -37,7 +37,7 @@ TEST(LookTest, ColoursThatMeetCanBeToldApart) {
   };
   const Meeting meetings[] = {
       {kText, kWords, {kWindow, kInput, kActive, kShown, kButton, kHeading, kFound}},
-      {kQuiet, kWords, {kWindow, kInput, kShown}},
+      {kQuiet, kWords, {kWindow, kInput, kActive, kShown}},
       {kOnAccent, kWords, {kAccent, kFoundSelected}},
       {kAccent, kWords, {kInput, kWindow}},  // links
       {kBorder, kMarks, {kWindow, kInput, kButton, kHeading}},

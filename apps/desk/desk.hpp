@@ -28,7 +28,6 @@ struct DeskOptions {
   std::string script;
   std::string screenshots;
   std::optional<int> zoom;         // percent
-  std::optional<Colours> colours;  // otherwise the desktop's
 };
 
 inline constexpr int kFailed = 1;

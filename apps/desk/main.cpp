@@ -95,9 +95,11 @@ int Main(int argc, char** argv) {
   app.add_option("--run", options.script, "plays a script on the windows");
   app.add_option("--screenshots", options.screenshots, "folder for a picture of every page that a script shows");
   app.add_option("--zoom", options.zoom, "size of the text in percent")->check(CLI::Range(80, zoom::kMost));
-  app.add_option("--colours", options.colours, "light, dark or contrast; otherwise as the desktop")
-      ->transform(CLI::CheckedTransformer(std::map<std::string, Colours>{
-          {"light", Colours::kLight}, {"dark", Colours::kDark}, {"contrast", Colours::kContrast}}));
+  const std::map<std::string, Colours> palettes = {
+      {"light", Colours::kLight}, {"dark", Colours::kDark}, {"contrast", Colours::kContrast}};
+  std::string colours;
+  app.add_option("--colours", colours, "colours of the windows; otherwise as the desktop")
+      ->check(CLI::IsMember(palettes));
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -123,7 +125,7 @@ int Main(int argc, char** argv) {
   QApplication application(no_arguments, argv);
   QApplication::setApplicationName(QStringLiteral("Zendara"));
   QApplication::setDesktopFileName(QStringLiteral("zendara"));
-  InstallLook(options.colours ? *options.colours : DesktopColours());
+  InstallLook(colours.empty() ? DesktopColours() : palettes.at(colours));
   QApplication::setWindowIcon(DeskIcon());
   return Desk(std::move(options)).Run();
 }

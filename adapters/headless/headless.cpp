@@ -28,6 +28,7 @@ class Headless : public FormHost, public Dialogs, public ScriptDriver, public Au
   void DoEvents() override {}
   void ShowHelp(const std::string& /*file*/, int context) override { player_.Help(context); }
   void Untrapped(int number, const std::string& text) override { player_.Error(number, text); }
+  DraftKeeper* Drafts() override { return player_.Drafts(); }
 
   BoxAnswer Show(const Box& box) override { return player_.Answer(box); }
   void Beep() override { player_.Beep(); }

@@ -11,6 +11,7 @@
 #include "adapters/hosting/application.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
 #include "adapters/hosting/silent_banner.hpp"
+#include "adapters/qt/drafts_window.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/message_box.hpp"
@@ -31,7 +32,7 @@ constexpr int kTwipsPerPixel = 15;
 
 }  // namespace
 
-QtHost::QtHost() {
+QtHost::QtHost(DraftKeeper* drafts) : drafts_(drafts) {
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
@@ -91,6 +92,21 @@ void QtHost::ShowHelp(const std::string& /*file*/, int context) {
   QWidget* behind = Behind();
   HelpWindow(context, behind).exec();
   if (behind) behind->activateWindow();
+}
+
+// What is chosen is restored once the window is gone, since that may ask and complain.
+void QtHost::ShowDrafts(Form& form) {
+  if (!drafts_) return;
+  FlushAll();
+  QWidget* behind = Behind();
+  std::string chosen;
+  {
+    DraftsWindow window(form, behind);
+    window.exec();
+    chosen = window.Chosen();
+  }
+  if (behind) behind->activateWindow();
+  if (!chosen.empty()) form.RestoreDraft(chosen);
 }
 
 std::int32_t QtHost::WindowHandle(Form& form) {

@@ -20,8 +20,9 @@ class FormWindow;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
  public:
+  // `drafts`: where what was typed and not saved is kept; nullptr: nowhere. It outlives the host.
   // REQUIRES: a QApplication with the look installed.
-  QtHost();
+  explicit QtHost(DraftKeeper* drafts = nullptr);
   ~QtHost() override;
   QtHost(const QtHost&) = delete;
   QtHost& operator=(const QtHost&) = delete;
@@ -39,6 +40,8 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   void ShowHelp(const std::string& file, int context) override;
   std::int32_t WindowHandle(Form& form) override;
   std::optional<ControlPlace> PlaceOf(const Control& control) override;
+  DraftKeeper* Drafts() override { return drafts_; }
+  void ShowDrafts(Form& form) override;
 
   BoxAnswer Show(const Box& box) override;
   void Beep() override;
@@ -53,6 +56,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   // The window that a new one stands before.
   QWidget* Behind() const;
 
+  DraftKeeper* drafts_;
   Components components_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top
   std::vector<std::unique_ptr<FormWindow>> awaiting_;  // asked for by forms that load, and shown next

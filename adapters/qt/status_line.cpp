@@ -20,6 +20,7 @@ StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
   };
   message_ = add("status", 1);
   message_->setWordWrap(true);
+  unsaved_ = add("unsaved", 0);
   expected_ = add("expected", 0);
   position_ = add("position", 0);
   insert_ = add("insert", 0);
@@ -40,9 +41,17 @@ void StatusLine::ShowInsert(bool on) {
   if (insert_->text() != words) insert_->setText(words);
 }
 
+void StatusLine::ShowUnsaved(bool unsaved) {
+  const QString words = unsaved ? QStringLiteral("• Sin grabar") : QString();
+  if (unsaved_->text() == words) return;
+  unsaved_->setText(words);
+  unsaved_->setAccessibleName(unsaved ? QStringLiteral("Sin grabar") : QString());
+}
+
 int StatusLine::heightForWidth(int width) const {
   int taken = layout()->contentsMargins().left() + layout()->contentsMargins().right();
-  for (const QLabel* label : {expected_, position_, insert_}) taken += label->sizeHint().width() + layout()->spacing();
+  for (const QLabel* label : {unsaved_, expected_, position_, insert_})
+    taken += label->sizeHint().width() + layout()->spacing();
   const int margins = layout()->contentsMargins().top() + layout()->contentsMargins().bottom();
   return std::max(message_->heightForWidth(std::max(width - taken, 1)), insert_->sizeHint().height()) + margins;
 }

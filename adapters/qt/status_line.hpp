@@ -16,12 +16,15 @@ class StatusLine : public QWidget {
   void ShowMessage(const QString& message);
   void ShowPlace(const QString& position, const QString& expected);
   void ShowInsert(bool on);
+  // A mark while something is not saved.
+  void ShowUnsaved(bool unsaved);
 
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;
 
  private:
   QLabel* message_;
+  QLabel* unsaved_;
   QLabel* expected_;
   QLabel* position_;
   QLabel* insert_;

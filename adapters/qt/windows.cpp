@@ -1,5 +1,6 @@
 #include "zendara/windows.hpp"
 
+#include "adapters/drafts/file_drafts.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 
@@ -16,7 +17,8 @@ class QtWindows final : public Windows {
   }
 
  private:
-  QtHost host_;
+  FileDrafts drafts_{DraftsFolder()};
+  QtHost host_{&drafts_};
 };
 
 }  // namespace

@@ -20,6 +20,7 @@
 #include <utility>
 #include <vector>
 
+#include "adapters/drafts/file_drafts.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
@@ -112,7 +113,12 @@ class Album {
 
 class Desk {
  public:
-  explicit Desk(Options options) : options_(std::move(options)), engine_(MakeEngine()), files_(MakeHostFiles()) {
+  explicit Desk(Options options)
+      : options_(std::move(options)),
+        engine_(MakeEngine()),
+        files_(MakeHostFiles()),
+        drafts_(options_.script.empty() ? std::make_unique<FileDrafts>(DraftsFolder()) : nullptr),
+        host_(drafts_.get()) {
     if (!options_.screenshots.empty()) album_.emplace(options_.screenshots);
   }
 
@@ -212,6 +218,7 @@ class Desk {
   Options options_;
   std::unique_ptr<Engine> engine_;
   std::unique_ptr<Files> files_;
+  std::unique_ptr<FileDrafts> drafts_;  // none for a script, which has its own if it wants
   QtHost host_;
   std::optional<Album> album_;
 };
@@ -237,6 +244,12 @@ int Main(int argc, char** argv) {
   }
   if (!options.screen.empty() && (options.company.empty() || options.year.empty())) {
     return Fail(kWrongUsage, "--screen needs --company and --year");
+  }
+  if (options.script.empty()) {
+    // However the folder is named, its drafts are the same.
+    std::error_code error;
+    const auto folder = std::filesystem::canonical(options.dir, error);
+    if (!error) options.dir = folder.string();
   }
   QTemporaryFile screen;
   if (!HasDisplay()) {

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
@@ -54,6 +55,13 @@ std::vector<fs::path> DraftsIn(const fs::path& folder) {
   return paths;
 }
 
+// Of no other draft, of this program or another.
+std::string NewId() {
+  static std::atomic<int> made = 0;
+  return Padded(std::time(nullptr), 12) + "-" + std::to_string(getpid()) + "-" + Padded(++made, 6) +
+         std::string(kExtension);
+}
+
 std::string TroubleOf(int error) {
   return "Lo que escriba y no grabe no se podrá recuperar: " + (error == ENOSPC || error == EDQUOT || error == EFBIG
                                                                     ? std::string("el disco está lleno.")
@@ -84,11 +92,6 @@ FileDrafts::~FileDrafts() {
 }
 
 // What the form's thread does.
-
-std::string FileDrafts::NewId() {
-  return Padded(std::time(nullptr), 12) + "-" + std::to_string(getpid()) + "-" + Padded(++made_, 6) +
-         std::string(kExtension);
-}
 
 std::string FileDrafts::Keep(const std::string& id, const Draft& draft) {
   std::string name = id.empty() ? NewId() : id;

@@ -63,12 +63,10 @@ class FileDrafts : public DraftKeeper {
   void Do(const Job& job);
   void Store(const std::string& id, const Draft& draft);
   void RemoveOld() const;
-  std::string NewId();
   std::filesystem::path PathOf(const std::string& id) const { return folder_ / id; }
 
   const std::filesystem::path folder_;
   const int days_;
-  int made_ = 0;
   std::map<std::string, Read> read_;
 
   std::mutex mutex_;  // of what follows

@@ -15,6 +15,7 @@ constexpr PaginaAyuda kPaginas[] = {
     {0, "listado_trabajador.md", "Listado Trabajadores"},
     {0, "tipo_retencion.md", "El tipo de retención y la regularización"},
     {0, "teclas.md", "Teclas"},
+    {0, "borradores.md", "Lo que escribe y no graba"},
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/drafts/memory_drafts.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
@@ -31,6 +32,8 @@ inline bool StartApplication() {
 
 struct DemoForm : SampleForm {
   explicit DemoForm(QtHost& host) : SampleForm(host, host, "Demo") {
+    AddToRecord(Text1(1), true);
+    for (int i = 2; i <= 5; ++i) AddToRecord(Text1(i));
     Image1.On().click = [this](int) { log.push_back("image " + std::to_string(ImageButtonMark())); };
     Grabar.On().click = [this](int) {
       if (on_click) on_click();
@@ -63,7 +66,8 @@ class QtTest : public testing::Test {
   static QWidget& WidgetOf(FormWindow& window, const Control& control) { return *window.ViewOf(control)->Widget(); }
 
   const bool started = StartApplication();
-  QtHost host;
+  MemoryDrafts drafts;
+  QtHost host{&drafts};
   DemoForm form{host};
   ScriptHands hands{host, {}};
 };

@@ -115,7 +115,10 @@ void Form::Run(const std::function<void()>& event) {
   } catch (...) {
     ShowCurrentError();
   }
-  if (--events_ > 0 || !loaded_) return;
+  if (--events_ == 0 && loaded_) FollowDraft();
+}
+
+void Form::FollowDraft() noexcept {
   try {
     drafts_.EventEnded();
   } catch (...) {
@@ -343,6 +346,8 @@ void Form::MoveFocusAndClick(Control& control) {
   if (control.TakesFocus()) {
     SetFocus(control);
     if (!control.TakesInput()) return;
+    // What moving the focus has called up is there before the user changes it.
+    FollowDraft();
   }
   control.Click();
 }

@@ -181,6 +181,7 @@ class Form {
  private:
   friend class Control;
 
+  void FollowDraft() noexcept;
   void Undo(Control* control);
   void Add(Control& control) { controls_.push_back(&control); }
   void Input(const std::function<void()>& event);

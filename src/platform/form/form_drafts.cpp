@@ -151,13 +151,16 @@ void FormDrafts::Remove(const std::string& id) {
   if (DraftKeeper* keeper = Keeper()) keeper->Drop(id);
 }
 
-void FormDrafts::Restore(std::string id) {
+void FormDrafts::Restore(const std::string& id) {
   DraftKeeper* keeper = Keeper();
   const std::vector<KeptDraft> drafts = Left();
   const auto kept = std::ranges::find(drafts, id, &KeptDraft::id);
   if (!keeper || kept == drafts.end()) return;
   offered_id_.clear();
-  End();  // what is unsaved stays as a draft of its own, whether its record goes or not
+  // What is unsaved stays as a draft of its own, whether its record goes or not.
+  const Draft before = kept_id_.empty() ? Draft() : kept_;
+  const std::string before_id = kept_id_;
+  End();
   said_ = form_.Status();
   const bool called_up = CallUp(kept->draft);
   sheet_.Rest();
@@ -169,8 +172,11 @@ void FormDrafts::Restore(std::string id) {
     return Say("No todo lo escrito cabe ya en " + kept->draft.title +
                ": el borrador sigue en la lista (Ctrl+Mayús+Z).");
   }
-  kept_id_ = std::move(id);
-  kept_ = {};
+  // All of it stands here too.
+  if (!before_id.empty() && IsRecord(kept->draft.key) && before.key.front() == kept->draft.key.front() && Stands(before))
+    keeper->Drop(before_id);
+  kept_ = kept->draft;
+  kept_id_ = keeper->Keep(kept->id, kept_);
   Say("Recuperado lo que escribió" + When(*kept) + ": está sin grabar.");
 }
 
@@ -178,6 +184,11 @@ void FormDrafts::Restore(std::string id) {
 // for one may set the next, so each is compared when its turn comes. A record without a number is an emptied screen,
 // whatever stands in the rest of its key.
 bool FormDrafts::CallUp(const Draft& draft) {
+  if (sheet_.TypesOverKey()) {
+    // A number that was typed and has called up nothing yet.
+    Control& focus = *form_.Focus();
+    focus.PutBack(0, std::ranges::find(sheet_.Key(), focus.Id(), &DraftValue::id)->text);
+  }
   for (const DraftValue& part : draft.key) {
     const auto place = sheet_.Find(part.id);
     if (!place) return false;
@@ -204,6 +215,10 @@ bool FormDrafts::PutBack(const Draft& draft) {
     if (!place) continue;
     form_.Run([&] { place->control->PutBack(place->value, value.text); });
   }
+  return Stands(draft);
+}
+
+bool FormDrafts::Stands(const Draft& draft) const {
   return std::ranges::all_of(draft.values, [&](const DraftValue& value) {
     const auto place = sheet_.Find(value.id);
     return place && place->control->ValueText(place->value) == value.text;

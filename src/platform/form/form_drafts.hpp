@@ -32,7 +32,7 @@ class FormDrafts {
   void RestoreOffered();
   // The record of the draft is called up, unless it stands there, by typing what identifies it; then its values are put
   // over those that stand there. Says in the status what became of it. A draft whose record does not come stays.
-  void Restore(std::string id);
+  void Restore(const std::string& id);
   void Remove(const std::string& id);
 
  private:
@@ -43,6 +43,7 @@ class FormDrafts {
   void Say(const std::string& text);
   bool CallUp(const Draft& draft);
   bool PutBack(const Draft& draft);
+  bool Stands(const Draft& draft) const;
 
   Form& form_;
   Unsaved sheet_;

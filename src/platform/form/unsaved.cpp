@@ -57,17 +57,18 @@ void Unsaved::Rest() {
 
 // Changes.
 
-bool Unsaved::TypedOver(const Entry& entry) {
-  return entry.key && entry.control->HasFocus() && entry.control->ChangedByHand();
+bool Unsaved::IsKeyAsShown(const Entry& entry) const {
+  const auto shown = std::ranges::find(key_, entry.id, &DraftValue::id);
+  return shown == key_.end() || shown->text == entry.control->ShownText();
+}
+
+bool Unsaved::IsTypedOver(const Entry& entry) const {
+  return entry.key && entry.control->HasFocus() && entry.control->ChangedByHand() && !IsKeyAsShown(entry);
 }
 
 bool Unsaved::IsChanged(const Entry& entry, int value) const {
+  if (entry.key) return !IsKeyAsShown(entry) && !IsTypedOver(entry);
   const std::string text = entry.control->ValueText(value);
-  if (entry.key) {
-    if (TypedOver(entry)) return false;
-    const auto shown = std::ranges::find(key_, entry.id, &DraftValue::id);
-    return shown != key_.end() && shown->text != text;
-  }
   const auto i = static_cast<std::size_t>(value);
   if (i >= entry.baseline.size() || text == entry.baseline[i]) return false;
   return !(entry.entered && entry.control->HasFocus() && text == *entry.entered);
@@ -106,7 +107,9 @@ std::vector<DraftValue> Unsaved::KeyNow() const {
   return key;
 }
 
-bool Unsaved::TypesOverKey() const { return std::ranges::any_of(entries_, TypedOver); }
+bool Unsaved::TypesOverKey() const {
+  return std::ranges::any_of(entries_, [this](const Entry& entry) { return IsTypedOver(entry); });
+}
 
 std::vector<DraftValue> Unsaved::Changes() const {
   std::vector<DraftValue> changes;

@@ -65,7 +65,8 @@ class Unsaved {
 
   const Entry* EntryOf(const Control& control) const;
   bool IsChanged(const Entry& entry, int value) const;
-  static bool TypedOver(const Entry& entry);
+  bool IsKeyAsShown(const Entry& entry) const;
+  bool IsTypedOver(const Entry& entry) const;
   // Of all controls that say which record it is.
   bool KeyIs(bool Entry::*state) const;
 

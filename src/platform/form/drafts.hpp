@@ -21,7 +21,7 @@ struct Draft {
   std::string screen;           // name of the form
   std::vector<DraftValue> key;  // of the controls that say which record it is, as it was shown; the first one decides
   std::string title;            // the record for the user
-  std::string focus;            // control that had the focus; empty: none
+  std::string focus;            // control of the record that had the focus; empty: none
   std::vector<DraftValue> values;  // all that was not saved
 
   friend bool operator==(const Draft&, const Draft&) = default;

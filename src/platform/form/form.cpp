@@ -347,7 +347,7 @@ void Form::MoveFocusAndClick(Control& control) {
     SetFocus(control);
     if (!control.TakesInput()) return;
     // What moving the focus has called up is there before the user changes it.
-    FollowDraft();
+    if (drafts_.Sheet().Settled()) FollowDraft();
   }
   control.Click();
 }

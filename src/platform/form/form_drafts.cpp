@@ -47,7 +47,7 @@ Draft FormDrafts::Now() const {
               .screen = form_.Name(),
               .key = sheet_.Key(),
               .title = form_.Subject(),
-              .focus = form_.Focus() ? form_.Focus()->Id() : std::string(),
+              .focus = form_.Focus() && sheet_.Has(*form_.Focus()) ? form_.Focus()->Id() : std::string(),
               .values = changes_};
   if (!draft.title.empty()) return draft;
   const std::vector<DraftValue> key = StoredKey(draft);
@@ -173,7 +173,8 @@ void FormDrafts::Restore(const std::string& id) {
                ": el borrador sigue en la lista (Ctrl+Mayús+Z).");
   }
   // All of it stands here too.
-  if (!before_id.empty() && IsRecord(kept->draft.key) && before.key.front() == kept->draft.key.front() && Stands(before))
+  if (!before_id.empty() && IsRecord(kept->draft.key) && before.key.front() == kept->draft.key.front() &&
+      Stands(before))
     keeper->Drop(before_id);
   kept_ = kept->draft;
   kept_id_ = keeper->Keep(kept->id, kept_);

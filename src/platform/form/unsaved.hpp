@@ -20,6 +20,7 @@ namespace zendara {
 class Unsaved {
  public:
   void Add(Control& control, bool key);
+  bool Has(const Control& control) const { return places_.contains(&control); }
 
   // `shown`: what stood there is gone, it was not stored.
   void Settle(const Control& control, bool shown);

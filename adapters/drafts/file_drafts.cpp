@@ -24,8 +24,9 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
-// What a key waits at most for the one before it, and a list of drafts for all that was given.
-constexpr milliseconds kPatienceOfAKey{5};
+// What a key waits at most for the one before it, and a list of drafts for all that was given. A disk that is slower
+// has no key wait again until it has caught up.
+constexpr milliseconds kPatienceOfAKey{40};
 constexpr milliseconds kPatienceOfAList{200};
 
 constexpr std::string_view kExtension = ".draft";
@@ -97,7 +98,8 @@ std::string FileDrafts::Keep(const std::string& id, const Draft& draft) {
   std::string name = id.empty() ? NewId() : id;
   {
     std::unique_lock lock(mutex_);
-    done_.wait_for(lock, kPatienceOfAKey, [this] { return jobs_.empty() && !busy_; });
+    const auto caught_up = [this] { return jobs_.empty() && !busy_; };
+    slow_ = !(slow_ ? caught_up() : done_.wait_for(lock, kPatienceOfAKey, caught_up));
     if (!id.empty() && !open_.contains(id)) {
       // One that was left, unless it waits for its first line.
       const bool waits = std::ranges::any_of(jobs_, [&](const Job& job) { return job.id == id; });

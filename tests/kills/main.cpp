@@ -140,7 +140,7 @@ int Type(const std::string& folder, const std::string& drafts_folder, unsigned s
   return 0;
 }
 
-// How many acknowledged steps the draft lacks; nothing if it is none of the states around the last one.
+// How many acknowledged steps the draft lacks; nothing if it never stood there so.
 std::optional<int> Missing(const std::string& drafts_folder, const std::string& scope, unsigned seed,
                            int acknowledged) {
   FileDrafts drafts(drafts_folder);
@@ -152,9 +152,8 @@ std::optional<int> Missing(const std::string& drafts_folder, const std::string& 
   }
   std::vector<Texts> states;
   StepsOf(seed, &states);
-  for (const int missing : {0, -1, 1}) {  // the step after the last one may have come through, too
-    const int step = acknowledged - missing;
-    if (step >= 0 && kept == states[static_cast<std::size_t>(step)]) return std::max(missing, 0);
+  for (int step = acknowledged + 1; step >= 0; --step) {  // the next one may have come through, too
+    if (kept == states[static_cast<std::size_t>(step)]) return std::max(acknowledged - step, 0);
   }
   return std::nullopt;
 }
@@ -194,9 +193,10 @@ int Run(const char* program, int rounds, unsigned seed) {
     keys += acknowledged;
     const auto missing =
         WIFSIGNALED(status) && acknowledged >= enough ? Missing(drafts, scope, round_seed, acknowledged) : std::nullopt;
-    if (!missing) {
-      std::cerr << "draft_kills: round " << round << " of seed " << seed << ": the draft is not what was typed in "
-                << acknowledged << " steps\n";
+    if (!missing || *missing > 1) {
+      std::cerr << "draft_kills: round " << round << " of seed " << seed << ": of " << acknowledged
+                << " steps the draft ";
+      std::cerr << (missing ? "lacks " + std::to_string(*missing) : "shows something else") << '\n';
       return 1;
     }
     last_missing += *missing;

@@ -24,9 +24,10 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
-// What a key waits at most for the one before it, and a list of drafts for all that was given. A disk that is slower
-// has no key wait again until it has caught up.
-constexpr milliseconds kPatienceOfAKey{40};
+// How long a key waits for the thread that writes to begin with the one before it, and for a disk to end with it; and a
+// list of drafts for all that was given.
+constexpr milliseconds kPatienceWithAThread{2};
+constexpr milliseconds kPatienceWithADisk{40};
 constexpr milliseconds kPatienceOfAList{200};
 
 constexpr std::string_view kExtension = ".draft";
@@ -99,7 +100,10 @@ std::string FileDrafts::Keep(const std::string& id, const Draft& draft) {
   {
     std::unique_lock lock(mutex_);
     const auto caught_up = [this] { return jobs_.empty() && !busy_; };
-    slow_ = !(slow_ ? caught_up() : done_.wait_for(lock, kPatienceOfAKey, caught_up));
+    done_.wait_for(lock, kPatienceWithAThread, caught_up);
+    // The machine has no time for the other thread: this one has.
+    while (!busy_ && !jobs_.empty()) DoNext(lock);
+    done_.wait_for(lock, kPatienceWithADisk, caught_up);
     if (!id.empty() && !open_.contains(id)) {
       // One that was left, unless it waits for its first line.
       const bool waits = std::ranges::any_of(jobs_, [&](const Job& job) { return job.id == id; });
@@ -174,17 +178,22 @@ std::string FileDrafts::TakeTrouble() {
 void FileDrafts::Write() {
   std::unique_lock lock(mutex_);
   while (true) {
-    given_.wait(lock, [this] { return ends_ || !jobs_.empty(); });
+    given_.wait(lock, [this] { return !busy_ && (ends_ || !jobs_.empty()); });
     if (jobs_.empty()) return;
-    const Job job = std::move(jobs_.front());
-    jobs_.pop_front();
-    busy_ = true;
-    lock.unlock();
-    Do(job);
-    lock.lock();
-    busy_ = false;
-    done_.notify_all();
+    DoNext(lock);
   }
+}
+
+void FileDrafts::DoNext(std::unique_lock<std::mutex>& lock) {
+  const Job job = std::move(jobs_.front());
+  jobs_.pop_front();
+  busy_ = true;
+  lock.unlock();
+  Do(job);
+  lock.lock();
+  busy_ = false;
+  done_.notify_all();
+  given_.notify_all();
 }
 
 void FileDrafts::Sync() {

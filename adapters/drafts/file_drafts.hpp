@@ -1,7 +1,7 @@
 // Drafts in a folder of the user's own, a file each, written while typing goes on.
 //
 // A file is appended to, a line for each change (draft_lines.hpp), by a thread of its own: a key waits for the line of
-// the key before it, and when the disk is slow once for 40 ms and then no more. The disk is asked to make the lines
+// the key before it, 40 ms at most when the disk is slow. The disk is asked to make the lines
 // durable behind that, as often as it can. So when the program is killed the line of the last key may be missing, and
 // when the machine stops those of the last moment.
 //
@@ -58,8 +58,9 @@ class FileDrafts : public DraftKeeper {
   };
 
   void Give(Job job);
-  void Write();  // the thread that writes
-  void Sync();   // the thread that makes it durable
+  void Write();                                     // the thread that writes
+  void DoNext(std::unique_lock<std::mutex>& lock);  // of the jobs; `lock` is open meanwhile
+  void Sync();                                      // the thread that makes it durable
   void Do(const Job& job);
   void Store(const std::string& id, const Draft& draft);
   void RemoveOld() const;
@@ -73,7 +74,6 @@ class FileDrafts : public DraftKeeper {
   std::condition_variable given_, done_, dirty_;
   std::deque<Job> jobs_;
   bool busy_ = false;
-  bool slow_ = false;
   bool ends_ = false;
   bool all_written_ = false;
   std::map<std::string, std::shared_ptr<DraftFile>> open_;  // that this program works on

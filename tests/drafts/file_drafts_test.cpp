@@ -86,7 +86,7 @@ TEST_F(FileDraftsTest, AnEndAtAnyByteLeavesTheLinesBeforeItAndTheNextOnesFollow)
 }
 
 TEST_F(FileDraftsTest, WhatSomebodyWorksOnIsNotOfferedTakenOrRemoved) {
-  FileDrafts other(folder, 0);
+  FileDrafts other(folder);
   std::optional<FileDrafts> owner(folder);
   const std::string id = owner->Keep({}, Typed("uno"));
   const std::string second = owner->Keep({}, Typed("dos"));
@@ -98,6 +98,7 @@ TEST_F(FileDraftsTest, WhatSomebodyWorksOnIsNotOfferedTakenOrRemoved) {
   const std::string copy = other.Keep(id, Typed("tres"));
   EXPECT_NE(copy, id);
   other.Leave(copy);
+  EXPECT_THAT(LeftIn(other), ElementsAre(Typed("tres"), Typed("dos")));
   EXPECT_EQ(owner->Keep(id, Typed("cuatro")), id);
   FileDrafts(folder, 0);  // removes what is older than no time at all
   owner.reset();

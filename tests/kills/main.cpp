@@ -34,9 +34,10 @@ namespace fs = std::filesystem;
 
 constexpr const char* kCompany = "00001";
 constexpr const char* kYear = "01";
-constexpr int kKeys = 1000;         // more than any round lasts
-constexpr int kLastKill = 250;      // keys
-constexpr int kLongestRest = 3000;  // microseconds between an acknowledgment and the kill
+constexpr int kKeys = 1000;          // more than any round lasts
+constexpr int kLastKill = 120;       // keys
+constexpr int kLongestPause = 8000;  // microseconds between two keys, ten times as fast as hands are
+constexpr int kLongestRest = 3000;   // microseconds between an acknowledgment and the kill
 
 struct Step {
   int field = 0;       // the mouse goes there; otherwise a key
@@ -123,7 +124,9 @@ int Type(const std::string& folder, const std::string& drafts_folder, unsigned s
     const auto press = [&](const Key& key) { PressKey(*window.focusWidget(), key); };
     for (const char* digit : {"9", "0", "0"}) press({.code = 0, .shift = 0, .text = digit});
     press({.code = key::kEnter, .shift = 0, .text = {}});
+    std::mt19937 random(seed);
     for (const Step& step : StepsOf(seed)) {
+      usleep(static_cast<useconds_t>(Below(kLongestPause, random)));
       if (step.field) {
         auto& box = static_cast<TextBox&>(*form.Find(IdOf(kFields[static_cast<std::size_t>(step.field - 1)])));
         window.Pass([&] { form.PointTo(box, box.MaxLength(), 0); });

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/script/script_neighbours.hpp"
 
@@ -10,7 +11,7 @@ namespace {
 
 class Headless : public FormHost, public Dialogs, public ScriptDriver, public Automation {
  public:
-  Headless(Commands next, ScriptPlayer::Sink out) : player_(std::move(next), *this, std::move(out)) {
+  Headless(Commands next, ScriptPlayer::Sink out) : player_(std::move(next), *this, documents_, std::move(out)) {
     RegisterScriptNeighbours(components_, player_);
   }
 
@@ -49,6 +50,7 @@ class Headless : public FormHost, public Dialogs, public ScriptDriver, public Au
   void Settle() override {}
 
  private:
+  CairoWriter documents_;
   ScriptPlayer player_;
   Components components_;
 };

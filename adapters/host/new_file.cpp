@@ -52,7 +52,9 @@ std::error_code WriteBeside(const fs::path& path, std::string_view contents) {
   if (!file) return Failure();
   const mode_t masked = umask(0);
   umask(masked);
-  std::error_code error = fchmod(file.get(), 0666 & ~masked) == 0 ? WriteAll(file.get(), contents) : Failure();
+  // Some file systems have the same permissions for all files.
+  const bool usual = fchmod(file.get(), 0666 & ~masked) == 0 || errno == EPERM;
+  std::error_code error = usual ? WriteAll(file.get(), contents) : Failure();
   if (!error) error = RenameFile(beside, path);
   if (error) unlink(beside.c_str());
   return error;
@@ -65,6 +67,19 @@ std::error_code WriteNewFile(const fs::path& path, std::string_view contents) {
   if (!file && errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL) return Failure();
   if (const auto error = file ? WriteNameless(file.get(), path, contents) : WriteBeside(path, contents)) return error;
   return SyncFolder(FolderOf(path));
+}
+
+std::error_code ReplaceFile(const fs::path& path, std::string_view contents) {
+  fs::path beside;
+  std::error_code error;
+  for (int number = 0; number == 0 || error == std::errc::file_exists; ++number) {
+    beside = FolderOf(path) / (".zendara-" + std::to_string(getpid()) + "-" + std::to_string(number));
+    error = WriteNewFile(beside, contents);
+  }
+  if (!error && rename(beside.c_str(), path.c_str()) != 0) error = Failure();
+  if (!error) return SyncFolder(FolderOf(path));
+  unlink(beside.c_str());
+  return error;
 }
 
 std::error_code RenameFile(const fs::path& from, const fs::path& to) {

@@ -22,6 +22,7 @@
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/picture_view.hpp"
+#include "adapters/qt/row_picker_view.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -313,6 +314,8 @@ std::unique_ptr<ControlView> MakeView(FormWindow& window, Control& control, QWid
       return std::make_unique<PagesView>(window, static_cast<Tabs&>(control), parent);
     case ControlKind::kGrid:
       return MakeGridView(window, static_cast<Grid&>(control), parent);
+    case ControlKind::kRowPicker:
+      return MakeRowPickerView(window, static_cast<RowPicker&>(control), parent);
     case ControlKind::kFrame:
       if (control.Caption().empty()) return std::make_unique<BareFrameView>(window, control, parent);
       return std::make_unique<FrameView>(window, control, parent);

@@ -13,6 +13,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
@@ -70,8 +71,8 @@ class RoomyCells : public QStyledItemDelegate {
 
 }  // namespace
 
-DetailWindow::DetailWindow(const std::vector<BoxDetail>& rows, const QString& title, QWidget* parent)
-    : QDialog(parent) {
+DetailWindow::DetailWindow(const std::vector<BoxDetail>& rows, const QString& title, KeepDetail keep, QWidget* parent)
+    : QDialog(parent), keep_(std::move(keep)) {
   setWindowModality(Qt::ApplicationModal);
   setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style marks what has the keyboard
   setWindowTitle(title);
@@ -91,12 +92,18 @@ DetailWindow::DetailWindow(const std::vector<BoxDetail>& rows, const QString& ti
   table_->horizontalHeader()->setHighlightSections(false);
   table_->horizontalHeader()->setSectionsClickable(false);
   Fill(rows);
-  auto* hint = new QLabel(QStringLiteral("Ctrl+C copia la tabla. Intro o Esc cierra."), this);
+  hint_ = new QLabel(QStringLiteral("Ctrl+C copia la tabla. Intro o Esc cierra."), this);
   auto* close = new QPushButton(QStringLiteral("&Cerrar"), this);
   close->setDefault(true);
   auto* bottom = new QHBoxLayout;
-  bottom->addWidget(hint);
-  bottom->addStretch();
+  bottom->addWidget(hint_, 1);
+  if (keep_) {
+    auto* save = new QPushButton(QStringLiteral("&Guardar PDF"), this);
+    save->setAutoDefault(false);
+    save->installEventFilter(this);
+    connect(save, &QPushButton::clicked, this, [this] { Keep(); });
+    bottom->addWidget(save);
+  }
   bottom->addWidget(close);
   auto* column = new QVBoxLayout(this);
   column->addWidget(table_);
@@ -148,6 +155,13 @@ void DetailWindow::Copy() const {
   QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
+void DetailWindow::Keep() {
+  const QString said = keep_(*this);
+  if (said.isEmpty()) return;
+  hint_->setText(hint_->fontMetrics().elidedText(said, Qt::ElideMiddle, hint_->width()));
+  hint_->setToolTip(said);
+}
+
 void DetailWindow::Fit() {
   layout()->activate();  // after a change of the text's size
   const QRect area = screen()->availableGeometry();
@@ -193,6 +207,10 @@ bool DetailWindow::eventFilter(QObject* watched, QEvent* event) {
     if (HandleZoomKey(pressed)) return true;
     if (pressed.matches(QKeySequence::Copy)) {
       Copy();
+      return true;
+    }
+    if (keep_ && IsKeepKey(pressed)) {
+      Keep();
       return true;
     }
   }

@@ -12,6 +12,7 @@
 #include "adapters/qt/field_edit.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
+#include "runtime/format.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
@@ -30,7 +31,7 @@ class FieldView : public ControlView {
 
   void Sync() override {
     ControlView::Sync();
-    const QString text = ToQt(box_.Text());
+    const QString text = ToQt(AtRest() ? GroupThousands(box_.Text()) : box_.Text());
     if (edit_->text() != text) edit_->setText(text);
     ShowSelection(text);
     edit_->setReadOnly(box_.Locked());
@@ -119,8 +120,12 @@ class FieldView : public ControlView {
   }
 
   int Place(const QMouseEvent& event) const {
-    return CharactersOf(edit_->text(), edit_->cursorPositionAt(event.position().toPoint()));
+    const QString before = edit_->text().left(edit_->cursorPositionAt(event.position().toPoint()));
+    const auto points = AtRest() && ToQt(box_.Text()) != edit_->text() ? before.count(QLatin1Char('.')) : 0;
+    return CharactersOf(before, static_cast<int>(before.size() - points));
   }
+
+  bool AtRest() const { return box_.Grouped() && !box_.HasFocus(); }
 
   bool PressMouse(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton) return true;

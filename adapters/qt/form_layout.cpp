@@ -6,22 +6,40 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <algorithm>
+#include <map>
 
+#include "adapters/qt/flow_layout.hpp"
+#include "adapters/qt/heading.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
 namespace {
 
-// Property of a strip: its height in twips.
-constexpr char kStripHeight[] = "strip";
 constexpr int kTwipsPerPixel = 15;
+
+// Properties of widgets that follow the font.
+constexpr char kOwnLayout[] = "own_layout";  // what stands in it is the form's structure
+constexpr char kStripHeight[] = "strip";     // in twips
+constexpr char kLines[] = "lines";           // of wrapped words
+constexpr char kBehind[] = "behind";         // words behind a field
+constexpr char kTight[] = "tight";           // a button as narrow as its words
+// Of layouts.
+constexpr char kLabelColumn[] = "labels";  // grids of one number have labels of one width
+constexpr char kTouching[] = "touching";   // without spaces
+
+// Words that are wrapped ask for the same room whatever they say, so that nothing moves.
+constexpr int kCharactersOfWords = 42;  // at least, in a line
+constexpr int kLinesBehind = 2;         // of those behind a field
+constexpr int kCharactersBehind = 18;
 
 // A field with words before it.
 bool HasLabel(const Layout& layout) {
-  return layout.kind == LayoutKind::kControl && layout.control->HasCaptionBefore() &&
+  return layout.kind == LayoutKind::kControl && layout.labelled && layout.control->HasCaptionBefore() &&
          !layout.control->Caption().empty();
 }
 
@@ -36,51 +54,76 @@ bool Fills(const Layout& layout) {
     case LayoutKind::kStrip:
     case LayoutKind::kTabs:
     case LayoutKind::kFrame:
+    case LayoutKind::kTable:
+    case LayoutKind::kScrolled:
+    case LayoutKind::kFlow:
       return true;
     case LayoutKind::kControl:
+    case LayoutKind::kJoined:
+    case LayoutKind::kHeading:
       return false;
     default:
       return std::ranges::any_of(layout.children, Fills);
   }
 }
 
+// Asks for all the room of what it scrolls, and needs little.
+class ScrolledPart : public QScrollArea {
+ public:
+  explicit ScrolledPart(QWidget* parent) : QScrollArea(parent) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    viewport()->setAutoFillBackground(false);
+  }
+
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+  QSize minimumSizeHint() const override {
+    const int line = fontMetrics().height();
+    return QSize(20 * line, 6 * line).boundedTo(sizeHint());
+  }
+};
+
 class Builder {
  public:
   Builder(FormWindow& window, const Keep& keep) : window_(window), keep_(keep) {}
 
+  // A form or a page.
+  void Fill(QWidget& parent, const Layout& layout) {
+    const bool lines = layout.kind == LayoutKind::kColumn || layout.kind == LayoutKind::kRow;
+    Fill(parent, layout.kind, lines ? layout.children : std::vector<Layout>{layout}, NewColumn());
+  }
+
+ private:
+  // Number of a column of labels, for all grids in which they have one width.
+  int NewColumn() { return ++columns_; }
+
   // Lays the children out in the widget.
-  void Fill(QWidget& parent, LayoutKind kind, const std::vector<Layout>& children) {
+  void Fill(QWidget& parent, LayoutKind kind, const std::vector<Layout>& children, int column) {
+    parent.setProperty(kOwnLayout, true);
     const bool inner_row =
         children.size() == 1 && children.front().kind == LayoutKind::kRow && !BeginsWithLabel(children.front());
-    if (inner_row) return Fill(parent, LayoutKind::kRow, children.front().children);
-    const Layout inside{kind == LayoutKind::kRow ? kind : LayoutKind::kColumn, nullptr, children, {}};
-    if (inside.kind == LayoutKind::kRow) {
+    if (inner_row || kind == LayoutKind::kRow) {
       auto* row = new QHBoxLayout(&parent);
-      AddToRow(*row, parent, inside);
+      AddToRow(*row, parent, inner_row ? children.front().children : children);
     } else {
       auto* grid = new QGridLayout(&parent);
-      AddToColumn(*grid, parent, inside);
+      AddToColumn(*grid, parent, children, column);
       Close(*grid);
     }
   }
 
-  // A form or a page.
-  void Fill(QWidget& parent, const Layout& layout) {
-    const bool lines = layout.kind == LayoutKind::kColumn || layout.kind == LayoutKind::kRow;
-    Fill(parent, layout.kind, lines ? layout.children : std::vector<Layout>{layout});
-  }
-
- private:
-  ControlView& View(QWidget& parent, Control& control) {
-    auto view = MakeView(window_, control, parent);
+  ControlView& Kept(std::unique_ptr<ControlView> view, Control& control) {
     ControlView& made = *view;
     keep_(std::move(view), control);
     return made;
   }
 
+  ControlView& View(QWidget& parent, Control& control) { return Kept(MakeView(window_, control, parent), control); }
+
   QLabel* Label(QWidget& parent, const Control& control, ControlView& view) {
-    auto* label = new QLabel(ToQt(control.Caption()).remove(QLatin1Char('&')), &parent);
-    label->setTextFormat(Qt::PlainText);
+    auto* label = new QLabel(&parent);
+    SetLabelText(*label, ToQt(control.Caption()).remove(QLatin1Char('&')), control.Required());
     QSizePolicy policy = label->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     label->setSizePolicy(policy);
@@ -93,33 +136,75 @@ class Builder {
     QHBoxLayout* body = nullptr;
   };
 
-  Line Place(QWidget& parent, const Layout& layout) {
+  Line Place(QWidget& parent, const Layout& layout, const QString& row = {}) {
     Line line;
     ControlView& view = View(parent, *layout.control);
+    view.SetRow(row);
     if (HasLabel(layout)) line.label = Label(parent, *layout.control, view);
+    if (layout.main) StandOut(*view.Widget());
+    if (layout.lines > 0) Wrap(static_cast<QLabel&>(*view.Widget()), layout.lines);
     line.body = new QHBoxLayout;
     line.body->addWidget(view.Widget());
     const QString name = PlainCaption(layout.control->Caption());
     for (Control* control : layout.attached) {
       const ControlView& behind = View(parent, *control);
       line.body->addWidget(behind.Widget());
+      if (control->Kind() == ControlKind::kLabel) {
+        auto& words = static_cast<QLabel&>(*behind.Widget());
+        Wrap(words, kLinesBehind);
+        words.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        words.setProperty(kBehind, true);
+      }
       if (!control->Caption().empty() || name.isEmpty()) continue;
       behind.Widget()->setAccessibleName(behind.NameBehind(name));
     }
     return line;
   }
 
-  QWidget* Container(QWidget& parent, const Layout& layout) {
+  static void StandOut(QWidget& button) {
+    QPalette palette = button.palette();
+    palette.setColor(QPalette::Active, QPalette::Button, tone::kAccent);
+    palette.setColor(QPalette::Inactive, QPalette::Button, tone::kAccent);
+    palette.setColor(QPalette::Active, QPalette::ButtonText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::ButtonText, Qt::white);
+    button.setPalette(palette);
+  }
+
+  static void Quieten(QWidget& words) {
+    QPalette palette = words.palette();
+    palette.setColor(QPalette::WindowText, tone::kQuiet);
+    words.setPalette(palette);
+  }
+
+  static void Wrap(QLabel& words, int lines) {
+    words.setWordWrap(true);
+    words.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    words.setProperty(kLines, lines);
+    Quieten(words);
+  }
+
+  QWidget* ScrolledIn(QWidget* parent, const Layout& layout) {
+    auto* area = new ScrolledPart(parent);
+    auto* inside = new QWidget;
+    Fill(*inside, layout.children.front());
+    area->setWidget(inside);
+    inside->setAutoFillBackground(false);
+    return area;
+  }
+
+  // Frames, tabs and scrolled parts.
+  QWidget* Container(QWidget& parent, const Layout& layout, int column) {
+    if (layout.kind == LayoutKind::kScrolled) return ScrolledIn(&parent, layout);
     QWidget* widget = View(parent, *layout.control).Widget();
     if (layout.kind == LayoutKind::kTabs) {
       auto* tabs = static_cast<QTabWidget*>(widget);
       for (const Layout& child : layout.children) {
-        auto* page = new QWidget;
-        Fill(*page, child);
+        QWidget* page = child.kind == LayoutKind::kScrolled ? ScrolledIn(nullptr, child) : new QWidget;
+        if (child.kind != LayoutKind::kScrolled) Fill(*page, child);
         tabs->addTab(page, {});  // the view gives the titles
       }
     } else {
-      Fill(*widget, LayoutKind::kColumn, layout.children);
+      Fill(*widget, LayoutKind::kColumn, layout.children, column);
     }
     return widget;
   }
@@ -131,16 +216,78 @@ class Builder {
     return widget;
   }
 
-  // A row of the grid for each line: labels in its first column, fields in the second.
-  void AddToColumn(QGridLayout& grid, QWidget& parent, const Layout& layout) {
-    for (const Layout& child : layout.children) AddLine(grid, parent, child);
+  static QWidget* HeadingOf(QWidget& parent) {
+    auto* heading = new FormHeading(&parent);
+    heading->setObjectName(QLatin1String(kHeadingName));
+    return heading;
   }
 
-  void AddLine(QGridLayout& grid, QWidget& parent, const Layout& child) {
+  QLayout* JoinedButtons(QWidget& parent, const Layout& layout) {
+    auto* row = new QHBoxLayout;
+    row->setProperty(kTouching, true);
+    for (const Layout& child : layout.children) {
+      QWidget* button = View(parent, *child.control).Widget();
+      button->setProperty(kTight, true);
+      row->addWidget(button);
+    }
+    return row;
+  }
+
+  QLayout* Flowing(QWidget& parent, const Layout& layout) {
+    auto* flow = new FlowLayout;
+    for (const Layout& child : layout.children) {
+      if (child.kind == LayoutKind::kSpace) {
+        flow->AddSpace();
+      } else if (child.kind == LayoutKind::kHeading) {
+        flow->addWidget(HeadingOf(parent));
+      } else {
+        auto* unit = new QHBoxLayout;
+        AddToRow(*unit, parent, {child}, false);
+        flow->AddLayout(unit);
+      }
+    }
+    return flow;
+  }
+
+  // Headings of columns, and a row of fields for each frame.
+  QLayout* Rows(QWidget& parent, const Layout& layout) {
+    auto* grid = new QGridLayout;
+    int column = 1;
+    for (const std::string& heading : layout.headings) {
+      auto* words = new QLabel(ToQt(heading), &parent);
+      Quieten(*words);
+      grid->addWidget(words, 0, column++);
+    }
+    int row = 1;
+    for (const Layout& child : layout.children) {
+      const bool required =
+          std::ranges::any_of(child.children, [](const Layout& cell) { return cell.control->Required(); });
+      const ControlView& title = Kept(MakeRowHeadingView(window_, *child.control, required, parent), *child.control);
+      grid->addWidget(title.Widget(), row, 0, Qt::AlignRight | Qt::AlignVCenter);
+      column = 1;
+      for (Layout cell : child.children) {
+        cell.labelled = false;
+        grid->addLayout(Place(parent, cell, PlainCaption(child.control->Caption())).body, row, column++);
+      }
+      ++row;
+    }
+    grid->setColumnStretch(column, 1);
+    return grid;
+  }
+
+  // A row of the grid for each line: labels in its first column, fields in the second.
+  void AddToColumn(QGridLayout& grid, QWidget& parent, const std::vector<Layout>& lines, int column) {
+    grid.setProperty(kLabelColumn, column);
+    const bool labels = std::ranges::any_of(lines, [](const Layout& l) { return HasLabel(l) || BeginsWithLabel(l); });
+    for (const Layout& line : lines) AddLine(grid, parent, line, column, labels);
+  }
+
+  void AddLine(QGridLayout& grid, QWidget& parent, const Layout& child, int column, bool labels) {
     const int row = grid.rowCount();
+    const auto across = [&](QLayout* layout) { grid.addLayout(layout, row, 0, 1, 2); };
     switch (child.kind) {
       case LayoutKind::kColumn:
-        AddToColumn(grid, parent, child);
+        AddToColumn(grid, parent, child.children, column);
         break;
       case LayoutKind::kSpace:
         grid.setRowStretch(row, 1);
@@ -149,32 +296,49 @@ class Builder {
       case LayoutKind::kStrip:
         grid.addWidget(EmptyStrip(parent, child), row, 0, 1, 2);
         break;
+      case LayoutKind::kHeading:
+        grid.addWidget(HeadingOf(parent), row, 0, 1, 2);
+        break;
       case LayoutKind::kFrame:
       case LayoutKind::kTabs:
-        grid.addWidget(Container(parent, child), row, 0, 1, 2);
+      case LayoutKind::kScrolled:
+        grid.addWidget(Container(parent, child, column), row, 0, 1, 2);
+        break;
+      case LayoutKind::kTable:
+        across(Rows(parent, child));
+        break;
+      case LayoutKind::kFlow:
+        across(Flowing(parent, child));
+        break;
+      case LayoutKind::kJoined:
+        across(JoinedButtons(parent, child));
         break;
       case LayoutKind::kControl: {
         const Line line = Place(parent, child);
         AddLabel(grid, row, line.label);
-        line.body->addStretch();
-        grid.addLayout(line.body, row, line.label ? 1 : 0, 1, line.label ? 1 : 2);
+        if (child.control->Kind() == ControlKind::kRowPicker) {
+          grid.setRowStretch(row, 1);  // as many rows as fit
+        } else if (child.lines == 0) {
+          line.body->addStretch();
+        }
+        // What has its own words, as a check box, stands under the fields.
+        const bool under_fields = labels && child.lines == 0;
+        grid.addLayout(line.body, row, under_fields ? 1 : 0, 1, under_fields ? 1 : 2);
         break;
       }
       case LayoutKind::kRow: {
         auto* body = new QHBoxLayout;
         if (!BeginsWithLabel(child)) {
-          grid.addLayout(body, row, 0, 1, 2);
-          AddToRow(*body, parent, child);
+          across(body);
+          AddToRow(*body, parent, child.children);
           break;
         }
         // Its first label stands under those of the lines above.
-        Layout rest = child;
-        rest.children.erase(rest.children.begin());
         const Line line = Place(parent, child.children.front());
         AddLabel(grid, row, line.label);
         grid.addLayout(body, row, 1);
         body->addLayout(line.body);
-        AddToRow(*body, parent, rest);
+        AddToRow(*body, parent, {child.children.begin() + 1, child.children.end()});
         break;
       }
     }
@@ -192,8 +356,8 @@ class Builder {
     grid.setRowStretch(grid.rowCount(), 1);
   }
 
-  void AddToRow(QHBoxLayout& body, QWidget& parent, const Layout& layout) {
-    for (const Layout& child : layout.children) {
+  void AddToRow(QHBoxLayout& body, QWidget& parent, const std::vector<Layout>& children, bool closed = true) {
+    for (const Layout& child : children) {
       switch (child.kind) {
         case LayoutKind::kSpace:
           body.addStretch(1);
@@ -201,9 +365,22 @@ class Builder {
         case LayoutKind::kStrip:
           body.addWidget(EmptyStrip(parent, child), 1);
           break;
+        case LayoutKind::kHeading:
+          body.addWidget(HeadingOf(parent));
+          break;
         case LayoutKind::kFrame:
         case LayoutKind::kTabs:
-          body.addWidget(Container(parent, child), 1);
+        case LayoutKind::kScrolled:
+          body.addWidget(Container(parent, child, NewColumn()), 1);
+          break;
+        case LayoutKind::kTable:
+          body.addLayout(Rows(parent, child), 1);
+          break;
+        case LayoutKind::kFlow:
+          body.addLayout(Flowing(parent, child), 1);
+          break;
+        case LayoutKind::kJoined:
+          body.addLayout(JoinedButtons(parent, child));
           break;
         case LayoutKind::kControl: {
           const Line line = Place(parent, child);
@@ -213,37 +390,41 @@ class Builder {
         }
         case LayoutKind::kRow: {
           auto* inner = new QHBoxLayout;
-          body.addLayout(inner, Fills(child) ? 1 : 0);
-          AddToRow(*inner, parent, child);
+          const bool fills = Fills(child);
+          body.addLayout(inner, fills ? 1 : 0);
+          AddToRow(*inner, parent, child.children, fills);
           break;
         }
         case LayoutKind::kColumn: {
           auto* grid = new QGridLayout;
           body.addLayout(grid, Fills(child) ? 1 : 0);
-          AddToColumn(*grid, parent, child);
+          AddToColumn(*grid, parent, child.children, NewColumn());
           Close(*grid);
           break;
         }
       }
     }
-    if (!Fills(layout)) body.addStretch(1);
+    if (closed && std::ranges::none_of(children, Fills)) body.addStretch(1);
   }
 
   FormWindow& window_;
   const Keep& keep_;
+  int columns_ = 0;
 };
 
 void Rescale(QLayout& layout, int em) {
   QWidget* parent = layout.parentWidget();
   if (parent && parent->layout() == &layout) {
     const int margin = parent->property(kBare).toBool() ? 0 : em / 2;
-    layout.setContentsMargins(margin, margin, margin, margin);
+    // A titled frame has room above by its title.
+    const int above = qobject_cast<QGroupBox*>(parent) ? margin / 2 : margin;
+    layout.setContentsMargins(margin, above, margin, above);
   }
   if (auto* grid = qobject_cast<QGridLayout*>(&layout)) {
-    grid->setVerticalSpacing(em * 2 / 5);
+    grid->setVerticalSpacing(em / 4);
     grid->setHorizontalSpacing(em / 2);
   } else {
-    layout.setSpacing(em / 2);
+    layout.setSpacing(layout.property(kTouching).toBool() ? 0 : em / 2);
   }
   for (int i = 0; i < layout.count(); ++i) {
     QLayoutItem* item = layout.itemAt(i);
@@ -251,10 +432,33 @@ void Rescale(QLayout& layout, int em) {
   }
 }
 
+// The labels of each column get the width of the widest.
+void AlignLabels(QWidget& content) {
+  std::map<int, std::vector<QGridLayout*>> columns;
+  for (QGridLayout* grid : content.findChildren<QGridLayout*>()) {
+    if (const QVariant column = grid->property(kLabelColumn); column.isValid()) columns[column.toInt()].push_back(grid);
+  }
+  for (const auto& [number, grids] : columns) {
+    int width = 0;
+    for (const QGridLayout* grid : grids) {
+      for (int row = 0; row < grid->rowCount(); ++row) {
+        const QLayoutItem* item = grid->itemAtPosition(row, 0);
+        const bool across = item && item == grid->itemAtPosition(row, 1);
+        if (item && !across) width = std::max(width, item->sizeHint().width());
+      }
+    }
+    for (QGridLayout* grid : grids) grid->setColumnMinimumWidth(0, width);
+  }
+}
+
 }  // namespace
 
 void BuildLayout(FormWindow& window, const Layout& layout, QWidget& content, const Keep& keep) {
   Builder(window, keep).Fill(content, layout);
+}
+
+bool HasScrolledPart(const Layout& layout) {
+  return layout.kind == LayoutKind::kScrolled || std::ranges::any_of(layout.children, HasScrolledPart);
 }
 
 void RenewSizes(QWidget& content) {
@@ -269,17 +473,32 @@ void RenewSizes(QWidget& content) {
 }
 
 void RescaleSpacing(QWidget& content) {
-  const int em = QFontMetrics(QApplication::font()).height();
-  if (content.layout()) Rescale(*content.layout(), em);
+  const QFontMetrics metrics(QApplication::font());
+  const int em = metrics.height();
   for (QWidget* widget : content.findChildren<QWidget*>()) {
     if (const QVariant height = widget->property(kStripHeight); height.isValid()) {
       widget->setFixedHeight(height.toInt() * zoom::Percent() / (100 * kTwipsPerPixel));
     }
-    // Only where a form's own structure stands; other widgets have layouts of their own.
-    const bool page = widget->parentWidget() && widget->parentWidget()->inherits("QStackedWidget");
-    const bool frame = qobject_cast<QGroupBox*>(widget) || widget->property(kBare).isValid();
-    if (widget->layout() && (page || frame)) Rescale(*widget->layout(), em);
+    if (const QVariant lines = widget->property(kLines); lines.isValid()) {
+      widget->setFixedHeight(lines.toInt() * metrics.lineSpacing());
+      if (widget->property(kBehind).isValid()) {
+        widget->setFixedWidth(TextWidth(metrics, kCharactersBehind));
+      } else {
+        widget->setMinimumWidth(TextWidth(metrics, kCharactersOfWords));
+      }
+    }
+    if (widget->property(kTight).isValid()) {
+      const QString words = static_cast<QPushButton*>(widget)->text().remove(QLatin1Char('&'));
+      widget->setFixedWidth(metrics.horizontalAdvance(words) + em * 3 / 2);
+    }
+    if (auto* heading = dynamic_cast<FormHeading*>(widget)) heading->Rescale();
   }
+  // Only where a form's own structure stands; other widgets have layouts of their own.
+  if (content.layout()) Rescale(*content.layout(), em);
+  for (QWidget* widget : content.findChildren<QWidget*>()) {
+    if (widget->layout() && widget->property(kOwnLayout).toBool()) Rescale(*widget->layout(), em);
+  }
+  AlignLabels(content);
 }
 
 }  // namespace zendara

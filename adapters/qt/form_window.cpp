@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "adapters/qt/form_layout.hpp"
+#include "adapters/qt/heading.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
@@ -48,12 +49,14 @@ void ControlView::Sync() {
   widget_->setVisible(control_.Visible());
   widget_->setEnabled(control_.Enabled());
   if (label_) label_->setVisible(control_.Visible());
-  const QString hint = ToQt(control_.ToolTipText()).trimmed();
+  QString hint = ToQt(control_.ToolTipText()).trimmed();
+  if (control_.Required()) hint += (hint.isEmpty() ? QString() : QStringLiteral(". ")) + QStringLiteral("Obligatorio");
   if (widget_->toolTip() != hint) {
     widget_->setToolTip(hint);
     widget_->setAccessibleDescription(hint);
   }
-  const QString name = PlainCaption(control_.Caption());
+  QString name = PlainCaption(control_.Caption());
+  if (!row_.isEmpty()) name += QStringLiteral(", ") + row_;
   if (!name.isEmpty() && widget_->accessibleName() != name) widget_->setAccessibleName(name);
 }
 
@@ -86,21 +89,26 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::Build() {
-  scroll_ = new QScrollArea(this);
-  scroll_->setWidgetResizable(true);
-  scroll_->setFrameShape(QFrame::NoFrame);
-  scroll_->setFocusPolicy(Qt::NoFocus);
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(0, 0, 0, 0);
   outer->setSpacing(0);
-  outer->addWidget(scroll_, 1);
+  content_ = new QWidget(this);
+  BuildLayout(*this, form_.GetLayout(), *content_,
+              [this](std::unique_ptr<ControlView> view, Control& control) { views_[&control] = std::move(view); });
+  heading_ = static_cast<FormHeading*>(content_->findChild<QLabel*>(QLatin1String(kHeadingName)));
+  if (HasScrolledPart(form_.GetLayout())) {
+    outer->addWidget(content_, 1);
+  } else {
+    scroll_ = new QScrollArea(this);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(content_);
+    outer->addWidget(scroll_, 1);
+  }
   status_ = new StatusLine(this);
   outer->addWidget(status_);
-  auto* content = new QWidget;
-  BuildLayout(*this, form_.GetLayout(), *content,
-              [this](std::unique_ptr<ControlView> view, Control& control) { views_[&control] = std::move(view); });
-  scroll_->setWidget(content);
-  content->installEventFilter(this);
+  content_->installEventFilter(this);
 }
 
 ControlView* FormWindow::ViewOf(const Control& control) const {
@@ -110,16 +118,24 @@ ControlView* FormWindow::ViewOf(const Control& control) const {
 
 void FormWindow::Rescale() {
   for (const auto& [control, view] : views_) view->Rescale();
-  RescaleSpacing(*scroll_->widget());
+  RescaleSpacing(*content_);
+}
+
+// Of the content; lines that find no room go on further ones.
+QSize FormWindow::SizeIn(QSize room) const {
+  const QSize wanted = content_->sizeHint();
+  if (scroll_ || wanted.width() <= room.width() || !content_->hasHeightForWidth()) return wanted;
+  return {room.width(), content_->heightForWidth(room.width())};
 }
 
 void FormWindow::Fit() {
   const QRect area = screen()->availableGeometry();
-  RenewSizes(*scroll_->widget());
-  const QSize wanted = scroll_->widget()->sizeHint();
-  const int status = status_->sizeHint().height();
+  RenewSizes(*content_);
+  wanted_ = content_->sizeHint();
+  const QSize wanted = SizeIn(area.size());
+  const int status = status_->HeightFor(wanted.width());
   // Scrolled, never squeezed.
-  scroll_->widget()->setMinimumSize(wanted);
+  if (scroll_) content_->setMinimumSize(wanted);
   QSize size = wanted + QSize(0, status);
   // What does not fit on the screen is scrolled, and the bar needs its own place.
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2;
@@ -137,16 +153,14 @@ QRect FormWindow::PlaceOf(const Control& control) {
   if (isVisible()) return {widget->mapTo(this, QPoint(0, 0)), widget->size()};
   // Nothing is laid out by itself before it is shown; the content begins in the window's corner then.
   Fit();
-  QWidget* content = scroll_->widget();
-  content->resize(size().expandedTo(content->minimumSize()));
-  content->layout()->setGeometry(content->rect());
-  return {widget->mapTo(content, QPoint(0, 0)), widget->size()};
+  content_->resize(size().expandedTo(content_->minimumSize()));
+  content_->layout()->setGeometry(content_->rect());
+  return {widget->mapTo(content_, QPoint(0, 0)), widget->size()};
 }
 
 void FormWindow::Grow() {
-  const QSize needed = scroll_->widget()->sizeHint();
-  const QSize had = scroll_->widget()->minimumSize();
-  if (needed.width() > had.width() || needed.height() > had.height()) Fit();
+  const QSize needed = content_->sizeHint();
+  if (needed.width() > wanted_.width() || needed.height() > wanted_.height()) Fit();
 }
 
 // In.
@@ -158,7 +172,7 @@ void FormWindow::Pass(const std::function<void()>& call) {
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   // What the content needs more than it had, by a wider text in a grid for one.
-  if (watched == scroll_->widget()) {
+  if (watched == content_) {
     if (event->type() == QEvent::LayoutRequest && isVisible() && !isMaximized()) Grow();
     return false;
   }
@@ -205,6 +219,10 @@ void FormWindow::keyPressEvent(QKeyEvent* event) { PressKeys(*event); }
 
 bool FormWindow::PressKeys(const QKeyEvent& event) {
   if (HandleZoomKey(event)) return true;
+  if (keep_ && IsKeepKey(event)) {
+    keep_();
+    return true;
+  }
   for (const Key& key : KeysOf(event)) {
     if (form_.Loaded()) Pass([&] { form_.Press(key); });
   }
@@ -250,10 +268,7 @@ void FormWindow::Flush() {
   if (syncing_) return;
   syncing_ = true;
   if (std::exchange(form_changed_, false)) {
-    status_->ShowMessage(ToQt(form_.Status()));
-    // A status of several lines takes nothing from the fields.
-    const int more = status_->heightForWidth(width()) - status_->height();
-    if (more > 0) resize(width(), std::min(height() + more, screen()->availableGeometry().height()));
+    ShowStatus();
     // The hourglass takes no input away.
     if (form_.Pointer() == MousePointer::kHourglass) {
       setCursor(Qt::WaitCursor);
@@ -276,10 +291,19 @@ void FormWindow::Flush() {
   syncing_ = false;
 }
 
+void FormWindow::ShowStatus() {
+  const int before = status_->HeightFor(width());
+  status_->ShowMessage(ToQt(form_.Status()));
+  // A status of several lines takes nothing from the fields.
+  const int more = status_->HeightFor(width()) - before;
+  if (more > 0) resize(width(), std::min(height() + more, screen()->availableGeometry().height()));
+}
+
 void FormWindow::ShowTitle() {
   QString title = ToQt(form_.Title().empty() ? form_.Name() : form_.Title());
-  if (const QString subject = ToQt(form_.Subject()); !subject.isEmpty())
-    title = subject + QStringLiteral(" – ") + title;
+  const QString subject = ToQt(form_.Subject());
+  if (heading_) heading_->ShowText(subject.isEmpty() ? title : subject);
+  if (!subject.isEmpty()) title = subject + QStringLiteral(" – ") + title;
   const bool unsaved = form_.Unsaved();
   const QString marked = unsaved ? QStringLiteral("• ") + title : title;
   if (windowTitle() == marked) return;
@@ -294,14 +318,20 @@ void FormWindow::ShowFocus() {
   QWidget* target = view ? view->FocusTarget() : this;
   setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style always marks it
   if (focusWidget() != target || !target->hasFocus()) target->setFocus(Qt::OtherFocusReason);
-  if (view) {
-    view->Sync();
+  // The field that had it is at rest now.
+  const Control* before = std::exchange(shown_focus_, focus);
+  if (ControlView* left = before && before != focus ? ViewOf(*before) : nullptr) left->Sync();
+  if (!view) return;
+  view->Sync();
+  for (QWidget* outer = view->Widget()->parentWidget(); outer; outer = outer->parentWidget()) {
+    auto* area = qobject_cast<QScrollArea*>(outer);
+    if (!area) continue;
     // With the words before it.
     const int label = fontMetrics().height() * kLinesOfLabel;
-    const QPoint corner = view->Widget()->mapTo(scroll_->widget(), QPoint(0, 0));
+    const QPoint corner = view->Widget()->mapTo(area->widget(), QPoint(0, 0));
     const QSize size = view->Widget()->size();
-    scroll_->ensureVisible(corner.x() + size.width(), corner.y() + size.height());
-    scroll_->ensureVisible(std::max(corner.x() - label, 0), corner.y());
+    area->ensureVisible(corner.x() + size.width(), corner.y() + size.height());
+    area->ensureVisible(std::max(corner.x() - label, 0), corner.y());
   }
 }
 

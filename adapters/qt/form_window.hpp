@@ -18,6 +18,7 @@ class QScrollArea;
 namespace zendara {
 
 class FormWindow;
+class FormHeading;
 class StatusLine;
 
 // One control and the widget that shows it.
@@ -34,6 +35,8 @@ class ControlView {
   virtual QWidget* FocusTarget() const { return widget_; }
   // Shown and hidden with the control.
   void SetLabel(QLabel* label) { label_ = label; }
+  // A field in a row of a table is named with it.
+  void SetRow(const QString& row) { row_ = row; }
 
   // Brings the widget in step with the model.
   virtual void Sync();
@@ -58,6 +61,7 @@ class ControlView {
 
  private:
   QPointer<QLabel> label_;
+  QString row_;
 };
 
 class FormWindow : public QWidget, public FormView {
@@ -76,6 +80,9 @@ class FormWindow : public QWidget, public FormView {
   bool Syncing() const { return syncing_; }
   // Called when the form was unloaded, as the last thing: it may end this window.
   void OnUnloaded(std::function<void()> unloaded) { unloaded_ = std::move(unloaded); }
+
+  // Ctrl+P; without it the key is one for the form.
+  void OnKeep(std::function<void()> keep) { keep_ = std::move(keep); }
 
   // Size of the content, within the screen, and centred.
   void Fit();
@@ -98,22 +105,29 @@ class FormWindow : public QWidget, public FormView {
   void Build();
   void Rescale();
   void Grow();
+  void ShowStatus();
+  QSize SizeIn(QSize room) const;
   void Queue();
   bool PressKeys(const QKeyEvent& event);
   void ShowFocus();
   void ShowTitle();
 
   Form& form_;
-  QScrollArea* scroll_ = nullptr;
-  StatusLine* status_ = nullptr;  // below the content, always there
+  QWidget* content_ = nullptr;
+  QScrollArea* scroll_ = nullptr;   // around the content; none where parts of it scroll
+  FormHeading* heading_ = nullptr;  // in the content, if the form has one
+  StatusLine* status_ = nullptr;    // below the content, always there
   std::map<const Control*, std::unique_ptr<ControlView>> views_;
   std::map<QObject*, ControlView*> watched_;
   std::set<const Control*> changed_;
+  QSize wanted_;                          // by the content when the window was fitted
+  const Control* shown_focus_ = nullptr;  // whose field was shown with the focus
   bool focus_moved_ = true;
   bool form_changed_ = true;
   bool queued_ = false;
   bool syncing_ = false;
   std::function<void()> unloaded_;
+  std::function<void()> keep_;
 };
 
 }  // namespace zendara

@@ -102,4 +102,6 @@ bool HandleZoomKey(const QKeyEvent& event) {
   }
 }
 
+bool IsKeepKey(const QKeyEvent& event) { return event.matches(QKeySequence::Print); }
+
 }  // namespace zendara

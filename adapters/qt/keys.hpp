@@ -21,5 +21,7 @@ QtKey QtKeyOf(const Key& key);
 
 // Ctrl with plus, minus or 0: changes the text size. True if it was one of them.
 bool HandleZoomKey(const QKeyEvent& event);
+// Ctrl+P: what is shown is to be kept.
+bool IsKeepKey(const QKeyEvent& event);
 
 }  // namespace zendara

@@ -65,7 +65,8 @@ void MessageBox::AddDetailButton() {
 }
 
 DetailWindow& MessageBox::ShowDetail() {
-  detail_window_ = std::make_unique<DetailWindow>(detail_, QStringLiteral("Detalle: ") + windowTitle(), this);
+  detail_window_ =
+      std::make_unique<DetailWindow>(detail_, QStringLiteral("Detalle: ") + windowTitle(), keep_detail_, this);
   // Otherwise nobody has the keyboard where no window manager passes it on.
   connect(detail_window_.get(), &QDialog::finished, this, [this] { activateWindow(); });
   detail_window_->open();

@@ -3,6 +3,7 @@
 
 #include <QMessageBox>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "adapters/qt/detail_window.hpp"
@@ -15,6 +16,9 @@ namespace zendara {
 class MessageBox : public QMessageBox {
  public:
   MessageBox(const Box& box, const QString& title, QWidget* parent);
+
+  // For the window with the detail.
+  void OnKeepDetail(KeepDetail keep) { keep_detail_ = std::move(keep); }
 
   BoxAnswer Ask();
   // As a click on the button of that answer, for scripts. REQUIRES: the box is shown and has it.
@@ -33,6 +37,7 @@ class MessageBox : public QMessageBox {
   QPushButton* second_ = nullptr;
   std::vector<BoxDetail> detail_;
   QPushButton* detail_button_ = nullptr;
+  KeepDetail keep_detail_;
   std::unique_ptr<DetailWindow> detail_window_;  // the last that was asked for
 };
 

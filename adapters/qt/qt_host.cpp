@@ -32,7 +32,8 @@ constexpr int kTwipsPerPixel = 15;
 
 }  // namespace
 
-QtHost::QtHost(DraftKeeper* drafts) : drafts_(drafts) {
+QtHost::QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts)
+    : documents_(documents), keeper_(documents, *this), drafts_(drafts) {
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
@@ -55,6 +56,12 @@ void QtHost::FlushAll() {
 
 // Forms.
 
+std::unique_ptr<FormWindow> QtHost::MakeWindow(Form& form, QWidget* behind) {
+  auto window = std::make_unique<FormWindow>(form, behind);
+  window->OnKeep([this, window = window.get()] { keeper_.KeepRecord(*window); });
+  return window;
+}
+
 void QtHost::ShowModal(Form& form) {
   FlushAll();
   QWidget* behind = Behind();
@@ -64,7 +71,7 @@ void QtHost::ShowModal(Form& form) {
     window = std::move(*made);
     awaiting_.erase(made);
   } else {
-    window = std::make_unique<FormWindow>(form, behind);
+    window = MakeWindow(form, behind);
   }
   windows_.push_back(window.get());
   window->Flush();
@@ -112,7 +119,7 @@ void QtHost::ShowDrafts(Form& form) {
 std::int32_t QtHost::WindowHandle(Form& form) {
   FormWindow* window = WindowOf(form);
   if (!window) {
-    window = awaiting_.emplace_back(std::make_unique<FormWindow>(form, Behind())).get();
+    window = awaiting_.emplace_back(MakeWindow(form, Behind())).get();
     // A form that its load unloads again is never shown.
     window->OnUnloaded([this, window] {
       std::erase_if(awaiting_, [window](const auto& awaiting) { return awaiting.get() == window; });
@@ -134,7 +141,9 @@ std::optional<ControlPlace> QtHost::PlaceOf(const Control& control) {
 BoxAnswer QtHost::Show(const Box& box) {
   FlushAll();
   QWidget* behind = Behind();
-  const BoxAnswer answer = MessageBox(box, ToQt(box.title.empty() ? kApplicationTitle : box.title), behind).Ask();
+  MessageBox shown(box, ToQt(box.title.empty() ? kApplicationTitle : box.title), behind);
+  shown.OnKeepDetail([&](QWidget& over) { return keeper_.KeepDetail(box, Top(), over); });
+  const BoxAnswer answer = shown.Ask();
   if (behind) behind->activateWindow();
   return answer;
 }

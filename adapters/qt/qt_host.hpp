@@ -5,10 +5,13 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "adapters/qt/document_keeper.hpp"
 #include "common/row_list.hpp"
 #include "platform/form/form.hpp"
+#include "print/document_writer.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
 
@@ -20,15 +23,18 @@ class FormWindow;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
  public:
-  // `drafts`: where what was typed and not saved is kept; nullptr: nowhere. It outlives the host.
-  // REQUIRES: a QApplication with the look installed.
-  explicit QtHost(DraftKeeper* drafts = nullptr);
+  // `documents` writes what the user keeps, `drafts` keeps what was typed and not saved, nullptr: nobody does. Both
+  // outlive the host. REQUIRES: a QApplication with the look installed.
+  explicit QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts = nullptr);
   ~QtHost() override;
   QtHost(const QtHost&) = delete;
   QtHost& operator=(const QtHost&) = delete;
 
   // Pick list and banner of this front end.
   const Components& Neighbours() const { return components_; }
+  const print::DocumentWriter& Documents() const { return documents_; }
+  // In place of the dialog that asks where a document is to be kept.
+  void OnChooseFile(ChooseFile choose) { keeper_.OnChoose(std::move(choose)); }
   FormWindow* WindowOf(const Form& form) const;
   // Of the form that is shown on top; nullptr if none is.
   FormWindow* Top() const { return windows_.empty() ? nullptr : windows_.back(); }
@@ -52,10 +58,13 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   void Activate(std::string_view title) override;
 
  private:
+  std::unique_ptr<FormWindow> MakeWindow(Form& form, QWidget* behind);
   void FlushAll();
   // The window that a new one stands before.
   QWidget* Behind() const;
 
+  const print::DocumentWriter& documents_;
+  DocumentKeeper keeper_;
   DraftKeeper* drafts_;
   Components components_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top

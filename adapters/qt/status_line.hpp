@@ -1,5 +1,5 @@
-// The line at the bottom of a form's window: on the left what the form has to say, on the right what stands on the
-// screen and what the field with the focus expects.
+// The line at the bottom of a form's window: on the left what the form has to say and since when, on the right what the
+// field with the focus expects and what stands on the screen.
 #pragma once
 
 #include <QWidget>
@@ -12,22 +12,40 @@ class StatusLine : public QWidget {
  public:
   explicit StatusLine(QWidget* parent);
 
-  // As many lines as it needs.
+  // Over the full width, in as many lines as it needs, when there is no room for it beside the rest.
   void ShowMessage(const QString& message);
   void ShowPlace(const QString& position, const QString& expected);
   void ShowInsert(bool on);
   // A mark while something is not saved.
   void ShowUnsaved(bool unsaved);
 
-  bool hasHeightForWidth() const override { return true; }
-  int heightForWidth(int width) const override;
+  // The height that it needs, which it takes by itself at the width that it has.
+  int HeightFor(int width) const;
+
+ protected:
+  void resizeEvent(QResizeEvent* /*event*/) override { Arrange(); }
+  bool event(QEvent* event) override;
 
  private:
-  QLabel* message_;
-  QLabel* unsaved_;
-  QLabel* expected_;
-  QLabel* position_;
-  QLabel* insert_;
+  struct Plan {
+    int margin = 0;
+    int gap = 0;
+    int line = 0;
+    int left = 0;   // where the message begins
+    int right = 0;  // taken by what stands on the right
+    QSize message{};
+    bool above = false;  // the message, over the rest
+  };
+
+  Plan PlanFor(int width) const;
+  void Arrange();
+
+  QLabel* time_ = nullptr;
+  QLabel* message_ = nullptr;
+  QLabel* unsaved_ = nullptr;
+  QLabel* expected_ = nullptr;
+  QLabel* position_ = nullptr;
+  QLabel* insert_ = nullptr;
 };
 
 }  // namespace zendara

@@ -1,5 +1,6 @@
 #include "zendara/windows.hpp"
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/drafts/file_drafts.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
@@ -17,8 +18,9 @@ class QtWindows final : public Windows {
   }
 
  private:
+  CairoWriter documents_;
   FileDrafts drafts_{DraftsFolder()};
-  QtHost host_{&drafts_};
+  QtHost host_{documents_, &drafts_};
 };
 
 }  // namespace

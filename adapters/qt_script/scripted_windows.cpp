@@ -49,7 +49,9 @@ ScriptedWindows::ScriptedWindows(QtHost& windows, Script script, ScriptPlayer::S
     : windows_(windows),
       photographer_(std::move(photographer)),
       hands_(windows, [this] { PhotographTop(); }),
-      player_(CommandsOf(std::move(script)), hands_, std::move(out)) {
+      player_(CommandsOf(std::move(script)), hands_, windows.Documents(), std::move(out)) {
+  // Nobody is there to choose; the command `print` says where.
+  windows_.OnChooseFile([](QWidget&, const std::string&) { return std::nullopt; });
   RegisterScriptNeighbours(components_, player_);
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
 }

@@ -34,6 +34,7 @@ constexpr CommandForm kCommands[] = {
     {"show", "w+", "show CONTROL... or show all"},
     {"expect", "wt", "expect CONTROL \"text\""},
     {"drafts", "d+", "drafts keep, drafts keep \"folder\", drafts list or drafts restore 1"},
+    {"print", "a", "print FILE"},
     {"sql", "at", "sql FILE \"SELECT ...\""},
 };
 

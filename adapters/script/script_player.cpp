@@ -12,6 +12,7 @@
 #include "adapters/hosting/application.hpp"
 #include "adapters/script/script_keys.hpp"
 #include "adapters/script/script_values.hpp"
+#include "print/record_document.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
@@ -73,8 +74,8 @@ int ItemOf(const ComboBox& combo, const std::string& text) {
 
 }  // namespace
 
-ScriptPlayer::ScriptPlayer(Commands next, ScriptDriver& driver, Sink out)
-    : next_(std::move(next)), driver_(driver), out_(std::move(out)) {}
+ScriptPlayer::ScriptPlayer(Commands next, ScriptDriver& driver, const print::DocumentWriter& documents, Sink out)
+    : next_(std::move(next)), driver_(driver), documents_(documents), out_(std::move(out)) {}
 
 // Playing.
 
@@ -197,6 +198,7 @@ void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
   const auto& [line, name, words] = command;
   if (name == "type") return Type(form, words[0].text);
   if (name == "key") return driver_.Press(form, *KeyByName(words[0].text));
+  if (name == "print") return Keep(form, words[0].text);
   if (name == "show") {
     if (words.size() == 1 && words[0].text == "all") return ShowAll(form);
     for (const ScriptWord& word : words) Show(form, word.text);
@@ -346,6 +348,13 @@ void ScriptPlayer::ShowAll(const Form& form) {
       if (!text.empty() && !control->IsUnmarked()) Print("value " + id + "=" + Quoted(text));
     });
   }
+}
+
+void ScriptPlayer::Keep(const Form& form, const std::string& path) {
+  const print::Document document = print::RecordDocument(form, documents_.Now(), documents_.Measure());
+  documents_.WritePdf(document, path, print::DocumentWriter::Existing::kKeep);
+  Print("document title=" + Quoted(document.title) + " file=" + Quoted(FileNameOf(path)) +
+        " pages=" + std::to_string(document.pages.size()));
 }
 
 std::shared_ptr<Database> ScriptPlayer::Open(const std::string& path) const {

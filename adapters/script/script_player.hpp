@@ -31,6 +31,7 @@
 #include "adapters/script/script_driver.hpp"
 #include "common/row_list.hpp"
 #include "platform/form/drafts.hpp"
+#include "print/document_writer.hpp"
 #include "zendara/automation.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
@@ -43,7 +44,7 @@ class ScriptPlayer : public Shell {
   using Sink = EventLines;
 
   // Nothing is owned.
-  ScriptPlayer(Commands next, ScriptDriver& driver, Sink out);
+  ScriptPlayer(Commands next, ScriptDriver& driver, const print::DocumentWriter& documents, Sink out);
 
   // Where `sql` and listings read: its engine and folder.
   void ReadFrom(const Platform& platform) { platform_ = platform; }
@@ -101,12 +102,14 @@ class ScriptPlayer : public Shell {
   void QueuePick(const ScriptWord& word);
   void Show(const Form& form, const std::string& id);
   void ShowAll(const Form& form);
+  void Keep(const Form& form, const std::string& path);
   std::shared_ptr<Database> Open(const std::string& path) const;
   void Sql(const std::string& file, const std::string& query);
 
   Commands next_;
   int line_ = 0;  // of the command played last
   ScriptDriver& driver_;
+  const print::DocumentWriter& documents_;
   Platform platform_;
   CompanyHost* company_ = nullptr;
   Sink out_;

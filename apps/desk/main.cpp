@@ -20,6 +20,7 @@
 #include <utility>
 #include <vector>
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/drafts/file_drafts.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
@@ -118,7 +119,7 @@ class Desk {
         engine_(MakeEngine()),
         files_(MakeHostFiles()),
         drafts_(options_.script.empty() ? std::make_unique<FileDrafts>(DraftsFolder()) : nullptr),
-        host_(drafts_.get()) {
+        host_(documents_, drafts_.get()) {
     if (!options_.screenshots.empty()) album_.emplace(options_.screenshots);
   }
 
@@ -218,6 +219,7 @@ class Desk {
   Options options_;
   std::unique_ptr<Engine> engine_;
   std::unique_ptr<Files> files_;
+  CairoWriter documents_;
   std::unique_ptr<FileDrafts> drafts_;  // none for a script, which has its own if it wants
   QtHost host_;
   std::optional<Album> album_;

@@ -1,5 +1,5 @@
-// Ready-made windows for a host with a desktop: screens, boxes, lists, help. A host links libzendara-windows for them,
-// which has all of libzendara in it.
+// Ready-made windows for a host with a desktop: screens, boxes, lists, help; what they show can be kept as PDF. A host
+// links libzendara-windows for them, which has all of libzendara in it.
 #pragma once
 
 #include <memory>

@@ -25,7 +25,12 @@ void Ficha::Anade(const Campo& campo, Control& control) {
   control.SetCaption(campo.rotulo);
   if (campo.tipo == TipoCampo::kTexto) {
     CajaDe(campo.indice).SetMaxLength(campo.largo);
-    if (campo.Tiene(kImporte)) CajaDe(campo.indice).SetAlignment(Alignment::kRight);
+    if (campo.Tiene(kImporte)) {
+      TextBox& caja = CajaDe(campo.indice);
+      caja.SetAlignment(Alignment::kRight);
+      caja.SetGrouped(true);
+      caja.SetWidth(campo.largo + (campo.largo - 1) / 3);  // with the points between the thousands
+    }
   }
   if (campo.tipo == TipoCampo::kLista) codigos_[campo.indice] = static_cast<ComboBox&>(control).Items();
 }

@@ -381,6 +381,18 @@ std::string ConsultaDe(const Lista& lista, const std::vector<std::string>& param
   return sql += resto;
 }
 
+// Lines are a code, blanks, a dash, and the text between blanks.
+std::string_view TextoDeCodigo(const Lista& lista, std::string_view codigo) {
+  for (std::string_view linea : lista.lineas) {
+    const std::size_t guion = linea.find('-');
+    const std::string_view clave = linea.substr(0, guion);
+    if (clave.substr(0, clave.find(' ')) != codigo) continue;
+    linea.remove_prefix(linea.find_first_not_of(' ', guion + 1));
+    return linea.substr(0, linea.find_last_not_of(' ') + 1);
+  }
+  return {};
+}
+
 std::vector<std::string> CortaFila(const Lista& lista, std::string_view fila) {
   std::vector<std::string> piezas;
   for (const CorteLista& corte : lista.cortes) {

@@ -86,6 +86,8 @@ std::span<const Lista* const> Listas();
 
 // The query with its parameters, in their order, a quote in them doubled. REQUIRES: as many as it has marks.
 std::string ConsultaDe(const Lista& lista, const std::vector<std::string>& parametros);
+// What a code stands for in the lines of a fixed list; empty for none of its codes.
+std::string_view TextoDeCodigo(const Lista& lista, std::string_view codigo);
 // The pieces of a returned row, one for each of `cortes`.
 std::vector<std::string> CortaFila(const Lista& lista, std::string_view fila);
 

@@ -39,7 +39,7 @@ PantallaBase::PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco m
     std::string_view rotulo;
     int ancho;
   } titulos[] = {{kPanelCodigo, kTituloCodigo, "Código", 5},
-                 {kPanelNombre, kTituloNombre, "Nombre Empresa", 53},
+                 {kPanelNombre, kTituloNombre, "Nombre Empresa", 30},
                  {kPanelAno, kTituloAno, "Año", 2}};
   for (const auto& titulo : titulos) {
     SSPanel1.Add(titulo.panel).SetCaption(titulo.rotulo);
@@ -89,6 +89,7 @@ std::string PantallaBase::DraftScope() const {
 void PantallaBase::PonTitulos() {
   Titulo(kTituloCodigo).SetText(sesion_.CodEmpresa.str());
   Titulo(kTituloNombre).SetText(Trim(sesion_.NomEmpresa.str()));
+  Titulo(kTituloNombre).SetToolTipText(Titulo(kTituloNombre).Text());  // whole, where the field is too short
   Titulo(kTituloAno).SetText(sesion_.AnoTrabajo.str());
 }
 
@@ -157,7 +158,8 @@ void PantallaBase::OnKeyDown(int& code, int shift) {
   if (code == key::kUp || code == key::kDown) {
     const bool atras = code == key::kUp;
     code = 0;
-    FocusNext(atras);
+    auto* filas = dynamic_cast<RowPicker*>(Focus());
+    if (!filas || !filas->Step(atras ? -1 : 1)) FocusNext(atras);
     return;
   }
   if (shift != key::kAlt) return;

@@ -72,6 +72,19 @@ Value Format(const Value& value, std::string_view mask) {
   return ReadNumber(value.Text(), number) == 0 ? Value(FormatNumber(number, mask)) : value;
 }
 
+std::string GroupThousands(std::string_view number) {
+  const std::size_t begin = number.starts_with('-') ? 1 : 0;
+  const std::size_t comma = std::min(number.find(','), number.size());
+  const auto digits = [&](std::size_t from, std::size_t to) {
+    return std::all_of(number.begin() + static_cast<std::ptrdiff_t>(from),
+                       number.begin() + static_cast<std::ptrdiff_t>(to), [](char c) { return IsDigit(c); });
+  };
+  std::string grouped(number);
+  if (!digits(begin, comma) || (comma < number.size() && !digits(comma + 1, number.size()))) return grouped;
+  for (std::size_t at = comma; at > begin + 3;) grouped.insert(at -= 3, 1, '.');
+  return grouped;
+}
+
 std::string FormatText(const Value& value, std::string_view mask) { return CStr(Format(value, mask)); }
 
 std::string FormatDate(Date date, std::string_view mask) {

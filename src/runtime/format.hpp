@@ -16,6 +16,10 @@ Value Format(const Value& value, std::string_view mask);
 // The same where a text is needed: Null is error 94.
 std::string FormatText(const Value& value, std::string_view mask);
 
+// A plain number, digits with or without a sign before and a comma and decimals behind them, with a point between its
+// thousands: "2.500.000,50". Any other text comes back unchanged.
+std::string GroupThousands(std::string_view number);
+
 // Date masks are made of d/dd, m/mm, yy/yyyy in any case and separators.
 std::string FormatDate(Date date, std::string_view mask);
 // A date, a number (serial) or a text that CDate reads is formatted, another text comes back unchanged, the empty text

@@ -17,6 +17,7 @@ struct ColumnaRejilla {
   std::string_view titulo;
   int ancho;  // twips
   Alignment alineacion;
+  std::string_view espera{};  // what a cell takes
 };
 
 struct Rejilla {
@@ -24,16 +25,20 @@ struct Rejilla {
   std::span<const ColumnaRejilla> columnas;
 };
 
+constexpr std::string_view kEsperaGrado = "0, 1 o 2";
+
 constexpr ColumnaRejilla kColumnasHijos[] = {
-    {"", kAnchoMargen, Alignment::kLeft},       {"", kAnchoNormal, Alignment::kCenter},
-    {"Año Nacim.", 1000, Alignment::kRight},    {"Por entero", 900, Alignment::kCenter},
-    {"G.Minusvalia", 1100, Alignment::kCenter},
+    {"", kAnchoMargen, Alignment::kLeft},
+    {"", kAnchoNormal, Alignment::kCenter},
+    {"Año Nacim.", 1000, Alignment::kRight, "Año, 4 cifras"},
+    {"Por entero", 900, Alignment::kCenter, "S o N"},
+    {"G.Minusvalia", 1100, Alignment::kCenter, kEsperaGrado},
 };
 constexpr ColumnaRejilla kColumnasAscendientes[] = {
     {"", kAnchoMargen, Alignment::kLeft},
     {"", 1200, Alignment::kCenter},
-    {"Convivencia", 1000, Alignment::kCenter},
-    {"G.Minusvalía", 1000, Alignment::kCenter},
+    {"Convivencia", 1000, Alignment::kCenter, "De 1 a 9"},
+    {"G.Minusvalía", 1000, Alignment::kCenter, kEsperaGrado},
 };
 constexpr Rejilla kRejillas[] = {{"Hijo ", kColumnasHijos}, {"Ascendiente ", kColumnasAscendientes}};
 
@@ -82,9 +87,9 @@ void PreparaRejilla(Grid& rejilla) {
   const Rejilla& modelo = kRejillas[rejilla.Index()];
   rejilla.Resize(kFilasRejilla + 1, static_cast<int>(modelo.columnas.size()), 1, 1);
   for (int columna = 0; columna < rejilla.Columns(); ++columna) {
-    const auto& [titulo, ancho, alineacion] = modelo.columnas[static_cast<std::size_t>(columna)];
-    rejilla.ColumnAt(columna) = {ancho, alineacion};
-    rejilla.SetCell(0, columna, titulo);
+    const ColumnaRejilla& plan = modelo.columnas[static_cast<std::size_t>(columna)];
+    rejilla.ColumnAt(columna) = {plan.ancho, plan.alineacion};
+    rejilla.SetCell(0, columna, plan.titulo);
   }
   for (int fila = 1; fila <= kFilasRejilla; ++fila) {
     rejilla.SetCell(fila, kColumnaRotulo, std::string(modelo.rotulo) + std::to_string(fila));
@@ -116,6 +121,10 @@ bool PulsaIntro(Grid& rejilla) {
   if (rejilla.Col() != kGrado || rejilla.Row() == kFilasRejilla) return false;
   rejilla.SetCurrent(rejilla.Row() + 1, kPorEntero);
   return true;
+}
+
+std::string_view EsperaFamilia(const Grid& rejilla) {
+  return kRejillas[rejilla.Index()].columnas[static_cast<std::size_t>(rejilla.Col())].espera;
 }
 
 int FilaIncompleta(const Grid& rejilla) {

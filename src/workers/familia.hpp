@@ -2,6 +2,8 @@
 // outside of the rules change nothing.
 #pragma once
 
+#include <string_view>
+
 #include "platform/form/control.hpp"
 
 namespace zendara {
@@ -25,6 +27,9 @@ void BorraFamilia(Grid& rejilla, int tecla);
 
 // Enter in the current cell: true when it moved the current cell; otherwise it leaves the grid.
 bool PulsaIntro(Grid& rejilla);
+
+// What the current cell takes, in few words.
+std::string_view EsperaFamilia(const Grid& rejilla);
 
 // The first row that is neither filled nor empty; 0 if there is none.
 int FilaIncompleta(const Grid& rejilla);

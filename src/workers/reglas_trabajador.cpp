@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
-#include "common/listas.hpp"
 #include "frame/catalogo.hpp"
+#include "runtime/number.hpp"
+#include "workers/trabajador_consultas.hpp"
 
 namespace zendara {
 namespace {
@@ -40,8 +41,23 @@ constexpr DescripcionCampo kDescripciones[] = {
     {kSeccion, kSecciones, "ICampo0", 1},
 };
 
-constexpr std::size_t kLargoCodigoTarifa = 2;
-constexpr std::size_t kInicioTextoTarifa = 5;  // behind "01 - "
+// What a field takes where its rules do not tell.
+struct EsperaCampo {
+  CampoTrabajador campo;
+  std::string_view texto;
+};
+constexpr EsperaCampo kEsperas[] = {
+    {kNumero, "5 cifras · Intro: lo muestra"},
+    {kSituacion, "3 cifras · Intro: la muestra"},
+    {kDiasParcial, "Días, hasta 30, o letras L M X J V S D"},
+    {kHorasParcial, "Horas"},
+    {kPorcentajeSalario, "Porcentaje"},
+    {kHorasComplementarias, "Horas"},
+    {kFormacionPresencial, "Horas"},
+    {kFormacionDistancia, "Horas"},
+    {kPorcentajeIRPF, "Porcentaje"},
+    {kPluriempleo, "Porcentaje"},
+};
 
 template <typename Tabla>
 auto FilaDe(const Tabla& tabla, CampoTrabajador campo) -> decltype(std::begin(tabla)) {
@@ -57,13 +73,24 @@ const MaximoCampo* MaximoDe(CampoTrabajador campo) { return FilaDe(kMaximos, cam
 
 const DescripcionCampo* DescripcionDe(CampoTrabajador campo) { return FilaDe(kDescripciones, campo); }
 
-std::string_view TextoGrupoTarifa(std::string_view codigo) {
-  for (const std::string_view linea : kListaGruposTarifa.lineas) {
-    if (linea.substr(0, kLargoCodigoTarifa) != codigo) continue;
-    const std::string_view texto = linea.substr(kInicioTextoTarifa);
-    return texto.substr(0, texto.find_last_not_of(' ') + 1);
-  }
-  return {};
+std::string_view TextoGrupoTarifa(std::string_view codigo) { return TextoDeCodigo(kListaGruposTarifa, codigo); }
+
+std::string EsperaDe(const Campo& campo) {
+  const auto clave = static_cast<CampoTrabajador>(static_cast<int>(campo.indice));
+  const auto base = [&]() -> std::string {
+    if (const EsperaCampo* propia = FilaDe(kEsperas, clave)) return std::string(propia->texto);
+    if (campo.Tiene(kVista)) return "Lo pone el programa";
+    if (campo.Tiene(kFecha)) return "Fecha: ddmmaa";
+    if (campo.Tiene(kImporte)) return "Importe";
+    if (campo.tipo == TipoCampo::kLista) return "Código, una letra o cifra";
+    if (campo.tipo == TipoCampo::kMarca) return "Barra espaciadora: sí o no";
+    const std::string largo = std::to_string(campo.largo);
+    return campo.Tiene(kCeros) ? largo + " cifras" : "Hasta " + largo + " caracteres";
+  };
+  std::string espera = base();
+  if (const MaximoCampo* maximo = MaximoDe(clave)) espera += ", hasta " + CStr(maximo->maximo);
+  if (ConsultaDeCampo(clave)) espera += " · F2: lista";
+  return espera;
 }
 
 }  // namespace zendara

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "workers/campos_trabajador.hpp"
@@ -36,5 +37,8 @@ const DescripcionCampo* DescripcionDe(CampoTrabajador campo);
 
 // Name of a tariff group, by its two digits; empty for an unknown one.
 std::string_view TextoGrupoTarifa(std::string_view codigo);
+
+// What a field takes, in few words, and the keys that matter there: "Fecha: ddmmaa", "3 cifras · F2: lista".
+std::string EsperaDe(const Campo& campo);
 
 }  // namespace zendara

@@ -15,6 +15,7 @@ enum IndiceGrupo {
   kGrupoIdentificacion,
   kGrupoSeguridadSocial,
   kGrupoDomicilio,
+  kGrupoNacimiento,
   kGrupoPerceptor,
   kGrupoHijos,
   kGrupoAscendientes,
@@ -25,12 +26,11 @@ enum IndiceGrupo {
   kGrupoAlta,
   kGrupoConvenio,
   kGrupoCotizacion,
+  kGrupoSituaciones,
+  kGrupoContratos,
   kGrupoContrato1,
-  kGrupoBonificacion1,
   kGrupoContrato2,
-  kGrupoBonificacion2,
   kGrupoContrato3,
-  kGrupoBonificacion3,
   kGrupoParcial,
   kGrupoFormacion,
   kGrupoIRPF,
@@ -42,6 +42,7 @@ constexpr std::pair<IndiceGrupo, std::string_view> kGrupos[] = {
     {kGrupoIdentificacion, "Identificación"},
     {kGrupoSeguridadSocial, "Seguridad Social"},
     {kGrupoDomicilio, "Domicilio"},
+    {kGrupoNacimiento, "Nacimiento"},
     {kGrupoPerceptor, "Perceptor"},
     {kGrupoHijos, "Hijos"},
     {kGrupoAscendientes, "Ascendientes"},
@@ -52,12 +53,11 @@ constexpr std::pair<IndiceGrupo, std::string_view> kGrupos[] = {
     {kGrupoAlta, "Alta y Baja"},
     {kGrupoConvenio, "Convenio y Categoría"},
     {kGrupoCotizacion, "Cotización"},
+    {kGrupoSituaciones, "Situaciones del trabajador"},
+    {kGrupoContratos, "Contratos"},
     {kGrupoContrato1, "Primer contrato"},
-    {kGrupoBonificacion1, "Bonificación"},
     {kGrupoContrato2, "Segundo contrato"},
-    {kGrupoBonificacion2, "Bonificación"},
     {kGrupoContrato3, "Tercer contrato"},
-    {kGrupoBonificacion3, "Bonificación"},
     {kGrupoParcial, "Tiempo parcial"},
     {kGrupoFormacion, "Formación"},
     {kGrupoIRPF, "Porcentaje y cotización"},
@@ -81,6 +81,7 @@ constexpr CampoRegularizacion kRegularizacion[] = {
     {7, "Ret. anual inicial:", true},
 };
 constexpr int kLargoImporte = 10;
+constexpr int kLineasFamilia = 3;  // of the longest family situación
 
 constexpr const char* kPaginasTab1[] = {"Datos Trabajador", "I.R.P.F.", "I.R.P.F. (2)", "Cuenta Bancaria", "Situación"};
 constexpr const char* kPaginasTab2[] = {"Descripción", "Contrato", "Parcial/Formación", "%  I.R.P.F.",
@@ -93,11 +94,13 @@ void Trabajadores::PonRotulos() {
   Tab2.SetTitles({std::begin(kPaginasTab2), std::end(kPaginasTab2)});
   for (const auto& [indice, titulo] : kGrupos) Grupo.Add(indice).SetCaption(titulo);
   Frame2.SetCaption("Regularización");
+  Situaciones.SetCaption("Situaciones del trabajador");
   for (const CampoRegularizacion& campo : kRegularizacion) {
     TextBox& texto = Text2.Add(campo.indice);
     texto.SetCaption(campo.rotulo);
     texto.SetMaxLength(kLargoImporte);
     texto.SetAlignment(Alignment::kRight);
+    texto.SetGrouped(true);
     texto.SetLocked(campo.bloqueado);
     texto.SetBackColor(kGrey);
   }
@@ -140,55 +143,68 @@ Layout Trabajadores::Disposicion() {
     lugares.push_back(Space());
     return Row(std::move(lugares));
   };
+  // A code with what it stands for, which needs no words of its own, and the fields behind it.
+  const auto codigo = [&](IndiceCampo indice, IndiceCampo hasta) {
+    std::vector<Layout> lugares = campos(indice, hasta);
+    lugares[1].labelled = false;
+    lugares.push_back(Space());
+    return Row(std::move(lugares));
+  };
+  // A list with the words of its code.
+  const auto lista = [&](CampoTrabajador indice) { return Place(Combo1(indice), {&Image1(indice), &lbTexto(indice)}); };
   const auto grupo = [this](IndiceGrupo indice, std::vector<Layout> lugares) {
     return Framed(Grupo(indice), std::move(lugares));
   };
   const auto hoja = [](Frame& marco, std::vector<Layout> lugares) {
     lugares.push_back(Space());
-    return Framed(marco, std::move(lugares));
+    return Scrolled(Framed(marco, std::move(lugares)));
   };
-  const auto botones = [](std::initializer_list<Button*> izquierda, std::initializer_list<Button*> derecha) {
+  const auto botones = [](std::initializer_list<Button*> mandos) {
     std::vector<Layout> lugares;
-    for (Button* boton : izquierda) lugares.push_back(Place(*boton));
-    lugares.push_back(Space());
-    for (Button* boton : derecha) lugares.push_back(Place(*boton));
-    return Row(std::move(lugares));
-  };
-  const auto contrato = [&](IndiceGrupo marco, IndiceGrupo bonificacion, CampoTrabajador tipo) {
-    const CampoTrabajador porcentaje = tipo + (kBonificacion1 - kTipo1);
-    return grupo(marco, {Row({campo(tipo), campo(tipo + 1), campo(tipo + 2),
-                              grupo(bonificacion, {fila(porcentaje, porcentaje + 2)}), Space()})});
+    for (Button* mando : mandos) lugares.push_back(Place(*mando));
+    return lugares;
   };
 
-  Layout datos = hoja(FrameTrabajador,
-                      {grupo(kGrupoIdentificacion,
-                             {Row({Place(Combo1(kTipoIdentificacion), {&Image1(kTipoIdentificacion), &lbDescripcion}),
-                                   campo(kIdentificacion), Space()})}),
-                       grupo(kGrupoSeguridadSocial, {fila(kProvinciaSS, kControlSS)}),
-                       grupo(kGrupoDomicilio, {fila(kSiglas, kNumeroCalle), fila(kEscalera, kPuerta),
-                                               fila(kMunicipio, kProvincia), fila(kCodigoPostal, kTelefono)}),
-                       campo(kFechaNacimiento)});
-  Layout irpf = hoja(FrameIRPF, {Row({grupo(kGrupoPerceptor, campos(kSituacionPerceptor, kMinusvalia)),
-                                      grupo(kGrupoHijos, {Place(Grid1(kHijos))}),
-                                      grupo(kGrupoAscendientes, {Place(Grid1(kAscendientes))}), Space()})});
-  Layout irpf2 = hoja(Frame16, {Row({grupo(kGrupoRetribuciones, campos(kRetribuciones, kCeuta)),
-                                     Framed(Frame2, campos(kRetribucionesAcumuladas, kRetencionInicial)), Space()})});
+  Layout datos = hoja(
+      FrameTrabajador,
+      {grupo(kGrupoIdentificacion, {Place(Combo1(kTipoIdentificacion), {&Image1(kTipoIdentificacion), &lbDescripcion}),
+                                    campo(kIdentificacion)}),
+       grupo(kGrupoSeguridadSocial, {fila(kProvinciaSS, kControlSS)}),
+       grupo(kGrupoDomicilio, {fila(kSiglas, kNumeroCalle), fila(kEscalera, kPuerta), fila(kMunicipio, kProvincia),
+                               fila(kCodigoPostal, kTelefono)}),
+       grupo(kGrupoNacimiento, {campo(kFechaNacimiento)})});
+  Layout irpf = hoja(
+      FrameIRPF,
+      {Row({grupo(kGrupoPerceptor,
+                  {lista(kSituacionPerceptor), lista(kClaseContrato), campo(kSituacionFamiliar),
+                   Words(lbTexto(kSituacionFamiliar), kLineasFamilia), campo(kNifConyuge), lista(kMinusvalia)}),
+            grupo(kGrupoHijos, {Place(Grid1(kHijos))}), grupo(kGrupoAscendientes, {Place(Grid1(kAscendientes))})})});
+  Layout irpf2 = hoja(Frame16, {grupo(kGrupoRetribuciones, campos(kRetribuciones, kCeuta)),
+                                Framed(Frame2, campos(kRetribucionesAcumuladas, kRetencionInicial))});
   Layout cuenta = hoja(FrameCuenta, {grupo(kGrupoBanco, {fila(kEntidad, kCuenta)}),
-                                     grupo(kGrupoFormaPago, campos(kFormaPago, kDescripcionFormaPago))});
+                                     grupo(kGrupoFormaPago, {codigo(kFormaPago, kDescripcionFormaPago)})});
 
   Layout descripcion = hoja(
       FrameDescripcion,
-      {grupo(kGrupoSituacion, {fila(kSituacion, kFechaFin)}),
-       grupo(kGrupoAlta, {fila(kFechaAlta, kMotivoBaja), fila(kFechaAntiguedad, kLibroMatricula)}),
-       grupo(kGrupoConvenio, {fila(kConvenio, kDescripcionConvenio), fila(kCategoria, kPuestoTrabajo)}),
-       grupo(kGrupoCotizacion, {fila(kEpigrafe, kDescripcionEpigrafe), fila(kGrupoTarifa, kDescripcionGrupoTarifa)})});
-  Layout contratos =
-      hoja(FrameContrato, {campo(kNumeroContrato), contrato(kGrupoContrato1, kGrupoBonificacion1, kTipo1),
-                           contrato(kGrupoContrato2, kGrupoBonificacion2, kTipo2),
-                           contrato(kGrupoContrato3, kGrupoBonificacion3, kTipo3)});
-  Layout parcial =
-      hoja(FrameParcial, {Row({grupo(kGrupoParcial, campos(kDiasParcial, kHorasComplementarias)),
-                               grupo(kGrupoFormacion, campos(kFormacionPresencial, kFormacionDistancia)), Space()})});
+      {Row(
+          {Column({grupo(kGrupoSituacion, {fila(kSituacion, kDescripcionSituacion), fila(kFechaInicio, kFechaFin)}),
+                   grupo(kGrupoAlta,
+                         {fila(kFechaAlta, kFechaBaja), campo(kMotivoBaja), fila(kFechaAntiguedad, kLibroMatricula)}),
+                   grupo(kGrupoConvenio, {codigo(kConvenio, kDescripcionConvenio), codigo(kCategoria, kPuestoTrabajo)}),
+                   grupo(kGrupoCotizacion,
+                         {codigo(kEpigrafe, kDescripcionEpigrafe), codigo(kGrupoTarifa, kDescripcionGrupoTarifa)})}),
+           grupo(kGrupoSituaciones, {Place(Situaciones)})})});
+  const auto contrato = [&](IndiceGrupo marco, CampoTrabajador tipo) {
+    return grupo(marco, campos(tipo, tipo + (kFinBonificacion1 - kTipo1)));
+  };
+  Layout contratos = hoja(
+      FrameContrato, {grupo(kGrupoContratos,
+                            {campo(kNumeroContrato),
+                             Table({"Tipo", "Modalidad", "Disposición", "% bonificación", "Fecha inicio", "Fecha fin"},
+                                   {contrato(kGrupoContrato1, kTipo1), contrato(kGrupoContrato2, kTipo2),
+                                    contrato(kGrupoContrato3, kTipo3)})})});
+  Layout parcial = hoja(FrameParcial, {grupo(kGrupoParcial, campos(kDiasParcial, kHorasComplementarias)),
+                                       grupo(kGrupoFormacion, campos(kFormacionPresencial, kFormacionDistancia))});
   std::vector<Layout> cifras;
   for (const auto& [indice, texto] : Text2) cifras.push_back(Place(*texto));
   Layout por_irpf =
@@ -197,23 +213,24 @@ Layout Trabajadores::Disposicion() {
                                     campo(kOcupacion), campo(kAutonomo), campo(kAsimilado), campo(kPrestaciones)}),
                  Framed(Regularizacion, {grupo(kGrupoRegularizacion, std::move(cifras)), Place(CalcularRegula)}),
                  Space()})});
-  Layout centro = hoja(FrameCentro,
-                       {grupo(kGrupoCentro, {fila(kCentro, kDescripcionCentro), fila(kSeccion, kDescripcionSeccion)})});
+  Layout centro = hoja(
+      FrameCentro, {grupo(kGrupoCentro, {codigo(kCentro, kDescripcionCentro), codigo(kSeccion, kDescripcionSeccion)})});
 
   Layout situacion = Pages(
       Tab2, {std::move(descripcion), std::move(contratos), std::move(parcial), std::move(por_irpf), std::move(centro)});
-  std::vector<Layout> titulos;
-  for (const auto& [indice, titulo] : Titulo) titulos.push_back(Place(*titulo));
-  titulos.push_back(Space());
+  std::vector<Layout> empresa;
+  for (const auto& [indice, titulo] : Titulo) empresa.push_back(Place(*titulo));
 
-  return Row(
-      {Place(Picture25),
-       Column(
-           {Row(std::move(titulos)), fila(kNumero, kNombre),
-            Pages(Tab1, {std::move(datos), std::move(irpf), std::move(irpf2), std::move(cuenta), std::move(situacion)}),
-            botones({&Inicio, &Anterior, &Siguiente, &Fin},
-                    {&CmdIncidenciasIT, &CmdIncidenciasESP, &CmdIncidenciasVar, &Pendientes}),
-            botones({&Grabar, &Borrar, &Cancela, &CmdNuevo, &CmdBorrar}, {&Calculadora, &Salir}), TiraAnuncio()})});
+  return Row({Place(Picture25),
+              Column({Flow({Heading(), Space(), Row(std::move(empresa))}), Flow(campos(kNumero, kNombre)),
+                      Pages(Tab1, {std::move(datos), std::move(irpf), std::move(irpf2), std::move(cuenta),
+                                   std::move(situacion)}),
+                      Flow({Joined(botones({&Inicio, &Anterior, &Siguiente, &Fin})), Space(),
+                            Row(botones({&CmdIncidenciasIT, &CmdIncidenciasESP, &CmdIncidenciasVar, &Pendientes}))}),
+                      // What removes stands away from what saves.
+                      Flow({MainButton(Grabar), Row(botones({&Cancela, &CmdNuevo})), Space(),
+                            Row(botones({&Borrar, &CmdBorrar})), Space(), Row(botones({&Calculadora, &Salir}))}),
+                      TiraAnuncio()})});
 }
 
 }  // namespace zendara

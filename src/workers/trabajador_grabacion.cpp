@@ -66,10 +66,11 @@ void Trabajadores::GrabaFicha() {
   if (RespuestaNueva == BoxAnswer::kYes) CopiaConceptos();
   GrabarTrabajador();
   RegistroGrabado();
-  const std::string avisos = Status();
+  const std::string grabado =
+      "Grabado: " + QuienEs(TextoRecortado(kNumero)) + (Status().empty() ? "" : ". ") + Status();
   Text1(kNumero).SetFocus();
   CancelaFicha();
-  SetStatus(avisos);
+  SetStatus(grabado);
   SetPointer(MousePointer::kDefault);
 }
 
@@ -127,12 +128,10 @@ std::string Trabajadores::NombreDe(IndiceCampo indice) const {
     return Grid1(rejilla).Cell(fila, kColumnaRotulo) + " (" + Grid1(rejilla).Cell(0, columna) + ")";
   }
   const std::string rotulo(campo->rotulo.substr(0, campo->rotulo.find_last_not_of(" :") + 1));
-  // The outermost of the titled groups around it.
-  std::string grupo;
   for (const Control* marco = ficha_.ControlDe(indice)->Container(); marco; marco = marco->Container()) {
-    if (!marco->Caption().empty()) grupo = marco->Caption();
+    if (!marco->Caption().empty()) return rotulo + " (" + marco->Caption() + ")";
   }
-  return grupo.empty() ? rotulo : rotulo + " (" + grupo + ")";
+  return rotulo;
 }
 
 // His row and those of his situaciones; concepts, incidents and history stay.
@@ -155,7 +154,9 @@ void Trabajadores::BorraTrabajador() {
     sesion_.Tabla(TablaActiva).Delete();
     Host().DoEvents();
   }
+  const std::string borrado = "Borrado: " + QuienEs(numero);
   CancelaFicha();
+  SetStatus(borrado);
   SetPointer(MousePointer::kDefault);
 }
 

@@ -1,4 +1,6 @@
 // The situaciones of the worker on the screen: a new one, one less, and whether the one shown may be saved.
+#include <algorithm>
+
 #include "common/busqueda.hpp"
 #include "frame/bases_datos.hpp"
 #include "frame/catalogo.hpp"
@@ -19,7 +21,67 @@ namespace {
 constexpr int kPaginaSituacion = 4;  // of Tab1
 constexpr int kPaginaContrato = 1;   // of Tab2
 
+// The table of a worker's situaciones: columns of TrabajadoresVar, by ordinal.
+struct ColumnaSituacion {
+  std::string_view titulo;
+  int ordinal;
+  int ancho;  // twips
+  bool fecha;
+};
+constexpr ColumnaSituacion kTabla[kColumnasSituacion] = {
+    {"Nº", 1, 600, false}, {"Descripción", 2, 1850, false}, {"Inicio", 3, 980, true}, {"Fin", 4, 980, true}};
+
 }  // namespace
+
+void Trabajadores::LeeSituaciones(Recordset& filas) {
+  situaciones_.clear();
+  for (; !filas.Eof(); filas.MoveNext()) {
+    auto& fila = situaciones_.emplace_back();
+    for (std::size_t i = 0; i < fila.size(); ++i) {
+      const Value valor = filas.Fields(kTabla[i].ordinal).Get();
+      fila[i] = Trim(TextoNoNulo(kTabla[i].fecha ? FormatDate(valor, "dd/mm/yy", sesion_.VentanaFechas) : valor));
+    }
+  }
+  PonSituaciones();
+}
+
+void Trabajadores::PonSituaciones() {
+  const int filas = static_cast<int>(situaciones_.size());
+  Situaciones.Resize(filas + 1, kColumnasSituacion, 1, 0);
+  for (int columna = 0; columna < kColumnasSituacion; ++columna) {
+    const ColumnaSituacion& plan = kTabla[columna];
+    Situaciones.ColumnAt(columna).width = plan.ancho;
+    Situaciones.SetCell(0, columna, plan.titulo);
+    for (int fila = 0; fila < filas; ++fila) {
+      Situaciones.SetCell(fila + 1, columna,
+                          situaciones_[static_cast<std::size_t>(fila)][static_cast<std::size_t>(columna)]);
+    }
+  }
+  Situaciones.Mark(RowPicker::kNoRow);
+  Situaciones.SetEnabled(filas > 0);
+}
+
+void Trabajadores::QuitaSituacion(const std::string& numero) {
+  std::erase_if(situaciones_, [&](const auto& fila) { return fila[0] == numero; });
+  PonSituaciones();
+}
+
+void Trabajadores::MarcaSituacion() {
+  const auto mostrada = std::ranges::find(situaciones_, TextoRecortado(kSituacion), [](const auto& f) { return f[0]; });
+  const bool esta = mostrada != situaciones_.end();
+  Situaciones.Mark(esta ? static_cast<int>(mostrada - situaciones_.begin()) + 1 : RowPicker::kNoRow);
+}
+
+// The user's hand writes the number and leaves the field, so that its rules run.
+void Trabajadores::EligeSituacion() {
+  const std::string numero = Situaciones.Cell(Situaciones.Row(), 0);
+  TextBox& campo = Text1(kSituacion);
+  campo.SetFocus();
+  if (!campo.HasFocus()) return;
+  campo.Select(0, static_cast<int>(Len(campo.Text())));
+  Paste(numero);
+  if (campo.HasFocus() && Situaciones.CanFocus()) Situaciones.SetFocus();
+}
 
 std::string Trabajadores::UltimaSituacion(const std::string& trabajador) {
   AbreFichero(sesion_, FileKind::kCompany);
@@ -34,6 +96,7 @@ void Trabajadores::NuevaSituacionEnPantalla() {
   if (Vacio(kNumero)) return;
   const double ultima = Val(UltimaSituacion(TextoRecortado(kNumero)));
   Text1(kSituacion).SetText(FormatText(ultima + 1, "000;;"));
+  MarcaSituacion();
   ficha_.Vacia(kDescripcionSituacion, kFechaFin);
   RespuestaNueva = Boxes().Show(
       {.text = "¿Desea copiar los datos de la situación actual en la nueva situacion", .buttons = BoxButtons::kYesNo});
@@ -60,6 +123,8 @@ void Trabajadores::BorraSituacion() {
     return;
   }
   sesion_.Tabla(kTrabajadoresVar).Delete();
+  QuitaSituacion(TextoRecortado(kSituacion));
+  SetStatus("Borrada: situación " + TextoRecortado(kSituacion) + " de " + QuienEs(TextoRecortado(kNumero)));
   ficha_.Limpia(kPrimeroVar, kUltimoTexto);
 }
 

@@ -46,6 +46,7 @@ void Trabajadores::MostrarTrabajador() {
     const auto situaciones = sesion_.BDEmpresa->OpenRecordset("SELECT * FROM TRABAJADORESVAR WHERE Campo0 = '" +
                                                               SqlText(TextoRecortado(kNumero)) + "' ORDER BY Campo3 ");
     if (!situaciones->Eof()) {
+      LeeSituaciones(*situaciones);
       situaciones->MoveLast();
       ficha_.Muestra(*situaciones, kTramoVar);
     }
@@ -56,6 +57,8 @@ void Trabajadores::MostrarTrabajador() {
     Recordset& var = sesion_.Tabla(kTrabajadoresVar);
     var.SetIndex("Icampo0_1");
     var.Seek({TextoRecortado(kNumero), TextoRecortado(kSituacion)});
+    MarcaSituacion();
+    CuentaTrabajadores();
   });
 }
 
@@ -63,12 +66,16 @@ void Trabajadores::MostrarSituacion() {
   CierraRegularizacion();
   ficha_.Muestra(sesion_.Tabla(kTrabajadoresVar), kTramoVar);
   SituacionAnterior = TextoRecortado(kSituacion);
+  MarcaSituacion();
 }
 
 // What belongs to the worker who was shown.
 void Trabajadores::Olvida() {
   TrabajadorAnterior.clear();
   SituacionAnterior.clear();
+  situaciones_.clear();
+  PonSituaciones();
+  posicion_.clear();
   SetStatus({});
   CierraRegularizacion();
 }

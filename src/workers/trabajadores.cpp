@@ -51,7 +51,10 @@ Marco MarcoTrabajadores() {
 Trabajadores::Trabajadores(Sesion& sesion, RegistroPantallas& pantallas)
     : PantallaBase(sesion, pantallas, MarcoTrabajadores()), navegacion_(sesion, kTrabajadoresFijo) {
   CreaCampos();
-  for (const ConsultaTrabajador& consulta : ConsultasTrabajador()) Image1.Add(IndiceCampo(consulta.campo));
+  for (const ConsultaTrabajador& consulta : ConsultasTrabajador()) {
+    Image1.Add(IndiceCampo(consulta.campo));
+    if (consulta.lista->Fija() && Combo1.Find(IndiceCampo(consulta.campo))) lbTexto.Add(IndiceCampo(consulta.campo));
+  }
   PonRotulos();
   SetLayout(Disposicion());
   Conecta();
@@ -84,7 +87,11 @@ void Trabajadores::CreaCampos() {
   }
   Grid1.Add(kHijos);
   Grid1.Add(kAscendientes);
+  for (const CampoObligatorio& obligatorio : CamposObligatorios()) {
+    ficha_.ControlDe(obligatorio.campo)->SetRequired(true);
+  }
   PreparaGrids();
+  PonSituaciones();
   for (int indice = IndiceCampo(kPrimeraCelda); indice <= IndiceCampo(kUltimaCelda); ++indice) {
     const auto [rejilla, fila, columna] = CeldaDe(indice);
     ficha_.AnadeCelda(indice, Grid1(rejilla), fila, columna);
@@ -134,13 +141,15 @@ void Trabajadores::Conecta() {
   Tab2.On().click = [this, foco](int) { foco(kFocoDeTab2[Tab2.Tab()]); };
 
   const auto describe = [this](int indice) {
-    if (static_cast<CampoTrabajador>(indice) == kTipoIdentificacion) PonDescripcionIdentificacion();
+    if (static_cast<CampoTrabajador>(indice) == kTipoIdentificacion) return PonDescripcionIdentificacion();
+    PonTextoDeCodigo(indice);
   };
   Combo1.On().click = describe;
   Combo1.On().change = describe;
   Combo1.On().key_down = [this](int indice, int& code, int) {
     if (code == key::kF2) AbreLista(indice);
   };
+  Situaciones.On().click = [this](int) { Guarda([this] { EligeSituacion(); }); };
   ConectaRejillas();
   ConectaRegularizacion();
 }
@@ -199,6 +208,11 @@ bool Trabajadores::EscSale() const {
   return std::ranges::any_of(CamposObligatorios(), [this](const CampoObligatorio& obligatorio) {
     return ficha_.CampoDe(obligatorio.campo)->tipo == TipoCampo::kTexto && Texto(obligatorio.campo).empty();
   });
+}
+
+void Trabajadores::PonTextoDeCodigo(int indice) {
+  const ConsultaTrabajador& consulta = *ConsultaDeCampo(static_cast<CampoTrabajador>(indice));
+  lbTexto(indice).SetCaption(TextoDeCodigo(*consulta.lista, Combo1(indice).Text()));
 }
 
 void Trabajadores::PonDescripcionIdentificacion() {

@@ -2,6 +2,7 @@
 // Slots 402 and 442 are the tables, by key; the situaciones of a worker are read from the company's file.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,11 +19,15 @@
 namespace zendara {
 
 inline constexpr std::string_view kPantallaTrabajadores = "Trabajadores";
+inline constexpr int kColumnasSituacion = 4;  // number, description, start, end
 
 class Trabajadores : public PantallaBase, public SeleccionTrabajador, public PantallaIRPF {
  public:
   Trabajadores(Sesion& sesion, RegistroPantallas& pantallas);
 
+  std::string Subject() const override;
+  std::string Position() const override;
+  std::string Expected() const override;
   std::string TextoColumna(int ordinal) const override;
   std::string TextoCifra(CifraRegularizacion cifra) const override;
 
@@ -50,6 +55,9 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   void MostrarSituacion();   // the row on which slot 442 stands
   void Olvida();             // what belongs to the worker who was shown
   void PonDescripcionIdentificacion();
+  void PonTextoDeCodigo(int indice);                     // beside its list
+  std::string QuienEs(const std::string& numero) const;  // with the name on the screen
+  void CuentaTrabajadores();
 
   // Navigation.
   void IrAInicio();
@@ -74,6 +82,12 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   std::string BuscarDescripcion(const DescripcionCampo& descripcion);
 
   // Situaciones.
+  // The rows as their table, from the first on.
+  void LeeSituaciones(Recordset& filas);
+  void PonSituaciones();
+  void QuitaSituacion(const std::string& numero);
+  void MarcaSituacion();  // the one that is shown
+  void EligeSituacion();  // the current one of the table, as if its number had been typed
   // Number of the worker's situación with the latest start; error 3021 when he has none.
   std::string UltimaSituacion(const std::string& trabajador);
   void NuevaSituacionEnPantalla();
@@ -124,6 +138,8 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   Ficha ficha_{sesion_, CamposTrabajador()};
   Navegacion navegacion_;
   Label lbDescripcion{*this, "lbDescripcion"};
+  ControlArray<Label> lbTexto{*this, "lbTexto"};  // what the code of that list stands for
+  RowPicker Situaciones{*this, "Situaciones"};    // of the worker, by their starts
 
   Tabs Tab1{*this, "Tab1"};
   Tabs Tab2{*this, "Tab2"};
@@ -161,8 +177,10 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   CopiaPendiente copia_;                    // of its concepts, that an error ended
   std::string TrabajadorAnterior;           // number when its field gained the focus, or when he was shown
   std::string SituacionAnterior;
-  std::string ConvenioEmpresa;  // the company's own agreement
-  int TablaActiva = 0;          // slot that is written: 402 or 442
+  std::vector<std::array<std::string, kColumnasSituacion>> situaciones_;  // rows of their table
+  std::string posicion_;                                                  // of the worker among all
+  std::string ConvenioEmpresa;                                            // the company's own agreement
+  int TablaActiva = 0;                                                    // slot that is written: 402 or 442
 };
 
 }  // namespace zendara

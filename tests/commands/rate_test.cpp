@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "support/pdf.hpp"
 #include "tests/commands/command_folder.hpp"
 
 namespace zendara {
@@ -49,6 +50,21 @@ TEST_F(RateTest, Formats) {
   const json steps = json::parse(Rate({"--format", "json", "--worker", "10", "--explain", "--currency", "E"})).at(0);
   EXPECT_EQ(steps.size(), 9U);
   EXPECT_EQ(steps.at("cuota_retencion"), "400000,00");
+}
+
+TEST_F(RateTest, ThePdfOfAWorkerIsNewAndSaysTheSteps) {
+  const std::string path = (dir_ / "paso.pdf").string();
+  EXPECT_EQ(RunHere({"rate"}, {"--pdf", path}).status, 2);
+  EXPECT_EQ(RunHere({"rate"}, {"--worker", "10", "--pdf", path}).status, 0);
+  const std::string text = PdfText(path);
+  for (const char* said : {"Código: +00001 +Año: +01", "00010 Peña Íñigo +Tipo de IRPF", "Límite sin retención +500000",
+                           "Tipo de retención +20 +en porcentaje"}) {
+    EXPECT_THAT(text, testing::ContainsRegex(said));
+  }
+  const Outcome again = RunHere({"rate"}, {"--worker", "3", "--pdf", path});
+  EXPECT_EQ(again.status, 1);
+  EXPECT_THAT(again.err, HasSubstr("3012"));
+  EXPECT_EQ(PdfText(path), text);
 }
 
 TEST_F(RateTest, OneWorkersErrorDoesNotStopTheOthers) {

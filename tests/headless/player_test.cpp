@@ -94,6 +94,7 @@ TEST_F(PlayerTest, ScreensOptionsAndListings) {
       // The end closes what is open without a word, and the next run finds new screens.
       {"click Abrir\ntype \"3\\n\"", kAbove + std::string("focus Text1(2)\n")},
       {"show Check1", "value Check1=\"2\"\n"},
+      {"print \"" + (*folder_ / "ficha.pdf") + "\"", "document title=\"MIncidencias\" file=\"ficha.pdf\" pages=1\n"},
   };
   for (const auto& [commands, printed] : cases) {
     out_.clear();
@@ -152,6 +153,7 @@ TEST_F(PlayerTest, FaultsOfARunEndItWithTheirLine) {
       {opened + "choose Combo1(5) \"7\"", 2, "3: Combo1(5) has no item \"7\""},
       {opened + "cell Grid1(0) 0 1", 2, "3: Grid1(0) has no cell 0 1 to click"},
       {opened + "show Grid1(0)[99,0]", 2, "3: Grid1(0) has no cell [99,0]"},
+      {opened + "print /nada/ficha.pdf", 1, "3: 76  "},
       {opened + "page Tab1 9", 2, "3: Tab1 has no page 9"},
       {opened + "type \"3\\n\"\nanswer ok\nclick CmdNuevo", 2, "5: the box \"¿"},
       {opened + "pick 4\nclick Image1(1)", 2, "4: the list \"TrabajadoresFijo\" has no row 4"},

@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/drafts/file_drafts.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/input_events.hpp"
@@ -104,7 +105,8 @@ int Type(const std::string& folder, const std::string& drafts_folder, unsigned s
   QApplication application(argc, argv);
   InstallLook();
   FileDrafts drafts(drafts_folder);
-  Host host(&drafts);
+  const CairoWriter documents;
+  Host host(documents, &drafts);
   const auto engine = MakeEngine();
   const auto files = MakeHostFiles();
   Sesion session({.engine = engine.get(),

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/drafts/memory_drafts.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/input_events.hpp"
@@ -66,8 +67,9 @@ class QtTest : public testing::Test {
   static QWidget& WidgetOf(FormWindow& window, const Control& control) { return *window.ViewOf(control)->Widget(); }
 
   const bool started = StartApplication();
+  CairoWriter documents;
   MemoryDrafts drafts;
-  QtHost host{&drafts};
+  QtHost host{documents, &drafts};
   DemoForm form{host};
   ScriptHands hands{host, {}};
 };

@@ -101,7 +101,7 @@ class Clerk {
     } else if (auto* tabs = dynamic_cast<Tabs*>(&control)) {
       const int page = random_.Between(0, tabs->PageCount() - 1);
       hands_.Do(form_, "page " + tabs->Id() + " " + std::to_string(page), [&] { form_.TurnTo(*tabs, page); });
-    } else if (auto* grid = dynamic_cast<Grid*>(&control)) {
+    } else if (auto* grid = dynamic_cast<Grid*>(&control); grid && grid->Rows() > grid->FixedRows()) {
       const int row = random_.Between(grid->FixedRows(), grid->Rows() - 1);
       PointTo(*grid, row, random_.Between(grid->FixedColumns(), grid->Columns() - 1));
     } else {

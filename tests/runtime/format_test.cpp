@@ -9,6 +9,30 @@
 namespace zendara {
 namespace {
 
+TEST(Format, ThousandsOfAPlainNumberStandApart) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"", ""},
+      {"7", "7"},
+      {"999", "999"},
+      {"1000", "1.000"},
+      {"2500000", "2.500.000"},
+      {"2500000,50", "2.500.000,50"},
+      {"-100000", "-100.000"},
+      {"-100", "-100"},
+      {"2,500000", "2,500000"},
+      {",5", ",5"},
+      {"1234,", "1.234,"},
+      // What is no plain number stays.
+      {"2.500.000", "2.500.000"},
+      {"1000,5,5", "1000,5,5"},
+      {"1000 ", "1000 "},
+      {"12E10", "12E10"},
+      {"--1000", "--1000"},
+      {"mañana", "mañana"},
+  };
+  for (const auto& [number, shown] : rows) EXPECT_EQ(GroupThousands(number), shown);
+}
+
 TEST(Format, Numbers) {
   struct {
     Value value;

@@ -157,7 +157,8 @@ TEST_F(GrabacionTest, WhatAnotherProgramChangedMeanwhileStays) {
   };
   EXPECT_EQ(grabado(kTelefono) + grabado(kMunicipio) + grabado(kApellido1), "allíAquíAquí");
   EXPECT_EQ(pantalla->Status(),
-            "Otro puesto había cambiado también, y queda lo grabado aquí: Municipio (Domicilio), Hijo 2 (Año Nacim.).");
+            "Grabado: 00011 Aquí Zúñiga, Ana. Otro puesto había cambiado también, y queda lo grabado aquí: Municipio "
+            "(Domicilio), Hijo 2 (Año Nacim.).");
 
   // Removed altogether.
   Rellena(1, "11");

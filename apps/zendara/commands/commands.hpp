@@ -36,6 +36,7 @@ struct RateOptions {
   std::string worker;  // five characters; empty: all
   bool explain = false;
   RateFormat format = RateFormat::kText;
+  std::string pdf;  // path of a file that the explained calculation of `worker` goes to as well; empty: none
 };
 // 1 when a worker's rate could not be worked out; the others are printed all the same.
 int Rate(const RateOptions& options, Console& console);

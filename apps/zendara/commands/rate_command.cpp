@@ -3,9 +3,11 @@
 #include <nlohmann/json.hpp>
 #include <span>
 
+#include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/csv/csv.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/data_folder.hpp"
+#include "print/record_document.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "withholding/calculo_irpf.hpp"
@@ -163,6 +165,23 @@ std::unique_ptr<RatePrinter> MakePrinter(const RateOptions& options, const Param
   return std::make_unique<TablePrinter>(console);
 }
 
+// As the window with the steps does; a file that is there stays.
+void KeepSteps(const Rated& rated, const RateOptions& options, const ParametrosIRPF& parameters,
+               const CondicionesIRPF& conditions, Console& console) {
+  console.Doing("writing " + options.pdf);
+  const CairoWriter writer;
+  const print::Heading heading = {{{"Código:", options.company.company}, {"Año:", options.company.year}},
+                                  "Tipo de IRPF",
+                                  Trim(rated.worker + " " + rated.name),
+                                  writer.Now()};
+  std::vector<BoxDetail> rows;
+  for (const LineaExplicacion& line : ExplicaTipoIRPF(rated.steps, rated.inputs, parameters, conditions)) {
+    rows.push_back({line.concepto, line.importe, line.detalle});
+  }
+  writer.WritePdf(print::DetailDocument(heading, {}, rows, writer.Measure()), options.pdf,
+                  print::DocumentWriter::Existing::kKeep);
+}
+
 // Surnames, then the given name, as the lists of workers show them.
 std::string WorkerName(Recordset& workers) {
   std::string name;
@@ -205,7 +224,7 @@ int Rate(const RateOptions& options, Console& console) {
     Rated rated;
     rated.worker = CStr(workers->Fields(0).Get());
     try {
-      if (options.format == RateFormat::kText) rated.name = WorkerName(*workers);
+      if (options.format == RateFormat::kText || !options.pdf.empty()) rated.name = WorkerName(*workers);
       rated.inputs = LeeDatosRegistro(*workers, options.company.year);
       rated.steps = CalculaTipoIRPF(rated.inputs, parameters, conditions);
       printer->Worker(rated);
@@ -213,6 +232,7 @@ int Rate(const RateOptions& options, Console& console) {
       console.Error("worker " + rated.worker + ": " + error.what());
       failed = true;
     }
+    if (!options.pdf.empty() && !failed) KeepSteps(rated, options, parameters, conditions, console);
     console.Progress("workers rated", done + 1, all);
     if (options.worker.empty()) workers->MoveNext();
   }

@@ -121,15 +121,18 @@ void AddRate(CLI::App& app, CommandLine& line) {
   AddReadOnly(rate, line.rate.company);
   rate->add_option("--currency", line.rate.currency, "P for pesetas (default), anything else for the other currency")
       ->type_name("MARK");
-  rate->add_option("--worker", line.rate.worker, "Worker number (default: all workers)")
-      ->type_name("N")
-      ->transform(Transform(PadCode));
+  CLI::Option* worker = rate->add_option("--worker", line.rate.worker, "Worker number (default: all workers)")
+                            ->type_name("N")
+                            ->transform(Transform(PadCode));
   rate->add_flag("--explain", line.rate.explain, "Give the steps of each calculation");
   rate->add_option_function<std::string>(
           "--format", [&line](const std::string& name) { line.rate.format = formats.at(name); },
           "text (default), csv or json")
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"text", "csv", "json"}).description(""));
+  rate->add_option("--pdf", line.rate.pdf, "Also write the steps for --worker to a new PDF file")
+      ->type_name("FILE")
+      ->needs(worker);
   rate->callback([&line] { line.chosen = [&line](Console& console) { return Rate(line.rate, console); }; });
 }
 

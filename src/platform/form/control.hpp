@@ -69,6 +69,7 @@ enum class ControlKind {
   kButton,
   kTabs,
   kGrid,
+  kRowPicker,
   kFrame,
   kLabel,
   kPicture,
@@ -101,6 +102,9 @@ class Control {
   void SetCaption(std::string_view caption);
   const std::string& ToolTipText() const { return hint_; }
   void SetToolTipText(std::string_view hint);
+  // What is on the screen cannot be saved without it: marked for the user, and no more than that.
+  bool Required() const { return required_; }
+  void SetRequired(bool required) { required_ = required; }
   Color BackColor() const { return back_color_; }
   void SetBackColor(Color color);
   Color ForeColor() const { return fore_color_; }
@@ -188,6 +192,7 @@ class Control {
   Events* events_ = &own_events_;  // those of the array for its members
   bool visible_ = true;
   bool enabled_ = true;
+  bool required_ = false;
   std::string caption_;
   std::string hint_;
   Color back_color_ = kWhite;
@@ -215,6 +220,9 @@ class TextBox : public Control, public TextField {
   bool Locked() const { return locked_; }  // shows and selects, does not type, and is no stop
   void SetLocked(bool locked) { locked_ = locked; }
   bool IsTabStop() const override { return !locked_; }
+  // An amount: while it has not the focus a front end shows its thousands apart. The text is as it was entered.
+  bool Grouped() const { return grouped_; }
+  void SetGrouped(bool grouped) { grouped_ = grouped; }
   // Characters that the field shows; 0: as many as its maximum length.
   int Width() const { return width_ ? width_ : max_length_; }
   void SetWidth(int characters) { width_ = characters; }
@@ -271,6 +279,7 @@ class TextBox : public Control, public TextField {
   int width_ = 0;
   zendara::Alignment alignment_ = zendara::Alignment::kLeft;
   bool locked_ = false;
+  bool grouped_ = false;
   int sel_start_ = 0;
   int sel_length_ = 0;
   bool caret_at_start_ = false;
@@ -450,7 +459,7 @@ class Grid : public Control {
     zendara::Alignment alignment = zendara::Alignment::kLeft;
   };
 
-  Grid(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kGrid, name, index) {}
+  Grid(Form& form, std::string_view name, int index = kNoIndex) : Grid(form, ControlKind::kGrid, name, index) {}
 
   // Empties all cells. The current cell is the first that is not fixed. This and Clear settle it (Form::Settle).
   void Resize(int rows, int columns, int fixed_rows, int fixed_columns);
@@ -485,6 +494,7 @@ class Grid : public Control {
   std::string ValueText(int value) const override { return Cell(RowOf(value), ColumnOf(value)); }
 
  protected:
+  Grid(Form& form, ControlKind kind, std::string_view name, int index) : Control(form, kind, name, index) {}
   void PressKey(int code, int shift) override;
   void PutBack(int value, const std::string& text) override { SetCell(RowOf(value), ColumnOf(value), text); }
 
@@ -500,6 +510,30 @@ class Grid : public Control {
   std::vector<std::string> cells_;
   int row_ = 0;
   int col_ = 0;
+};
+
+// Rows to choose one from, under one row of headings: Enter, a blank or a double click on a row is its click. It holds
+// nothing that is entered, so whoever goes by Enter from field to field passes it by.
+class RowPicker : public Grid {
+ public:
+  static constexpr int kNoRow = -1;
+
+  RowPicker(Form& form, std::string_view name, int index = kNoIndex)
+      : Grid(form, ControlKind::kRowPicker, name, index) {}
+  // The row of what is on the screen, which becomes the current one.
+  int Marked() const { return marked_; }
+  void Mark(int row);
+  // To the row that many below; false, and nothing happens, when there is none.
+  bool Step(int rows);
+
+  bool IsEntered() const override { return false; }
+
+ protected:
+  bool ClickedBy(int code) const override { return code == key::kEnter || code == key::kSpace; }
+  void Click() override;
+
+ private:
+  int marked_ = kNoRow;
 };
 
 // Controls of one name and kind by index, with handlers in common.

@@ -340,16 +340,18 @@ void Form::Paste(std::string_view text) {
 
 // Clicks.
 
+bool Form::MoveFocusTo(Control& control) {
+  if (!control.Usable()) return false;
+  if (!control.TakesFocus()) return true;
+  SetFocus(control);
+  // What that has called up is there before the user changes it.
+  if (drafts_.Sheet().Settled()) FollowDraft();
+  return control.TakesInput();
+}
+
 // The focus comes first, and the click only if it came to rest there.
 void Form::MoveFocusAndClick(Control& control) {
-  if (!control.Usable()) return;
-  if (control.TakesFocus()) {
-    SetFocus(control);
-    if (!control.TakesInput()) return;
-    // What moving the focus has called up is there before the user changes it.
-    if (drafts_.Sheet().Settled()) FollowDraft();
-  }
-  control.Click();
+  if (MoveFocusTo(control)) control.Click();
 }
 
 void Form::Click(Control& control) {
@@ -381,8 +383,7 @@ void Form::TurnTo(Control& tabs, int page) {
 
 void Form::PointTo(Grid& grid, int row, int column) {
   Input([&] {
-    MoveFocusAndClick(grid);
-    if (grid.TakesInput()) grid.SetCurrent(row, column);
+    if (MoveFocusTo(grid)) grid.SetCurrent(row, column);
   });
 }
 

@@ -152,7 +152,7 @@ class Form {
   void PointTo(TextBox& box, int start, int length);  // mouse in a text, once the focus is there
   void Pick(ComboBox& combo, int item);
   void TurnTo(Control& tabs, int page);
-  void PointTo(Grid& grid, int row, int column);
+  void PointTo(Grid& grid, int row, int column);  // to a cell, which is no click of a RowPicker yet
   // Into the text box that has the focus: no key press, so the form's keys are not asked. As much as the field has room
   // for, each character through its key_press, as one change.
   void Paste(std::string_view text);
@@ -198,6 +198,8 @@ class Form {
   void TurnPage(int step);
   // Tabs on that page are turned to their first page, or going back to their last.
   void TurnInto(Control& tabs, int page, int step);
+  // True if the control is usable and the focus, if it ever has it, came to rest there.
+  bool MoveFocusTo(Control& control);
   void MoveFocusAndClick(Control& control);
   void PutInto(const Layout& layout, Control* container, int page);
 

@@ -71,4 +71,20 @@ void Grid::PressKey(int code, int /*shift*/) {
   if (IsCell(row, column)) SetCurrent(row, column);
 }
 
+void RowPicker::Mark(int row) {
+  marked_ = IsCell(row, FixedColumns()) ? row : kNoRow;
+  if (marked_ != kNoRow) SetCurrent(row, FixedColumns());
+  Changed();
+}
+
+bool RowPicker::Step(int rows) {
+  if (!IsCell(Row() + rows, Col())) return false;
+  SetRow(Row() + rows);
+  return true;
+}
+
+void RowPicker::Click() {
+  if (IsCell(Row(), Col()) && On().click) On().click(Index());
+}
+
 }  // namespace zendara

@@ -59,28 +59,22 @@ void FieldEdit::OpenMenu(QPoint global) {
   const bool types = !box_.Locked();
   const bool selected = box_.SelLength() > 0;
   const bool pastes = types && !QGuiApplication::clipboard()->text().isEmpty();
-  const auto add = [&](const QString& words, QKeySequence::StandardKey keys, bool enabled, auto deed) {
-    QAction* action = menu->addAction(words, deed);
-    action->setShortcut(keys);
-    action->setShortcutVisibleInContextMenu(true);
-    action->setShortcutContext(Qt::WidgetShortcut);  // shown; the keys are the model's
-    action->setEnabled(enabled);
+  // The keys are the model's: here they are words.
+  const auto add = [&](const char* words, bool enabled, auto deed) {
+    menu->addAction(QString::fromUtf8(words), deed)->setEnabled(enabled);
   };
-  add(QStringLiteral("&Deshacer"), QKeySequence::Undo, box_.CanUndo(), [this] { Press('Z', key::kControl); });
-  add(QStringLiteral("&Rehacer"), QKeySequence::UnknownKey, box_.CanRedo(), [this] { Press('Y', key::kControl); });
-  menu->actions().last()->setShortcut(Qt::CTRL | Qt::Key_Y);
+  add("&Deshacer\tCtrl+Z", box_.CanUndo(), [this] { Press('Z', key::kControl); });
+  add("&Rehacer\tCtrl+Y", box_.CanRedo(), [this] { Press('Y', key::kControl); });
   menu->addSeparator();
-  add(QStringLiteral("Cor&tar"), QKeySequence::Cut, types && selected, [this] { Cut(); });
-  add(QStringLiteral("&Copiar"), QKeySequence::Copy, selected, [this] { Copy(); });
-  add(QStringLiteral("&Pegar"), QKeySequence::Paste, pastes, [this] { Paste(); });
-  add(QStringLiteral("&Eliminar"), QKeySequence::Delete, types && selected, [this] { Press(key::kDelete); });
+  add("Cor&tar\tCtrl+X", types && selected, [this] { Cut(); });
+  add("&Copiar\tCtrl+C", selected, [this] { Copy(); });
+  add("&Pegar\tCtrl+V", pastes, [this] { Paste(); });
+  add("&Eliminar\tSupr", types && selected, [this] { Press(key::kDelete); });
   menu->addSeparator();
-  add(QStringLiteral("&Seleccionar todo"), QKeySequence::SelectAll, !box_.Text().empty(), [this] { SelectAll(); });
+  add("&Seleccionar todo\tCtrl+A", !box_.Text().empty(), [this] { SelectAll(); });
   if (form.Host().Drafts()) {
     menu->addSeparator();
-    add(QStringLiteral("&Borradores..."), QKeySequence::UnknownKey, true,
-        [this] { Press('Z', key::kControl | key::kShift); });
-    menu->actions().last()->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+    add("&Borradores...\tCtrl+Mayús+Z", true, [this] { Press('Z', key::kControl | key::kShift); });
   }
   menu->popup(global);
 }

@@ -80,7 +80,8 @@ std::map<std::string, QAction*> MenuOf(QWidget& edit) {
   std::map<std::string, QAction*> actions;
   const auto menus = edit.findChildren<QMenu*>();
   for (QAction* action : menus.empty() ? QList<QAction*>() : menus.last()->actions()) {
-    if (action->isEnabled() && !action->isSeparator()) actions[action->text().remove('&').toStdString()] = action;
+    if (action->isEnabled() && !action->isSeparator())
+      actions[action->text().remove('&').section('\t', 0, 0).toStdString()] = action;
   }
   return actions;
 }

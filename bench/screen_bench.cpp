@@ -2,13 +2,16 @@
 //
 // Usage: screen_bench FOLDER [benchmark options]; FOLDER holds a company "00001" with the year 01.
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <optional>
@@ -19,7 +22,9 @@
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/pick_window.hpp"
 #include "adapters/qt/qt_host.hpp"
+#include "common/buscador.hpp"
 #include "common/consulta.hpp"
 #include "frame/parametros.hpp"
 #include "frame/sesion_anfitrion.hpp"
@@ -244,6 +249,72 @@ void OpenList(benchmark::State& state) {
   }
 }
 BENCHMARK(OpenList)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// Megabytes of the program's memory that are in use now.
+double Megabytes() {
+  std::ifstream statm("/proc/self/statm");
+  double all = 0;
+  double resident = 0;
+  statm >> all >> resident;
+  return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+// A word typed into a list of all workers as soon as it is there: from its last letter to the first hits on the screen,
+// and to all of them. Then, with all rows read, the time of another letter and of one that is taken out again.
+template <typename OpenList>
+void Search(benchmark::State& state, OpenList open) {
+  double first = 0;
+  double whole = 0;
+  double letter = 0;
+  double memory = 0;
+  for (auto _ : state) {
+    const double before = Megabytes();
+    Clock::time_point opened = Clock::now();
+    double opening = 0;
+    QTimer::singleShot(0, [&] {
+      auto* list = dynamic_cast<PickWindow*>(QApplication::activeModalWidget());
+      if (!list) return state.SkipWithError("the list did not open");
+      list->repaint();
+      opening = std::chrono::duration<double>(Clock::now() - opened).count();
+      const auto since = [](Clock::time_point begin) {
+        return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+      };
+      for (const char* sign : {"l", "a", "s", "a", " ", "g"}) PressKey(list->Line(), {0, 0, sign});
+      const auto typed = Clock::now();
+      PressKey(list->Line(), {0, 0, "a"});
+      while (list->Rows().Shown() == 0 && !list->Rows().Complete()) QApplication::processEvents();
+      list->repaint();
+      first = std::max(first, since(typed));
+      while (!list->Rows().Complete()) QApplication::processEvents();
+      list->repaint();
+      whole = std::max(whole, since(typed));
+      for (const Key& key : {Key{0, 0, "r"}, Key{key::kBack, 0, {}}}) {
+        const auto pressed = Clock::now();
+        PressKey(list->Line(), key);
+        list->repaint();
+        letter = std::max(letter, since(pressed));
+      }
+      memory = std::max(memory, Megabytes() - before);
+      PressKey(*list, {key::kEsc, 0, {}});
+    });
+    open();
+    state.SetIterationTime(opening);
+  }
+  state.counters["first_ms"] = first;
+  state.counters["whole_ms"] = whole;
+  state.counters["letter_ms"] = letter;
+  state.counters["MB"] = memory;
+}
+
+void SearchList(benchmark::State& state) {
+  Search(state, [] { Consulta(Open().sesion, kListaFichaTrabajadores); });
+}
+BENCHMARK(SearchList)->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+void SearchWorkers(benchmark::State& state) {
+  Search(state, [] { EligeTrabajador(Open().sesion, {}); });
+}
+BENCHMARK(SearchWorkers)->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace zendara

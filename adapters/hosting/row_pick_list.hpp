@@ -28,19 +28,29 @@ class RowPickList : public PickList {
     Take(titulo, rows, resultado);
   }
 
+  void ConsultaFilas(const std::vector<std::string>& columnas, PickRows& filas, const std::vector<RowPlace>& lugares,
+                     const std::string& titulo, std::int16_t /*marca_boton*/, std::string& resultado) override {
+    RowList rows(filas, columnas, lugares);
+    Take(titulo, rows, resultado);
+  }
+
   void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t /*marca_boton*/,
                     std::string& resultado) override {
     RowList rows(lineas);
     Take(titulo, rows, resultado);
   }
 
+  void Presenta(const PickView& vista) override { view_ = vista; }
+
  private:
   void Take(const std::string& title, RowList& rows, std::string& result) {
+    rows.Present(view_);
     const auto row = choose_(title, rows);
     result = row ? rows.Row(*row) : std::string();
   }
 
   ChooseRow choose_;
+  PickView view_;
 };
 
 inline void RegisterPickList(Components& components, const ChooseRow& choose) {

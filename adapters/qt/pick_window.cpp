@@ -1,51 +1,60 @@
 #include "adapters/qt/pick_window.hpp"
 
 #include <QAbstractTableModel>
+#include <QAccessible>
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTableView>
-#include <QVBoxLayout>
 #include <algorithm>
-#include <vector>
+#include <exception>
 
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
 
-constexpr std::size_t kBatch = 200;
+constexpr std::size_t kBatch = 256;
+constexpr qint64 kSlice = 20;  // milliseconds of reading, after which a key may come
 constexpr int kRowsShown = 18;
-constexpr int kCodeKind = 1;
-constexpr qint64 kPauseThatEndsAWord = 1500;  // milliseconds
+
+// With points between the thousands.
+QString Grouped(std::size_t number) {
+  QString digits = QString::number(number);
+  for (qsizetype at = digits.size() - 3; at > 0; at -= 3) digits.insert(at, QLatin1Char('.'));
+  return digits;
+}
 
 }  // namespace
 
-// Rows that were reached; more of them as the view scrolls on.
+// The rows that are shown, their columns in the order of reading.
 class RowsModel : public QAbstractTableModel {
  public:
-  RowsModel(RowList& rows, QObject* parent) : QAbstractTableModel(parent), rows_(rows) {}
+  RowsModel(const RowList& rows, const RowSearch& search, QObject* parent)
+      : QAbstractTableModel(parent), rows_(rows), search_(search) {}
 
-  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : shown_; }
+  int rowCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(search_.Shown());
+  }
   int columnCount(const QModelIndex& parent) const override {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.Columns());
+    return parent.isValid() ? 0 : static_cast<int>(rows_.Reading().size());
   }
-  bool canFetchMore(const QModelIndex& parent) const override {
-    return !parent.isValid() && !failure_ && (!rows_.Complete() || static_cast<std::size_t>(shown_) < rows_.Reached());
-  }
-  void fetchMore(const QModelIndex& /*parent*/) override { Reach(static_cast<std::size_t>(shown_) + kBatch - 1); }
 
   QVariant data(const QModelIndex& index, int role) const override {
     if (role != Qt::DisplayRole) return {};
     try {
-      return ToQt(rows_.Cell(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column())))
-          .trimmed();
+      const std::size_t row = search_.RowAt(static_cast<std::size_t>(index.row()));
+      return ToQt(rows_.Cell(row, ColumnAt(index.column()))).trimmed();
     } catch (...) {
       // Nothing may fly through the toolkit.
       failure_ = std::current_exception();
@@ -53,39 +62,108 @@ class RowsModel : public QAbstractTableModel {
     }
   }
 
-  // Shows the rows up to this one, and what was read beyond.
-  void Reach(std::size_t row) {
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (orientation != Qt::Horizontal || !HasHeadings()) return {};
+    if (role == Qt::DisplayRole) return ToQt(rows_.View().headings[ColumnAt(section)]);
+    if (role == Qt::TextAlignmentRole) return int{Qt::AlignLeft | Qt::AlignVCenter};
+    if (role == Qt::ToolTipRole) return QStringLiteral("Ordena por esta columna (Ctrl+%1)").arg(section + 1);
+    return {};
+  }
+
+  bool HasHeadings() const { return !rows_.View().headings.empty(); }
+  std::size_t ColumnAt(int section) const { return rows_.Reading()[static_cast<std::size_t>(section)]; }
+
+  template <typename Change>
+  void Reset(Change change) {
+    beginResetModel();
     try {
-      rows_.Reach(row);
+      change();
     } catch (...) {
       failure_ = std::current_exception();
     }
-    const int reached = static_cast<int>(rows_.Reached());
-    if (reached <= shown_) return;
-    beginInsertRows({}, shown_, reached - 1);
-    shown_ = reached;
-    endInsertRows();
+    endResetModel();
   }
 
   std::exception_ptr Failure() const { return failure_; }
 
  private:
-  RowList& rows_;
-  int shown_ = 0;
+  const RowList& rows_;
+  const RowSearch& search_;
   mutable std::exception_ptr failure_;
 };
 
-PickWindow::PickWindow(const QString& title, RowList& rows, QWidget* parent) : QDialog(parent), rows_(rows) {
+namespace {
+
+// A cell with what was looked for on a ground of its own.
+class MarkedCells : public QStyledItemDelegate {
+ public:
+  MarkedCells(const RowSearch& search, QObject* parent) : QStyledItemDelegate(parent), search_(search) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    cell.state &= ~QStyle::State_HasFocus;  // the row is the mark
+    const auto hits = search_.Looking() ? search_.Hits(FromQt(cell.text)) : std::vector<TextRange>();
+    const QStyle& style = *option.widget->style();
+    if (hits.empty()) return style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
+
+    QString text;
+    text.swap(cell.text);
+    style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
+    const QRect room = style.subElementRect(QStyle::SE_ItemViewItemText, &cell, option.widget);
+    const int left = room.left() + style.pixelMetric(QStyle::PM_FocusFrameHMargin, &cell, option.widget) + 1;
+    const auto x_of = [&](int characters) {
+      return left + cell.fontMetrics.horizontalAdvance(text.left(UnitsOf(text, characters)));
+    };
+    const bool selected = cell.state & QStyle::State_Selected;
+    for (const TextRange& hit : hits) {
+      const QRect mark(QPoint(x_of(hit.start), room.top() + 1),
+                       QPoint(x_of(hit.start + hit.length) - 1, room.bottom() - 1));
+      painter->fillRect(mark & room, selected ? tone::kAccent.darker(150) : QColor(0xFF, 0xE2, 0x8A));
+    }
+    text.swap(cell.text);
+    cell.backgroundBrush = Qt::NoBrush;
+    painter->setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+    const QString shown = cell.fontMetrics.elidedText(cell.text, Qt::ElideRight, room.right() - left + 1);
+    painter->drawText(QRect(QPoint(left, room.top()), room.bottomRight()), Qt::AlignLeft | Qt::AlignVCenter, shown);
+  }
+
+ private:
+  const RowSearch& search_;
+};
+
+}  // namespace
+
+PickWindow::PickWindow(const QString& title, RowList& rows, QWidget* parent)
+    : QDialog(parent), rows_(rows), search_(rows) {
   setWindowModality(Qt::ApplicationModal);
   setWindowTitle(title);
-  model_ = new RowsModel(rows, this);
-  model_->Reach(kBatch - 1);
+  model_ = new RowsModel(rows, search_, this);
+  MakeTable(title);
+  LayOut(title);
+  reading_.setInterval(0);
+  reading_.callOnTimeout(this, [this] { ReadOn(); });
+  connect(line_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    moved_ = false;
+    Show([&] { search_.Look(FromQt(text)); });
+  });
+  connect(table_, &QAbstractItemView::clicked, this, [this] { moved_ = true; });
+  connect(table_, &QAbstractItemView::doubleClicked, this, [this] { Take(); });
+  connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int section) { SortBy(section); });
+  connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { Widen(); });
+  zoom::Watch(this, [this] { Rescale(); });
+  Show([this] { search_.ReadOn(kBatch); });
+  Rescale();
+  line_->setFocus();
+}
+
+void PickWindow::MakeTable(const QString& title) {
   table_ = new QTableView(this);
   table_->setAccessibleName(title);
   table_->setModel(model_);
+  table_->setItemDelegate(new MarkedCells(search_, table_));
   table_->setShowGrid(false);
   table_->setAlternatingRowColors(true);
-  table_->horizontalHeader()->hide();
   table_->verticalHeader()->hide();
   table_->setWordWrap(false);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -95,94 +173,148 @@ PickWindow::PickWindow(const QString& title, RowList& rows, QWidget* parent) : Q
   table_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
   table_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  QHeaderView& headings = *table_->horizontalHeader();
+  headings.setVisible(model_->HasHeadings());
+  headings.setHighlightSections(false);
+  headings.setSectionsClickable(true);
+  headings.setSortIndicatorShown(true);
+  if (const auto column = rows_.View().sorted_by) {
+    sorted_ = static_cast<int>(std::ranges::find(rows_.Reading(), *column) - rows_.Reading().begin());
+  }
+  headings.setSortIndicator(sorted_, Qt::AscendingOrder);
   table_->installEventFilter(this);
-  typed_label_ = new QLabel(this);
-  auto* column = new QVBoxLayout(this);
-  column->addWidget(table_);
-  column->addWidget(typed_label_);
-  connect(table_, &QAbstractItemView::doubleClicked, this, [this] { accept(); });
-  connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { Widen(); });
-  zoom::Watch(this, [this] { Rescale(); });
-  Rescale();
-  Type({});
-  if (model_->rowCount({}) > 0) table_->setCurrentIndex(model_->index(0, 0));
-  table_->setFocus();
 }
+
+void PickWindow::LayOut(const QString& title) {
+  line_ = new QLineEdit(this);
+  line_->setAccessibleName(QStringLiteral("Buscar"));
+  line_->setClearButtonEnabled(true);
+  line_->setPlaceholderText(QStringLiteral("Palabras o cifras de cualquier columna"));
+  line_->installEventFilter(this);
+  auto* line_label = new QLabel(QStringLiteral("&Buscar:"), this);
+  line_label->setBuddy(line_);
+  auto* table_label = new QLabel(title, this);
+  table_label->setBuddy(table_);
+  count_ = new QLabel(this);
+  auto* hint = new QLabel(QStringLiteral("Flechas: otra fila. Intro: elegir. Esc: salir."), this);
+  if (model_->HasHeadings()) hint->setText(hint->text() + QStringLiteral(" Ctrl+1, Ctrl+2…: ordenar."));
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(line_label, 0, 0);
+  grid->addWidget(line_, 0, 1, 1, 2);
+  grid->addWidget(table_label, 1, 0, 1, 2);
+  grid->addWidget(count_, 1, 2, Qt::AlignRight);
+  grid->addWidget(table_, 2, 0, 1, 3);
+  grid->addWidget(hint, 3, 0, 1, 3);
+  grid->setColumnStretch(1, 1);
+}
+
+// Rows.
 
 std::optional<std::size_t> PickWindow::Chosen() const {
-  if (failure_) std::rethrow_exception(failure_);
   if (model_->Failure()) std::rethrow_exception(model_->Failure());
-  if (result() != Accepted || !table_->currentIndex().isValid()) return std::nullopt;
-  return static_cast<std::size_t>(table_->currentIndex().row());
+  return result() == Accepted ? Current() : std::nullopt;
 }
 
-template <typename Read>
-void PickWindow::Guard(Read read) {
-  try {
-    read();
-  } catch (...) {
-    failure_ = std::current_exception();
+std::optional<std::size_t> PickWindow::Current() const {
+  const QModelIndex index = table_->currentIndex();
+  if (!index.isValid()) return std::nullopt;
+  return search_.RowAt(static_cast<std::size_t>(index.row()));
+}
+
+void PickWindow::StandOn(std::size_t place) {
+  const QModelIndex index = model_->index(static_cast<int>(place), 0);
+  table_->setCurrentIndex(index);
+  table_->scrollTo(index);
+}
+
+// The row that was current stays so while it is shown; until the user moves it is the one to begin on, or the best hit.
+template <typename Change>
+void PickWindow::Show(Change change) {
+  const std::optional<std::size_t> before = Current();
+  const int top = table_->verticalScrollBar()->value();
+  if (!model_->Failure()) model_->Reset(change);
+  if (model_->Failure()) {
+    reading_.stop();
+    return reject();
   }
-  if (failure_ || model_->Failure()) reject();
+  if (search_.Shown() > 0) {
+    const auto wanted = moved_ ? before : search_.Looking() ? std::nullopt : search_.Present();
+    const auto place = wanted ? search_.PlaceOf(*wanted) : std::nullopt;
+    table_->verticalScrollBar()->setValue(top);
+    StandOn(place ? *place : search_.Best());
+  }
+  Count();
+  Widen();
+}
+
+void PickWindow::ReadOn() {
+  if (search_.Complete() && !model_->Failure()) return reading_.stop();
+  Show([this] {
+    QElapsedTimer since;
+    since.start();
+    while (!search_.Complete() && since.elapsed() < kSlice) search_.ReadOn(kBatch);
+  });
+}
+
+void PickWindow::Settle() {
+  const auto may_change = [this] { return search_.Looking() ? !search_.Complete() : search_.PresentMayCome(); };
+  if (moved_ || !may_change()) return;
+  Show([&] {
+    while (may_change()) search_.ReadOn(kBatch);
+  });
 }
 
 void PickWindow::GoTo(std::size_t row) {
-  Guard([&] {
-    model_->Reach(row);
-    const QModelIndex index = model_->index(static_cast<int>(row), 0);
-    table_->setCurrentIndex(index);
-    table_->scrollTo(index);
+  line_->clear();
+  Show([&] {
+    while (!search_.Complete() && search_.Read() <= row) search_.ReadOn(kBatch);
   });
+  moved_ = true;
+  if (const auto place = search_.PlaceOf(row)) StandOn(*place);
 }
+
+void PickWindow::Count() {
+  const QString read = Grouped(search_.Read());
+  const QString more = search_.Complete() ? QString() : QStringLiteral("…");
+  QString text = read + (search_.Read() == 1 && more.isEmpty() ? QStringLiteral(" fila") : QStringLiteral(" filas"));
+  if (search_.Looking()) text = Grouped(search_.Shown()) + QStringLiteral(" de ") + read;
+  if (search_.Looking() && search_.Shown() == 0) text = QStringLiteral("Ninguna fila lo contiene, de ") + read;
+  text += more;
+  if (text == count_->text()) return;
+  count_->setText(text);
+  QAccessibleEvent changed(count_, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&changed);
+}
+
+// Once more turns the order round, a third time brings back that of the list.
+void PickWindow::SortBy(int section) {
+  if (!model_->HasHeadings() || section >= model_->columnCount({})) return;
+  Settle();
+  const bool same = sorted_ == section;
+  const bool descending = same && !descending_;
+  const bool none = same && descending_;
+  sorted_ = none ? -1 : section;
+  descending_ = descending;
+  table_->horizontalHeader()->setSortIndicator(sorted_, descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+  moved_ = moved_ || !search_.Looking();
+  Show([&] { search_.Sort(none ? std::nullopt : std::optional(model_->ColumnAt(section)), descending); });
+}
+
+// Keys.
 
 void PickWindow::Walk(int steps) {
-  Type({});
-  Guard([&] {
-    const auto row = static_cast<std::size_t>(std::max(table_->currentIndex().row() + steps, 0));
-    model_->Reach(row);
-    if (rows_.Reached() > 0) GoTo(std::min(row, rows_.Reached() - 1));
-  });
+  if (!search_.Looking()) Settle();
+  const int rows = model_->rowCount({});
+  if (rows == 0) return;
+  const int place = std::clamp(table_->currentIndex().row() + steps, 0, rows - 1);
+  moved_ = true;
+  StandOn(static_cast<std::size_t>(place));
 }
 
-void PickWindow::Type(const QString& text) {
-  typed_ = text;
-  typed_label_->setText(text.isEmpty() ? QStringLiteral("Escriba para buscar. Intro elige, Esc sale.")
-                                       : QStringLiteral("Buscando: ") + text);
-}
-
-// Digits look in the codes first, letters in the texts: of the columns that hold it the likeliest decides.
-bool PickWindow::Search() {
-  std::vector<std::size_t> columns(rows_.Columns());
-  for (std::size_t i = 0; i < columns.size(); ++i) columns[i] = i;
-  const bool code = typed_.at(0).isDigit();
-  std::ranges::stable_partition(columns, [&](std::size_t column) { return (rows_.Kind(column) == kCodeKind) == code; });
-  const std::string text = FromQt(typed_);
-  const auto here = static_cast<std::size_t>(std::max(table_->currentIndex().row(), 0));
-  for (const std::size_t from : {here, std::size_t{0}}) {
-    for (const std::size_t column : columns) {
-      if (const auto row = rows_.Find(column, text, from)) {
-        GoTo(*row);
-        return true;
-      }
-    }
-    if (from == 0) break;
-  }
-  return false;
-}
-
-bool PickWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-  const auto& pressed = *static_cast<QKeyEvent*>(event);
-  if (HandleZoomKey(pressed)) return true;
+bool PickWindow::WalkBy(int key) {
+  const int all = static_cast<int>(rows_.Reached()) + 1;
   const int page = std::max(table_->viewport()->height() / std::max(table_->rowHeight(0), 1) - 1, 1);
-  switch (pressed.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      accept();
-      return true;
-    case Qt::Key_Escape:
-      reject();
-      return true;
+  switch (key) {
     case Qt::Key_Up:
       Walk(-1);
       return true;
@@ -196,40 +328,67 @@ bool PickWindow::eventFilter(QObject* watched, QEvent* event) {
       Walk(page);
       return true;
     case Qt::Key_Home:
-      Type({});
-      GoTo(0);
+      Walk(-all);
       return true;
     case Qt::Key_End:
-      Type({});
-      Guard([&] {
-        if (rows_.Total() > 0) GoTo(rows_.Total() - 1);
+      Show([this] {
+        while (!search_.Complete()) search_.ReadOn(kBatch);
       });
+      Walk(static_cast<int>(search_.Read()));
       return true;
-    case Qt::Key_Backspace:
-      Type(typed_.chopped(typed_.isEmpty() ? 0 : 1));
-      if (!typed_.isEmpty()) Guard([&] { Search(); });
+    default:
+      return false;
+  }
+}
+
+// Somebody who types fast means the row that all rows would give. With no hit there is nothing to take, and the window
+// stays.
+void PickWindow::Take() {
+  Settle();
+  if (Current()) return accept();
+  if (!search_.Looking()) return reject();
+  QApplication::beep();
+}
+
+bool PickWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+  auto& pressed = *static_cast<QKeyEvent*>(event);
+  if (HandleZoomKey(pressed)) return true;
+  const int key = pressed.key();
+  if ((pressed.modifiers() & Qt::ControlModifier) && key >= Qt::Key_1 && key <= Qt::Key_9) {
+    SortBy(key - Qt::Key_1);
+    return true;
+  }
+  if (!(pressed.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier)) && WalkBy(key)) return true;
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      Take();
       return true;
+    case Qt::Key_Escape:
+      reject();
+      return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+      return false;
     default:
       break;
   }
-  for (const Key& key : KeysOf(pressed)) {
-    if (key.text.empty() || (key.shift & (key::kControl | key::kAlt))) continue;
-    const bool fresh = typed_.isEmpty() || since_key_.elapsed() > kPauseThatEndsAWord;
-    since_key_.start();
-    const QString before = fresh ? QString() : typed_;
-    Type(before + ToQt(key.text));
-    Guard([&] {
-      if (Search()) return;
-      QApplication::beep();
-      Type(before);
-    });
-  }
+  if (watched != table_ || KeysOf(pressed).empty()) return false;
+  // What is typed belongs to the search line, wherever the keyboard is.
+  line_->setFocus();
+  QApplication::sendEvent(line_, event);
   return true;
 }
+
+// Sizes.
 
 void PickWindow::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   Widen();
+  reading_.start();  // closes the window again if it could not read the first rows
 }
 
 // Columns are as wide as what was to be seen so far, so they grow and never jump back.
@@ -239,7 +398,7 @@ void PickWindow::Widen() {
   const int gap = table_->fontMetrics().height();
   int all = table_->verticalScrollBar()->sizeHint().width() + 2 * table_->frameWidth();
   for (int column = 0; column < model_->columnCount({}); ++column) {
-    int width = table_->columnWidth(column);
+    int width = std::max(table_->columnWidth(column), HeadingWidth(column));
     for (int row = first; row < last; ++row) {
       const QString text = model_->data(model_->index(row, column), Qt::DisplayRole).toString();
       width = std::max(width, table_->fontMetrics().horizontalAdvance(text) + gap);
@@ -249,12 +408,16 @@ void PickWindow::Widen() {
   }
   const QMargins margins = layout()->contentsMargins();
   const int widest = screen()->availableGeometry().width() * 9 / 10;
-  const int shown = std::min(std::max(all, typed_label_->sizeHint().width()), widest);
+  const int shown = std::min(std::max(all, layout()->minimumSize().width() - margins.left() - margins.right()), widest);
   table_->setMinimumWidth(shown);
   // The mark of the current row goes to the edge.
   const int last_column = model_->columnCount({}) - 1;
   if (all < shown) table_->setColumnWidth(last_column, table_->columnWidth(last_column) + shown - all);
   if (width() < table_->minimumWidth() + margins.left() + margins.right()) adjustSize();
+}
+
+int PickWindow::HeadingWidth(int column) const {
+  return model_->HasHeadings() ? table_->horizontalHeader()->sectionSizeHint(column) : 0;
 }
 
 void PickWindow::Rescale() {
@@ -263,11 +426,12 @@ void PickWindow::Rescale() {
   table_->verticalHeader()->setMinimumSectionSize(height);
   table_->verticalHeader()->setDefaultSectionSize(height);
   for (int column = 0; column < model_->columnCount({}); ++column) table_->setColumnWidth(column, 0);
-  const int rows = std::clamp(model_->rowCount({}), 4, kRowsShown);
-  const int highest = screen()->availableGeometry().height() * 3 / 4;
-  const int wanted = std::min(rows * height + 2 * table_->frameWidth(), highest);
+  const int rows = std::clamp(static_cast<int>(search_.Read()), 4, kRowsShown);
+  const int headings = model_->HasHeadings() ? table_->horizontalHeader()->sizeHint().height() : 0;
+  const int highest = screen()->availableGeometry().height() * 3 / 5;
+  const int wanted = std::min(rows * height + headings + 2 * table_->frameWidth(), highest);
   table_->setMinimumHeight(wanted);
-  table_->setMaximumHeight(model_->rowCount({}) > kRowsShown ? QWIDGETSIZE_MAX : wanted);
+  table_->setMaximumHeight(static_cast<int>(search_.Read()) > kRowsShown ? QWIDGETSIZE_MAX : wanted);
   Widen();
   adjustSize();
 }

@@ -1,22 +1,22 @@
-// The window of a pick list: rows in columns, read as they come to sight.
+// The window of a pick list: a search line over the rows that hold what is typed there.
 #pragma once
 
 #include <QDialog>
-#include <QElapsedTimer>
-#include <exception>
+#include <QTimer>
 #include <optional>
 
-#include "common/row_list.hpp"
+#include "common/row_search.hpp"
 
 class QLabel;
+class QLineEdit;
 class QTableView;
 
 namespace zendara {
 
 class RowsModel;
 
-// Letters and digits look for the row that begins with them in any column, arrows and Page keys walk, Enter and a
-// double click take the row, Esc leaves.
+// The search line has the keyboard; arrows, Page keys, Home and End walk the rows, Ctrl with a digit or a click on a
+// heading sorts, Enter and a double click take the row, Esc leaves. Rows are read while nothing else is to be done.
 class PickWindow : public QDialog {
  public:
   // `rows` outlives the window.
@@ -24,31 +24,46 @@ class PickWindow : public QDialog {
 
   // The row taken, nothing if the window was left. Throws what reading the rows threw.
   std::optional<std::size_t> Chosen() const;
-  // Brings that row to sight, as the current one. REQUIRES: it exists.
+  // Brings that row to sight, as the current one, with no search. REQUIRES: it exists.
   void GoTo(std::size_t row);
   QTableView& Table() const { return *table_; }
+  QLineEdit& Line() const { return *line_; }
+  const RowSearch& Rows() const { return search_; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
+  void MakeTable(const QString& title);
+  void LayOut(const QString& title);
+  std::optional<std::size_t> Current() const;
+  void StandOn(std::size_t place);
+  // Changes what is shown, by the search, and shows it. An error closes the window and is thrown by Chosen.
+  template <typename Change>
+  void Show(Change change);
+  void ReadOn();
+  // Reads until no row that comes could be the current one in place of this.
+  void Settle();
   void Walk(int steps);
-  void Type(const QString& text);
-  bool Search();
+  bool WalkBy(int key);
+  void SortBy(int section);
+  void Take();
+  void Count();
   void Widen();
+  int HeadingWidth(int column) const;
   void Rescale();
-  // Runs something that reads rows; an error closes the window and is kept for Chosen.
-  template <typename Read>
-  void Guard(Read read);
 
   RowList& rows_;
+  RowSearch search_;
   RowsModel* model_;
   QTableView* table_;
-  QLabel* typed_label_;
-  QString typed_;
-  QElapsedTimer since_key_;
-  std::exception_ptr failure_;
+  QLineEdit* line_;
+  QLabel* count_;
+  QTimer reading_;
+  bool moved_ = false;  // the user has left the row on which the list begins, or the best of what was looked for
+  int sorted_ = -1;     // section of the heading
+  bool descending_ = false;
 };
 
 }  // namespace zendara

@@ -53,8 +53,9 @@ class RowPickerView : public ControlView {
         const bool marked = picker_.Marked() == row + 1;
         const QString shown = text(row + 1, column);
         QFont font = list_->font();
-        font.setBold(marked);
+        font.setBold(marked && column == 0);
         item.setFont(column, font);
+        item.setBackground(column, marked ? QBrush(tone::kHeading) : QBrush());
         item.setText(column, column > 0 ? shown : (marked ? QStringLiteral("▸ ") : QStringLiteral("   ")) + shown);
         item.setToolTip(column, shown);
       }

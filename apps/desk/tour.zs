@@ -19,6 +19,8 @@ focus Text1(1)
 pick "Óscar"
 key F2
 pick none
+key Ctrl+F
+pick none
 click Image1(10)
 page Tab1 1
 pick none

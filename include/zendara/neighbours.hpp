@@ -5,10 +5,12 @@
 // which shows them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -28,7 +30,40 @@ struct RowPlace {
   friend bool operator==(const RowPlace&, const RowPlace&) = default;
 };
 
-// A modal box with a title and rows, from which the user takes one or none. Both operations return when the user has
+// A text and the place where a row has it.
+struct PlacedText {
+  RowPlace place;
+  std::string text;
+};
+
+// How a list may show its rows, and on which of them it may begin. It changes nothing of what is returned.
+struct PickView {
+  std::vector<std::string> headings;  // of the columns of the row; none for fixed rows
+  std::vector<std::size_t> reading;   // the columns, from 0, in the order in which people read them
+  // What the fields hold that the row fills: the list begins on the row that has the first of these, and of several on
+  // the one that has the most of them, counted from the first. None for empty fields.
+  std::vector<PlacedText> present;
+  YearWindow years;  // of the rows' dates
+  // The rows begin sorted by that column and those that are read after it, but for the first `foremost` ones, which
+  // stay on top.
+  std::optional<std::size_t> sorted_by;
+  std::size_t foremost = 0;
+};
+
+// Rows that are made as the list reads them.
+class PickRows {
+ public:
+  virtual ~PickRows() = default;
+  // Puts the texts of the next row there, one for each column; false behind the last row. Its errors are those of the
+  // list.
+  virtual bool Siguiente(std::vector<std::string>& textos) = 0;
+};
+
+// A row as it is returned: each text padded with blanks to its width or cut to it, at its place. REQUIRES: as many of
+// both, the places one behind the other.
+std::string LayOutRow(const std::vector<std::string>& texts, const std::vector<RowPlace>& places);
+
+// A modal box with a title and rows, from which the user takes one or none. The operations return when the user has
 // chosen or given up. `marca_boton` is 0 when the last mouse movement over a look-up image had the right button alone
 // held (and before the first one), otherwise 1.
 class PickList {
@@ -52,6 +87,19 @@ class PickList {
   // Fixed rows; `resultado` is the chosen one, unchanged, or empty.
   virtual void ConsultaFija(const std::vector<std::string>& lineas, const std::string& titulo, std::int16_t marca_boton,
                             std::string& resultado) = 0;
+
+  // Rows that the caller makes; of the codes in `columnas` only the kinds count. To a list that does not know better
+  // they are fixed rows.
+  virtual void ConsultaFilas(const std::vector<std::string>& /*columnas*/, PickRows& filas,
+                             const std::vector<RowPlace>& lugares, const std::string& titulo, std::int16_t marca_boton,
+                             std::string& resultado) {
+    std::vector<std::string> lineas;
+    for (std::vector<std::string> textos; filas.Siguiente(textos);) lineas.push_back(LayOutRow(textos, lugares));
+    ConsultaFija(lineas, titulo, marca_boton, resultado);
+  }
+
+  // Called first, with how the rows of the call that follows may be shown.
+  virtual void Presenta(const PickView& /*vista*/) {}
 };
 
 // A rectangle in the window of a form, from the upper left corner of what is inside its border, in twips: 15 to the

@@ -5,11 +5,13 @@
 namespace zendara {
 
 std::optional<std::string> Consulta(const Sesion& sesion, const Lista& lista,
-                                    const std::vector<std::string>& parametros) {
+                                    const std::vector<std::string>& parametros,
+                                    const std::vector<std::string>& actuales) {
   if (lista.guarda != kSinGuarda && sesion.Tabla(lista.guarda).RecordCount() < 1) return std::nullopt;
 
   const std::unique_ptr<PickList> lista_abierta = CreatePickList(sesion.platform.components);
   const std::string titulo(lista.titulo);
+  lista_abierta->Presenta(VistaDe(lista, actuales, sesion.VentanaFechas));
   std::string resultado;
   if (lista.Fija()) {
     lista_abierta->ConsultaFija({lista.lineas.begin(), lista.lineas.end()}, titulo, sesion.MarcaBoton, resultado);

@@ -10,42 +10,53 @@
 namespace zendara {
 namespace {
 
+constexpr char kClaseCodigo = '1';  // the third digit of a column's code
+
 constexpr FicheroLista kFicheroEmpresa = {FileKind::kCompany, "Nom<code>.mdb"};
 constexpr FicheroLista kFicheroAno = {FileKind::kYear, "N<code><yy>.mdb"};
 constexpr FicheroLista kFicheroOficial = {FileKind::kOfficial, "Nom00a<yy>.mdb"};
 constexpr FicheroLista kFicheroGeneral = {FileKind::kEmpresas, "Empresas.mdb"};
 
 // A code and its description, as most lists have them.
-constexpr ColumnaLista kCodigoNombre[] = {{"001", {1, 3}}, {"010", {4, 30}}};
+constexpr ColumnaLista kCodigoNombre[] = {{"001", {1, 3}, "Código", 1}, {"010", {4, 30}, "Descripción", 2}};
 constexpr CorteLista kCortesCodigoNombre[] = {{1, 3}, {4, kHastaColumna}};
 constexpr CorteLista kPrimerCaracter[] = {{1, 1}};
 
 // Worker screen.
 
-constexpr ColumnaLista kColumnasFicha[] = {{"020", {1, 22}}, {"030", {23, 17}}, {"010", {40, 22}}, {"001", {62, 5}}};
+constexpr ColumnaLista kColumnasFicha[] = {{"020", {1, 22}, "Apellido 2", 3},
+                                           {"030", {23, 17}, "Nombre", 4},
+                                           {"010", {40, 22}, "Apellido 1", 2},
+                                           {"001", {62, 5}, "Número", 1}};
 constexpr CorteLista kCortesFicha[] = {{62, 5, true}};
 
 constexpr CorteLista kCortesCalles[] = {{1, kHastaColumna}};
 
-constexpr ColumnaLista kColumnasFormasPago[] = {{"001", {1, 2}}, {"010", {3, 30}}};
+constexpr ColumnaLista kColumnasFormasPago[] = {{"001", {1, 2}, "Código", 1}, {"010", {3, 30}, "Descripción", 2}};
 constexpr CorteLista kCortesFormasPago[] = {{1, 2}, {3, 30}};
 
-constexpr ColumnaLista kColumnasSituaciones[] = {{"032", {1, 8}}, {"011", {9, 7}}, {"020", {16, 30}}};
+constexpr ColumnaLista kColumnasSituaciones[] = {
+    {"032", {1, 8}, "Inicio", 3}, {"011", {9, 7}, "Número", 1}, {"020", {16, 30}, "Descripción", 2}};
 constexpr CorteLista kCortesSituaciones[] = {{9, kHastaColumna}, {16, kHastaColumna}, {1, 8}};
 
-constexpr ColumnaLista kColumnasConvenios[] = {{"010", {1, 25}}, {"001", {26, 7}}};
+constexpr ColumnaLista kColumnasConvenios[] = {{"010", {1, 25}, "Convenio", 2}, {"001", {26, 7}, "Código", 1}};
 constexpr CorteLista kCortesConvenios[] = {{26, 7}, {1, 25}};
 
-constexpr ColumnaLista kColumnasCategorias[] = {{"021", {1, 2}}, {"030", {3, 15}}};
+constexpr ColumnaLista kColumnasCategorias[] = {{"021", {1, 2}, "Código", 1}, {"030", {3, 15}, "Categoría", 2}};
 constexpr CorteLista kCortesCategorias[] = {{1, 2}, {3, 15}};
 
-constexpr ColumnaLista kColumnasEpigrafes[] = {{"001", {1, 3}}, {"010", {4, 50}}};
+constexpr ColumnaLista kColumnasEpigrafes[] = {{"001", {1, 3}, "Código", 1}, {"010", {4, 50}, "Descripción", 2}};
 
-constexpr ColumnaLista kColumnasContratos[] = {{"020", {1, 34}}, {"001", {35, 5}}, {"011", {40, 4}}, {"041", {44, 10}}};
+constexpr ColumnaLista kColumnasContratos[] = {{"020", {1, 34}, "Modalidad", 3},
+                                               {"001", {35, 5}, "Contrato", 1},
+                                               {"011", {40, 4}, "Tipo", 2},
+                                               {"041", {44, 10}, "Bonificación", 4}};
 constexpr CorteLista kCortesContratos[] = {{35, kHastaColumna}, {40, kHastaColumna}};
 
-constexpr ColumnaLista kColumnasTiposContrato[] = {
-    {"011", {1, 2}}, {"020", {3, 34}}, {"030", {37, 13}}, {"041", {50, 10}}};
+constexpr ColumnaLista kColumnasTiposContrato[] = {{"011", {1, 2}, "Tipo", 1},
+                                                   {"020", {3, 34}, "Modalidad", 2},
+                                                   {"030", {37, 13}, "Disposición", 3},
+                                                   {"041", {50, 10}, "Bonificación", 4}};
 // The first piece reaches into the next column; the field that takes it holds two characters.
 constexpr CorteLista kCortesTiposContrato[] = {{1, 3}, {3, kHastaColumna}, {37, kHastaColumna}, {50, kHastaColumna}};
 
@@ -83,12 +94,14 @@ constexpr CorteLista kCortesGruposTarifa[] = {{1, 2}, {5, kHastaColumna}};
 
 // Incident screens.
 
-constexpr ColumnaLista kColumnasTrabajadores[] = {
-    {"001", {1, 5}}, {"010", {6, 22}}, {"020", {28, 22}}, {"030", {50, 25}}};
+constexpr ColumnaLista kColumnasTrabajadores[] = {{"001", {1, 5}, "Número", 1},
+                                                  {"010", {6, 22}, "Apellido 1", 2},
+                                                  {"020", {28, 22}, "Apellido 2", 3},
+                                                  {"030", {50, 25}, "Nombre", 4}};
 // The first surname is cut from the last character of the number on.
 constexpr CorteLista kCortesTrabajadores[] = {{1, 5}, {5, 23}, {28, 22}, {50, 25}};
 
-constexpr ColumnaLista kColumnasFechas[] = {{"032,042", {1, 8}}};
+constexpr ColumnaLista kColumnasFechas[] = {{"032,042", {1, 8}, "Fecha", 1}};
 constexpr CorteLista kCortesFechas[] = {{1, 8}};
 
 constexpr std::string_view kTiposIT[] = {
@@ -99,16 +112,17 @@ constexpr CorteLista kCortesTiposIT[] = {{1, 1}, {5, 30}};
 constexpr std::string_view kTiposESP[] = {"1 - Vacaciones", "2 - Huelga "};
 constexpr CorteLista kCortesTiposESP[] = {{1, 1}, {4, 30}};
 
-constexpr ColumnaLista kColumnasSituacionesTrabajador[] = {{"020", {1, 32}}, {"011", {33, 3}}};
+constexpr ColumnaLista kColumnasSituacionesTrabajador[] = {{"020", {1, 32}, "Descripción", 2},
+                                                           {"011", {33, 3}, "Número", 1}};
 constexpr CorteLista kCortesSituacionesTrabajador[] = {{33, 3}};
 
-constexpr ColumnaLista kColumnasConceptos[] = {{"040", {1, 10}}, {"031", {11, 3}}};
+constexpr ColumnaLista kColumnasConceptos[] = {{"040", {1, 10}, "Descripción", 2}, {"031", {11, 3}, "Concepto", 1}};
 constexpr CorteLista kCortesConceptos[] = {{11, 3}, {1, 10}};
 
 // Listing screens.
 
-constexpr ColumnaLista kColumnasConIncidencias[] = {{"010", {1, 37}}, {"001", {38, 5}}};
-constexpr ColumnaLista kColumnasConVariables[] = {{"020", {1, 37}}, {"011", {38, 5}}};
+constexpr ColumnaLista kColumnasConIncidencias[] = {{"010", {1, 37}, "Trabajador", 2}, {"001", {38, 5}, "Número", 1}};
+constexpr ColumnaLista kColumnasConVariables[] = {{"020", {1, 37}, "Trabajador", 2}, {"011", {38, 5}, "Número", 1}};
 constexpr CorteLista kCortesConIncidencias[] = {{38, 5}, {1, 37}};
 
 constexpr std::string_view kMeses[] = {
@@ -379,6 +393,27 @@ std::string ConsultaDe(const Lista& lista, const std::vector<std::string>& param
     resto.remove_prefix(marca + kParametroLista.size());
   }
   return sql += resto;
+}
+
+// Codes alone tell a row: the text of another column may have been cut, or changed since the field was filled.
+PickView VistaDe(const Lista& lista, const std::vector<std::string>& actuales, YearWindow ventana) {
+  PickView vista;
+  vista.years = ventana;
+  for (std::size_t i = 0; i < lista.columnas.size(); ++i) {
+    vista.headings.emplace_back(lista.columnas[i].encabezado);
+    vista.reading.push_back(i);
+  }
+  std::ranges::sort(vista.reading, {}, [&](std::size_t columna) { return lista.columnas[columna].turno; });
+  for (std::size_t i = 0; i < std::min(actuales.size(), lista.cortes.size()); ++i) {
+    const auto empieza = [&](const ColumnaLista& c) { return c.lugar.start == lista.cortes[i].inicio; };
+    const auto columna = std::ranges::find_if(lista.columnas, empieza);
+    const bool hay = columna != lista.columnas.end();
+    if (i == 0 && actuales[i].empty()) break;
+    if (i > 0 && (!hay || columna->codigo.back() != kClaseCodigo)) continue;
+    const RowPlace corte = {lista.cortes[i].inicio, lista.cortes[i].largo};
+    vista.present.push_back({hay ? columna->lugar : corte, actuales[i]});
+  }
+  return vista;
 }
 
 // Lines are a code, blanks, a dash, and the text between blanks.

@@ -15,6 +15,8 @@ namespace zendara {
 struct ColumnaLista {
   std::string_view codigo;  // as PickList::ConsultaLista takes it
   RowPlace lugar;
+  std::string_view encabezado;
+  int turno = 0;  // from 1, in the order in which people read the columns
 };
 
 // A piece that the screen takes from the returned row, in characters, start from 1.
@@ -86,6 +88,8 @@ std::span<const Lista* const> Listas();
 
 // The query with its parameters, in their order, a quote in them doubled. REQUIRES: as many as it has marks.
 std::string ConsultaDe(const Lista& lista, const std::vector<std::string>& parametros);
+// How its rows are shown; they begin on the one whose pieces are `actuales`.
+PickView VistaDe(const Lista& lista, const std::vector<std::string>& actuales, YearWindow ventana);
 // What a code stands for in the lines of a fixed list; empty for none of its codes.
 std::string_view TextoDeCodigo(const Lista& lista, std::string_view codigo);
 // The pieces of a returned row, one for each of `cortes`.

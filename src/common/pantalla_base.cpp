@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/buscador.hpp"
 #include "common/vertical.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
@@ -16,6 +17,9 @@ namespace {
 constexpr std::string_view kAyuda = "\\Quelvat.hlp";
 constexpr std::string_view kColorInicial = "16744576";
 constexpr std::string_view kColorFinal = "12632319";
+
+constexpr int kTeclaBuscar = 'F';
+constexpr int kTeclaNuevo = 'N';
 
 // Panels of the title row and of the banner.
 enum Panel { kPanelCodigo = 6, kPanelNombre = 7, kPanelAno = 8, kPanelAnuncio = 25 };
@@ -162,6 +166,16 @@ void PantallaBase::OnKeyDown(int& code, int shift) {
     if (!filas || !filas->Step(atras ? -1 : 1)) FocusNext(atras);
     return;
   }
+  if (shift == key::kControl && numero_trabajador_ && numero_trabajador_->CanFocus()) {
+    if (code == kTeclaBuscar) {
+      code = 0;
+      Guarda([this] { BuscaTrabajador(); });
+    } else if (code == kTeclaNuevo && da_altas_) {
+      code = 0;
+      Guarda([this] { NuevoTrabajador(); });
+    }
+    return;
+  }
   if (shift != key::kAlt) return;
   const std::pair<int, Button*> ciclo[] = {
       {key::kEnd, fin_}, {key::kHome, inicio_}, {key::kLeft, anterior_}, {key::kRight, siguiente_}};
@@ -187,6 +201,31 @@ void PantallaBase::TeclaDeTexto(TextBox& campo, int& caracter) {
   if (campo.Alignment() == Alignment::kRight) FiltroTecla(caracter, campo);
   if (caracter < key::kSpace || Host().insert_on || campo.SelLength() != 0) return;
   if (campo.SelStart() < static_cast<int>(Len(campo.Text()))) campo.Select(campo.SelStart(), 1);
+}
+
+// Workers.
+
+void PantallaBase::ApuntaTrabajador(const std::string& numero) { ApuntaVisto(sesion_, numero); }
+
+void PantallaBase::BuscaTrabajador() {
+  const std::string numero = EligeTrabajador(sesion_, Trim(numero_trabajador_->Text()));
+  if (!numero.empty()) EntraTrabajador(numero);
+}
+
+void PantallaBase::NuevoTrabajador() {
+  const std::string numero = NumeroLibre(sesion_);
+  if (numero.empty()) return Mensaje("No queda libre ningún número de trabajador");
+  EntraTrabajador(numero);
+}
+
+// What is left first may keep the focus.
+void PantallaBase::EntraTrabajador(const std::string& numero) {
+  TextBox& campo = *numero_trabajador_;
+  campo.SetFocus();
+  if (Focus() != &campo) return;
+  campo.Select(0, static_cast<int>(Len(campo.Text())));
+  Paste(numero);
+  FocusNextField();
 }
 
 // The calculator is asked for by a class name that no window has, so as a rule it is started anew.

@@ -65,6 +65,15 @@ class PantallaBase : public Form, public Pantalla {
   // A button that opens another screen: while that one cannot be opened it is disabled, and its hint says why.
   void PonPantalla(Button& boton, std::string_view pantalla);
 
+  // The field of the worker's number, if the screen has one: Ctrl+F finds a worker for it and, where new ones are
+  // entered, Ctrl+N gives it the next free number.
+  void PonNumeroTrabajador(TextBox& campo, bool da_altas = false) {
+    numero_trabajador_ = &campo;
+    da_altas_ = da_altas;
+  }
+  // A worker is shown: the next search has him among the first.
+  void ApuntaTrabajador(const std::string& numero);
+
   // What is the screen's own.
   virtual void EntradaCampo(int /*indice*/) {}   // before the caret goes to the end
   virtual void SalidaCampo(int /*indice*/) {}    // after the field is grey again
@@ -99,9 +108,15 @@ class PantallaBase : public Form, public Pantalla {
 
  private:
   void OrdenaParadas();
+  void BuscaTrabajador();
+  void NuevoTrabajador();
+  // Into its field as by the user's hand, and out of it.
+  void EntraTrabajador(const std::string& numero);
   void AbreCalculadora();
   void AlSalir();
 
+  TextBox* numero_trabajador_ = nullptr;
+  bool da_altas_ = false;
   std::unique_ptr<Banner> anuncio_;
   std::int32_t ventana_anuncio_ = 0;  // that it was given
 };

@@ -13,25 +13,7 @@
 namespace zendara {
 namespace {
 
-// Small letters with the marks that a search does not ask for; ñ is a letter of its own.
-constexpr std::pair<std::string_view, char> kPlainLetters[] = {
-    {"á", 'a'}, {"à", 'a'}, {"â", 'a'}, {"ä", 'a'}, {"ã", 'a'}, {"å", 'a'}, {"é", 'e'}, {"è", 'e'}, {"ê", 'e'},
-    {"ë", 'e'}, {"í", 'i'}, {"ì", 'i'}, {"î", 'i'}, {"ï", 'i'}, {"ó", 'o'}, {"ò", 'o'}, {"ô", 'o'}, {"ö", 'o'},
-    {"õ", 'o'}, {"ú", 'u'}, {"ù", 'u'}, {"û", 'u'}, {"ü", 'u'}, {"ý", 'y'}, {"ÿ", 'y'}, {"ç", 'c'},
-};
-
-std::string Plain(std::string_view text) {
-  const std::string small = LCase(text);
-  std::string plain;
-  for (std::size_t i = 0; i < small.size();) {
-    const std::string_view two = std::string_view(small).substr(i, 2);
-    const auto letter = std::ranges::find(kPlainLetters, two, &std::pair<std::string_view, char>::first);
-    const bool marked = letter != std::end(kPlainLetters);
-    plain += marked ? letter->second : small[i];
-    i += marked ? 2 : 1;
-  }
-  return plain;
-}
+constexpr char kTextEnd = '\0';
 
 std::string TextOf(const Value& value) {
   if (value.IsNull()) return {};
@@ -46,16 +28,29 @@ int OrdinalOf(const std::vector<ColumnDef>& columns, std::string_view code) {
   return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
+// A code without the zeros on its left.
+std::string_view Stripped(std::string_view code) {
+  code.remove_prefix(std::min(code.find_first_not_of('0'), code.size()));
+  return code;
+}
+
 }  // namespace
+
+void RowList::TakeColumns(const std::vector<std::string>& columns, const std::vector<RowPlace>& places) {
+  if (columns.size() != places.size()) throw RuntimeError(kInvalidCall);
+  int next = 1;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (places[i].start < next || places[i].width < 0 || columns[i].empty()) throw RuntimeError(kInvalidCall);
+    next = places[i].start + places[i].width;
+    columns_.push_back({.kind = columns[i].back() - '0'});
+  }
+  places_ = places;
+  Present({});
+}
 
 RowList::RowList(Engine& engine, const std::string& base, const std::string& sql,
                  const std::vector<std::string>& columns, const std::vector<RowPlace>& places) {
-  if (columns.size() != places.size()) throw RuntimeError(kInvalidCall);
-  int next = 1;
-  for (const RowPlace& place : places) {
-    if (place.start < next || place.width < 0) throw RuntimeError(kInvalidCall);
-    next = place.start + place.width;
-  }
+  TakeColumns(columns, places);
   rs_ = engine.Workspaces(0)->OpenDatabase(base)->OpenRecordset(sql);
   for (std::size_t i = 0; i < columns.size(); ++i) {
     int ordinal = -1;
@@ -67,14 +62,35 @@ RowList::RowList(Engine& engine, const std::string& base, const std::string& sql
       rest.remove_prefix(std::min(code.size() + 1, rest.size()));
     }
     if (ordinal < 0) throw RuntimeError(kItemNotFound, {}, "no column " + columns[i] + " in: " + sql);
-    columns_.push_back({kind - '0', ordinal, places[i]});
+    columns_[i].kind = kind - '0';
+    columns_[i].ordinal = ordinal;
   }
 }
 
-RowList::RowList(std::vector<std::string> lines) : columns_(1), lines_(std::move(lines)), complete_(true) {}
+RowList::RowList(PickRows& rows, const std::vector<std::string>& columns, const std::vector<RowPlace>& places)
+    : made_(&rows) {
+  TakeColumns(columns, places);
+}
+
+RowList::RowList(std::vector<std::string> lines) : columns_(1), lines_(std::move(lines)), complete_(true) {
+  Present({});
+}
+
+void RowList::Present(PickView view) {
+  view_ = std::move(view);
+  if (view_.reading.empty()) {
+    for (std::size_t i = 0; i < columns_.size(); ++i) view_.reading.push_back(i);
+  }
+}
 
 bool RowList::Reach(std::size_t row) {
-  while (!complete_ && reached_.size() <= row) {
+  while (made_ && !complete_ && lines_.size() <= row) {
+    complete_ = !made_->Siguiente(texts_);
+    if (complete_) break;
+    std::string& line = lines_.emplace_back();
+    for (const std::string& text : texts_) (line += text) += kTextEnd;
+  }
+  while (rs_ && !complete_ && reached_.size() <= row) {
     if (!reached_.empty()) {
       rs_->GoTo(reached_.back());
       rs_->MoveNext();
@@ -96,30 +112,29 @@ Value RowList::Stored(std::size_t row, std::size_t column) const {
 }
 
 std::string RowList::Cell(std::size_t row, std::size_t column) const {
-  return rs_ ? TextOf(Stored(row, column)) : lines_[row];
+  if (rs_) return TextOf(Stored(row, column));
+  std::string_view line = lines_[row];
+  if (!made_) return std::string(line);
+  for (; column > 0; --column) line.remove_prefix(line.find(kTextEnd) + 1);
+  return std::string(line.substr(0, line.find(kTextEnd)));
 }
 
 std::string RowList::Row(std::size_t row) const {
-  if (!rs_) return lines_[row];
-  std::string text;
-  std::size_t width = 0;
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const RowPlace& place = columns_[i].place;
-    const auto start = static_cast<std::size_t>(place.start - 1);
-    text.append(start - width, ' ');
-    text += Fit(Cell(row, i), static_cast<std::size_t>(place.width));
-    width = start + static_cast<std::size_t>(place.width);
-  }
-  return text;
+  if (places_.empty()) return lines_[row];
+  std::vector<std::string> texts;
+  for (std::size_t i = 0; i < columns_.size(); ++i) texts.push_back(Cell(row, i));
+  return LayOutRow(texts, places_);
 }
 
-std::optional<std::size_t> RowList::Find(std::size_t column, std::string_view text, std::size_t from) {
-  const std::string wanted = Plain(text);
-  const int length = static_cast<int>(Len(text));
-  for (std::size_t row = from; Reach(row); ++row) {
-    if (Plain(Left(Cell(row, column), length)) == wanted) return row;
-  }
-  return std::nullopt;
+std::size_t RowList::PresentIn(std::size_t row) const {
+  const auto has = [&](const PlacedText& wanted) {
+    const auto column = std::ranges::find(places_, wanted.place);
+    const std::string held =
+        Trim(column != places_.end() ? Cell(row, static_cast<std::size_t>(column - places_.begin()))
+                                     : Mid(Row(row), wanted.place.start, wanted.place.width));
+    return !held.empty() && Stripped(held) == Stripped(wanted.text);
+  };
+  return static_cast<std::size_t>(std::ranges::find_if_not(view_.present, has) - view_.present.begin());
 }
 
 }  // namespace zendara

@@ -1,12 +1,10 @@
-// The rows of an open pick list, for every front end: read from the query as they come to sight, laid out into the text
-// that the list returns, searched as the user types.
+// The rows of an open pick list, for every front end: read as they are needed, laid out into the text that the list
+// returns.
 #pragma once
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "zendara/neighbours.hpp"
@@ -21,8 +19,16 @@ class RowList {
   // one a column; 3265 for a column that the query does not have.
   RowList(Engine& engine, const std::string& base, const std::string& sql, const std::vector<std::string>& columns,
           const std::vector<RowPlace>& places);
+  // The arguments of PickList::ConsultaFilas; `rows` outlives the list. Error 5 as above.
+  RowList(PickRows& rows, const std::vector<std::string>& columns, const std::vector<RowPlace>& places);
   // Fixed rows: one column, each line as it is.
   explicit RowList(std::vector<std::string> lines);
+
+  // What PickList::Presenta was given; headings and order are those of the row's columns until then.
+  void Present(PickView view);
+  const PickView& View() const { return view_; }
+  // The columns in the order in which people read them.
+  const std::vector<std::size_t>& Reading() const { return view_.reading; }
 
   std::size_t Columns() const { return columns_.size(); }
   // The third digit of the code: 0 text, 1 code, 2 date.
@@ -40,25 +46,28 @@ class RowList {
   std::string Cell(std::size_t row, std::size_t column) const;
   // The row as the list returns it. REQUIRES: the row was reached.
   std::string Row(std::size_t row) const;
-
-  // The first row from `from` on whose column starts with `text`, without regard to case and accents. Reads no
-  // further than that row.
-  std::optional<std::size_t> Find(std::size_t column, std::string_view text, std::size_t from);
+  // How many of the texts of PickView::present the row has, from the first on; zeros on the left do not count.
+  // REQUIRES: it was reached.
+  std::size_t PresentIn(std::size_t row) const;
 
  private:
   struct Column {
     int kind = 0;
     int ordinal = 0;  // in the query
-    RowPlace place;
   };
 
+  void TakeColumns(const std::vector<std::string>& columns, const std::vector<RowPlace>& places);
   Value Stored(std::size_t row, std::size_t column) const;
 
-  std::shared_ptr<Recordset> rs_;  // none for fixed rows
-  std::vector<Column> columns_;
-  std::vector<Bookmark> reached_;  // of the rows reached
-  std::vector<std::string> lines_;
+  std::shared_ptr<Recordset> rs_;   // of a query
+  PickRows* made_ = nullptr;        // rows that the caller makes
+  std::vector<Column> columns_;     // in the row
+  std::vector<RowPlace> places_;    // theirs; none of fixed rows
+  std::vector<Bookmark> reached_;   // of the rows of the query
+  std::vector<std::string> lines_;  // the other rows; of those that are made the texts, each with its end
+  std::vector<std::string> texts_;  // of the row that is being made
   bool complete_ = false;
+  PickView view_;
 };
 
 }  // namespace zendara

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "runtime/text.hpp"
 #include "zendara/platform.hpp"
@@ -59,6 +60,9 @@ struct Sesion {
   // 0 if the last mouse movement over a look-up image was with the right button alone held, and before the first one;
   // otherwise 1.
   std::int16_t MarcaBoton = 0;
+
+  // Workers that screens have shown, the latest one first, each once: the company's code and their number.
+  std::vector<std::pair<std::string, std::string>> TrabajadoresVistos;
 
   // Scratch that every screen uses; nothing reads it after the operation that set it.
   std::string SqlTexto;

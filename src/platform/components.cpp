@@ -26,6 +26,18 @@ const Components& Registered(const Components* components) {
 
 }  // namespace
 
+std::string LayOutRow(const std::vector<std::string>& texts, const std::vector<RowPlace>& places) {
+  std::string row;
+  std::size_t width = 0;
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const auto start = static_cast<std::size_t>(places[i].start - 1);
+    row.append(start - width, ' ');
+    row += Fit(texts[i], static_cast<std::size_t>(places[i].width));
+    width = start + static_cast<std::size_t>(places[i].width);
+  }
+  return row;
+}
+
 void Components::Register(std::string_view name, Factory<PickList> factory) {
   factories_[LCase(name)] = std::move(factory);
 }

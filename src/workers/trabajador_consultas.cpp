@@ -72,7 +72,9 @@ void Trabajadores::AbreLista(int indice) {
     ficha_.ControlDe(campo)->SetFocus();
     std::vector<std::string> parametros;
     if (consulta->parametro) parametros.push_back(ficha_.TextoRecortado(*consulta->parametro));
-    const std::string fila = Consulta(sesion_, *consulta->lista, parametros).value_or("");
+    std::vector<std::string> actuales;
+    for (const CampoTrabajador lleno : consulta->llena) actuales.push_back(ficha_.TextoRecortado(lleno));
+    const std::string fila = Consulta(sesion_, *consulta->lista, parametros, actuales).value_or("");
     if (!fila.empty()) {
       const std::vector<std::string> cortes = CortaFila(*consulta->lista, fila);
       for (std::size_t i = 0; i < cortes.size(); ++i) ficha_.Pon(consulta->llena[i], cortes[i]);

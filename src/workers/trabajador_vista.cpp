@@ -53,6 +53,7 @@ void Trabajadores::MostrarTrabajador() {
     // A number typed over the one shown is another one.
     TrabajadorAnterior = TextoRecortado(kNumero);
     SituacionAnterior = TextoRecortado(kSituacion);
+    ApuntaTrabajador(TrabajadorAnterior);
     // What is written later on the situación shown is written where its table stands.
     Recordset& var = sesion_.Tabla(kTrabajadoresVar);
     var.SetIndex("Icampo0_1");

@@ -104,6 +104,7 @@ void Trabajadores::Conecta() {
   anterior_ = &Anterior;
   siguiente_ = &Siguiente;
   fin_ = &Fin;
+  PonNumeroTrabajador(Text1(kNumero), true);
 
   const auto guardado = [this](void (Trabajadores::*rutina)()) {
     return [this, rutina](int) { Guarda([&] { (this->*rutina)(); }); };

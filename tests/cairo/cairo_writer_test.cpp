@@ -7,11 +7,11 @@
 #include <fstream>
 #include <iterator>
 
-#include "support/pdf.hpp"
 #include "print/record_document.hpp"
 #include "support/disk_faults.hpp"
 #include "support/errors.hpp"
 #include "support/fake_form_host.hpp"
+#include "support/pdf.hpp"
 #include "support/sample_form.hpp"
 #include "support/temp_folder.hpp"
 

@@ -113,6 +113,8 @@ TEST_F(ListasTest, TheCutsGiveTheColumnsOfTheFirstRowBack) {
     SCOPED_TRACE(c.lista->titulo);
     EXPECT_EQ(CortaFila(*c.lista, Consulta(sesion, *c.lista, c.parametros).value()), c.pieces);
     EXPECT_EQ(picking.filas, c.rows);
+    Consulta(sesion, *c.lista, c.parametros, c.pieces);
+    EXPECT_EQ(picking.presentes > 0, c.lista != &kListaTiposContrato) << "the field holds less than the piece";
     EXPECT_EQ(CortaFila(*c.lista, ""), Texts(c.pieces.size())) << "what a listing screen does with no choice";
   }
   EXPECT_EQ(Consulta(sesion, kListaConceptosTrabajador, {"03", "O'H", "001"}), "");

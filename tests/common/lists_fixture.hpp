@@ -24,12 +24,14 @@ namespace zendara {
 struct Picking {
   std::string titulo;
   std::size_t filas = 0;
+  std::size_t presentes = 0;  // texts of the fields that the first row has
   std::optional<std::size_t> elegida = 0;
 
   ChooseRow Choice() {
     return [this](const std::string& title, RowList& rows) {
       titulo = title;
       filas = rows.Total();
+      presentes = filas > 0 ? rows.PresentIn(0) : 0;
       return filas > 0 ? elegida : std::nullopt;
     };
   }

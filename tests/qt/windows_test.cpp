@@ -1,12 +1,16 @@
 // Boxes, pick lists and help.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTextBrowser>
+#include <map>
 
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/keys.hpp"
@@ -14,6 +18,7 @@
 #include "adapters/qt/pick_window.hpp"
 #include "adapters/script/script_keys.hpp"
 #include "qt/demo_form.hpp"
+#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
@@ -97,7 +102,7 @@ TEST_F(WindowsTest, TheDetailOfAQuestionIsReadWithoutAnsweringIt) {
 TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {
   std::vector<std::string> lines;
   for (int i = 0; i < 1000; ++i) lines.push_back(std::to_string(1000 + i) + " fila");
-  lines[700] = "Ñíguez";
+  lines[700] = "Ñíguez, la última";
   RowList rows(lines);
   const auto pick = [&](std::vector<Key> keys) {
     PickWindow window("Filas", rows, nullptr);
@@ -105,19 +110,70 @@ TEST_F(WindowsTest, AListIsWalkedAndSearchedByKeys) {
     window.exec();
     return window.Chosen();
   };
-  EXPECT_EQ(pick({Code(key::kEnd), Code(key::kDown), Code(key::kUp), Code(key::kEnter)}), 998U);
-  EXPECT_EQ(pick({Code(key::kEnd), Code(key::kHome), Code(key::kUp), Code(key::kEnter)}), 0U);
-  EXPECT_EQ(pick({Code(key::kEnd), Sign("ñ"), Sign("i"), Code(key::kEnter)}), 700U);       // from the top again
-  EXPECT_EQ(pick({Sign("1"), Sign("x"), Sign("5"), Sign("0"), Code(key::kEnter)}), 500U);  // "x" is nowhere: dropped
-  const auto page = pick({Code(key::kPageDown), Code(key::kPageDown), Code(key::kPageUp), Code(key::kEnter)});
+  const Key enter = Code(key::kEnter);
+  EXPECT_EQ(pick({Code(key::kEnd), Code(key::kDown), Code(key::kUp), enter}), 998U);
+  EXPECT_EQ(pick({Code(key::kEnd), Code(key::kHome), Code(key::kUp), enter}), 0U);
+  EXPECT_EQ(pick({Code(key::kEnd), Sign("u"), Sign("l"), Sign(" "), Sign("Ñ"), enter}), 700U);
+  EXPECT_EQ(pick({Sign("9"), Sign("5"), Code(key::kEnd), Code(key::kUp), enter}), 959U) << "1095 ... 1959, 1995";
+  EXPECT_EQ(pick({Sign("x"), enter, enter, Code(key::kEsc)}), std::nullopt) << "no hit";
+  EXPECT_EQ(pick({Sign("x"), Code(key::kBack), Sign("5"), Sign("0"), Sign("0"), enter}), 500U);
+  const auto page = pick({Code(key::kPageDown), Code(key::kPageDown), Code(key::kPageUp), enter});
   EXPECT_GT(page.value_or(0), 10U);
   EXPECT_LT(page.value_or(0), 40U);
 
   RowList none({});
   PickWindow empty("Nada", none, nullptr);
-  PressSoon({Code(key::kEnd), Code(key::kEnter)});
+  PressSoon({Code(key::kEnd), enter});
   empty.exec();
   EXPECT_EQ(empty.Chosen(), std::nullopt);
+
+  // A screen reader has a name for each, and the label that belongs to it.
+  std::map<QWidget*, QString> labels;
+  for (const auto* label : empty.findChildren<QLabel*>()) labels[label->buddy()] = label->text();
+  for (QWidget* widget : {static_cast<QWidget*>(&empty.Table()), static_cast<QWidget*>(&empty.Line())}) {
+    const bool is_table = widget == &empty.Table();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name), is_table ? "Nada" : "Buscar");
+    EXPECT_EQ(labels[widget], is_table ? "Nada" : "&Buscar:");
+  }
+}
+
+// Rows that come slowly, far more than the window reads before it is shown.
+TEST_F(WindowsTest, AListBeginsOnThePresentRowAndTakesTheRightOneHoweverItIsSorted) {
+  struct Made : PickRows {
+    bool Siguiente(std::vector<std::string>& textos) override {
+      textos = {QString("%1").arg(at, 4, 10, QLatin1Char('0')).toStdString(),
+                QString("%1").arg((at * 7) % 5000, 4).toStdString()};
+      if (at == fails_at) throw RuntimeError(kObjectClosed);
+      return at++ < 5000;
+    }
+    int fails_at = -1;
+    int at = 0;
+  };
+  const std::vector<RowPlace> places = {{1, 4}, {6, 4}};
+  const auto pick = [&](const std::string& present, std::vector<Key> keys, int fails_at = -1) {
+    Made made;
+    made.fails_at = fails_at;
+    RowList rows(made, {"001", "000"}, places);
+    PickView view;
+    view.headings = {"Código", "Otro"};
+    view.reading = {1, 0};
+    view.present = {{places[0], present}};
+    rows.Present(view);
+    PickWindow window("Filas", rows, nullptr);
+    PressSoon(std::move(keys));
+    window.exec();
+    return window.Chosen();
+  };
+  const Key enter = Code(key::kEnter);
+  const auto sort = [](char column) { return Key{.code = column, .shift = key::kControl, .text = {}}; };
+  EXPECT_EQ(pick("4321", {enter}), 4321U);
+  EXPECT_EQ(pick("321", {Code(key::kDown), enter}), 322U);
+  EXPECT_EQ(pick("9999", {enter}), 0U) << "there is none";
+  EXPECT_EQ(pick("4321", {sort('1'), enter}), 4321U);
+  EXPECT_EQ(pick("4321", {sort('2'), sort('2'), Code(key::kDown), enter}), 4320U);
+  EXPECT_EQ(pick("4321", {sort('1'), sort('1'), Code(key::kHome), enter}), 2857U) << "the one that has 4999";
+  EXPECT_EQ(pick("4321", {sort('2'), sort('2'), sort('2'), Code(key::kHome), enter}), 0U);
+  for (const int row : {0, 3000}) EXPECT_THROW(pick("", {}, row), RuntimeError) << "closed by itself";
 }
 
 TEST_F(WindowsTest, HelpShowsThePageOfTheContextAndFollowsLinks) {

@@ -1,0 +1,96 @@
+// What the window of a pick list shows of its rows: those that hold every word that was typed, in the order asked for.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/row_list.hpp"
+
+namespace zendara {
+
+// A text as it is searched: small letters, no accents; ñ is a letter of its own. As many characters as before.
+std::string PlainText(std::string_view text);
+
+// Characters of a text, from 0.
+struct TextRange {
+  int start = 0;
+  int length = 0;
+
+  friend bool operator==(const TextRange&, const TextRange&) = default;
+};
+
+// Rows count as in the list, places as they are shown, both from 0. Each row is kept once as plain text, all of them in
+// one block. Errors of the store go to the caller, from the operations that read.
+class RowSearch {
+ public:
+  // In the order of the view that the list was given. `rows` outlives it.
+  explicit RowSearch(RowList& rows);
+
+  // Takes in that many more rows at most; what belongs there is shown from then on.
+  void ReadOn(std::size_t rows);
+  std::size_t Read() const { return starts_.size(); }
+  bool Complete() const { return rows_.Complete() && Read() == rows_.Reached(); }
+
+  // Shows the rows that hold each word in some column, whatever case and accents; all for the empty text.
+  void Look(std::string_view typed);
+  bool Looking() const { return !words_.empty(); }
+  // In the order of that column and those that are read after it, or as they stand in the list; rows that are alike
+  // stay as they stand there. Takes in all rows.
+  void Sort(std::optional<std::size_t> column, bool descending);
+
+  std::size_t Shown() const { return shown_.size(); }
+  std::size_t RowAt(std::size_t place) const { return shown_[place]; }
+  std::optional<std::size_t> PlaceOf(std::size_t row) const;
+
+  // The row that has what the fields hold which the list fills; nothing while it was not read.
+  std::optional<std::size_t> Present() const { return present_; }
+  // Whether a row that is read later may be more like it.
+  bool PresentMayCome() const { return !Complete() && present_texts_ < rows_.View().present.size(); }
+  // The place of the row whose code is the number that was typed, or else the first one. REQUIRES: a row is shown.
+  std::size_t Best() const;
+
+  // What of a text the words are, in order and apart.
+  std::vector<TextRange> Hits(std::string_view text) const;
+
+ private:
+  using Row = std::uint32_t;
+  // Where a row stands in the order of a column: by a number, of a date or of the first letters, then by its plain text
+  // from there on.
+  struct Key {
+    std::uint64_t number = 0;
+    std::uint32_t start = 0;
+  };
+
+  void TakeIn(std::size_t row);
+  std::uint32_t EndOf(Row row) const;
+  std::string_view TextFrom(std::uint32_t start, Row row) const;
+  // Of a column, by its turn in reading.
+  std::uint32_t StartOf(Row row, std::size_t turn) const;
+  Key KeyOf(Row row) const;
+  bool Before(Row a, Row b) const;
+  bool HoldsTheWords(Row row) const;
+  // Puts rows to their places; in the list they follow those that are there.
+  void Insert(std::vector<Row>& ordered, std::vector<Row> rows) const;
+  void Filter();
+
+  RowList& rows_;
+  std::string text_;                   // of all rows, a zero behind each column, in the order of reading
+  std::vector<std::uint32_t> starts_;  // in it, of each row
+  std::vector<std::string> words_;
+  std::vector<Row> all_;    // in the order asked for
+  std::vector<Row> shown_;  // those of them that hold the words
+
+  std::optional<std::size_t> sorted_turn_;  // of the column, in reading
+  bool descending_ = false;
+  std::size_t foremost_ = 0;
+  std::vector<Key> keys_;  // of each row, while sorted
+
+  std::optional<std::size_t> present_;
+  std::size_t present_texts_ = 0;  // that it has
+};
+
+}  // namespace zendara

@@ -31,6 +31,7 @@ class Headless : public FormHost, public Dialogs, public ScriptDriver, public Au
     player_.Help(context);
   }
   void Untrapped(int number, const std::string& text) override { player_.Error(number, text); }
+  DraftKeeper* Drafts() override { return player_.Drafts(); }
 
   BoxAnswer Show(const Box& box) override { return player_.Answer(box); }
   void Beep() override { player_.Beep(); }

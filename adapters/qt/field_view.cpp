@@ -1,7 +1,6 @@
 #include "adapters/qt/field_view.hpp"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -10,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "adapters/qt/field_edit.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
 #include "runtime/format.hpp"
@@ -25,7 +25,6 @@ class FieldView : public ControlView {
  public:
   FieldView(FormWindow& window, TextBox& box, QWidget& parent)
       : ControlView(window, box, new QLineEdit(&parent)), box_(box), edit_(static_cast<QLineEdit*>(widget_)) {
-    edit_->setContextMenuPolicy(Qt::NoContextMenu);
     edit_->setAcceptDrops(false);
     edit_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   }
@@ -52,7 +51,13 @@ class FieldView : public ControlView {
   bool Handle(QObject* watched, QEvent* event) override {
     switch (event->type()) {
       case QEvent::KeyPress:
-        return HandleClipboard(*static_cast<QKeyEvent*>(event));
+        return editing_.HandleKey(*static_cast<QKeyEvent*>(event));
+      case QEvent::ContextMenu:
+        // That of a key came with the key.
+        if (const auto* menu = static_cast<QContextMenuEvent*>(event); menu->reason() == QContextMenuEvent::Mouse) {
+          editing_.OpenMenu(menu->globalPos());
+        }
+        return true;
       case QEvent::InputMethod:
         return Compose(*static_cast<QInputMethodEvent*>(event));
       case QEvent::MouseButtonPress:
@@ -105,26 +110,6 @@ class FieldView : public ControlView {
     return true;
   }
 
-  // False for a key that has nothing to do with it.
-  bool HandleClipboard(const QKeyEvent& event) {
-    Form& form = window_.Shown();
-    QClipboard* clipboard = QGuiApplication::clipboard();
-    const bool cut = event.matches(QKeySequence::Cut);
-    if (event.matches(QKeySequence::Paste)) {
-      const std::string text = FromQt(clipboard->text());
-      window_.Pass([&] { form.Paste(text); });
-    } else if (event.matches(QKeySequence::SelectAll)) {
-      window_.Pass([&] { form.PointTo(box_, 0, static_cast<int>(Len(box_.Text()))); });
-    } else if (cut || event.matches(QKeySequence::Copy)) {
-      if (box_.SelLength() == 0) return true;
-      clipboard->setText(ToQt(box_.SelectedText()));
-      if (cut) window_.Pass([&] { form.Press({.code = key::kDelete, .shift = 0, .text = {}}); });
-    } else {
-      return false;
-    }
-    return true;
-  }
-
   int Place(const QMouseEvent& event) const {
     const QString before = edit_->text().left(edit_->cursorPositionAt(event.position().toPoint()));
     const auto points = AtRest() && ToQt(box_.Text()) != edit_->text() ? before.count(QLatin1Char('.')) : 0;
@@ -148,6 +133,7 @@ class FieldView : public ControlView {
 
   TextBox& box_;
   QLineEdit* edit_;
+  FieldEdit editing_{window_, box_, *edit_};
   int anchor_ = kNoAnchor;  // where the mouse was pressed
   bool composing_ = false;
 };

@@ -316,6 +316,7 @@ void FormWindow::Flush() {
   ShowTitle();
   status_->ShowPlace(ToQt(form_.Position()), ToQt(form_.Expected()));
   status_->ShowInsert(form_.Host().insert_on);
+  status_->ShowUnsaved(form_.Unsaved());
   bool moved = false;  // what stands in pages and frames
   while (!changed_.empty()) {
     for (const Control* control : std::exchange(changed_, {})) {
@@ -342,7 +343,12 @@ void FormWindow::ShowTitle() {
   const QString subject = ToQt(form_.Subject());
   if (heading_) heading_->ShowText(subject.isEmpty() ? title : subject);
   if (!subject.isEmpty()) title = subject + QStringLiteral(" – ") + title;
-  if (windowTitle() != title) setWindowTitle(title);
+  const bool unsaved = form_.Unsaved();
+  const QString marked = unsaved ? QStringLiteral("• ") + title : title;
+  if (windowTitle() == marked) return;
+  setWindowTitle(marked);
+  // A sign is not read.
+  setAccessibleName(unsaved ? title + QStringLiteral(" (sin grabar)") : title);
 }
 
 void FormWindow::ShowFocus() {

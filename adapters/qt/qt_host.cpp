@@ -12,6 +12,7 @@
 #include "adapters/hosting/application.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
 #include "adapters/hosting/silent_banner.hpp"
+#include "adapters/qt/drafts_window.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/message_box.hpp"
@@ -41,8 +42,8 @@ void GoBackTo(const QPointer<QWidget>& window) {
 
 }  // namespace
 
-QtHost::QtHost(const print::DocumentWriter& documents)
-    : chain_(std::make_unique<WindowChain>()), documents_(documents), keeper_(documents, *this) {
+QtHost::QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts)
+    : chain_(std::make_unique<WindowChain>()), documents_(documents), keeper_(documents, *this), drafts_(drafts) {
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
@@ -121,6 +122,21 @@ void QtHost::ShowHelp(const std::string& /*file*/, int context, const HelpPlace&
 HelpWindow& QtHost::Help() {
   if (!help_) help_ = std::make_unique<HelpWindow>(places_);
   return *help_;
+}
+
+// What is chosen is restored once the window is gone, since that may ask and complain.
+void QtHost::ShowDrafts(Form& form) {
+  if (!drafts_) return;
+  FlushAll();
+  QWidget* behind = Behind();
+  std::string chosen;
+  {
+    DraftsWindow window(form, behind);
+    window.exec();
+    chosen = window.Chosen();
+  }
+  if (behind) behind->activateWindow();
+  if (!chosen.empty()) form.RestoreDraft(chosen);
 }
 
 std::int32_t QtHost::WindowHandle(Form& form) {

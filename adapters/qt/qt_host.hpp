@@ -26,8 +26,9 @@ class WindowChain;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
  public:
-  // `documents` writes what the user keeps, and outlives the host. REQUIRES: a QApplication with the look installed.
-  explicit QtHost(const print::DocumentWriter& documents);
+  // `documents` writes what the user keeps, `drafts` keeps what was typed and not saved, nullptr: nobody does. Both
+  // outlive the host. REQUIRES: a QApplication with the look installed.
+  explicit QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts = nullptr);
   ~QtHost() override;
   QtHost(const QtHost&) = delete;
   QtHost& operator=(const QtHost&) = delete;
@@ -51,6 +52,8 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   void ShowHelp(const std::string& file, int context, const HelpPlace& place) override;
   std::int32_t WindowHandle(Form& form) override;
   std::optional<ControlPlace> PlaceOf(const Control& control) override;
+  DraftKeeper* Drafts() override { return drafts_; }
+  void ShowDrafts(Form& form) override;
 
   BoxAnswer Show(const Box& box) override;
   void Beep() override;
@@ -69,6 +72,7 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   std::unique_ptr<WindowChain> chain_;
   const print::DocumentWriter& documents_;
   DocumentKeeper keeper_;
+  DraftKeeper* drafts_;
   Components components_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top
   std::vector<std::unique_ptr<FormWindow>> awaiting_;  // asked for by forms that load, and shown next

@@ -39,6 +39,7 @@ StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
   time_->setAccessibleDescription(QStringLiteral("Hora del aviso"));
   message_ = add("status", QPalette::WindowText);
   message_->setWordWrap(true);
+  unsaved_ = add("unsaved", QPalette::WindowText);
   expected_ = add("expected", QPalette::WindowText);
   expected_->setWordWrap(true);
   expected_->setAccessibleDescription(QStringLiteral("Qué se escribe en el campo"));
@@ -72,11 +73,22 @@ void StatusLine::ShowInsert(bool on) {
   Arrange();
 }
 
+void StatusLine::ShowUnsaved(bool unsaved) {
+  const QString words = unsaved ? QStringLiteral("• Sin grabar") : QString();
+  if (unsaved_->text() == words) return;
+  unsaved_->setText(words);
+  unsaved_->setAccessibleName(unsaved ? QStringLiteral("Sin grabar") : QString());
+  Arrange();
+}
+
 StatusLine::Plan StatusLine::PlanFor(int width) const {
   const int line = fontMetrics().height();
   Plan plan{.margin = fontMetrics().descent(), .gap = line};
   const int whole = std::max(width - 4 * plan.margin, 1);
-  int right = WidthOf(position_) + WidthOf(insert_) + 2 * plan.gap;
+  int right = 0;
+  for (const QLabel* label : {unsaved_, position_, insert_}) {
+    if (!label->text().isEmpty()) right += WidthOf(label) + plan.gap;
+  }
   // Large words may need more lines for it.
   const int expected = std::clamp(whole - right, 1, std::max(WidthOf(expected_), 1));
   plan.expected = {expected, HeightOf(expected_, expected)};
@@ -100,7 +112,7 @@ void StatusLine::Arrange() {
   message_->setGeometry({QPoint(plan.left, plan.margin), plan.message});
   const int top = plan.margin + (plan.above ? plan.message.height() : 0);
   int right = width() - 2 * plan.margin;
-  for (QLabel* label : {insert_, position_, expected_}) {
+  for (QLabel* label : {insert_, position_, expected_, unsaved_}) {
     const int wide = label == expected_ ? plan.expected.width() : WidthOf(label);
     label->setGeometry(right - wide, top, wide, plan.low);
     right -= wide + (wide > 0 ? plan.gap : 0);

@@ -16,6 +16,8 @@ class StatusLine : public QWidget {
   void ShowMessage(const QString& message);
   void ShowPlace(const QString& position, const QString& expected);
   void ShowInsert(bool on);
+  // A mark while something is not saved.
+  void ShowUnsaved(bool unsaved);
 
   // The height that it needs, which it takes by itself at the width that it has.
   int HeightFor(int width) const;
@@ -40,6 +42,7 @@ class StatusLine : public QWidget {
 
   QLabel* time_ = nullptr;
   QLabel* message_ = nullptr;
+  QLabel* unsaved_ = nullptr;
   QLabel* expected_ = nullptr;
   QLabel* position_ = nullptr;
   QLabel* insert_ = nullptr;

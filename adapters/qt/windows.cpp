@@ -1,6 +1,7 @@
 #include "zendara/windows.hpp"
 
 #include "adapters/cairo/cairo_writer.hpp"
+#include "adapters/drafts/file_drafts.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
 
@@ -18,7 +19,8 @@ class QtWindows final : public Windows {
 
  private:
   CairoWriter documents_;
-  QtHost host_{documents_};
+  FileDrafts drafts_{DraftsFolder()};
+  QtHost host_{documents_, &drafts_};
 };
 
 }  // namespace

@@ -11,8 +11,8 @@ namespace zendara {
 namespace {
 
 // What stands behind each command, a letter a word: w a plain word, t a text in quotes, a either, n a whole number,
-// k a key, p a choice from a list, b an answer to a box, s a value of the session. "+": the last one any number of
-// times.
+// k a key, p a choice from a list, b an answer to a box, s a value of the session, d what is done about drafts. "+":
+// the last one any number of times.
 struct CommandForm {
   std::string_view name;
   std::string_view words;
@@ -33,6 +33,7 @@ constexpr CommandForm kCommands[] = {
     {"pick", "p", "pick 2, pick \"text\" or pick none"},
     {"show", "w+", "show CONTROL... or show all"},
     {"expect", "wt", "expect CONTROL \"text\""},
+    {"drafts", "d+", "drafts keep, drafts keep \"folder\", drafts list or drafts restore 1"},
     {"print", "a", "print FILE"},
     {"sql", "at", "sql FILE \"SELECT ...\""},
 };
@@ -120,6 +121,8 @@ bool Fits(const ScriptWord& word, char kind) {
       return word.name.empty() && (word.quoted || word.text == "none" || (IsNumber(word.text) && word.text != "0"));
     case 's':
       return !word.name.empty();
+    case 'd':
+      return word.name.empty();
     default:
       return plain;
   }
@@ -130,6 +133,15 @@ void CheckName(const Names& names, const std::string& name, std::string_view wha
   if (std::ranges::find(names, name) == std::end(names)) {
     throw ScriptError("unknown " + std::string(what) + " " + Quoted(name));
   }
+}
+
+bool IsAboutDrafts(const std::vector<ScriptWord>& words) {
+  const ScriptWord& deed = words.front();
+  if (deed.quoted || words.size() > 2) return false;
+  const ScriptWord* what = words.size() == 2 ? &words.back() : nullptr;
+  if (deed.text == "keep") return !what || what->quoted;
+  if (deed.text == "restore") return what && !what->quoted && IsNumber(what->text) && what->text != "0";
+  return deed.text == "list" && !what;
 }
 
 void CheckCommand(const ScriptCommand& command) {
@@ -145,6 +157,7 @@ void CheckCommand(const ScriptCommand& command) {
     if (!Fits(word, kind)) throw ScriptError("not " + std::string(form->usage));
     if (kind == 's') CheckName(kSessionNames, word.name, "value of a session");
     if (kind == 'b') CheckName(kAnswers, word.text, "answer");
+    if (kind == 'd' && !IsAboutDrafts(command.words)) throw ScriptError("not " + std::string(form->usage));
     if (kind == 'k' && !KeyByName(word.text)) throw ScriptError("unknown key " + Quoted(word.text));
   }
 }

@@ -7,6 +7,8 @@
 
 #include "adapters/csv/csv.hpp"
 #include "adapters/csv/stored_text.hpp"
+#include "adapters/drafts/file_drafts.hpp"
+#include "adapters/drafts/memory_drafts.hpp"
 #include "adapters/hosting/application.hpp"
 #include "adapters/script/script_keys.hpp"
 #include "adapters/script/script_values.hpp"
@@ -182,6 +184,7 @@ void ScriptPlayer::Act(const ScriptCommand& command) {
     return name == "session" ? OpenSession(command) : OpenScreen(words[0].text);
   }
   if (name == "pick") return QueuePick(words[0]);
+  if (name == "drafts") return ActOnDrafts(command);
   if (name == "sql") return Sql(words[0].text, words[1].text);
   if (name == "answer") {
     for (const ScriptWord& word : words) answers_.push_back(AnswerByName(word.text));
@@ -288,6 +291,33 @@ void ScriptPlayer::Check(Form& form, Control& control, int value) {
   const bool twice = box->Value() == 2 && value == 1;
   if (box->Value() != value) driver_.Click(form, control);
   if (twice && form.Loaded()) driver_.Click(form, control);
+}
+
+void ScriptPlayer::ActOnDrafts(const ScriptCommand& command) {
+  const std::string& deed = command.words.front().text;
+  if (deed == "keep") {
+    if (!forms_.empty()) throw ScriptError("a screen is open");
+    if (command.words.size() == 1) {
+      drafts_ = std::make_unique<MemoryDrafts>();
+    } else {
+      drafts_ = std::make_unique<FileDrafts>(command.words[1].text);
+    }
+    return;
+  }
+  if (!drafts_) throw ScriptError("no drafts are kept");
+  if (forms_.empty()) throw ScriptError("no screen is open");
+  Form& form = *forms_.back();
+  const std::vector<KeptDraft> drafts = form.Drafts();
+  if (deed == "restore") {
+    const auto number = static_cast<std::size_t>(ToNumber(command.words[1]));
+    if (number > drafts.size()) throw ScriptError("there is no draft " + command.words[1].text);
+    return form.RestoreDraft(drafts[number - 1].id);
+  }
+  for (std::size_t i = 0; i < drafts.size(); ++i) {
+    std::string line = "draft " + std::to_string(i + 1) + " " + Quoted(drafts[i].draft.title);
+    for (const auto& [id, text] : drafts[i].draft.values) line += " " + id + "=" + Quoted(text);
+    Print(line);
+  }
 }
 
 void ScriptPlayer::QueuePick(const ScriptWord& word) {

@@ -5,6 +5,7 @@
 //   FormHost::ShowModal      Modal, between showing the window and hiding it
 //   FormHost::ShowHelp       Help
 //   FormHost::Untrapped      Error
+//   FormHost::Drafts         Drafts
 //   Dialogs                  Answer, Beep
 //   Shell                    the player itself
 //   PickList                 Choose
@@ -29,6 +30,7 @@
 #include "adapters/script/script.hpp"
 #include "adapters/script/script_driver.hpp"
 #include "common/row_list.hpp"
+#include "platform/form/drafts.hpp"
 #include "print/document_writer.hpp"
 #include "zendara/automation.hpp"
 #include "zendara/neighbours.hpp"
@@ -63,6 +65,8 @@ class ScriptPlayer : public Shell {
   void Error(int number, const std::string& text);
   // Of a pick list: the row to take, nothing to leave without.
   std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
+  // Where drafts are kept: nullptr until the script says so.
+  DraftKeeper* Drafts() const { return drafts_.get(); }
   // Of ListingViewer::Visualiza: prints the listing from its table.
   void Listing(const ListingDescription& description, const std::string& file, const std::string& table);
   // The script has ended: windows need not be shown any more.
@@ -94,6 +98,7 @@ class ScriptPlayer : public Shell {
   void OpenScreen(const std::string& name);
   void Type(Form& form, const std::string& text);
   void Check(Form& form, Control& control, int value);
+  void ActOnDrafts(const ScriptCommand& command);
   void QueuePick(const ScriptWord& word);
   void Show(const Form& form, const std::string& id);
   void ShowAll(const Form& form);
@@ -116,6 +121,7 @@ class ScriptPlayer : public Shell {
   std::string printed_status_;
   const Control* printed_focus_ = nullptr;
   int screens_shown_ = 0;
+  std::unique_ptr<DraftKeeper> drafts_;
   std::deque<BoxAnswer> answers_;
   std::deque<PickChoice> picks_;
   std::vector<std::string> tasks_;

@@ -7,10 +7,6 @@
 namespace zendara {
 namespace {
 
-std::string CellId(const Grid& grid, int row, int column) {
-  return grid.Id() + "[" + std::to_string(row) + "," + std::to_string(column) + "]";
-}
-
 // "[1,2]": what stands behind the name of a grid.
 const std::string& CellOf(const Grid& grid, std::string_view place) {
   int row = 0;
@@ -18,7 +14,7 @@ const std::string& CellOf(const Grid& grid, std::string_view place) {
   const char* end = place.data() + place.size();
   const auto first = std::from_chars(place.data() + 1, end, row);
   const auto second = std::from_chars(first.ptr + (first.ptr < end ? 1 : 0), end, column);
-  if (CellId(grid, row, column) != grid.Id() + std::string(place) || second.ec != std::errc() || row < 0 ||
+  if (grid.CellId(row, column) != grid.Id() + std::string(place) || second.ec != std::errc() || row < 0 ||
       row >= grid.Rows() || column < 0 || column >= grid.Columns()) {
     throw ScriptError(grid.Id() + " has no cell " + std::string(place));
   }
@@ -47,7 +43,7 @@ void ForEachValue(Control& control, const std::function<void(const std::string& 
   if (!grid) return take(control.Id(), control.ShownText());
   for (int row = grid->FixedRows(); row < grid->Rows(); ++row) {
     for (int column = grid->FixedColumns(); column < grid->Columns(); ++column) {
-      if (!grid->Cell(row, column).empty()) take(CellId(*grid, row, column), grid->Cell(row, column));
+      if (!grid->Cell(row, column).empty()) take(grid->CellId(row, column), grid->Cell(row, column));
     }
   }
 }

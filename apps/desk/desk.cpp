@@ -77,7 +77,12 @@ void Album::Take(QWidget& window, const std::string& name) {
   if (trouble_.empty() && IsCut(window)) trouble_ = FromQt(file) + ": the screen has no room for the whole of it";
 }
 
-Desk::Desk(DeskOptions options) : options_(std::move(options)), engine_(MakeEngine()), files_(MakeHostFiles()) {
+Desk::Desk(DeskOptions options)
+    : options_(std::move(options)),
+      engine_(MakeEngine()),
+      files_(MakeHostFiles()),
+      drafts_(options_.script.empty() ? std::make_unique<FileDrafts>(DraftsFolder()) : nullptr),
+      host_(documents_, drafts_.get()) {
   if (!options_.screenshots.empty()) album_.emplace(options_.screenshots);
   if (options_.script.empty() && !album_) {
     remembered_ = ReadRemembered(RememberedFile());
@@ -93,10 +98,13 @@ int Desk::Run() {
 }
 
 Platform Desk::Surroundings(const std::string& folder) {
+  // However the folder is named, its drafts are the same.
+  std::error_code error;
+  const std::filesystem::path one_name = std::filesystem::canonical(folder, error);
   return {.engine = engine_.get(),
           .dialogs = &host_,
           .files = files_.get(),
-          .application_folder = folder,
+          .application_folder = error || !drafts_ ? folder : one_name.string(),
           .forms = &host_,
           .shell = &host_,
           .components = &host_.Neighbours()};

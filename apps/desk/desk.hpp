@@ -7,6 +7,7 @@
 #include <string>
 
 #include "adapters/cairo/cairo_writer.hpp"
+#include "adapters/drafts/file_drafts.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
@@ -77,7 +78,8 @@ class Desk {
   std::unique_ptr<Engine> engine_;
   std::unique_ptr<Files> files_;
   CairoWriter documents_;
-  QtHost host_{documents_};
+  std::unique_ptr<FileDrafts> drafts_;  // none for a script, which has its own if it wants
+  QtHost host_;
   std::string folder_;
   std::optional<CompanyHost> company_;
   std::optional<Album> album_;

@@ -16,6 +16,7 @@ constexpr PaginaAyuda kPaginas[] = {
     {0, "tipo_retencion.md", "El tipo de retención y la regularización"},
     {0, "primeros_pasos.md", "Primeros pasos"},
     {0, "teclas.md", "Teclas"},
+    {0, "borradores.md", "Lo que escribe y no graba"},
     {0, "buscar.md", "Buscar"},
 };
 

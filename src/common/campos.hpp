@@ -30,7 +30,8 @@ enum ReglaCampo : unsigned {
   kCeros = 4,         // filled with zeros on the left
   kImporte = 8,       // numeric typing, on the right
   kVista = 16,        // shows what a code stands for: takes no typing, and leaving it does nothing
-  kReglaPropia = 32,  // the first one that a screen may define for itself
+  kClave = 32,        // says which record it is: typed over, it calls up another one
+  kReglaPropia = 64,  // the first one that a screen may define for itself
 };
 
 struct Campo {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/form/form.hpp"
 #include "runtime/date.hpp"
 #include "runtime/format.hpp"
 #include "runtime/number.hpp"
@@ -20,6 +21,7 @@ std::string SeisDigitos(const std::string& fecha) {
 
 void Ficha::Anade(const Campo& campo, Control& control) {
   controles_[campo.indice] = &control;
+  control.Owner().AddToRecord(control, campo.Tiene(kClave));
   control.SetCaption(campo.rotulo);
   if (campo.tipo == TipoCampo::kTexto) {
     CajaDe(campo.indice).SetMaxLength(campo.largo);
@@ -35,6 +37,7 @@ void Ficha::Anade(const Campo& campo, Control& control) {
 
 void Ficha::AnadeCelda(IndiceCampo indice, Grid& rejilla, int fila, int columna) {
   celdas_[indice] = {&rejilla, fila, columna};
+  rejilla.Owner().AddToRecord(rejilla);
 }
 
 const Campo* Ficha::CampoDe(IndiceCampo indice) const {
@@ -152,6 +155,17 @@ void Ficha::Vacia(IndiceCampo desde, IndiceCampo hasta) {
 void Ficha::Limpia(IndiceCampo desde, IndiceCampo hasta) {
   mostrado_.erase(mostrado_.lower_bound(desde), mostrado_.upper_bound(hasta));
   Vacia(desde, hasta);
+  Asienta(desde, hasta);
+}
+
+// Grids settle by themselves when they are emptied.
+void Ficha::Asienta(IndiceCampo desde, IndiceCampo hasta) {
+  for (int indice = desde; indice <= hasta; ++indice) {
+    if (Control* control = ControlDe(indice)) control->Owner().Settle(*control);
+    if (const auto celda = celdas_.find(indice); celda != celdas_.end()) {
+      celda->second.rejilla->Owner().Settle(*celda->second.rejilla);
+    }
+  }
 }
 
 void Ficha::RellenaCeros(IndiceCampo indice) {
@@ -172,6 +186,7 @@ void Ficha::Muestra(Recordset& fila, const Tramo& tramo) {
   for (int indice = tramo.desde; indice <= tramo.hasta; ++indice) {
     valores.push_back(fila.Fields(tramo.ColumnaDe(indice)).Get());
   }
+  Asienta(tramo.desde, tramo.hasta);
   // Noted before any is put: one that its control does not take keeps what follows from being changed.
   for (int indice = tramo.desde; indice <= tramo.hasta; ++indice) {
     mostrado_[indice] = {TextoLlano(indice), valores[static_cast<std::size_t>(indice - tramo.desde)]};
@@ -191,6 +206,7 @@ bool Ficha::Mostro(IndiceCampo indice, std::string_view texto) const {
 void Ficha::Escrito(IndiceCampo indice) {
   const auto mostrado = mostrado_.find(indice);
   if (mostrado != mostrado_.end()) mostrado->second = {TextoLlano(indice), Valor(indice)};
+  controles_.at(indice)->Owner().Stored(*controles_.at(indice));
 }
 
 std::vector<int> Ficha::Guarda(Recordset& fila, const Tramo& tramo, bool solo_cambiados) {

@@ -74,6 +74,8 @@ class Ficha {
     Value valor;
   };
 
+  // Of the fields and cells between them: what is put there now is not the user's.
+  void Asienta(IndiceCampo desde, IndiceCampo hasta);
   TextBox& CajaDe(IndiceCampo indice) const;
   bool Tiene(IndiceCampo indice, unsigned regla) const;
   void PonEntrada(ComboBox& lista, int indice, const std::string& codigo);

@@ -85,6 +85,11 @@ void PantallaBase::PonAyuda() {
   HelpContext = marco_.contexto_ayuda;
 }
 
+// Companies of another folder have the same codes.
+std::string PantallaBase::DraftScope() const {
+  return sesion_.platform.application_folder + " " + sesion_.CodEmpresa.str() + " " + sesion_.AnoTrabajo.str();
+}
+
 void PantallaBase::PonTitulos() {
   Titulo(kTituloCodigo).SetText(sesion_.CodEmpresa.str());
   Titulo(kTituloNombre).SetText(Trim(sesion_.NomEmpresa.str()));

@@ -31,6 +31,7 @@ class PantallaBase : public Form, public Pantalla {
  public:
   PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco);
 
+  std::string DraftScope() const override;
   void Mostrar() override { Show(); }
   bool EnPantalla() const override { return Shown(); }
 
@@ -56,6 +57,8 @@ class PantallaBase : public Form, public Pantalla {
   void Mensaje(const std::string& texto, BoxIcon icono = BoxIcon::kNone);
   // A character typed into a field: the filter of amounts, and going over the text while Insert is off.
   void TeclaDeTexto(TextBox& campo, int& caracter);
+  // The record on the screen was stored whole. To be called before the screen is emptied.
+  void RegistroGrabado() { Saved(); }
   // Copies Text1 and Image1 handlers onto the frame's rules, and puts the stops in order; call it once all controls
   // stand.
   void ConectaMarco();

@@ -14,7 +14,7 @@ constexpr int kLargoImporte = 10;
 constexpr int kLargoLibre = 50;  // no screen limits it
 
 constexpr Campo kCampos[] = {
-    {kNumero, kTexto, "Nº Trabajador:", 5, kCeros},
+    {kNumero, kTexto, "Nº Trabajador:", 5, kCeros | kClave},
     {kApellido1, kTexto, "Apellido 1:", 20, kSinRegla},
     {kApellido2, kTexto, "Apellido2:", 20, kSinRegla},
     {kNombre, kTexto, "Nombre de Trabajador:", 15, kSinRegla},
@@ -60,7 +60,7 @@ constexpr Campo kCampos[] = {
     {kFormaPago, kTexto, "Número Forma de Pago:", 2, kCeros | kCodigo},
     {kDescripcionFormaPago, kTexto, "Descripción Forma de Pago:", 30, kSinRegla},
 
-    {kSituacion, kTexto, "Número:", 3, kCeros},
+    {kSituacion, kTexto, "Número:", 3, kCeros | kClave},
     {kDescripcionSituacion, kTexto, "Descripción:", 30, kSinRegla},
     {kFechaInicio, kTexto, "Fecha Inicio:", kLargoFecha, kFecha},
     {kFechaFin, kTexto, "Fecha fin:", kLargoFecha, kFecha},

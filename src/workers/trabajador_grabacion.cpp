@@ -65,6 +65,7 @@ void Trabajadores::GrabaFicha() {
   SetStatus({});
   if (RespuestaNueva == BoxAnswer::kYes) CopiaConceptos();
   GrabarTrabajador();
+  RegistroGrabado();
   const std::string grabado =
       "Grabado: " + QuienEs(TextoRecortado(kNumero)) + (Status().empty() ? "" : ". ") + Status();
   Text1(kNumero).SetFocus();

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
 #include <new>
 #include <stdexcept>
 
@@ -363,6 +364,62 @@ TEST_F(FormTest, APasteIsOneChangeOfAsMuchAsTheFieldHoldsAndLetsPass) {
   form.SetFocus(form.Grabar);
   form.Paste(" 1");
   EXPECT_EQ(std::ranges::count(form.log, "accept"), 0);
+}
+
+// Each step: a key as scripts name it here, and the text and caret that it leaves. "^" is Ctrl+Z, "~" Ctrl+Y, "<" Left,
+// "#" Home, "!" Delete, "\b" Backspace, "=" a text that code sets, "@" a paste.
+TEST_F(FormTest, UndoTakesBackRunsOfTheUsersHandAndRedoBringsThemAgain) {
+  TextBox& box = form.Text1(2);
+  box.SetFocus();
+  const std::map<char, Key> keys = {{'^', {'Z', key::kControl, "z"}}, {'~', {'Y', key::kControl, "y"}},
+                                    {'<', {key::kLeft, 0, {}}},       {'#', {key::kHome, 0, {}}},
+                                    {'!', {key::kDelete, 0, {}}},     {'\b', {key::kBack, 0, {}}}};
+  const struct {
+    const char* what;
+    const char* pressed;
+    const char* text;
+    int caret;
+  } cases[] = {
+      {"a run of characters", "abc^", "", 0},
+      {"and again", "abc^~", "abc", 3},
+      {"the caret moved between two runs", "abc<d^", "abc", 2},
+      {"both", "abc<d^^", "", 0},
+      {"characters taken out are a run of their own", "abcd\b\b^", "abcd", 4},
+      {"typed, taken out, typed", "abc\bd^^", "abc", 3},
+      {"to both sides", "abcd<<!!\b^", "abcd", 2},
+      {"a paste is a step", "ab@@^", "abpp", 4},
+      {"what is typed ends what could be done again", "ab^c~", "c", 1},
+      {"a text set by code is not the user's", "ab=c^^", "x", 0},
+      {"nor is what stood before it", "ab=^~", "x", 0},
+      {"more than there is", "ab^^^^~~~", "ab", 2},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    box.SetText("");
+    for (const char pressed : std::string_view(c.pressed)) {
+      const auto key = keys.find(pressed);
+      if (pressed == '=') box.SetText("x");
+      if (pressed == '@') form.Paste("pp");
+      if (key != keys.end()) form.Press(key->second);
+      if (key == keys.end() && pressed != '=' && pressed != '@') form.Type(std::string(1, pressed));
+    }
+    EXPECT_EQ(box.Text(), c.text);
+    EXPECT_EQ(box.Caret(), c.caret);
+  }
+  // Typing that goes over the text is one run as well, and the selection comes back.
+  box.SetText("12345");
+  form.Text1.On().key_press = [&](int, int& character) {
+    if (character >= key::kSpace) box.Select(box.SelStart(), 1);
+  };
+  form.Type("abc");
+  EXPECT_EQ(box.Text(), "abc45");
+  form.changes = 0;
+  form.Press(keys.at('^'));
+  EXPECT_EQ(box.Text(), "12345");
+  EXPECT_EQ(form.changes, 1);
+  box.SetLocked(true);
+  form.Press(keys.at('~'));
+  EXPECT_EQ(box.Text(), "12345");
 }
 
 TEST_F(FormTest, ListsCheckBoxesOptionsAndGridsTakeOnlyWhatTheyHave) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "adapters/cairo/cairo_writer.hpp"
+#include "adapters/drafts/memory_drafts.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
@@ -39,6 +40,8 @@ inline bool StartApplication() {
 
 struct DemoForm : SampleForm {
   explicit DemoForm(QtHost& host) : SampleForm(host, host, "Demo") {
+    AddToRecord(Text1(1), true);
+    for (int i = 2; i <= 5; ++i) AddToRecord(Text1(i));
     Image1.On().click = [this](int) { log.push_back("image " + std::to_string(ImageButtonMark())); };
     Grabar.On().click = [this](int) {
       if (on_click) on_click();
@@ -72,7 +75,8 @@ class QtTest : public testing::Test {
 
   const bool started = StartApplication();
   CairoWriter documents;
-  QtHost host{documents};
+  MemoryDrafts drafts;
+  QtHost host{documents, &drafts};
   DemoForm form{host};
   ScriptHands hands{host, {}};
 };

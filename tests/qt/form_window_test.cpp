@@ -2,17 +2,23 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTableWidget>
 #include <QToolTip>
 
+#include "adapters/qt/drafts_window.hpp"
+#include "adapters/qt/message_box.hpp"
 #include "qt/demo_form.hpp"
 
 namespace zendara {
@@ -66,6 +72,140 @@ TEST_F(QtTest, TheClipboardGoesThroughTheModel) {
     Send(edit, Qt::Key_X, "\x18", Qt::ControlModifier);
     EXPECT_EQ(form.Text1(1).Text(), "");
     EXPECT_EQ(QApplication::clipboard()->text(), "12345");
+  });
+}
+
+// What stands in the menu and can be chosen, by its words.
+std::map<std::string, QAction*> MenuOf(QWidget& edit) {
+  std::map<std::string, QAction*> actions;
+  const auto menus = edit.findChildren<QMenu*>();
+  for (QAction* action : menus.empty() ? QList<QAction*>() : menus.last()->actions()) {
+    if (action->isEnabled() && !action->isSeparator())
+      actions[action->text().remove('&').section('\t', 0, 0).toStdString()] = action;
+  }
+  return actions;
+}
+
+std::vector<std::string> WordsOf(const std::map<std::string, QAction*>& actions) {
+  std::vector<std::string> words;
+  for (const auto& [text, action] : actions) words.push_back(text);
+  return words;
+}
+
+TEST_F(QtTest, TheMenuOfAFieldWorksThroughTheModel) {
+  Play([&](FormWindow& window) {
+    QWidget& edit = WidgetOf(window, form.Text1(2));
+    const auto open = [&] {
+      for (QMenu* menu : edit.findChildren<QMenu*>()) delete menu;
+      QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, edit.mapToGlobal(QPoint(5, 5)));
+      QApplication::sendEvent(&edit, &right);
+      return MenuOf(edit);
+    };
+    const auto choose = [&](const char* words) {
+      const auto menu = open();
+      ASSERT_TRUE(menu.contains(words)) << words;
+      menu.at(words)->trigger();
+    };
+    QApplication::clipboard()->clear();
+    EXPECT_THAT(WordsOf(open()), ElementsAre("Borradores..."));
+    EXPECT_EQ(form.Focus(), &form.Text1(2)) << "a right click enters the field";
+    Send(edit, Qt::Key_A, "a");
+    EXPECT_THAT(WordsOf(open()), ElementsAre("Borradores...", "Deshacer", "Seleccionar todo"));
+    choose("Seleccionar todo");
+    choose("Copiar");
+    choose("Eliminar");
+    EXPECT_EQ(form.Text1(2).Text(), "");
+    for (int i = 0; i < 2; ++i) choose("Pegar");
+    EXPECT_EQ(form.Text1(2).Text(), "aa");
+    choose("Deshacer");
+    choose("Seleccionar todo");
+    choose("Cortar");
+    EXPECT_EQ(form.Text1(2).Text(), "");
+    choose("Deshacer");
+    EXPECT_EQ(form.Text1(2).Text(), "a");
+    choose("Rehacer");
+    EXPECT_EQ(form.Text1(2).Text(), "");
+
+    for (QMenu* menu : edit.findChildren<QMenu*>()) delete menu;
+    Send(edit, Qt::Key_Menu);
+    EXPECT_FALSE(MenuOf(edit).empty());
+    for (QMenu* menu : edit.findChildren<QMenu*>()) delete menu;
+    Send(edit, Qt::Key_F10, {}, Qt::ShiftModifier);
+    EXPECT_FALSE(MenuOf(edit).empty());
+    form.Text1(2).SetLocked(true);
+    form.Text1(2).SetText("x");
+    EXPECT_THAT(WordsOf(open()), ElementsAre("Borradores...", "Seleccionar todo"));
+    // A field that keeps the focus keeps its own menu away from the others.
+    form.Text1(2).SetLocked(false);
+    form.Text1.On().lost_focus = [&](int i) { form.Text1(i).SetFocus(); };
+    QWidget& other = WidgetOf(window, form.Text1(1));
+    QContextMenuEvent right(QContextMenuEvent::Mouse, {5, 5}, other.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&other, &right);
+    EXPECT_TRUE(MenuOf(other).empty());
+  });
+}
+
+TEST_F(QtTest, WhatIsNotSavedHasAMarkInTheTitleAndInTheLineBelow) {
+  form.SetTitle("Demo");
+  Play([&](FormWindow& window) {
+    const auto* mark = window.findChild<QLabel*>("unsaved");
+    const auto seen = [&] {
+      return std::vector{window.windowTitle().toStdString(), window.accessibleName().toStdString(),
+                         mark->text().toStdString(), mark->accessibleName().toStdString()};
+    };
+    const std::vector<std::string> saved = {"Demo", "Demo", "", ""};
+    EXPECT_EQ(seen(), saved);
+    form.SetFocus(form.Text1(2));
+    Send(WidgetOf(window, form.Text1(2)), Qt::Key_A, "a");
+    EXPECT_THAT(seen(), ElementsAre("• Demo", "Demo (sin grabar)", "• Sin grabar", "Sin grabar"));
+    window.Pass([&] { form.Run([&] { form.Saved(); }); });
+    EXPECT_EQ(seen(), saved);
+  });
+}
+
+TEST_F(QtTest, TheListOfDraftsRestoresAndRemoves) {
+  Play([&](FormWindow& window) {
+    QWidget& edit = WidgetOf(window, form.Text1(2));
+    for (const char* typed : {"a", "b"}) {
+      form.SetFocus(form.Text1(2));
+      Send(edit, Qt::Key_A, typed);
+      form.Run([&] {
+        form.Settle(form.Text1(2));
+        form.Text1(2).SetText("");
+      });
+    }
+    const auto in_list = [&](const std::function<void(DraftsWindow&, QWidget & table)>& act) {
+      Soon([&, act] {
+        auto* list = dynamic_cast<DraftsWindow*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(list);
+        act(*list, list->Table());
+      });
+      Send(edit, Qt::Key_Z, "\x1a", Qt::ControlModifier | Qt::ShiftModifier);
+    };
+    const auto answer = [&](BoxAnswer given) {
+      Soon([given] { dynamic_cast<MessageBox&>(*QApplication::activeModalWidget()).Give(given); });
+    };
+    in_list([&](DraftsWindow& list, QWidget& table) {
+      EXPECT_EQ(list.Table().rowCount(), 2);
+      EXPECT_EQ(list.Table().item(0, 2)->text(), "Campo 2: b") << "the last one first";
+      answer(BoxAnswer::kNo);
+      Send(table, Qt::Key_Delete);
+      EXPECT_EQ(list.Table().rowCount(), 2);
+      answer(BoxAnswer::kYes);
+      Send(table, Qt::Key_Delete);
+      EXPECT_EQ(list.Table().rowCount(), 1);
+      Send(table, Qt::Key_Escape);
+    });
+    EXPECT_EQ(form.Text1(2).Text(), "");
+    in_list([&](DraftsWindow&, QWidget& table) { Send(table, Qt::Key_Return, "\r"); });
+    EXPECT_EQ(form.Text1(2).Text(), "a");
+    EXPECT_TRUE(form.Unsaved());
+    in_list([&](DraftsWindow& list, QWidget& table) {
+      EXPECT_EQ(list.Table().rowCount(), 0) << "it is worked on";
+      Send(table, Qt::Key_Return, "\r");
+      Send(table, Qt::Key_Delete);
+      Send(table, Qt::Key_Escape);
+    });
   });
 }
 

@@ -21,10 +21,11 @@ std::string Named(const std::string& array, IndiceCampo index) { return array + 
 constexpr std::string_view kCharacters = "0123456789,.-aLmSnxñÑáÜç€'(&%*/ #ª·\"ß😀";
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kKeys[] = {
-    "Enter",   "Enter",  "Enter", "Tab",    "Tab",           "Shift+Tab",   "Up",         "Down",       "Left",
-    "Right",   "Home",   "End",   "Delete", "Delete",        "Shift+End",   "Shift+Home", "Shift+Left", "Backspace",
-    "Space",   "F1",     "F2",    "F2",     "PageUp",        "PageDown",    "Alt+Left",   "Alt+Right",  "Alt+Home",
-    "Alt+End", "Ctrl+A", "Esc",   "Insert", "Ctrl+PageDown", "Ctrl+PageUp", "Ctrl+F",     "Ctrl+N"};
+    "Enter",       "Enter",     "Enter",    "Tab",     "Tab",    "Shift+Tab", "Up",        "Down",
+    "Left",        "Right",     "Home",     "End",     "Delete", "Delete",    "Shift+End", "Shift+Home",
+    "Shift+Left",  "Backspace", "Space",    "F1",      "F2",     "F2",        "PageUp",    "PageDown",
+    "Alt+Left",    "Alt+Right", "Alt+Home", "Alt+End", "Ctrl+A", "Esc",       "Insert",    "Ctrl+PageDown",
+    "Ctrl+PageUp", "Ctrl+F",    "Ctrl+N",   "Ctrl+Z",  "Ctrl+Y"};
 constexpr std::string_view kAccessKeys = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 constexpr std::string_view kHostile[] = {"",         " ",         "'",          "O'Donnell' OR 'a'='a",
                                          "\"",       "%",         "*",          "áéíóúñÑü",

@@ -89,6 +89,11 @@ void CheckBox::SetValue(int value) {
   if (On().click) On().click(Index());
 }
 
+void CheckBox::PutBack(int /*value*/, const std::string& text) {
+  if (text.size() != 1) throw RuntimeError(kInvalidPropertyValue);
+  SetValue(text.front() - '0');
+}
+
 void OptionButton::SetValue(bool value) {
   if (value == value_) return;
   value_ = value;

@@ -17,6 +17,7 @@
 namespace zendara {
 
 class Form;
+class FormDrafts;
 class Control;
 class Screen;
 class DrawingSurface;
@@ -139,6 +140,18 @@ class Control {
   virtual bool IsEntered() const { return false; }   // holds what the user enters
   virtual bool IsUnmarked() const { return false; }  // a check box or option that is not chosen
 
+  // The values that it holds, each under a name: that of the control, or those of the cells of a grid that are not
+  // fixed, "Grid1(0)[1,2]".
+  virtual int ValueCount() const { return 1; }
+  virtual std::string ValueId(int /*value*/) const { return Id(); }
+  virtual std::string ValueText(int /*value*/) const { return ShownText(); }
+  // The user's hand, not code, was the last to change it.
+  virtual bool ChangedByHand() const { return false; }
+
+  // What the user's hand did to the text. False when there is nothing to take back, or to do again.
+  virtual bool CanUndo() const { return false; }
+  virtual bool CanRedo() const { return false; }
+
   // Pages of tabs, from 0; other controls have none.
   virtual int PageCount() const { return 0; }
   virtual int FrontPage() const { return 0; }
@@ -159,6 +172,12 @@ class Control {
   virtual void Type(int /*character*/) {}                       // backspace is one too
   virtual void PressKey(int /*code*/, int /*shift*/) {}         // one that types nothing
   virtual void Paste(std::string_view /*text*/) {}
+  virtual bool Undo() { return false; }
+  virtual bool Redo() { return false; }
+  // A value that the user had put there before, with what follows from it; a locked text takes it too. Error 380 for
+  // one that the control cannot have.
+  friend class FormDrafts;
+  virtual void PutBack(int /*value*/, const std::string& /*text*/) {}
   virtual bool MarksMouseButton() const { return false; }  // see Form::ImageButtonMark
 
  private:
@@ -220,6 +239,9 @@ class TextBox : public Control, public TextField {
   bool HasCaptionBefore() const override { return true; }
   std::string ShownText() const override { return text_; }
   bool IsEntered() const override { return true; }
+  bool ChangedByHand() const override { return by_hand_; }
+  bool CanUndo() const override { return !locked_ && !undo_.empty(); }
+  bool CanRedo() const override { return !locked_ && !redo_.empty(); }
 
  protected:
   // Typed in place of the selection, unless the text is full.
@@ -229,12 +251,27 @@ class TextBox : public Control, public TextField {
   // In place of the selection goes what the field has room for, each character through key_press first, as one change.
   // Nothing of it comes when that fails or lets nothing pass.
   void Paste(std::string_view text) override;
+  // A run of characters typed is one step, so is a run of them taken out, and each paste. A text set by code ends the
+  // history, as there is nothing of the user's left in it.
+  bool Undo() override { return Step(undo_, redo_); }
+  bool Redo() override { return Step(redo_, undo_); }
+  void PutBack(int value, const std::string& text) override;
 
  private:
+  struct State {
+    std::string text;
+    int sel_start;
+    int sel_length;
+  };
+  enum class Edit { kNone, kTyped, kErased, kPasted };
+
+  State Now() const { return {text_, sel_start_, sel_length_}; }
   void MoveCaret(int caret, bool selecting);
   void Replace(int start, int length, std::string_view text);
-  // Whatever the user's hand changes in the text ends here.
-  void Edited();
+  // Whatever the user's hand changes in the text ends here; `before` is how it stood.
+  void Edited(Edit edit, State before);
+  bool Step(std::vector<State>& from, std::vector<State>& to);
+  void Forget();
   std::size_t Byte(int character) const;  // where it begins in the text
 
   std::string text_;
@@ -247,6 +284,10 @@ class TextBox : public Control, public TextField {
   int sel_length_ = 0;
   bool caret_at_start_ = false;
   int texts_set_ = 0;  // by code
+  bool by_hand_ = false;
+  std::vector<State> undo_, redo_;
+  Edit last_edit_ = Edit::kNone;
+  int last_caret_ = 0;  // where that edit left it
 };
 
 // A list of which one entry shows. Not editable: the text is that of the entry, typing picks the next entry that begins
@@ -273,6 +314,7 @@ class ComboBox : public Control {
 
  protected:
   void Type(int character) override;
+  void PutBack(int /*value*/, const std::string& text) override { SetText(text); }
 
  private:
   void PickNext(std::string_view beginning);
@@ -297,6 +339,7 @@ class CheckBox : public Control {
  protected:
   void Click() override { SetValue(value_ == 0 ? 1 : 0); }
   bool ClickedBy(int code) const override { return code == key::kSpace; }
+  void PutBack(int value, const std::string& text) override;
 
  private:
   int value_ = 0;
@@ -318,6 +361,7 @@ class OptionButton : public Control {
  protected:
   void Click() override { SetValue(true); }
   bool ClickedBy(int code) const override { return code == key::kSpace; }
+  void PutBack(int /*value*/, const std::string& text) override { SetValue(text == "1"); }
 
  private:
   bool value_ = false;
@@ -417,7 +461,7 @@ class Grid : public Control {
 
   Grid(Form& form, std::string_view name, int index = kNoIndex) : Grid(form, ControlKind::kGrid, name, index) {}
 
-  // Empties all cells. The current cell is the first that is not fixed.
+  // Empties all cells. The current cell is the first that is not fixed. This and Clear settle it (Form::Settle).
   void Resize(int rows, int columns, int fixed_rows, int fixed_columns);
   int Rows() const { return rows_; }
   int Columns() const { return static_cast<int>(columns_.size()); }
@@ -426,6 +470,7 @@ class Grid : public Control {
   Column& ColumnAt(int column);
   const Column& ColumnAt(int column) const;
 
+  std::string CellId(int row, int column) const;  // "Grid1(0)[1,2]"
   // Error 9 outside of the grid.
   const std::string& Cell(int row, int column) const;
   void SetCell(int row, int column, std::string_view text);
@@ -444,12 +489,18 @@ class Grid : public Control {
 
   std::string ShownText() const override { return rows_ == 0 ? std::string() : Text(); }
   bool IsEntered() const override { return true; }
+  int ValueCount() const override { return (rows_ - fixed_rows_) * (Columns() - fixed_columns_); }
+  std::string ValueId(int value) const override { return CellId(RowOf(value), ColumnOf(value)); }
+  std::string ValueText(int value) const override { return Cell(RowOf(value), ColumnOf(value)); }
 
  protected:
   Grid(Form& form, ControlKind kind, std::string_view name, int index) : Control(form, kind, name, index) {}
   void PressKey(int code, int shift) override;
+  void PutBack(int value, const std::string& text) override { SetCell(RowOf(value), ColumnOf(value), text); }
 
  private:
+  int RowOf(int value) const { return fixed_rows_ + value / (Columns() - fixed_columns_); }
+  int ColumnOf(int value) const { return fixed_columns_ + value % (Columns() - fixed_columns_); }
   std::size_t At(int row, int column) const;
 
   int rows_ = 0;

@@ -88,6 +88,7 @@ void Form::Show() {
   } ending{*this, before};
   if (!loaded_) {
     loaded_ = true;
+    drafts_.Begin();
     Run([this] { OnLoad(); });
   }
   if (!loaded_) return;  // its load has unloaded it
@@ -101,16 +102,27 @@ void Form::Unload() {
   if (!loaded_) return;
   loaded_ = false;
   Run([this] { OnUnload(); });
+  Run([this] { drafts_.End(); });
   if (view_) view_->FormChanged();
 }
 
 // Events.
 
 void Form::Run(const std::function<void()>& event) {
+  ++events_;
   try {
     event();
   } catch (...) {
     ShowCurrentError();
+  }
+  if (--events_ == 0 && loaded_) FollowDraft();
+}
+
+void Form::FollowDraft() noexcept {
+  try {
+    drafts_.EventEnded();
+  } catch (...) {
+    LogCurrentError();
   }
 }
 
@@ -160,7 +172,9 @@ void Form::SetFocus(Control& control) {
 void Form::Leave(const Control& control) {
   leaving_ = true;
   aimed_ = nullptr;
+  const bool changed = drafts_.Sheet().IsChanged(control);
   Run([&control] { Fire(control.On().lost_focus, control.Index()); });
+  drafts_.Sheet().Left(control, changed);
   leaving_ = false;
 }
 
@@ -172,7 +186,9 @@ void Form::Enter(Control& control) {
     page = outer->Page();
   }
   if (view_) view_->FocusMoved();
+  const bool changed = drafts_.Sheet().IsChanged(control);
   Run([&control] { Fire(control.On().got_focus, control.Index()); });
+  drafts_.Sheet().Entered(control, changed);
 }
 
 void Form::FocusNext(bool backwards) {
@@ -208,7 +224,7 @@ void Form::OnKeyPress(int&) {}
 //   Tab                       moves the focus; no handler sees it
 //   Insert                    changes the state of all forms, and goes on
 //   key_down of the form, of the control that has the focus
-//   F1, Alt with the access key of a button, Ctrl with Page Up or Page Down
+//   F1, Alt with the access key of a button, Ctrl with Page Up or Page Down, Ctrl with Z or Y
 //   Enter on a button         clicks it
 //   what types a character    key_press of the form, of the control; then a blank clicks, the rest goes into the text
 //   any other key             the control itself: caret, selection, current cell
@@ -234,8 +250,23 @@ void Form::Press(const Key& pressed) {
     if (pressed.shift == key::kControl && (code == key::kPageUp || code == key::kPageDown)) {
       return TurnPage(code == key::kPageUp ? -1 : 1);
     }
+    if (pressed.shift == key::kControl && code == 'Z') return Undo(control);
+    if (pressed.shift == key::kControl && code == 'Y') {
+      if (control && control->TakesInput()) control->Redo();
+      return;
+    }
+    if (pressed.shift == (key::kControl | key::kShift) && code == 'Z') return host_.ShowDrafts(*this);
     if (control) PressOn(*control, code, pressed);
   });
+}
+
+void Form::Undo(Control* control) {
+  if (control && control->TakesInput() && control->Undo()) return;
+  drafts_.RestoreOffered();
+}
+
+void Form::RestoreDraft(const std::string& id) {
+  Input([&] { drafts_.Restore(id); });
 }
 
 void Form::PressOn(Control& control, int code, const Key& pressed) {
@@ -313,6 +344,8 @@ bool Form::MoveFocusTo(Control& control) {
   if (!control.Usable()) return false;
   if (!control.TakesFocus()) return true;
   SetFocus(control);
+  // What that has called up is there before the user changes it.
+  if (drafts_.Sheet().Settled()) FollowDraft();
   return control.TakesInput();
 }
 

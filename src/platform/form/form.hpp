@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/form/control.hpp"
+#include "platform/form/form_drafts.hpp"
 #include "platform/form/layout.hpp"
 #include "zendara/ports.hpp"
 #include "zendara/runtime_error.hpp"
@@ -49,6 +50,10 @@ class FormHost {
   virtual std::int32_t WindowHandle(Form& /*form*/) { return 0; }
   // In that window; nothing if there is none, or if the control does not stand on the form.
   virtual std::optional<ControlPlace> PlaceOf(const Control& /*control*/) { return std::nullopt; }
+  // Where what was typed and not saved is kept; nullptr if it is not.
+  virtual DraftKeeper* Drafts() { return nullptr; }
+  // Lets the user choose among the drafts of the form, to restore or remove them.
+  virtual void ShowDrafts(Form& /*form*/) {}
 
   // State of the Insert key, one for all forms: off at first, so that typing replaces.
   bool insert_on = false;
@@ -87,6 +92,8 @@ class Form {
   virtual std::string Position() const { return {}; }
   // What the control with the focus expects and the keys that matter there: "ddmmaa", "F2 lista".
   virtual std::string Expected() const { return {}; }
+  // What the drafts of its records belong to: other records may have the same keys there.
+  virtual std::string DraftScope() const { return {}; }
   FormHost& Host() const { return host_; }
   Dialogs& Boxes() const { return dialogs_; }
   MousePointer Pointer() const { return pointer_; }
@@ -113,6 +120,21 @@ class Form {
   const std::vector<Control*>& TabOrder() const { return tab_order_; }
   void SetTabOrder(std::vector<Control*> order) { tab_order_ = std::move(order); }
 
+  // The record. Whoever shows, empties and stores rows says which controls hold them; `key`: of those that say which
+  // record it is, in their order. The user types over these to call up another one.
+  void AddToRecord(Control& control, bool key = false) { drafts_.Sheet().Add(control, key); }
+  // A row or nothing was put there; what other code puts there in the same event belongs to it.
+  void Settle(const Control& control) { drafts_.Sheet().Settle(control, true); }
+  // What stands there was stored: in that control, in all of the record.
+  void Stored(const Control& control) { drafts_.Sheet().Settle(control, false); }
+  void Saved() { drafts_.Saved(); }
+  // Something of the record stands there that was not stored, as of the end of the last event.
+  bool Unsaved() const { return drafts_.AnythingUnsaved(); }
+  // What this screen has left unsaved, now or earlier, the last first. See FormDrafts.
+  std::vector<KeptDraft> Drafts() const { return drafts_.Left(); }
+  void RestoreDraft(const std::string& id);
+  void RemoveDraft(const std::string& id) { drafts_.Remove(id); }
+
   // Life. Show loads the form if it is not loaded, and is modal; on a form that is being shown it returns at once.
   // Unload ends the show.
   void Show();
@@ -131,7 +153,8 @@ class Form {
 
   // What a front end passes in. Each runs as an event, on a form that is loaded: otherwise nothing happens.
   // Ctrl with Page Up or Page Down turns pages, as a click on them does: all in turn and around, those of inner tabs
-  // when the outer page is in front.
+  // when the outer page is in front. Ctrl+Z takes back what was typed in the field, Ctrl+Y does it again; where nothing
+  // was, Ctrl+Z restores the draft that the record brought up, and Ctrl+Shift+Z shows all.
   void Press(const Key& key);
   void Click(Control& control);                       // mouse; the focus moves there first
   void PointTo(TextBox& box, int start, int length);  // mouse in a text, once the focus is there
@@ -166,6 +189,8 @@ class Form {
  private:
   friend class Control;
 
+  void FollowDraft() noexcept;
+  void Undo(Control* control);
   void Add(Control& control) { controls_.push_back(&control); }
   void Input(const std::function<void()>& event);
   void ShowCurrentError() noexcept;
@@ -204,6 +229,8 @@ class Form {
   Control* aimed_ = nullptr;  // where that handler has set it
   int image_button_mark_ = 0;
   FormView* view_ = nullptr;
+  FormDrafts drafts_{*this};
+  int events_ = 0;  // that run, one within the other
 };
 
 }  // namespace zendara

@@ -1,4 +1,5 @@
 #include "platform/form/control.hpp"
+#include "platform/form/form.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -11,6 +12,7 @@ void Grid::Resize(int rows, int columns, int fixed_rows, int fixed_columns) {
   fixed_columns_ = fixed_columns;
   row_ = fixed_rows;
   col_ = fixed_columns;
+  Owner().Settle(*this);
   Changed();
 }
 
@@ -29,6 +31,10 @@ const Grid::Column& Grid::ColumnAt(int column) const {
   return columns_[static_cast<std::size_t>(column)];
 }
 
+std::string Grid::CellId(int row, int column) const {
+  return Id() + "[" + std::to_string(row) + "," + std::to_string(column) + "]";
+}
+
 const std::string& Grid::Cell(int row, int column) const { return cells_[At(row, column)]; }
 
 void Grid::SetCell(int row, int column, std::string_view text) {
@@ -38,6 +44,7 @@ void Grid::SetCell(int row, int column, std::string_view text) {
 
 void Grid::Clear() {
   for (std::string& cell : cells_) cell.clear();
+  Owner().Settle(*this);
   Changed();
 }
 

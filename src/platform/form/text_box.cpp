@@ -20,6 +20,8 @@ void TextBox::SetText(const std::string& text) {
   text_ = std::move(cut);
   sel_start_ = sel_length_ = 0;
   ++texts_set_;
+  by_hand_ = false;
+  Forget();
   Changed();
   if (!same && On().change) On().change(Index());
 }
@@ -85,15 +87,16 @@ void TextBox::Replace(int start, int length, std::string_view text) {
   const std::size_t begin = Byte(start);
   const std::size_t end = Byte(start + length);
   if (locked_ || (begin == end && text.empty())) return;
+  State before = Now();
   text_.replace(begin, end - begin, text);
   sel_start_ = start + static_cast<int>(Len(text));
   sel_length_ = 0;
-  Edited();
+  Edited(text.empty() ? Edit::kErased : Edit::kTyped, std::move(before));
 }
 
 void TextBox::Paste(std::string_view pasted) {
   if (locked_) return;
-  const std::string before = text_;
+  const State before = Now();
   const int start = sel_start_;
   const int length = sel_length_;
   const int texts_set = texts_set_;
@@ -109,7 +112,7 @@ void TextBox::Paste(std::string_view pasted) {
   };
   const auto put_back = [&] {
     if (texts_set_ != texts_set) return;
-    text_ = before;
+    text_ = before.text;
     caret = start;
     place(length);
   };
@@ -134,12 +137,49 @@ void TextBox::Paste(std::string_view pasted) {
   }
   if (caret == start) return put_back();
   place(0);
-  Edited();
+  Edited(Edit::kPasted, before);
 }
 
-void TextBox::Edited() {
+void TextBox::Edited(Edit edit, State before) {
+  // Going over a text with the keys selects the character that each of them replaces.
+  const bool goes_on = edit == last_edit_ && edit != Edit::kPasted && before.sel_start == last_caret_ &&
+                       before.sel_length <= (edit == Edit::kTyped ? 1 : 0);
+  if (!goes_on) undo_.push_back(std::move(before));
+  redo_.clear();
+  last_edit_ = edit;
+  last_caret_ = sel_start_;
+  by_hand_ = true;
   Changed();
   if (On().change) On().change(Index());
+}
+
+bool TextBox::Step(std::vector<State>& from, std::vector<State>& to) {
+  if (locked_ || from.empty()) return false;
+  to.push_back(Now());
+  auto& [text, sel_start, sel_length] = from.back();
+  text_ = std::move(text);
+  sel_start_ = sel_start;
+  sel_length_ = sel_length;
+  caret_at_start_ = false;
+  from.pop_back();
+  last_edit_ = Edit::kNone;
+  by_hand_ = true;
+  Changed();
+  if (On().change) On().change(Index());
+  return true;
+}
+
+void TextBox::Forget() {
+  undo_.clear();
+  redo_.clear();
+  last_edit_ = Edit::kNone;
+}
+
+void TextBox::PutBack(int /*value*/, const std::string& text) {
+  SetText(text);
+  sel_start_ = static_cast<int>(Len(text_));
+  by_hand_ = true;
+  Changed();
 }
 
 std::size_t TextBox::Byte(int character) const { return BytesOf(text_, static_cast<std::size_t>(character)); }

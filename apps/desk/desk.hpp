@@ -28,7 +28,7 @@ struct DeskOptions {
   std::string screen;
   std::string script;
   std::string screenshots;
-  std::optional<int> zoom;         // percent
+  std::optional<int> zoom;  // percent
 };
 
 inline constexpr int kFailed = 1;

@@ -128,14 +128,14 @@ HelpWindow& QtHost::Help() {
 void QtHost::ShowDrafts(Form& form) {
   if (!drafts_) return;
   FlushAll();
-  QWidget* behind = Behind();
+  const QPointer<QWidget> behind = Behind();
   std::string chosen;
   {
     DraftsWindow window(form, behind);
     window.exec();
     chosen = window.Chosen();
   }
-  if (behind) behind->activateWindow();
+  GoBackTo(behind);
   if (!chosen.empty()) form.RestoreDraft(chosen);
 }
 

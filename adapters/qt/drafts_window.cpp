@@ -92,7 +92,7 @@ void DraftsWindow::Remove() {
                      .buttons = BoxButtons::kYesNo,
                      .icon = BoxIcon::kQuestion,
                      .default_button = 2};
-  const BoxAnswer answer = MessageBox(question, windowTitle(), this).Ask();
+  const BoxAnswer answer = MessageBox(question, windowTitle(), QString(), this).Ask();
   activateWindow();
   if (answer != BoxAnswer::kYes) return;
   form_.RemoveDraft(kept.id);

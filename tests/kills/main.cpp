@@ -35,7 +35,8 @@ namespace fs = std::filesystem;
 
 constexpr const char* kCompany = "00001";
 constexpr const char* kYear = "01";
-constexpr int kKeys = 1000;          // more than any round lasts
+constexpr int kKeys = 1000;  // more than any round lasts
+constexpr int kSomethingElse = kKeys;
 constexpr int kLastKill = 120;       // keys
 constexpr int kLongestPause = 8000;  // microseconds between two keys, ten times as fast as hands are
 constexpr int kLongestRest = 3000;   // microseconds between an acknowledgment and the kill
@@ -145,13 +146,12 @@ int Type(const std::string& folder, const std::string& drafts_folder, unsigned s
   return 0;
 }
 
-// How many acknowledged steps the draft lacks; nothing if it never stood there so.
-std::optional<int> Missing(const std::string& drafts_folder, const std::string& scope, unsigned seed,
-                           int acknowledged) {
+// How many acknowledged steps the draft lacks; kSomethingElse if it never stood there so.
+int Missing(const std::string& drafts_folder, const std::string& scope, unsigned seed, int acknowledged) {
   FileDrafts drafts(drafts_folder);
   Texts kept;
   const auto left = drafts.Left(scope, kPantallaTrabajadores);
-  if (left.size() > 1) return std::nullopt;
+  if (left.size() > 1) return kSomethingElse;
   if (!left.empty()) {
     for (const auto& [id, text] : left.front().draft.values) kept[id] = text;
   }
@@ -160,7 +160,7 @@ std::optional<int> Missing(const std::string& drafts_folder, const std::string& 
   for (int step = acknowledged + 1; step >= 0; --step) {  // the next one may have come through, too
     if (kept == states[static_cast<std::size_t>(step)]) return std::max(acknowledged - step, 0);
   }
-  return std::nullopt;
+  return kSomethingElse;
 }
 
 int Run(const char* program, int rounds, unsigned seed) {
@@ -196,15 +196,15 @@ int Run(const char* program, int rounds, unsigned seed) {
     while (::read(pipe[0], &byte, 1) == 1) ++acknowledged;
     ::close(pipe[0]);
     keys += acknowledged;
-    const auto missing =
-        WIFSIGNALED(status) && acknowledged >= enough ? Missing(drafts, scope, round_seed, acknowledged) : std::nullopt;
-    if (!missing || *missing > 1) {
+    const bool killed = WIFSIGNALED(status) && acknowledged >= enough;
+    const int missing = killed ? Missing(drafts, scope, round_seed, acknowledged) : kSomethingElse;
+    if (missing > 1) {
       std::cerr << "draft_kills: round " << round << " of seed " << seed << ": of " << acknowledged
                 << " steps the draft ";
-      std::cerr << (missing ? "lacks " + std::to_string(*missing) : "shows something else") << '\n';
+      std::cerr << (missing == kSomethingElse ? "shows something else" : "lacks " + std::to_string(missing)) << '\n';
       return 1;
     }
-    last_missing += *missing;
+    last_missing += missing;
   }
   std::cout << rounds << " kills after " << keys << " steps in all: the last key was missing " << last_missing
             << " times, never another one\n";

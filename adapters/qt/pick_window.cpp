@@ -25,6 +25,7 @@ namespace zendara {
 namespace {
 
 constexpr std::size_t kBatch = 256;
+constexpr std::size_t kBatches = 32;
 constexpr qint64 kSlice = 20;  // milliseconds of reading, after which a key may come
 constexpr int kRowsShown = 18;
 
@@ -247,12 +248,15 @@ void PickWindow::Show(Change change) {
   Widen();
 }
 
+// Each puts its rows among those that are there: the more of these, the more at once.
+std::size_t PickWindow::Batch() const { return std::max(kBatch, search_.Read() / kBatches); }
+
 void PickWindow::ReadOn() {
   if (search_.Complete() && !model_->Failure()) return reading_.stop();
   Show([this] {
     QElapsedTimer since;
     since.start();
-    while (!search_.Complete() && since.elapsed() < kSlice) search_.ReadOn(kBatch);
+    while (!search_.Complete() && since.elapsed() < kSlice) search_.ReadOn(Batch());
   });
 }
 
@@ -332,7 +336,7 @@ bool PickWindow::WalkBy(int key) {
       return true;
     case Qt::Key_End:
       Show([this] {
-        while (!search_.Complete()) search_.ReadOn(kBatch);
+        while (!search_.Complete()) search_.ReadOn(Batch());
       });
       Walk(static_cast<int>(search_.Read()));
       return true;

@@ -42,6 +42,7 @@ class PickWindow : public QDialog {
   // Changes what is shown, by the search, and shows it. An error closes the window and is thrown by Chosen.
   template <typename Change>
   void Show(Change change);
+  std::size_t Batch() const;
   void ReadOn();
   // Reads until no row that comes could be the current one in place of this.
   void Settle();

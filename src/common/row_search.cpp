@@ -30,7 +30,8 @@ unsigned RankOf(char c) {
 }
 
 bool IsLess(std::string_view a, std::string_view b) {
-  return std::ranges::lexicographical_compare(a, b, {}, RankOf, RankOf);
+  const auto [of_a, of_b] = std::ranges::mismatch(a, b);
+  return of_b != b.end() && (of_a == a.end() || RankOf(*of_a) < RankOf(*of_b));
 }
 
 // Texts stand in the order of these numbers, as far as they differ.
@@ -93,6 +94,10 @@ void RowSearch::ReadOn(std::size_t rows) {
     taken.push_back(static_cast<Row>(row));
   }
   Insert(all_, taken);
+  if (!Looking()) {
+    shown_ = all_;
+    return;
+  }
   std::erase_if(taken, [this](Row row) { return !HoldsTheWords(row); });
   Insert(shown_, std::move(taken));
 }

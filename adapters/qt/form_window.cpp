@@ -380,13 +380,13 @@ void FormWindow::Reveal(const QWidget& widget) {
 }
 
 const Control* FormWindow::EnteredField() const {
-  const Control* focus = form_.Focus();
-  return passing_ > 0 && focus && focus->IsEntered() && focus->Usable() ? focus : nullptr;
+  const Control* field = form_.Concerned();
+  return passing_ > 0 && field && field->IsEntered() && field->Usable() ? field : nullptr;
 }
 
 QRect FormWindow::OnScreen(const Control& control) const {
   const QWidget* widget = ViewOf(control)->Widget();
-  return {widget->mapToGlobal(QPoint(0, 0)), widget->size()};
+  return widget->isVisible() ? QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size()) : QRect();
 }
 
 void FormWindow::Mark(const Control& control, bool marked) {

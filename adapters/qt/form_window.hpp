@@ -88,11 +88,12 @@ class FormWindow : public QWidget, public FormView {
   // Where the control stands in the window, which need not be shown yet. REQUIRES: it has a view.
   QRect PlaceOf(const Control& control);
 
-  // While the form answers an event: the control with the focus, if it holds what the user enters. Otherwise nullptr.
+  // While the form answers an event: the control that its box is about, if it holds what the user enters. Otherwise
+  // nullptr.
   const Control* EnteredField() const;
   // Shows that a box is about that control. Nothing if the window does not show it.
   void Mark(const Control& control, bool marked);
-  // Where it is on the screen. REQUIRES: the window shows it.
+  // Where it is on the screen; empty while its page is not in front. REQUIRES: it has a view.
   QRect OnScreen(const Control& control) const;
 
   void ControlChanged(const Control& control) override;

@@ -156,6 +156,15 @@ void PantallaBase::Guarda(const std::function<void()>& rutina) {
 
 void PantallaBase::Mensaje(const std::string& texto, BoxIcon icono) { Boxes().Show({.text = texto, .icon = icono}); }
 
+void PantallaBase::Mensaje(const std::string& texto, const Control& control, BoxIcon icono) {
+  const struct Mientras {
+    Form& pantalla;
+    ~Mientras() { pantalla.SetConcerned(nullptr); }
+  } mientras{*this};
+  SetConcerned(&control);
+  Mensaje(texto, icono);
+}
+
 // Keys.
 
 void PantallaBase::OnKeyDown(int& code, int shift) {

@@ -55,6 +55,8 @@ class PantallaBase : public Form, public Pantalla {
   void Guarda(const std::function<void()>& rutina);
   // A plain box, or one with an icon.
   void Mensaje(const std::string& texto, BoxIcon icono = BoxIcon::kNone);
+  // About a control to which the focus goes only afterwards.
+  void Mensaje(const std::string& texto, const Control& control, BoxIcon icono = BoxIcon::kNone);
   // A character typed into a field: the filter of amounts, and going over the text while Insert is off.
   void TeclaDeTexto(TextBox& campo, int& caracter);
   // The record on the screen was stored whole. To be called before the screen is emptied.

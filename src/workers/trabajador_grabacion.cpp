@@ -28,7 +28,7 @@ bool Trabajadores::ValidarTrabajador() {
 bool Trabajadores::EstanRellenos(CampoTrabajador desde, CampoTrabajador hasta) {
   for (const auto& [campo, mensaje] : CamposObligatorios()) {
     if (campo < desde || campo > hasta || !ficha_.Vacio(campo)) continue;
-    Mensaje(std::string(mensaje), BoxIcon::kExclamation);
+    Mensaje(std::string(mensaje), *ficha_.ControlDe(campo), BoxIcon::kExclamation);
     ficha_.ControlDe(campo)->SetFocus();
     return false;
   }
@@ -37,7 +37,7 @@ bool Trabajadores::EstanRellenos(CampoTrabajador desde, CampoTrabajador hasta) {
 
 bool Trabajadores::TieneFechaBonificacion() {
   if (Vacio(kBonificacion1) || !Vacio(kInicioBonificacion1)) return true;
-  Mensaje("Debe introducir la fecha de inicio de la bonificación", BoxIcon::kExclamation);
+  Mensaje("Debe introducir la fecha de inicio de la bonificación", Text1(kInicioBonificacion1), BoxIcon::kExclamation);
   Text1(kInicioBonificacion1).SetFocus();
   return false;
 }
@@ -48,7 +48,7 @@ bool Trabajadores::CompruebaGrids() {
     if (fila == 0) continue;
     Tab1.SetTab(kPaginaFamilia);
     Mensaje("Error en el grid '" + std::string(kNombresRejillas[indice]) + "' en la fila " + std::to_string(fila),
-            BoxIcon::kExclamation);
+            *rejilla, BoxIcon::kExclamation);
     return false;
   }
   return true;

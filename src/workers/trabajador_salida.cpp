@@ -154,7 +154,7 @@ bool Trabajadores::RechazaDias() {
 void Trabajadores::CompruebaFechaFin() {
   if (Vacio(kFechaFin)) return;
   if (Vacio(kFechaInicio)) {
-    Mensaje("Debe introducir antes la fecha de inicio de la situación");
+    Mensaje("Debe introducir antes la fecha de inicio de la situación", Text1(kFechaInicio));
     Text1(kFechaFin).SetText("");
     Text1(kFechaInicio).SetFocus();
   } else if (CDbl(DateDiffDays(Texto(kFechaInicio), Texto(kFechaFin), sesion_.VentanaFechas)) < 0) {

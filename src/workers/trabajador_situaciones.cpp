@@ -160,8 +160,12 @@ bool Trabajadores::ValidarIntervaloSituacion() {
   for (; !filas.Eof(); filas.MoveNext()) {
     const auto falta = ComparaIntervalos(nueva, {texto(0), texto(1), texto(2)}, sesion_.VentanaFechas);
     if (!falta) continue;
-    Mensaje(falta->mensaje, falta->icono);
-    if (falta->campo) Text1(*falta->campo).SetFocus();
+    if (falta->campo) {
+      Mensaje(falta->mensaje, Text1(*falta->campo), falta->icono);
+      Text1(*falta->campo).SetFocus();
+    } else {
+      Mensaje(falta->mensaje, falta->icono);
+    }
     return false;
   }
   return true;

@@ -146,6 +146,10 @@ class Form {
   // control first aimed at gets no event. A control that takes its own focus back runs got_focus again. The page of
   // the control that gains the focus comes to the front. nullptr: none yet.
   Control* Focus() const { return focus_; }
+  // What the box in front is about: the control with the focus, unless the routine that shows it has said another one.
+  // nullptr: none.
+  const Control* Concerned() const { return concerned_ ? concerned_ : focus_; }
+  void SetConcerned(const Control* control) { concerned_ = control; }
   void SetFocus(Control& control);
   void FocusNext(bool backwards = false);
   // Past the buttons of the pages: whoever fills in the fields comes from the last one of a page to the next page.
@@ -227,6 +231,7 @@ class Form {
   Control* focus_ = nullptr;
   bool leaving_ = false;      // lost_focus of the control with the focus is running
   Control* aimed_ = nullptr;  // where that handler has set it
+  const Control* concerned_ = nullptr;
   int image_button_mark_ = 0;
   FormView* view_ = nullptr;
   FormDrafts drafts_{*this};

@@ -142,6 +142,22 @@ TEST_F(WorkerScreenTest, AScreenReaderIsToldEveryControl) {
   });
 }
 
+TEST_F(WorkerScreenTest, ABoxAboutAMissingValueNamesItsField) {
+  OnScreen([&](FormWindow& window, Form& screen) {
+    QString about;
+    const std::function<void()> look = [&] {
+      QWidget* box = QApplication::activeModalWidget();
+      if (box == &window) return Soon(look);  // saving lets pending events run before it checks
+      about = box->findChild<QLabel*>("about")->text();
+      EXPECT_TRUE(WidgetOf(window, *screen.Find("Text1(1)")).property(kMarked).toBool());
+      box->close();
+    };
+    Soon(look);
+    window.Pass([&] { screen.Click(*screen.Find("Grabar")); });
+    EXPECT_EQ(about, "Campo: «Nº Trabajador»");
+  });
+}
+
 TEST_F(WorkerScreenTest, NoWindowOutgrowsTheScreen) {
   OnScreen([&](FormWindow& window, Form& screen) {
     const QRect room = window.screen()->availableGeometry();

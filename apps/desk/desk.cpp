@@ -156,6 +156,7 @@ void Desk::Show(const std::string& folder, const std::string& company, const std
     remembered_->folder = folder;
     remembered_->company = company;
     remembered_->year = year;
+    Remember();  // here already: who knows how the program ends
   }
   company_->Show(screen);
   Remember();

@@ -16,8 +16,7 @@ using enum CampoTrabajador;
 
 namespace {
 
-// The rows before one have to be counted each time, which takes longer than showing a worker where there are more.
-constexpr int kMasSinContar = 5000;
+constexpr std::string_view kNumeroMedio = "50000";
 
 }  // namespace
 
@@ -45,17 +44,18 @@ std::string Trabajadores::Position() const {
   return posicion_ + " · Situación " + std::to_string(Situaciones.Marked()) + " de " + todas;
 }
 
-// REQUIRES: BDEmpresa is the company's file.
+// Counts from the nearer end of the numbers, so that half of them are counted at most. REQUIRES: BDEmpresa is the
+// company's file.
 void Trabajadores::CuentaTrabajadores() {
+  const std::string numero = TextoRecortado(kNumero);
+  const bool desde_el_final = numero > kNumeroMedio;
   const std::int64_t todos = sesion_.Tabla(kTrabajadoresFijo).RecordCount();
-  const std::string cuantos = GroupThousands(std::to_string(todos));
-  if (todos > kMasSinContar) {
-    posicion_ = cuantos + " trabajadores";
-    return;
-  }
-  const auto cuenta = sesion_.BDEmpresa->OpenRecordset("SELECT Count(*) FROM TrabajadoresFijo WHERE Campo0 <= '" +
-                                                       SqlText(TextoRecortado(kNumero)) + "'");
-  posicion_ = "Trabajador " + GroupThousands(TextoNoNulo(cuenta->Fields(0).Get())) + " de " + cuantos;
+  const auto cuenta =
+      sesion_.BDEmpresa->OpenRecordset("SELECT Count(*) FROM TrabajadoresFijo WHERE Campo0 " +
+                                       std::string(desde_el_final ? ">" : "<=") + " '" + SqlText(numero) + "'");
+  const auto contados = static_cast<std::int64_t>(CDbl(cuenta->Fields(0).Get()));
+  posicion_ = "Trabajador " + GroupThousands(std::to_string(desde_el_final ? todos - contados : contados)) + " de " +
+              GroupThousands(std::to_string(todos));
 }
 
 std::string Trabajadores::Expected() const {

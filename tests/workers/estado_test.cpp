@@ -39,6 +39,16 @@ TEST_F(TrabajadoresTest, SaysWhoIsShownAndWhereHeStands) {
   EXPECT_THAT(pantalla->Position(), EndsWith(" · 4 situaciones")) << "the new one is none of them yet";
   Pulsa("Cancela");
   EXPECT_EQ(pantalla->Subject() + pantalla->Position(), "");
+
+  // High numbers are counted from the other end.
+  for (const char* numero : {"60000", "70000"}) {
+    sesion.Tabla(kTrabajadoresFijo).AddNew();
+    sesion.Tabla(kTrabajadoresFijo).Fields(0).Set(numero);
+    sesion.Tabla(kTrabajadoresFijo).Update();
+  }
+  Rellena(kNumero, "60000");
+  EXPECT_EQ(pantalla->Position(),
+            "Trabajador " + std::to_string(kTrabajadoresDemo) + " de " + std::to_string(kTrabajadoresDemo + 1));
 }
 
 TEST_F(TrabajadoresTest, SaysWhatTheFieldTakes) {

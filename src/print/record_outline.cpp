@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "runtime/format.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara::print {
@@ -139,7 +140,9 @@ class Reader {
   }
 
   static std::string Value(const Control& control, const std::vector<Control*>& attached) {
+    const auto* box = dynamic_cast<const TextBox*>(&control);
     std::string value = Trim(control.ShownText());
+    if (box && box->Grouped()) value = GroupThousands(value);
     for (const Control* behind : attached) {
       if (!behind->Visible()) continue;
       const std::string more = behind->HasCaptionBefore() ? Trim(behind->ShownText()) : LabelWords(*behind);

@@ -10,13 +10,14 @@
 #include <utility>
 
 #include "print/fixed_measure.hpp"
+#include "runtime/format.hpp"
 #include "support/fake_form_host.hpp"
 
 namespace zendara::print {
 namespace {
 
 const std::string kNow = "2026-11-21T18:05:09";
-const std::string kLongFigure(60, '7');
+const std::string kLongFigure(45, '7');
 const std::string kLetters[] = {"a", "ñ", "É", "7"};
 
 std::string WithoutBlanks(std::string text) {
@@ -96,6 +97,7 @@ class RandomForm : public Form {
     Long.SetText(words);
     Figure.SetCaption("Cifra ..........:");
     Figure.SetText(kLongFigure);
+    Figure.SetGrouped(true);
     List.SetCaption("&Lista:");
     List.SetEditable(true);
     List.SetText("1");
@@ -204,7 +206,7 @@ TEST_F(RecordDocumentTest, SaysWhatTheFormSaysOnEveryPageOfIt) {
     for (const Page& page : document.pages) {
       for (const TextRun& run : Runs(page)) texts.insert(run.text);
     }
-    EXPECT_TRUE(texts.contains(kLongFigure));
+    EXPECT_TRUE(texts.contains(GroupThousands(kLongFigure)));
     for (int row = 2; row < form.Table.Rows(); row += 2) {
       for (int column = 0; column < form.Table.Columns(); ++column) {
         EXPECT_TRUE(texts.contains(form.Table.Cell(row, column)));

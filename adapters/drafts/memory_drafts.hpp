@@ -13,7 +13,7 @@ namespace zendara {
 class MemoryDrafts : public DraftKeeper {
  public:
   std::string Keep(const std::string& id, const Draft& draft) override {
-    const std::string name = id.empty() ? std::to_string(++made_) : id;
+    std::string name = id.empty() ? std::to_string(++made_) : id;
     Drop(name);
     drafts_.insert(drafts_.begin(), {.kept = {.id = name, .when = {}, .draft = draft}, .left = false});
     return name;

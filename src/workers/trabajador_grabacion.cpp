@@ -127,7 +127,7 @@ std::string Trabajadores::NombreDe(IndiceCampo indice) const {
     const auto [rejilla, fila, columna] = CeldaDe(indice);
     return Grid1(rejilla).Cell(fila, kColumnaRotulo) + " (" + Grid1(rejilla).Cell(0, columna) + ")";
   }
-  const std::string rotulo(campo->rotulo.substr(0, campo->rotulo.find_last_not_of(" :") + 1));
+  std::string rotulo(campo->rotulo.substr(0, campo->rotulo.find_last_not_of(" :") + 1));
   for (const Control* marco = ficha_.ControlDe(indice)->Container(); marco; marco = marco->Container()) {
     if (!marco->Caption().empty()) return rotulo + " (" + marco->Caption() + ")";
   }

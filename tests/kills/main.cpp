@@ -214,7 +214,7 @@ int Run(const char* program, int rounds, unsigned seed) {
 }  // namespace
 }  // namespace zendara
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   if (argc == 6 && std::string(argv[1]) == "--type") {
     return zendara::Type(argv[2], argv[3], static_cast<unsigned>(std::stoul(argv[4])), std::stoi(argv[5]));
   }
@@ -223,4 +223,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   return zendara::Run(argv[0], std::stoi(argv[1]), argc > 2 ? static_cast<unsigned>(std::stoul(argv[2])) : 1);
+} catch (const std::exception& error) {
+  std::cerr << "draft_kills: " << error.what() << '\n';
+  return 2;
 }

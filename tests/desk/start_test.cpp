@@ -59,8 +59,8 @@ TEST_F(StartTest, WhatIsNoSensibleValueIsForgotten) {
   const char* const contents[] = {
       "",
       "\xFF\xFE\x01 garbage = = [",
-      "[General]\nempresa=1\nejercicio=2001\nletra=grande\n[ventanas]\nA=12\nB=@Rect(1 2 -3 4)\nC=@Rect(9999999 0 1 "
-      "1)\n",
+      "[General]\nempresa=1\nejercicio=2001\nletra=grande\n",
+      "[ventanas]\nA=12\nB=@Rect(1 2 -3 4)\nC=@Rect(9999999 0 1 1)\n",
       "[General]\nempresa=../x\nejercicio=x1\nletra=-5\n[ventanas]\nA=@Rect(a b)\nB=@Size(1 2)\n",
   };
   for (const char* content : contents) {

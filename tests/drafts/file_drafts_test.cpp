@@ -100,7 +100,7 @@ TEST_F(FileDraftsTest, WhatSomebodyWorksOnIsNotOfferedTakenOrRemoved) {
   other.Leave(copy);
   EXPECT_THAT(LeftIn(other), ElementsAre(Typed("tres"), Typed("dos")));
   EXPECT_EQ(owner->Keep(id, Typed("cuatro")), id);
-  FileDrafts(folder, 0);  // removes what is older than no time at all
+  { const FileDrafts tidy(folder, 0); }  // removes what is older than no time at all, but not what is worked on
   owner.reset();
   EXPECT_THAT(LeftIn(other), ElementsAre(Typed("cuatro")));
   other.Drop(id);

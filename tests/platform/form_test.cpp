@@ -29,7 +29,7 @@ struct Sample : SampleForm {
       if (on_leave) on_leave(i);
     };
     Text1.On().change = [this](int) { ++changes; };
-    Grabar.On().click = [this](int) { log.push_back("accept"); };
+    Grabar.On().click = [this](int) { log.emplace_back("accept"); };
     for (Tabs* tabs : {&Tab1, &Tab2}) {
       tabs->On().click = [this, tabs](int) { log.push_back(tabs->Id() + " " + tabs->ShownText()); };
     }

@@ -1,9 +1,9 @@
 // Drafts in a folder of the user's own, a file each, written while typing goes on.
 //
 // A file is appended to, a line for each change (draft_lines.hpp), by a thread of its own: a key waits for the line of
-// the key before it, 40 ms at most when the disk is slow. The disk is asked to make the lines
-// durable behind that, as often as it can. So when the program is killed the line of the last key may be missing, and
-// when the machine stops those of the last moment.
+// the key before it, 40 ms at most when the disk is slow. The disk is asked to make the lines durable behind
+// that, as often as it can. So when the program is killed the line of the last key may be missing, and when the machine
+// stops those of the last moment.
 //
 // Whoever works on a draft holds a lock on its file: other programs of the user neither offer nor remove it, until its
 // owner is gone.

@@ -117,7 +117,7 @@ bool DraftsWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DraftsWindow::Rescale() {
-  const int height = table_->fontMetrics().height() * 4 / 3;
+  const int height = RowHeight(table_->fontMetrics());
   table_->verticalHeader()->setMinimumSectionSize(height);
   table_->verticalHeader()->setDefaultSectionSize(height);
   for (const int column : {0, 1}) table_->resizeColumnToContents(column);

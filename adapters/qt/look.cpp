@@ -188,6 +188,8 @@ void Watch(QObject* owner, std::function<void()> changed) { Watchers().push_back
 
 }  // namespace zoom
 
+int RowHeight(const QFontMetrics& metrics) { return metrics.height() * 4 / 3; }
+
 int TextWidth(const QFontMetrics& metrics, int characters) {
   // Codes are digits; names are capitals, a little wider.
   const QChar sample = QLatin1Char(characters > 5 ? 'E' : '0');

@@ -67,5 +67,7 @@ void Watch(QObject* owner, std::function<void()> changed);
 
 // Width of that many characters of a code or a name.
 int TextWidth(const QFontMetrics& metrics, int characters);
+// Of a row in a list or table.
+int RowHeight(const QFontMetrics& metrics);
 
 }  // namespace zendara

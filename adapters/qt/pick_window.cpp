@@ -425,7 +425,7 @@ int PickWindow::HeadingWidth(int column) const {
 }
 
 void PickWindow::Rescale() {
-  const int height = table_->fontMetrics().height() * 4 / 3;
+  const int height = RowHeight(table_->fontMetrics());
   table_->horizontalHeader()->setMinimumSectionSize(0);
   table_->verticalHeader()->setMinimumSectionSize(height);
   table_->verticalHeader()->setDefaultSectionSize(height);

@@ -61,7 +61,7 @@ class RowPickerView : public ControlView {
       }
     }
     const QFontMetrics metrics(QApplication::font());
-    for (int row = 0; row < rows; ++row) list_->topLevelItem(row)->setSizeHint(0, {0, metrics.height() * 4 / 3});
+    for (int row = 0; row < rows; ++row) list_->topLevelItem(row)->setSizeHint(0, {0, RowHeight(metrics)});
     QTreeWidgetItem* current = list_->topLevelItem(picker_.Row() - 1);
     list_->setCurrentItem(current);
     if (current) current->setSelected(picker_.HasFocus());

@@ -109,7 +109,7 @@ void Chooser::PressEnter() {
 void Chooser::Rescale() {
   const QFontMetrics metrics(QApplication::font());
   list_->setMinimumSize(TextWidth(metrics, 44), metrics.height() * 8);
-  for (int row = 0; row < list_->count(); ++row) list_->item(row)->setSizeHint({0, metrics.height() * 4 / 3});
+  for (int row = 0; row < list_->count(); ++row) list_->item(row)->setSizeHint({0, RowHeight(metrics)});
   layout()->setSpacing(metrics.height() / 2);
   const int margin = metrics.height();
   layout()->setContentsMargins(margin, margin, margin, margin);

@@ -1,6 +1,7 @@
 #include "platform/form/form_drafts.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/form/form.hpp"
 #include "runtime/failure.hpp"
@@ -80,8 +81,9 @@ void FormDrafts::EventEnded() {
   }
   Follow(*keeper);
   if (settled && changes_.empty()) Offer(left);
-  if (left && !changes_.empty())
+  if (left && !changes_.empty()) {
     Say("Lo que escribió en " + title + " sigue en la lista de borradores (Ctrl+Mayús+Z).");
+  }
   if (!changes_.empty() && !offered_id_.empty()) {
     offered_id_.clear();
     if (form_.Status() == said_) form_.SetStatus({});
@@ -113,8 +115,9 @@ void FormDrafts::Offer(bool left) {
   offered_id_ = offered == drafts.end() ? std::string() : offered->id;
   if (offered == drafts.end()) return;
   if (offered == of_record) return Say("Ctrl+Z recupera lo que escribió aquí" + When(*offered) + " y no grabó.");
-  if (left || begun)
+  if (left || begun) {
     Say("Quedó sin grabar lo escrito en " + offered->draft.title + When(*offered) + ": Ctrl+Z lo recupera.");
+  }
 }
 
 // What the screen says itself comes first.

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "common/listas.hpp"
-#include "frame/stored_tables.hpp"
+#include "frame/bases_datos.hpp"
 #include "platform/sql/literal.hpp"
 #include "runtime/characters.hpp"
 #include "runtime/date.hpp"
@@ -39,11 +39,6 @@ constexpr std::size_t kMasVistos = 10;
 constexpr std::size_t kTrabajadoresDeUnaVez = 256;
 constexpr int kNumeros = 100000;  // 00000 to 99999
 constexpr std::size_t kCifras = 5;
-
-std::shared_ptr<Database> AbreCompania(const Sesion& sesion) {
-  return sesion.platform.engine->Workspaces(0)->OpenDatabase(
-      sesion.DirDatos + FileName(FileKind::kCompany, sesion.CodEmpresa.str(), sesion.AnoTrabajo.str()));
-}
 
 // As text comparisons of the store have it.
 std::string Clave(const std::string& numero) { return LCase(RTrim(numero)); }

@@ -33,6 +33,13 @@ void AbreFichero(Sesion& sesion, FileKind fichero, std::string_view ano) {
   Abre(sesion, sesion.BDEmpresa, FileName(fichero, sesion.CodEmpresa.str(), ano));
 }
 
+std::shared_ptr<Database> AbreCompania(const Sesion& sesion) {
+  auto base = sesion.platform.engine->Workspaces(0)->OpenDatabase(
+      sesion.DirDatos + FileName(FileKind::kCompany, sesion.CodEmpresa.str(), sesion.AnoTrabajo.str()));
+  base->SetYearWindow(sesion.VentanaFechas);
+  return base;
+}
+
 bool AbreTabla(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) try {
   Abre(sesion, db, nombre);
   if (nombre.starts_with("NOM")) PonConsulta(sesion, *db);

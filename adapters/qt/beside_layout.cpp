@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "adapters/qt/fit.hpp"
+#include "adapters/qt/flow_layout.hpp"
 #include "adapters/qt/look.hpp"
 
 namespace zendara {
@@ -35,12 +36,23 @@ QLayoutItem* BesideLayout::takeAt(int index) {
 
 QSize BesideLayout::Wanted() const { return twips_ * zoom::Percent() / (100 * kTwipsPerPixel); }
 
-QSize BesideLayout::Least() const { return Wanted() * 3 / 4; }
+QSize BesideLayout::Least() const { return {Wanted().width() * 3 / 4, Wanted().height() * 9 / 10}; }
+
+// Of the part when its lines go on further ones.
+int BesideLayout::NarrowWidth() const {
+  int width = part_->minimumSize().width();
+  for (int i = 0; i < part_->layout()->count(); ++i) {
+    const QLayoutItem* line = part_->layout()->itemAt(i);
+    if (!dynamic_cast<const FlowLayout*>(line)) width = std::max(width, line->sizeHint().width());
+  }
+  return width;
+}
 
 int BesideLayout::WidthIn(QSize place) const {
   if (picture_->isEmpty()) return 0;  // hidden
-  const int left = std::min(place.width() - part_->sizeHint().width() - spacing(), Wanted().width());
-  return left >= Least().width() && place.height() >= Least().height() ? left : 0;
+  const QSize least = Least();
+  if (place.height() < least.height() || place.width() < NarrowWidth() + spacing() + least.width()) return 0;
+  return std::clamp(place.width() - part_->sizeHint().width() - spacing(), least.width(), Wanted().width());
 }
 
 QSize BesideLayout::sizeHint() const {
@@ -51,9 +63,9 @@ QSize BesideLayout::sizeHint() const {
 }
 
 int BesideLayout::heightForWidth(int width) const {
-  const int beside = WidthIn({width, Least().height()});
-  return std::max(part_->heightForWidth(beside > 0 ? width - beside - spacing() : width),
-                  beside > 0 ? Least().height() : 0);
+  const int beside = WidthIn({width, Wanted().height()});
+  return beside > 0 ? std::max(part_->heightForWidth(width - beside - spacing()), Wanted().height())
+                    : part_->heightForWidth(width);
 }
 
 void BesideLayout::setGeometry(const QRect& place) {

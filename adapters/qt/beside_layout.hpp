@@ -6,8 +6,8 @@
 
 namespace zendara {
 
-// The part always has the width that it wants; what is left goes to the picture, as long as that is enough. A picture
-// that is left out has no size, so a screen reader still finds its words.
+// Where both are too wide the picture gets smaller, then what can of the part goes on further lines, and then the
+// picture is left out: it has no size then, so a screen reader still finds its words.
 class BesideLayout final : public QLayout {
  public:
   // The size of the picture in twips, before scaling. REQUIRES: both are added to the widget that this lies in.
@@ -27,6 +27,7 @@ class BesideLayout final : public QLayout {
  private:
   QSize Wanted() const;  // by the picture, in pixels
   QSize Least() const;
+  int NarrowWidth() const;
   // Of the picture in such a place; 0 when it is left out.
   int WidthIn(QSize place) const;
 

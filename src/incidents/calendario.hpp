@@ -42,6 +42,11 @@ struct Calendario {
   std::string aviso;                          // one sentence in the place of rows: why there are none
 };
 
+// Whether it can be drawn, whatever its year.
+bool EsDibujable(const IncidenciaVista& fila);
+// The rows that the typed interval collides with, by start; those of other years too.
+std::vector<const IncidenciaVista*> Coincidencias(const Calendario& calendario);
+
 // A row a month, a cell a day, in it the table IT above and ESP below; incidents by colour, letter and pattern, days
 // with two rows, today, and the typed interval as a frame that warns where it meets a row. Fills the surface; paints
 // nothing where that is too small to be read.

@@ -4,11 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "adapters/cairo/pango_text.hpp"
 #include "print/document_writer.hpp"
 
 namespace zendara {
-
-class PangoMeasure;
 
 // The fonts are loaded when something is measured or drawn first.
 class CairoWriter : public print::DocumentWriter {
@@ -18,7 +17,7 @@ class CairoWriter : public print::DocumentWriter {
   CairoWriter(const CairoWriter&) = delete;
   CairoWriter& operator=(const CairoWriter&) = delete;
 
-  const print::TextMeasure& Measure() const override;
+  const PangoMeasure& Measure() const override;
   std::string Now() const override;
   void WritePdf(const print::Document& document, const std::string& path, Existing existing) const override;
 

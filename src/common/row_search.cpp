@@ -7,6 +7,7 @@
 
 #include "runtime/characters.hpp"
 #include "runtime/date.hpp"
+#include "runtime/plain_text.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -16,10 +17,6 @@ namespace {
 constexpr int kCodeKind = 1;
 constexpr int kDateKind = 2;
 constexpr char kColumnEnd = '\0';  // comes before every letter
-
-// The characters U+00E0 to U+00FF without their marks; a dot stands for those that stay.
-constexpr std::string_view kUnmarked = "aaaaaa.ceeeeiiii..ooooo..uuuuy.y";
-constexpr int kFirstMarked = 0xE0;
 
 // In the order of letters ñ comes after n; its first byte is that of every letter that is left with a mark.
 unsigned RankOf(char c) {
@@ -57,24 +54,6 @@ std::string CellOf(const RowList& rows, std::size_t row, std::size_t column) try
 }
 
 }  // namespace
-
-std::string PlainText(std::string_view text) {
-  std::string plain;
-  plain.reserve(text.size());
-  while (!text.empty()) {
-    if (static_cast<unsigned char>(text.front()) < 0x80) {
-      plain += FoldCase(text.front());
-      text.remove_prefix(1);
-      continue;
-    }
-    const std::string small = LCase(TakeCharacter(text));
-    const int marked = CodePoint(small) - kFirstMarked;
-    const bool known = marked >= 0 && marked < static_cast<int>(kUnmarked.size());
-    const char letter = known ? kUnmarked[static_cast<std::size_t>(marked)] : '.';
-    letter == '.' ? plain += small : plain += letter;
-  }
-  return plain;
-}
 
 RowSearch::RowSearch(RowList& rows) : rows_(rows), foremost_(rows.View().foremost) {
   if (const auto column = rows.View().sorted_by) {

@@ -12,9 +12,6 @@
 
 namespace zendara {
 
-// A text as it is searched: small letters, no accents; ñ is a letter of its own. As many characters as before.
-std::string PlainText(std::string_view text);
-
 // Characters of a text, from 0.
 struct TextRange {
   int start = 0;

@@ -8,7 +8,6 @@ namespace zendara {
 namespace {
 
 constexpr std::size_t kBufferSize = 1 << 18;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
@@ -98,6 +97,10 @@ void AppendCsvText(std::string_view text, std::string& row) {
     row += text;
     return;
   }
+  AppendCsvQuoted(text, row);
+}
+
+void AppendCsvQuoted(std::string_view text, std::string& row) {
   row += '"';
   for (const char c : text) {
     if (c == '"') row += '"';

@@ -59,6 +59,8 @@ class CsvReader {
 
 // Appends one field, quoted only where it must be: a text that holds a comma, a quote or a line end, or is empty.
 void AppendCsvText(std::string_view text, std::string& row);
+void AppendCsvQuoted(std::string_view text, std::string& row);
 inline constexpr std::string_view kCsvLineEnd = "\r\n";
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace zendara

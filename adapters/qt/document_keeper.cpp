@@ -1,32 +1,11 @@
 #include "adapters/qt/document_keeper.hpp"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QStandardPaths>
-
 #include "adapters/hosting/application.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/text.hpp"
 #include "print/record_document.hpp"
-#include "runtime/failure.hpp"
 
 namespace zendara {
-namespace {
-
-// In the user's documents, or the folder of the file that was chosen last. Signs that some file systems do not take in
-// names are left out of the title.
-std::string ProposedPath(const std::string& title, const std::string& chosen_last) {
-  QString name = ToQt(title);
-  for (QChar& character : name) {
-    if (!character.isPrint() || QStringLiteral("\\/:*?\"<>|").contains(character)) character = QLatin1Char(' ');
-  }
-  const QString folder = chosen_last.empty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
-                                             : QFileInfo(QFile::decodeName(chosen_last.c_str())).path();
-  return FromQt(QDir(folder).filePath(name.simplified() + QStringLiteral(".pdf")));
-}
-
-}  // namespace
 
 void DocumentKeeper::KeepRecord(FormWindow& window) {
   Form& form = window.Shown();
@@ -48,36 +27,17 @@ QString DocumentKeeper::KeepDetail(const Box& box, const FormWindow* window, QWi
 }
 
 QString DocumentKeeper::Keep(const std::function<print::Document()>& make, QWidget& over) {
-  using enum print::DocumentWriter::Existing;
-  std::string path;
-  QString said;
-  try {
-    const print::Document document = make();
-    path = ProposedPath(document.title, chosen_last_);
-    bool there = false;
-    do {
-      const auto chosen = choose_(over, path);
-      if (!chosen) return {};
-      path = *chosen;
-      there = QFileInfo::exists(QFile::decodeName(path.c_str()));
-    } while (there && !MayReplace(path));
-    documents_.WritePdf(document, path, there ? kReplace : kKeep);
-    chosen_last_ = path;
-    said = QStringLiteral("Guardado en ") + ToQt(path);
-  } catch (...) {
-    const RuntimeError error = CurrentError();
-    LogDetail(error);
-    dialogs_.Show({.text = "No se ha podido guardar:\n" + path + "\n" + error.what(), .icon = BoxIcon::kCritical});
-  }
-  over.activateWindow();
-  return said;
-}
-
-bool DocumentKeeper::MayReplace(const std::string& path) {
-  return dialogs_.Show({.text = "Ya existe un archivo con ese nombre:\n" + path + "\n¿Quiere sustituirlo?",
-                        .buttons = BoxButtons::kYesNo,
-                        .icon = BoxIcon::kQuestion,
-                        .default_button = 2}) == BoxAnswer::kYes;
+  static const FileKind kinds[] = {{"Documento PDF", "pdf"}};
+  print::Document document;
+  const auto begin = [&] {
+    document = make();
+    return document.title;
+  };
+  const auto write = [&](const std::string& path, std::size_t, print::DocumentWriter::Existing existing) {
+    documents_.WritePdf(document, path, existing);
+    return true;
+  };
+  return files_.Keep(begin, kinds, write, over);
 }
 
 }  // namespace zendara

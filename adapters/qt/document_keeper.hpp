@@ -1,12 +1,10 @@
-// Keeps what a window shows as a PDF: asks where, writes it, says so. What goes wrong is shown in a box.
+// Keeps the record of a screen, and what stands behind a box, as a PDF.
 #pragma once
 
 #include <QString>
 #include <functional>
-#include <string>
-#include <utility>
 
-#include "adapters/qt/save_dialog.hpp"
+#include "adapters/qt/file_keeper.hpp"
 #include "print/document_writer.hpp"
 #include "zendara/ports.hpp"
 
@@ -17,9 +15,7 @@ class FormWindow;
 class DocumentKeeper {
  public:
   // Neither is owned.
-  DocumentKeeper(const print::DocumentWriter& documents, Dialogs& dialogs) : documents_(documents), dialogs_(dialogs) {}
-
-  void OnChoose(ChooseFile choose) { choose_ = std::move(choose); }
+  DocumentKeeper(const print::DocumentWriter& documents, FileKeeper& files) : documents_(documents), files_(files) {}
 
   // All of the form, wherever it stands; its status says where it went.
   void KeepRecord(FormWindow& window);
@@ -28,12 +24,9 @@ class DocumentKeeper {
 
  private:
   QString Keep(const std::function<print::Document()>& make, QWidget& over);
-  bool MayReplace(const std::string& path);
 
   const print::DocumentWriter& documents_;
-  Dialogs& dialogs_;
-  ChooseFile choose_ = ChooseFileInDialog;
-  std::string chosen_last_;
+  FileKeeper& files_;
 };
 
 }  // namespace zendara

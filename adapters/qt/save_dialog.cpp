@@ -5,14 +5,14 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLibraryInfo>
+#include <QStringList>
 #include <QTranslator>
+#include <algorithm>
 
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
-namespace {
 
-// The toolkit's words, of which only this dialog shows any.
 void SpeakSpanish() {
   static QTranslator translator;
   if (!translator.isEmpty()) return;
@@ -20,21 +20,31 @@ void SpeakSpanish() {
   if (translator.load(QStringLiteral("qtbase_es"), folder)) QCoreApplication::installTranslator(&translator);
 }
 
-}  // namespace
-
-std::optional<std::string> ChooseFileInDialog(QWidget& over, const std::string& path) {
+std::optional<ChosenFile> ChooseFileInDialog(QWidget& over, const std::string& path, std::span<const FileKind> kinds) {
   SpeakSpanish();
+  QStringList filters;
+  for (const FileKind& kind : kinds) filters << QStringLiteral("%1 (*.%2)").arg(ToQt(kind.words), ToQt(kind.suffix));
   const QFileInfo proposed(ToQt(path));
-  QFileDialog dialog(&over, QStringLiteral("Guardar como PDF"), proposed.path(),
-                     QStringLiteral("Documentos PDF (*.pdf)"));
+  QFileDialog dialog(&over, QStringLiteral("Guardar"), proposed.path());
+  dialog.setNameFilters(filters);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  const auto kind_now = [&] {
+    return static_cast<std::size_t>(std::max(filters.indexOf(dialog.selectedNameFilter()), qsizetype{0}));
+  };
+  const auto take_suffix = [&] { dialog.setDefaultSuffix(ToQt(kinds[kind_now()].suffix)); };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, take_suffix);
+  take_suffix();
   dialog.selectFile(proposed.fileName());
   const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
   over.activateWindow();
   if (!chosen) return std::nullopt;
-  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+  const QString file = dialog.selectedFiles().constFirst();
+  const std::string suffix = FromQt(QFileInfo(file).suffix().toLower());
+  std::size_t kind = kind_now();
+  const auto meant = std::ranges::find(kinds, suffix, &FileKind::suffix);
+  if (kinds[kind].suffix != suffix && meant != kinds.end()) kind = static_cast<std::size_t>(meant - kinds.begin());
+  return ChosenFile{QFile::encodeName(file).toStdString(), kind};
 }
 
 }  // namespace zendara

@@ -44,7 +44,7 @@ TEST_F(IncidentAdviceTest, EachRowIsToldWhatIsWrongWithIt) {
        "00004,,2001-02-11,2001-02-10\n"
        "00005,1,2001-01-01,\n"  // has no situación, which is told of him
        "00006,1,2001-01-01,\n"  // has one without a start
-       "00099,1,2001-02-10,2001-02-01\n"},
+       "00009,1,2001-02-10,2001-02-01\n"},
       {"TincidenciasESP",
        "Campo0,Campo2,Campo3,Campo4\n"
        "00001,1,2001-01-01,2001-01-05\n"
@@ -60,36 +60,35 @@ TEST_F(IncidentAdviceTest, EachRowIsToldWhatIsWrongWithIt) {
        "02,00002,001,004,H. extra\n"
        "03,00002,001,005,\n"  // in another month it is there
        "02,00002,009,001,Dietas\n"
-       "01,00099,001,001,Dietas\n"},
+       "01,00009,001,001,Dietas\n"},
   };
   for (const auto& [table, csv] : tables) ASSERT_EQ(Load(table, csv).status, 0) << table;
+  const std::string first = "overlaps Enfermedad (TincidenciasIT) 2001-01-01 to 2001-01-31";
+  const std::string strike = "overlaps Recaidad de accidente (TincidenciasIT) 2001-03-01 to 2001-03-31";
+  const std::string birth = "overlaps Maternidad (TincidenciasIT) 2001-04-01 to 2001-04-02";
+  const std::string open = "Enfermedad (TincidenciasIT) since 2001-01-01";
+  const std::string none = " is not in ConTrabajadorConceptos";
+  const std::string gone = " has no worker in TrabajadoresFijo";
   const std::string advice[] = {
-      "worker 00001: Maternidad (TincidenciasIT) 2000-02-01 to 2000-12-31 is outside every situación",
-      "worker 00002: Accidente (TincidenciasIT) 2001-01-10 to 2001-01-12 overlaps "
-      "Enfermedad (TincidenciasIT) 2001-01-01 to 2001-01-31",
-      "worker 00002: Vacaciones (TincidenciasESP) 2001-01-31 to 2001-02-10 overlaps "
-      "Enfermedad (TincidenciasIT) 2001-01-01 to 2001-01-31",
-      "worker 00002: Huelga (TincidenciasESP) 2001-03-05 to 2001-03-05 overlaps "
-      "Recaidad de accidente (TincidenciasIT) 2001-03-01 to 2001-03-31",
-      "worker 00002: Vacaciones (TincidenciasESP) 2001-04-01 to 2001-04-30 overlaps "
-      "Maternidad (TincidenciasIT) 2001-04-01 to 2001-04-02",
-      "worker 00002, situación 001: concepto 004 H. extra (TIncidenciasVar) 2001-02 is not in ConTrabajadorConceptos",
-      "worker 00002, situación 001: concepto 005 (TIncidenciasVar) 2001-03 is not in ConTrabajadorConceptos",
-      "worker 00002, situación 009: concepto 001 Dietas (TIncidenciasVar) 2001-02 has no situación in TrabajadoresVar",
-      "worker 00003: Vacaciones (TincidenciasESP) 2001-06-01 to 2001-06-10 overlaps "
-      "Enfermedad (TincidenciasIT) since 2001-01-01",
-      "worker 00003: Huelga (TincidenciasESP) since 2002-01-01 is open, and so is "
-      "Enfermedad (TincidenciasIT) since 2001-01-01",
-      "worker 00003: Accidente (TincidenciasIT) since 2002-05-01 is open, and so is "
-      "Enfermedad (TincidenciasIT) since 2001-01-01",
-      "worker 00004: tipo 9 (TincidenciasIT) 2001-02-10 to 2001-02-01 ends before it starts",
-      "worker 00004: sin tipo (TincidenciasIT) 2001-02-11 to 2001-02-10 ends before it starts",
-      "worker 00005: has no situación",
-      "worker 00099: Enfermedad (TincidenciasIT) 2001-02-10 to 2001-02-01 has no worker in TrabajadoresFijo",
-      "worker 00099, situación 001: concepto 001 Dietas (TIncidenciasVar) 2001-01 has no worker in TrabajadoresFijo",
+      "1: Maternidad (TincidenciasIT) 2000-02-01 to 2000-12-31 is outside every situación",
+      "2: Accidente (TincidenciasIT) 2001-01-10 to 2001-01-12 " + first,
+      "2: Vacaciones (TincidenciasESP) 2001-01-31 to 2001-02-10 " + first,
+      "2: Huelga (TincidenciasESP) 2001-03-05 to 2001-03-05 " + strike,
+      "2: Vacaciones (TincidenciasESP) 2001-04-01 to 2001-04-30 " + birth,
+      "2, situación 001: concepto 004 H. extra (TIncidenciasVar) 2001-02" + none,
+      "2, situación 001: concepto 005 (TIncidenciasVar) 2001-03" + none,
+      "2, situación 009: concepto 001 Dietas (TIncidenciasVar) 2001-02 has no situación in TrabajadoresVar",
+      "3: Vacaciones (TincidenciasESP) 2001-06-01 to 2001-06-10 overlaps " + open,
+      "3: Huelga (TincidenciasESP) since 2002-01-01 is open, and so is " + open,
+      "3: Accidente (TincidenciasIT) since 2002-05-01 is open, and so is " + open,
+      "4: tipo 9 (TincidenciasIT) 2001-02-10 to 2001-02-01 ends before it starts",
+      "4: sin tipo (TincidenciasIT) 2001-02-11 to 2001-02-10 ends before it starts",
+      "5: has no situación",
+      "9: Enfermedad (TincidenciasIT) 2001-02-10 to 2001-02-01" + gone,
+      "9, situación 001: concepto 001 Dietas (TIncidenciasVar) 2001-01" + gone,
   };
   std::string lines;
-  for (const std::string& line : advice) lines += "advice: " + line + "\n";
+  for (const std::string& line : advice) lines += "advice: worker 0000" + line + "\n";
   const Outcome check = RunHere({"data", "check"});
   EXPECT_EQ(check.out, lines + "16 pieces of advice\n");
   EXPECT_EQ(check.status, 0);

@@ -64,7 +64,7 @@ TEST_F(IncidentAdviceTest, EachRowIsToldWhatIsWrongWithIt) {
   };
   for (const auto& [table, csv] : tables) ASSERT_EQ(Load(table, csv).status, 0) << table;
   const std::string first = "overlaps Enfermedad (TincidenciasIT) 2001-01-01 to 2001-01-31";
-  const std::string strike = "overlaps Recaidad de accidente (TincidenciasIT) 2001-03-01 to 2001-03-31";
+  const std::string strike = "overlaps Recaidad de Accidente (TincidenciasIT) 2001-03-01 to 2001-03-31";
   const std::string birth = "overlaps Maternidad (TincidenciasIT) 2001-04-01 to 2001-04-02";
   const std::string open = "Enfermedad (TincidenciasIT) since 2001-01-01";
   const std::string none = " is not in ConTrabajadorConceptos";

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "apps/zendara/commands/stored_row.hpp"
-#include "common/listas.hpp"
+#include "incidents/tabla_incidencias.hpp"
 #include "runtime/iso_date.hpp"
 
 namespace zendara {
@@ -15,9 +15,10 @@ namespace {
 
 struct IncidentTable {
   std::string_view name;
-  const Lista* types;
+  TablaIncidencias types;
 };
-const IncidentTable kDatedTables[] = {{"TincidenciasIT", &kListaTiposIT}, {"TincidenciasESP", &kListaTiposESP}};
+constexpr IncidentTable kDatedTables[] = {{"TincidenciasIT", TablaIncidencias::kIT},
+                                          {"TincidenciasESP", TablaIncidencias::kESP}};
 
 struct Incident {
   std::string worker;
@@ -32,7 +33,7 @@ struct Incident {
 };
 
 std::string NameOf(const Incident& incident) {
-  std::string type(TextoDeCodigo(*incident.table->types, incident.type));
+  std::string type(TextoTipo(incident.table->types, incident.type));
   if (type.empty()) type = incident.type.empty() ? "sin tipo" : "tipo " + incident.type;
   return type + " (" + std::string(incident.table->name) + ")";
 }

@@ -1,8 +1,7 @@
 // What is probably wrong with the incidents of workers.
 //
-//   worker 00001: Enfermedad (TincidenciasIT) 2001-01-08 to 2001-01-20 overlaps Vacaciones (TincidenciasESP) since
-//   2001-01-02 worker 00001, situación 002: concepto 004 H. extra (TIncidenciasVar) 2001-03 is not in
-//   ConTrabajadorConceptos
+//   worker 00001: Enfermedad (TincidenciasIT) since 2001-01-08 is outside every situación
+//   worker 00001, situación 002: concepto 004 H. extra (TIncidenciasVar) 2001-03 is not in ConTrabajadorConceptos
 //
 // Of what has the same cause a row is told once: one that runs backwards or whose worker is gone has no further advice.
 // Rows with a text in the place of a date are faults of the table, and take part in nothing that needs their dates.

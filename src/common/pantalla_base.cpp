@@ -261,7 +261,7 @@ void PantallaBase::AlSalir() {
   Host().DoEvents();
   AntesDeSalir();
   Unload();
-  sesion_.FormActivo = nullptr;
+  if (!marco_.de_otra) sesion_.FormActivo = nullptr;
 }
 
 void PantallaBase::OnUnload() {

@@ -106,7 +106,7 @@ class Form {
     height_ = height;
   }
   std::string HelpFile;
-  int HelpContext = 0;  // 0: none
+  int HelpContext = 0;  // 0: none; F1 opens the help all the same where HelpOnFocus has a link
   // What the help has on the control with the focus.
   virtual HelpPlace HelpOnFocus() const { return {}; }
 

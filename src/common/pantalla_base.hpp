@@ -33,6 +33,7 @@ class PantallaBase : public Form, public Pantalla {
   PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco);
 
   std::string DraftScope() const override;
+  std::string DraftPlace() const override;
   void Mostrar() override { Show(); }
   bool EnPantalla() const override { return Shown(); }
 

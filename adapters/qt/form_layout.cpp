@@ -12,10 +12,12 @@
 #include <algorithm>
 #include <map>
 
+#include "adapters/qt/beside_layout.hpp"
 #include "adapters/qt/flow_layout.hpp"
 #include "adapters/qt/heading.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/names.hpp"
+#include "adapters/qt/picture_view.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -58,6 +60,7 @@ bool Fills(const Layout& layout) {
     case LayoutKind::kTable:
     case LayoutKind::kScrolled:
     case LayoutKind::kFlow:
+    case LayoutKind::kBeside:
       return true;
     case LayoutKind::kControl:
     case LayoutKind::kJoined:
@@ -236,6 +239,18 @@ class Builder {
     return flow;
   }
 
+  QLayout* WithPicture(QWidget& parent, const Layout& layout) {
+    auto* part = new QGridLayout;
+    AddToColumn(*part, parent, {layout.children.front()}, NewColumn());
+    Close(*part);
+    QWidget& picture = *View(parent, *layout.children.back().control).Widget();
+    picture.setProperty(kBeside, true);
+    QSizePolicy policy = picture.sizePolicy();
+    policy.setRetainSizeWhenHidden(false);
+    picture.setSizePolicy(policy);
+    return new BesideLayout(part, picture, {layout.width, layout.height});
+  }
+
   // Headings of columns, and a row of fields for each frame.
   QLayout* Rows(QWidget& parent, const Layout& layout, int label_column) {
     auto* grid = new QGridLayout;
@@ -299,6 +314,9 @@ class Builder {
         break;
       case LayoutKind::kFlow:
         across(Flowing(parent, child));
+        break;
+      case LayoutKind::kBeside:
+        across(WithPicture(parent, child));
         break;
       case LayoutKind::kJoined:
         across(JoinedButtons(parent, child));
@@ -368,6 +386,9 @@ class Builder {
           break;
         case LayoutKind::kFlow:
           body.addLayout(Flowing(parent, child), 1);
+          break;
+        case LayoutKind::kBeside:
+          body.addLayout(WithPicture(parent, child), 1);
           break;
         case LayoutKind::kJoined:
           body.addLayout(JoinedButtons(parent, child));

@@ -30,9 +30,14 @@ enum class Role {
   kOnAccent,  // words on it
   kFound,     // ground of words that were looked for, and of those in a row that is selected
   kFoundSelected,
-  kWarning,  // ring of the field that a box is about
+  kWarning,  // ring of the field that a box is about, marks of a drawing
+  kSeries1,  // things in a drawing to be told apart; kOnAccent on them
+  kSeries2,
+  kSeries3,
+  kSeries4,
+  kSeries5,
 };
-inline constexpr int kRoles = static_cast<int>(Role::kWarning) + 1;
+inline constexpr int kRoles = static_cast<int>(Role::kSeries5) + 1;
 QColor ColourOf(Role role);
 QColor ColourOf(Role role, Colours colours);
 

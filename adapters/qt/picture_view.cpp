@@ -1,9 +1,12 @@
 #include "adapters/qt/picture_view.hpp"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPalette>
+#include <algorithm>
 #include <utility>
 
 #include "adapters/qt/look.hpp"
@@ -20,6 +23,16 @@ constexpr double kDegrees = 10;  // escapements are in tenths
 QColor ToRgb(std::uint32_t color) {
   return QColor::fromRgb(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
                          static_cast<int>((color >> 16) & 0xFF));
+}
+
+QColor ColourOf(Ink ink) {
+  constexpr std::pair<Ink, Role> kRolesOfInks[] = {
+      {Ink::kPaper, Role::kInput},     {Ink::kDimmed, Role::kHeading},  {Ink::kLine, Role::kLine},
+      {Ink::kText, Role::kText},       {Ink::kWarning, Role::kWarning}, {Ink::kAccent, Role::kAccent},
+      {Ink::kSeries1, Role::kSeries1}, {Ink::kSeries2, Role::kSeries2}, {Ink::kSeries3, Role::kSeries3},
+      {Ink::kSeries4, Role::kSeries4}, {Ink::kSeries5, Role::kSeries5}, {Ink::kOnMarks, Role::kOnAccent},
+  };
+  return ColourOf(std::ranges::find(kRolesOfInks, ink, [](const auto& entry) { return entry.first; })->second);
 }
 
 class QtScreen : public Screen {
@@ -59,6 +72,14 @@ class Surface : public DrawingSurface {
   }
 
   void TextOut(const LogicalFont& font, int alignment, int x, int y, std::string_view text) override {
+    Write(font, alignment, x, y, text, Ink::kText);
+  }
+
+  void FillMark(int left, int top, int right, int bottom, Ink ink) override {
+    painter_.fillRect(left, top, right - left, bottom - top, ColourOf(ink));
+  }
+
+  void Write(const LogicalFont& font, int alignment, int x, int y, std::string_view text, Ink ink) override {
     QFont drawn(ToQt(font.face));
     drawn.setPixelSize(std::max(std::abs(font.height), 1));
     drawn.setBold(font.weight >= 700);
@@ -69,7 +90,7 @@ class Surface : public DrawingSurface {
     const QString words = ToQt(text);
     painter_.save();
     painter_.setFont(drawn);
-    painter_.setPen(ColourOf(Role::kText));
+    painter_.setPen(ColourOf(ink));
     painter_.translate(x, y);
     painter_.rotate(-font.escapement / kDegrees);
     const double left = alignment == kAlignCentre ? -metrics.horizontalAdvance(words) / 2 : 0;
@@ -88,6 +109,7 @@ class Surface : public DrawingSurface {
 class PictureWidget : public QWidget {
  public:
   PictureWidget(Picture& picture, QWidget* parent) : QWidget(parent), picture_(picture) {
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(Accessible), true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
   }
 
@@ -104,6 +126,11 @@ class PictureWidget : public QWidget {
   }
 
  private:
+  static QAccessibleInterface* Accessible(const QString& /*key*/, QObject* object) {
+    auto* picture = dynamic_cast<PictureWidget*>(object);
+    return picture ? new QAccessibleWidget(picture, QAccessible::Graphic) : nullptr;
+  }
+
   void Draw(QSize wanted) {
     pixmap_ = QPixmap(wanted);
     pixmap_.setDevicePixelRatio(devicePixelRatioF());
@@ -121,17 +148,25 @@ class PictureWidget : public QWidget {
 class PictureView : public ControlView {
  public:
   PictureView(FormWindow& window, Picture& picture, QWidget& parent)
-      : ControlView(window, picture, new PictureWidget(picture, &parent)) {}
+      : ControlView(window, picture, new PictureWidget(picture, &parent)), picture_(picture) {}
 
   void Sync() override {
     ControlView::Sync();
+    const QString description = ToQt(picture_.Description());
+    if (!description.isEmpty() && widget_->accessibleDescription() != description)
+      widget_->setAccessibleDescription(description);
     static_cast<PictureWidget*>(widget_)->Renew();
   }
   void Rescale() override {
     // A caption on it begins its size in points left of the middle.
-    widget_->setFixedWidth(static_cast<int>(QApplication::font().pointSizeF() * 3));
+    if (!widget_->property(kBeside).toBool()) {
+      widget_->setFixedWidth(static_cast<int>(QApplication::font().pointSizeF() * 3));
+    }
     static_cast<PictureWidget*>(widget_)->Renew();
   }
+
+ private:
+  Picture& picture_;
 };
 
 }  // namespace

@@ -7,6 +7,9 @@
 
 namespace zendara {
 
+// Property of a picture that takes the size that its layout gives it; the others are as wide as a caption upwards.
+inline constexpr char kBeside[] = "beside";
+
 std::unique_ptr<ControlView> MakePictureView(FormWindow& window, Picture& picture, QWidget& parent);
 
 }  // namespace zendara

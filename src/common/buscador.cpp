@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "common/listas.hpp"
-#include "frame/stored_tables.hpp"
+#include "frame/bases_datos.hpp"
 #include "platform/sql/literal.hpp"
 #include "runtime/characters.hpp"
 #include "runtime/date.hpp"
@@ -39,11 +39,6 @@ constexpr std::size_t kTrabajadoresDeUnaVez = 256;
 constexpr int kNumeros = 100000;  // 00000 to 99999
 constexpr std::size_t kCifras = 5;
 constexpr Date kSinFecha = {-1e9};  // before all others
-
-std::shared_ptr<Database> AbreCompania(const Sesion& sesion) {
-  return sesion.platform.engine->Workspaces(0)->OpenDatabase(
-      sesion.DirDatos + FileName(FileKind::kCompany, sesion.CodEmpresa.str(), sesion.AnoTrabajo.str()));
-}
 
 // As text comparisons of the store have it.
 std::string Clave(const std::string& numero) { return LCase(RTrim(numero)); }
@@ -201,7 +196,7 @@ std::string EligeTrabajador(const Sesion& sesion, const std::string& actual) {
   for (const auto& [empresa, numero] : sesion.TrabajadoresVistos) {
     if (empresa == sesion.CodEmpresa.str()) vistos.push_back(numero);
   }
-  FilasTrabajadores filas(AbreCompania(sesion), std::move(vistos));
+  FilasTrabajadores filas(AbreAparte(sesion, FileKind::kCompany), std::move(vistos));
   PickView vista = VistaDe(kBuscador, {actual}, sesion.VentanaFechas);
   vista.sorted_by = kColumnaApellido1;
   vista.foremost = filas.AlPrincipio();
@@ -227,7 +222,7 @@ void ApuntaVisto(Sesion& sesion, const std::string& numero) {
 }
 
 std::string NumeroLibre(const Sesion& sesion) {
-  const std::shared_ptr<Database> base = AbreCompania(sesion);
+  const std::shared_ptr<Database> base = AbreAparte(sesion, FileKind::kCompany);
   int numero = 0;
   for (const std::string_view tabla : kTablasNumeradas) numero = std::max(numero, MasAlto(*base, tabla));
   numero = numero < kNumeros - 1 ? numero + 1 : MasBajoLibre(*base);

@@ -30,6 +30,24 @@ struct LogicalFont {
 
 // The reference point of a text: centred along the base line, at its top.
 inline constexpr int kAlignCentre = 6;
+// The same at its left end.
+inline constexpr int kAlignLeft = 0;
+
+// What is drawn in a colour of the front end's, whichever palette it shows.
+enum class Ink {
+  kPaper,    // ground of a drawing
+  kDimmed,   // ground of what counts less
+  kLine,     // separates, and says nothing
+  kText,     // words and marks on either ground
+  kWarning,  // marks on either ground
+  kAccent,
+  kSeries1,  // things to be told apart: each stands out from the grounds
+  kSeries2,
+  kSeries3,
+  kSeries4,
+  kSeries5,
+  kOnMarks,  // words on warning, accent and series
+};
 
 class Screen {
  public:
@@ -53,6 +71,9 @@ class DrawingSurface {
   // Nothing when no such font can be made.
   virtual void TextOut(const LogicalFont& font, int alignment, int x, int y, std::string_view text) = 0;
   virtual void Refresh() = 0;
+  // The same with inks; the ground is not painted yet.
+  virtual void FillMark(int left, int top, int right, int bottom, Ink ink) = 0;
+  virtual void Write(const LogicalFont& font, int alignment, int x, int y, std::string_view text, Ink ink) = 0;
 };
 
 }  // namespace zendara

@@ -39,6 +39,8 @@ struct RecordingSurface : DrawingSurface {
     text = out.str();
   }
   void Refresh() override { ++refreshes; }
+  void FillMark(int, int, int, int, Ink) override { ADD_FAILURE() << "the band has colours of its own"; }
+  void Write(const LogicalFont&, int, int, int, std::string_view, Ink) override { ADD_FAILURE(); }
 
   double width = 360;
   double height = 150;

@@ -42,7 +42,13 @@ TEST(LookTest, ColoursThatMeetCanBeToldApart) {
       {kAccent, kWords, {kInput, kWindow}},  // links
       {kBorder, kMarks, {kWindow, kInput, kButton, kHeading}},
       {kAccent, kMarks, {kWindow, kInput, kActive, kButton, kShown, kHeading}},
-      {kWarning, kMarks, {kWindow, kInput, kActive, kShown}},
+      {kWarning, kMarks, {kWindow, kInput, kActive, kShown, kHeading}},
+      {kSeries1, kMarks, {kInput, kHeading}},
+      {kSeries2, kMarks, {kInput, kHeading}},
+      {kSeries3, kMarks, {kInput, kHeading}},
+      {kSeries4, kMarks, {kInput, kHeading}},
+      {kSeries5, kMarks, {kInput, kHeading}},
+      {kOnAccent, kWords, {kWarning, kSeries1, kSeries2, kSeries3, kSeries4, kSeries5}},
   };
   for (const Colours palette : kPalettes) {
     for (const auto& [front, least, grounds] : meetings) {

@@ -422,11 +422,18 @@ class Picture : public Control {
     painter_ = std::move(painter);
     Changed();
   }
+  // What it shows, in words, for those who do not see it. The picture is painted anew.
+  const std::string& Description() const { return description_; }
+  void SetDescription(std::string_view description) {
+    description_ = description;
+    Changed();
+  }
   // A routine that fails leaves the picture as far as it came, and is not called again.
   void Paint(const Screen& screen, DrawingSurface& surface);
 
  private:
   Painter painter_;
+  std::string description_;
 };
 
 class Tabs : public Control {

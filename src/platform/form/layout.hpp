@@ -20,6 +20,7 @@ enum class LayoutKind {
   kTable,     // fields under `headings`: each child is a frame, whose caption stands before its row
   kScrolled,  // its children, scrolled where there is no room, so that what stands around them stays in view
   kHeading,   // the form's subject, or its title when it has none
+  kBeside,    // a part and a picture at its right, which is left out where there is no room for both
   kStrip,     // an empty strip for one control, as wide as there is room; gone while the control is hidden
   kSpace,     // what is left over goes here
 };
@@ -31,7 +32,8 @@ struct Layout {
   // Controls shown right behind the field in the same line without a label of their own: its look-up image, the words
   // that its code stands for.
   std::vector<Control*> attached;
-  int height = 0;                       // of a strip, in twips, before scaling
+  int height = 0;                       // of a strip or of a picture beside, in twips, before scaling
+  int width = 0;                        // of a picture beside
   int lines = 0;                        // of a label: room for that many, in which its words are wrapped
   bool labelled = true;                 // a field shows its caption
   bool main = false;                    // the button that the work on the form ends with
@@ -71,6 +73,13 @@ inline Layout Table(std::vector<std::string> headings, std::vector<Layout> rows)
 inline Layout Scrolled(Layout child) { return {LayoutKind::kScrolled, nullptr, {std::move(child)}, {}}; }
 inline Layout Heading() { return {LayoutKind::kHeading, nullptr, {}, {}}; }
 inline Layout Strip(Control& control, int height) { return {LayoutKind::kStrip, &control, {}, {}, height}; }
+// The picture has that size in twips, before scaling, down to three quarters of the width and nine tenths of the height
+// where the window is small, and more height where there is some. Gone while it is hidden.
+inline Layout Beside(Layout part, Picture& picture, int width, int height) {
+  Layout both{LayoutKind::kBeside, nullptr, {std::move(part), Place(picture)}, {}, height};
+  both.width = width;
+  return both;
+}
 inline Layout Space() { return {LayoutKind::kSpace, nullptr, {}, {}}; }
 
 }  // namespace zendara

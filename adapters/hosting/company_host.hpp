@@ -4,6 +4,7 @@
 #include <string>
 
 #include "frame/sesion.hpp"
+#include "print/listing.hpp"
 #include "zendara/platform.hpp"
 #include "zendara/value.hpp"
 #include "zendara/zendara.hpp"
@@ -44,7 +45,10 @@ class CompanyHost {
   bool has_session_ = false;
 };
 
-// The same in the session of the component, as the last host to call it has set it.
+// Of the session of the component, as the last host to call it has set it: what two-digit years mean, what a listing
+// says of whose it is and of when, and the engine, error 91 without one.
 YearWindow YearsOfComponent();
+print::ListingHead HeadOfComponent();
+Engine& EngineOfComponent();
 
 }  // namespace zendara

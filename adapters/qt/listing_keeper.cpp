@@ -10,8 +10,11 @@
 #include <limits>
 #include <optional>
 
+#include "adapters/cairo/cairo_listing_writer.hpp"
+#include "adapters/csv/csv_listing_writer.hpp"
 #include "adapters/qt/print_dialog.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/xlsx/xlsx_listing_writer.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -53,6 +56,16 @@ class Wait {
 
 }  // namespace
 
+std::vector<ListingFile> ListingFiles(const PangoMeasure& measure, YearWindow years) {
+  std::vector<ListingFile> files;
+  files.push_back({{"Documento PDF", "pdf"}, std::make_unique<CairoListingWriter>(measure)});
+  files.push_back({{"Hoja de cálculo XLSX", "xlsx"}, std::make_unique<XlsxListingWriter>(years)});
+  files.push_back({{"Texto CSV", "csv"}, std::make_unique<CsvListingWriter>(CsvListingWriter::Kind::kPlain)});
+  files.push_back({{"Texto CSV para hoja de cálculo", "csv"},
+                   std::make_unique<CsvListingWriter>(CsvListingWriter::Kind::kSpreadsheet)});
+  return files;
+}
+
 QString ListingKeeper::Save(print::PagedListing& listing, QWidget& over) {
   std::vector<FileKind> kinds;
   for (const ListingFile& file : kinds_) kinds.push_back(file.kind);
@@ -67,9 +80,7 @@ QString ListingKeeper::Save(print::PagedListing& listing, QWidget& over) {
 QString ListingKeeper::Print(print::PagedListing& listing, QWidget& over) {
   QString said;
   try {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
     const std::vector<Printer> printers = printers_.List();
-    QApplication::restoreOverrideCursor();
     if (printers.empty()) return QStringLiteral("No hay ninguna impresora en este equipo.");
     PrintDialog dialog(printers, &over);
     if (dialog.exec() != QDialog::Accepted) return {};

@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "adapters/cairo/pango_text.hpp"
 #include "adapters/cups/printers.hpp"
 #include "adapters/qt/file_keeper.hpp"
 #include "print/listing_writer.hpp"
+#include "zendara/value.hpp"
 
 class QWidget;
 
@@ -21,9 +23,13 @@ struct ListingFile {
   std::unique_ptr<print::ListingWriter> writer;
 };
 
+// All that there are; the first one is what goes to printers. `years`: of dates with two digits for the year.
+// REQUIRES: measure outlives them.
+std::vector<ListingFile> ListingFiles(const PangoMeasure& measure, YearWindow years);
+
 class ListingKeeper {
  public:
-  // None is owned. The first kind is what goes to printers.
+  // None is owned.
   ListingKeeper(const std::vector<ListingFile>& kinds, const Printers& printers, FileKeeper& files)
       : kinds_(kinds), printers_(printers), files_(files) {}
 

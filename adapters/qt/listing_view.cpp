@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <utility>
 #include <variant>
 
 #include "adapters/cairo/page_drawing.hpp"
@@ -44,7 +45,7 @@ QAccessibleInterface* Accessible(const QString& /*key*/, QObject* object) {
 }  // namespace
 
 ListingView::ListingView(const print::PagedListing& listing, const PangoMeasure& measure, QWidget* parent)
-    : QAbstractScrollArea(parent), listing_(listing), measure_(measure), pages_(kPagesKept) {
+    : QAbstractScrollArea(parent), listing_(listing), measure_(measure), pages_(kPagesKept), known_(listing.Pages()) {
   [[maybe_unused]] static const bool installed = (QAccessible::installFactory(Accessible), true);
   setFocusPolicy(Qt::StrongFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -55,8 +56,9 @@ ListingView::ListingView(const print::PagedListing& listing, const PangoMeasure&
 void ListingView::Refresh() {
   // "Página n de m": those in view say what was known then, until all is.
   if (listing_.Complete()) pages_.clear();
+  const bool in_view = TopOf(std::exchange(known_, listing_.Pages())) < verticalScrollBar()->value() + height();
   SetRange();
-  viewport()->update();
+  if (in_view || listing_.Complete()) viewport()->update();
 }
 
 // Places.

@@ -81,6 +81,7 @@ class ListingView : public QAbstractScrollArea {
   std::string marked_;
   std::optional<std::size_t> found_;
   QCache<std::size_t, Shown> pages_;
+  std::size_t known_;     // pages, when they were counted last
   std::size_t page_ = 0;  // that was said last
 };
 

@@ -10,14 +10,17 @@
 #include <utility>
 
 #include "adapters/hosting/application.hpp"
+#include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
 #include "adapters/hosting/silent_banner.hpp"
 #include "adapters/qt/drafts_window.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
+#include "adapters/qt/listing_window.hpp"
 #include "adapters/qt/message_box.hpp"
 #include "adapters/qt/names.hpp"
 #include "adapters/qt/pick_window.hpp"
+#include "adapters/qt/qt_listing_viewer.hpp"
 #include "adapters/qt/text.hpp"
 #include "adapters/qt/window_chain.hpp"
 #include "runtime/text.hpp"
@@ -33,6 +36,8 @@ constexpr const char* kCalculators[] = {"calc",          "gnome-calculator",  "k
 
 constexpr int kTwipsPerPixel = 15;
 
+const QString kListingPlace = QStringLiteral("Listado");
+
 // Gives the keyboard back to it; otherwise nobody has it where no window manager passes it on.
 void GoBackTo(const QPointer<QWidget>& window) {
   if (!window) return;
@@ -43,9 +48,11 @@ void GoBackTo(const QPointer<QWidget>& window) {
 }  // namespace
 
 QtHost::QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts)
-    : chain_(std::make_unique<WindowChain>()), documents_(documents), keeper_(documents, *this), drafts_(drafts) {
+    : chain_(std::make_unique<WindowChain>()), documents_(documents), drafts_(drafts) {
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
+  components_.Register(kListingViewerClass,
+                       [this]() -> std::unique_ptr<ListingViewer> { return std::make_unique<QtListingViewer>(*this); });
 }
 
 QtHost::~QtHost() {
@@ -188,6 +195,30 @@ std::optional<std::size_t> QtHost::Choose(const std::string& title, RowList& row
   window.exec();
   GoBackTo(behind);
   return window.Chosen();
+}
+
+// Listings.
+
+void QtHost::Preview(print::Listing listing, print::ListingHead head, std::unique_ptr<print::ListingRows> rows,
+                     const Form* form) {
+  FlushAll();
+  const QPointer<QWidget> behind = Behind();
+  FormWindow* asked = form ? WindowOf(*form) : nullptr;
+  if (!measure_) measure_ = std::make_unique<PangoMeasure>();
+  print::PagedListing pages(std::move(listing), std::move(head), std::move(rows), *measure_);
+  const std::vector<ListingFile> kinds = ListingFiles(*measure_, YearsOfComponent());
+  ListingKeeper keeper(kinds, *printers_, files_);
+  ListingWindow window(pages, *measure_,
+                       {.print = [&](QWidget& over) { return keeper.Print(pages, over); },
+                        .save = [&](QWidget& over) { return keeper.Save(pages, over); },
+                        .help = [this] { Help().Open(0, {.link = "visor.md", .words = {}}); }},
+                       asked ? asked : behind.data());
+  const QSize natural = window.size();
+  places_.PutBack(window, kListingPlace);
+  window.exec();
+  places_.Keep(window, kListingPlace, natural);
+  GoBackTo(behind);
+  if (window.Failure()) std::rethrow_exception(window.Failure());
 }
 
 // Programs beside. Windows of others are neither searched nor brought to the front: no desktop lets one do so.

@@ -8,11 +8,16 @@
 #include <utility>
 #include <vector>
 
+#include "adapters/cairo/pango_text.hpp"
+#include "adapters/cups/printers.hpp"
 #include "adapters/qt/document_keeper.hpp"
+#include "adapters/qt/file_keeper.hpp"
+#include "adapters/qt/listing_keeper.hpp"
 #include "adapters/qt/window_places.hpp"
 #include "common/row_list.hpp"
 #include "platform/form/form.hpp"
 #include "print/document_writer.hpp"
+#include "print/listing.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
 
@@ -33,11 +38,13 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   QtHost(const QtHost&) = delete;
   QtHost& operator=(const QtHost&) = delete;
 
-  // Pick list and banner of this front end.
+  // Pick list, banner and listing viewer of this front end.
   const Components& Neighbours() const { return components_; }
   const print::DocumentWriter& Documents() const { return documents_; }
-  // In place of the dialog that asks where a document is to be kept.
-  void OnChooseFile(ChooseFile choose) { keeper_.OnChoose(std::move(choose)); }
+  // In place of the dialog that asks where something is to be kept.
+  void OnChooseFile(ChooseFile choose) { files_.OnChoose(std::move(choose)); }
+  // In place of those of the machine; they outlive the host.
+  void UsePrinters(const Printers& printers) { printers_ = &printers; }
   FormWindow* WindowOf(const Form& form) const;
   // Of the form that is shown on top; nullptr if none is.
   FormWindow* Top() const { return windows_.empty() ? nullptr : windows_.back(); }
@@ -46,6 +53,11 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   HelpWindow& Help();
   // The pick list's window: the row that the user takes. Throws what reading the rows throws.
   std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
+
+  // The preview of a listing, over the window of that form if it has one, until it is closed. Throws what reading the
+  // rows throws.
+  void Preview(print::Listing listing, print::ListingHead head, std::unique_ptr<print::ListingRows> rows,
+               const Form* form);
 
   void ShowModal(Form& form) override;
   void DoEvents() override;
@@ -71,7 +83,11 @@ class QtHost : public FormHost, public Dialogs, public Shell {
 
   std::unique_ptr<WindowChain> chain_;
   const print::DocumentWriter& documents_;
-  DocumentKeeper keeper_;
+  FileKeeper files_{*this};
+  DocumentKeeper keeper_{documents_, files_};
+  CupsPrinters machine_printers_;
+  const Printers* printers_ = &machine_printers_;
+  std::unique_ptr<PangoMeasure> measure_;  // of listings, once there was one
   DraftKeeper* drafts_;
   Components components_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top

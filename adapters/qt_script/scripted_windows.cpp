@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <QTableView>
 #include <QTimer>
+#include <exception>
 #include <memory>
 #include <utility>
 
@@ -12,8 +13,11 @@
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/input_events.hpp"
+#include "adapters/qt/listing_view.hpp"
+#include "adapters/qt/listing_window.hpp"
 #include "adapters/qt/message_box.hpp"
 #include "adapters/qt/pick_window.hpp"
+#include "adapters/qt/qt_listing_viewer.hpp"
 #include "adapters/qt/text.hpp"
 #include "adapters/script/script_neighbours.hpp"
 
@@ -43,6 +47,32 @@ Window& Front() {
   return dynamic_cast<Window&>(*QApplication::activeModalWidget());
 }
 
+// The preview with the script before it: `before` once it is open, and then it is left.
+class ScriptedViewer : public QtListingViewer {
+ public:
+  using Before = std::function<void(QWidget& window, const ListingDescription& description, const std::string& file,
+                                    const std::string& table)>;
+  ScriptedViewer(QtHost& host, Before before) : QtListingViewer(host), before_(std::move(before)) {}
+
+  void Visualiza(ListingDescription& descripcion) override {
+    std::exception_ptr failure;
+    const OnceOpen user([&] {
+      auto& window = Front<ListingWindow>();
+      try {
+        before_(window, descripcion, File(), Table());
+      } catch (...) {
+        failure = std::current_exception();
+      }
+      PressKey(window.View(), {.code = key::kEsc, .shift = 0, .text = {}});
+    });
+    QtListingViewer::Visualiza(descripcion);
+    if (failure) std::rethrow_exception(failure);
+  }
+
+ private:
+  Before before_;
+};
+
 }  // namespace
 
 ScriptedWindows::ScriptedWindows(QtHost& windows, Script script, ScriptPlayer::Sink out, Photographer photographer)
@@ -51,9 +81,10 @@ ScriptedWindows::ScriptedWindows(QtHost& windows, Script script, ScriptPlayer::S
       hands_(windows, [this] { PhotographTop(); }),
       player_(CommandsOf(std::move(script)), hands_, windows.Documents(), std::move(out)) {
   // Nobody is there to choose; the command `print` says where.
-  windows_.OnChooseFile([](QWidget&, const std::string&) { return std::nullopt; });
+  windows_.OnChooseFile([](QWidget&, const std::string&, std::span<const FileKind>) { return std::nullopt; });
   RegisterScriptNeighbours(components_, player_);
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
+  components_.Register(kListingViewerClass, [this] { return MakeViewer(); });
 }
 
 ScriptResult ScriptedWindows::Play(Platform platform) {
@@ -111,6 +142,14 @@ std::optional<std::size_t> ScriptedWindows::Choose(const std::string& title, Row
     PressKey(window.Table(), {.code = row ? key::kEnter : key::kEsc, .shift = 0, .text = {}});
   });
   return windows_.Choose(title, rows);
+}
+
+std::unique_ptr<ListingViewer> ScriptedWindows::MakeViewer() {
+  return std::make_unique<ScriptedViewer>(windows_, [this](QWidget& window, const ListingDescription& description,
+                                                           const std::string& file, const std::string& table) {
+    Photograph(window, QStringLiteral("Listado ") + window.windowTitle());
+    player_.Listing(description, file, table);
+  });
 }
 
 // Pictures.

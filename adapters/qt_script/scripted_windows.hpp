@@ -5,6 +5,7 @@
 #include <QString>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -38,6 +39,7 @@ class ScriptedWindows : public FormHost, public Dialogs {
 
  private:
   std::optional<std::size_t> Choose(const std::string& title, RowList& rows);
+  std::unique_ptr<ListingViewer> MakeViewer();
   void Photograph(QWidget& window, const QString& name) const;
   void PhotographTop() const;
 

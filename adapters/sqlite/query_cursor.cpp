@@ -7,6 +7,7 @@
 
 #include "adapters/sqlite/query_cache.hpp"
 #include "adapters/sqlite/rows_aside.hpp"
+#include "platform/sql/implied.hpp"
 #include "platform/sql/parser.hpp"
 #include "platform/sql/printer.hpp"
 #include "zendara/runtime_error.hpp"
@@ -53,7 +54,8 @@ void CheckLimits(const Connection& connection, const sql::Tokens& tokens, const 
 }
 
 std::shared_ptr<PreparedQuery> Prepare(Connection& connection, sql::Tokens& tokens) {
-  const sql::Select select = ParseSelect(tokens, CatalogueOf(connection));
+  sql::Select select = ParseSelect(tokens, CatalogueOf(connection));
+  AddImpliedKeys(select);
   const sql::Printed printed = Print(select, SqliteDialect());
   CheckLimits(connection, tokens, printed);
   for (const std::size_t list : {select.items.size(), select.group_by.size(), select.order_by.size()}) {

@@ -29,4 +29,10 @@ const PaginaAyuda& PaginaDeContexto(int contexto) {
   return pagina == std::end(kPaginas) ? kPaginas[0] : *pagina;
 }
 
+std::string PalabrasDe(const Control& control) {
+  std::string rotulo = control.Caption();
+  std::erase(rotulo, '&');
+  return rotulo.substr(0, rotulo.find_last_not_of(" .:") + 1);
+}
+
 }  // namespace zendara

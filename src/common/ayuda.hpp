@@ -2,7 +2,10 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
+
+#include "platform/form/control.hpp"
 
 namespace zendara {
 
@@ -17,5 +20,8 @@ std::span<const PaginaAyuda> PaginasAyuda();
 
 // The start page for a context that no page has.
 const PaginaAyuda& PaginaDeContexto(int contexto);
+
+// The caption of a control as one reads it: without the mark of its access key, and the dots and the colon behind it.
+std::string PalabrasDe(const Control& control);
 
 }  // namespace zendara

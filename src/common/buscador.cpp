@@ -173,7 +173,7 @@ std::string EligeTrabajador(const Sesion& sesion, const std::string& actual) {
   for (const auto& [empresa, numero] : sesion.TrabajadoresVistos) {
     if (empresa == sesion.CodEmpresa.str()) vistos.push_back(numero);
   }
-  FilasTrabajadores filas(AbreCompania(sesion), std::move(vistos));
+  FilasTrabajadores filas(AbreAparte(sesion, FileKind::kCompany), std::move(vistos));
   PickView vista = VistaDe(kBuscador, {actual}, sesion.VentanaFechas);
   vista.sorted_by = kColumnaApellido1;
   vista.foremost = filas.AlPrincipio();
@@ -199,7 +199,7 @@ void ApuntaVisto(Sesion& sesion, const std::string& numero) {
 }
 
 std::string NumeroLibre(const Sesion& sesion) {
-  const std::shared_ptr<Database> base = AbreCompania(sesion);
+  const std::shared_ptr<Database> base = AbreAparte(sesion, FileKind::kCompany);
   int numero = 0;
   for (const std::string_view tabla : kTablasNumeradas) numero = std::max(numero, MasAlto(*base, tabla));
   numero = numero < kNumeros - 1 ? numero + 1 : MasBajoLibre(*base);

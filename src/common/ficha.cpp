@@ -198,6 +198,23 @@ void Ficha::Muestra(Recordset& fila, const Tramo& tramo) {
   }
 }
 
+void Ficha::Anota(Recordset& fila, const Tramo& tramo) {
+  for (int indice = tramo.desde; indice <= tramo.hasta; ++indice) {
+    mostrado_[indice] = {TextoLlano(indice), fila.Fields(tramo.ColumnaDe(indice)).Get()};
+  }
+  Asienta(tramo.desde, tramo.hasta);
+}
+
+bool Ficha::Cambiado(IndiceCampo indice) const {
+  const auto mostrado = mostrado_.find(indice);
+  return mostrado == mostrado_.end() || mostrado->second.texto != TextoLlano(indice);
+}
+
+bool Ficha::CambioAjeno(IndiceCampo indice, const Value& hay) const {
+  const auto mostrado = mostrado_.find(indice);
+  return mostrado != mostrado_.end() && hay != mostrado->second.valor && hay != Valor(indice);
+}
+
 bool Ficha::Mostro(IndiceCampo indice, std::string_view texto) const {
   const auto mostrado = mostrado_.find(indice);
   return mostrado != mostrado_.end() && Trim(mostrado->second.texto) == texto;

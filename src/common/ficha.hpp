@@ -42,6 +42,12 @@ class Ficha {
 
   // The row in the fields; nothing changes when it cannot be read.
   void Muestra(Recordset& fila, const Tramo& tramo);
+  // The screen has put the row into these fields by itself: what stands there is what it shows.
+  void Anota(Recordset& fila, const Tramo& tramo);
+  // Whether the field shows no row, or something else than what showing put there.
+  bool Cambiado(IndiceCampo indice) const;
+  // Whether `hay`, which is stored now, is neither what was shown nor what stands in the field.
+  bool CambioAjeno(IndiceCampo indice, const Value& hay) const;
   // Whether the field shows that text of a row and has not been emptied since.
   bool Mostro(IndiceCampo indice, std::string_view texto) const;
   // Stores the fields in the row that is being added or edited: all of them or, of a row that was shown, those whose

@@ -230,7 +230,10 @@ void PantallaBase::NuevoTrabajador() {
 // What is left first may keep the focus.
 void PantallaBase::EntraTrabajador(const std::string& numero) {
   TextBox& campo = *numero_trabajador_;
+  const Control* dejado = Focus();
   campo.SetFocus();
+  // One that sends the focus on has been left all the same.
+  if (Focus() != &campo && Focus() != dejado) campo.SetFocus();
   if (Focus() != &campo) return;
   campo.Select(0, static_cast<int>(Len(campo.Text())));
   Paste(numero);

@@ -3,6 +3,8 @@
 #include <string>
 
 #include "component/componente.hpp"
+#include "incidents/incidencias_fechas.hpp"
+#include "incidents/incidencias_variables.hpp"
 #include "workers/trabajadores.hpp"
 
 namespace zendara {
@@ -17,6 +19,11 @@ void Registra(Componente& componente, std::string_view nombre) {
 
 }  // namespace
 
-Componente::Componente() { Registra<Trabajadores>(*this, kPantallaTrabajadores); }
+Componente::Componente() {
+  Registra<Trabajadores>(*this, kPantallaTrabajadores);
+  Registra<MIncidencias>(*this, "MIncidencias");
+  Registra<MIncidenciasESP>(*this, "MIncidenciasESP");
+  Registra<MIncidenciasVAR>(*this, "MIncidenciasVAR");
+}
 
 }  // namespace zendara

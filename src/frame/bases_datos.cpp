@@ -10,10 +10,15 @@
 namespace zendara {
 namespace {
 
+std::shared_ptr<Database> AbreEn(Workspace& espacio, const Sesion& sesion, std::string_view nombre) {
+  std::shared_ptr<Database> db = espacio.OpenDatabase(sesion.DirDatos + std::string(nombre));
+  db->SetYearWindow(sesion.VentanaFechas);
+  return db;
+}
+
 void Abre(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) {
   sesion.WsTrabajo = sesion.platform.engine->Workspaces(0);
-  db = sesion.WsTrabajo->OpenDatabase(sesion.DirDatos + std::string(nombre));
-  db->SetYearWindow(sesion.VentanaFechas);
+  db = AbreEn(*sesion.WsTrabajo, sesion, nombre);
 }
 
 void PonConsulta(Sesion& sesion, Database& db) {
@@ -33,11 +38,9 @@ void AbreFichero(Sesion& sesion, FileKind fichero, std::string_view ano) {
   Abre(sesion, sesion.BDEmpresa, FileName(fichero, sesion.CodEmpresa.str(), ano));
 }
 
-std::shared_ptr<Database> AbreCompania(const Sesion& sesion) {
-  auto base = sesion.platform.engine->Workspaces(0)->OpenDatabase(
-      sesion.DirDatos + FileName(FileKind::kCompany, sesion.CodEmpresa.str(), sesion.AnoTrabajo.str()));
-  base->SetYearWindow(sesion.VentanaFechas);
-  return base;
+std::shared_ptr<Database> AbreAparte(const Sesion& sesion, FileKind fichero) {
+  return AbreEn(*sesion.platform.engine->Workspaces(0), sesion,
+                FileName(fichero, sesion.CodEmpresa.str(), sesion.AnoTrabajo.str()));
 }
 
 bool AbreTabla(Sesion& sesion, std::shared_ptr<Database>& db, std::string_view nombre) try {

@@ -14,9 +14,9 @@ namespace zendara {
 void AbreFichero(Sesion& sesion, FileKind fichero);
 void AbreFichero(Sesion& sesion, FileKind fichero, std::string_view ano);
 
-// The company's file of the working year by a handle of its own: those of the session stay as they are. Errors of the
-// engine go to the caller.
-std::shared_ptr<Database> AbreCompania(const Sesion& sesion);
+// A file of the company, of the working year, by a handle of its own: those of the session stay as they are. Errors of
+// the engine go to the caller.
+std::shared_ptr<Database> AbreAparte(const Sesion& sesion, FileKind fichero);
 
 // Opens DirDatos + `nombre` into `db`, replacing the handle that stood there; the first workspace goes to WsTrabajo.
 // When `nombre` starts with "NOM", in that case, the query "Consulta" of that file goes to ConsultaQD, made if it is

@@ -32,7 +32,7 @@ std::optional<Date> FechaDe(Recordset& filas, Columna columna, bool& ilegible) t
 }  // namespace
 
 std::vector<IncidenciaVista> LeeIncidencias(const Sesion& sesion, const std::string& trabajador) {
-  const std::shared_ptr<Database> base = AbreCompania(sesion);
+  const std::shared_ptr<Database> base = AbreAparte(sesion, FileKind::kCompany);
   std::vector<IncidenciaVista> incidencias;
   for (const auto& [tabla, nombre] : kTablas) {
     const auto filas = base->OpenRecordset("SELECT Campo2, Campo3, Campo4 FROM " + std::string(nombre) +

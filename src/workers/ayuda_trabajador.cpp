@@ -4,7 +4,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "runtime/text.hpp"
+#include "common/ayuda.hpp"
 #include "workers/campos_trabajador.hpp"
 
 namespace zendara {
@@ -31,18 +31,10 @@ constexpr SeccionCampos kSecciones[] = {
     {kPrestaciones, "#pestaña-situación--irpf"},
 };
 
-// Without the colon behind it and the mark of its access key.
-std::string Palabras(const Control& control) {
-  std::string rotulo = Trim(control.Caption());
-  std::erase(rotulo, '&');
-  if (rotulo.ends_with(':')) rotulo.pop_back();
-  return rotulo;
-}
-
 HelpPlace AyudaDeCampo(const Control& control) {
   const auto campo = static_cast<CampoTrabajador>(control.Index());
   const auto* detras = std::ranges::upper_bound(kSecciones, campo, {}, &SeccionCampos::desde);
-  return {.link = std::string(std::prev(detras)->enlace), .words = Palabras(control)};
+  return {.link = std::string(std::prev(detras)->enlace), .words = PalabrasDe(control)};
 }
 
 }  // namespace
@@ -52,11 +44,11 @@ HelpPlace AyudaDe(const Control& control) {
     return {.link = "#pestaña-irpf", .words = control.Index() == kHijos ? "Hijos." : "Ascendientes."};
   }
   if (control.Name() == "Situaciones") {
-    return {.link = "#pestaña-situación-descripción", .words = Palabras(control)};
+    return {.link = "#pestaña-situación-descripción", .words = PalabrasDe(control)};
   }
-  if (control.Name() == "Text2") return {.link = "tipo_retencion.md#regularizar", .words = Palabras(control)};
+  if (control.Name() == "Text2") return {.link = "tipo_retencion.md#regularizar", .words = PalabrasDe(control)};
   if (control.Kind() == ControlKind::kButton) {
-    return {.link = "#botones", .words = Palabras(control)};
+    return {.link = "#botones", .words = PalabrasDe(control)};
   }
   for (const std::string_view campos : {"Text1", "Combo1", "Check1"}) {
     if (control.Name() == campos) return AyudaDeCampo(control);

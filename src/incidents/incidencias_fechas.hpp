@@ -1,0 +1,107 @@
+// The screens of incidents with dates, I.T. and E.S.P.: a worker, a type, a start and, once it is over, an end. One
+// design; where the two differ is a table.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "incidents/pantalla_incidencias.hpp"
+#include "incidents/solape.hpp"
+#include "incidents/tabla_incidencias.hpp"
+
+namespace zendara {
+
+// Text1, but for the type, which is Combo1. Each stands for the column one below it.
+enum class CampoFechas { kTrabajador = 1, kNombre = 2, kTipo = 3, kInicio = 4, kFin = 5 };
+
+// How the dates of a row that was called up come into their fields.
+enum class TratoFechas {
+  kTexto,    // a Null is an empty text
+  kFormato,  // a Null is error 94
+  kAmbos,    // the end as a text first, so that its Null is none; the start by its format
+};
+
+struct DisenoFechas {
+  DisenoIncidencias comun;
+  TablaIncidencias tabla;
+  std::string_view nombre_tabla;
+  const Lista* tipos;
+  const Lista* fechas;
+  std::string_view falta_inicio;  // said when there is no start
+  std::string_view hay_abierta;   // the second line of what is said when another incident is open
+  bool reabre_al_grabar;          // the company's file is opened anew before the check
+  TratoFechas al_salir;           // by leaving the start
+  TratoFechas de_lista;           // by the list of starts
+};
+
+const DisenoFechas& DisenoDe(TablaIncidencias tabla);
+
+class IncidenciasFechas : public PantallaIncidencias {
+ public:
+  std::string Position() const override;
+  std::string Expected() const override;
+
+  // Fills the staging table with the rows of a slot and shows them as a listing of epigraphs. Errors go to the caller.
+  void GeneraPendientes(int ranura);
+
+ protected:
+  IncidenciasFechas(Sesion& sesion, RegistroPantallas& pantallas, TablaIncidencias tabla);
+
+  void PonElegido(const std::string& trabajador, const std::string& situacion) override;
+  void LimpiaCampos(IndiceCampo desde, IndiceCampo hasta) override;
+  void MuestraRegistro() override;
+  void AsignaCampos() override;
+  void Poneregistro() override;
+  bool CompruebaDatos() override;
+  void GrabaComprobado() override;
+  void CancelaFicha() override;
+  std::string Resumen() const override;
+
+  void EntradaCampo(int indice) override;
+  void SalidaCampo(int indice) override;
+  void AbreLista(int indice) override;
+  bool EscSale() const override;
+
+ private:
+  void CreaCampos();
+  void ConectaTipo();
+
+  // What the codes stand for; another code leaves what stands there.
+  void MuestraTipo(const std::string& codigo);
+  // Whether the dates may be saved; the answer that says no has been shown.
+  bool CompruebaSolape();
+  // With which closed incidents the dates on the screen meet, in words.
+  std::string Coincidencias() const;
+  // True after an error too, which is said.
+  bool GrabarRegistro();
+  void SalidaTrabajador();
+  void SalidaInicio();
+  void SalidaFin();
+  void MuestraFila(Recordset& fila, TratoFechas trato);
+  void PonFecha(CampoFechas campo, const Value& valor);
+  void AvisaSiExiste();
+  void EligeFecha();
+  void EligeTipo();
+
+  const DisenoFechas& diseno_fechas_;
+  std::string grabado_;  // what was stored last, empty if it was not
+
+  ComboBox Combo1{*this, "Combo1"};
+  TextBox Text2{*this, "Text2"};
+  Frame Frame1{*this, "Frame1"};
+};
+
+class MIncidencias : public IncidenciasFechas {
+ public:
+  MIncidencias(Sesion& sesion, RegistroPantallas& pantallas)
+      : IncidenciasFechas(sesion, pantallas, TablaIncidencias::kIT) {}
+};
+
+class MIncidenciasESP : public IncidenciasFechas {
+ public:
+  MIncidenciasESP(Sesion& sesion, RegistroPantallas& pantallas)
+      : IncidenciasFechas(sesion, pantallas, TablaIncidencias::kESP) {}
+};
+
+}  // namespace zendara

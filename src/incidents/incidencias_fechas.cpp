@@ -330,7 +330,7 @@ bool IncidenciasFechas::CompruebaSolape() {
   }
   const bool tiene_fin = !Texto(kFin).empty();
   if (!hay(consultas.inicio) && !(tiene_fin && (hay(consultas.fin) || hay(consultas.encierra)))) return true;
-  Mensaje("Ya existe una incidencia para ese trabajador en es intervalo tiempo ");
+  Mensaje("Ya existe una incidencia para ese trabajador en es intervalo tiempo ", Text1(IndiceCampo(kInicio)));
   SetStatus(Coincidencias());
   return false;
 }

@@ -202,17 +202,21 @@ class Dibujo {
       : calendario_(calendario), plano_(calendario), lapiz_(screen, superficie) {
     PonEntradas();
     Mide();
+    if (carril_ >= kMenor) return;
+    con_leyenda_ = false;
+    Mide();
   }
 
   void Pinta() {
-    constexpr int kMenorCelda = 5;
-    if (celda_ < kMenorCelda || carril_ < kMenorCelda) return;
+    if (celda_ < kMenor || carril_ < kMenor) return;
     PintaTitulo();
     for (int mes = 0; mes < kMesesAno; ++mes) PintaMes(mes);
-    PintaLeyenda();
+    if (con_leyenda_) PintaLeyenda();
   }
 
  private:
+  static constexpr int kMenor = 5;  // pixels of a day and of a lane in which anything can be seen
+
   void PonEntradas();
   void Mide();
   int PonLeyenda();
@@ -250,6 +254,7 @@ class Dibujo {
   Plano plano_;
   Lapiz lapiz_;
   std::vector<Entrada> entradas_;
+  bool con_leyenda_ = true;  // as long as the months are not too low
   int margen_ = 0;
   int menor_ = 0;   // height of the small letters
   int dias_ = 0;    // where the first day begins
@@ -305,7 +310,7 @@ void Dibujo::Mide() {
   mensaje_ = titulo_ + linea_;
   escala_ = mensaje_ + linea_;
   meses_ = escala_ + linea_ / 2;
-  const int lineas = std::max(PonLeyenda(), kLineasLeyenda);
+  const int lineas = con_leyenda_ ? std::max(PonLeyenda(), kLineasLeyenda) : 0;
   fila_ = std::min((lapiz_.alto - meses_ - lineas * linea_ - 2 * margen_) / kMesesAno, 3 * lapiz_.eme);
   leyenda_ = Arriba(kMesesAno) + margen_;
   carril_ = (fila_ - 1 - 3 * lapiz_.grueso) / 2;

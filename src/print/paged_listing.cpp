@@ -38,6 +38,14 @@ int SpaceAbove(std::size_t leading_blanks, std::size_t of_row_above) {
 }  // namespace
 
 struct PagedListing::State {
+  State(Listing its_listing, ListingHead its_head, std::unique_ptr<ListingRows> its_source,
+        const TextMeasure& its_measure)
+      : listing(std::move(its_listing)),
+        head(std::move(its_head)),
+        source(std::move(its_source)),
+        measure(its_measure),
+        last_values(listing.columns.size(), kNoRow) {}
+
   Listing listing;
   ListingHead head;
   std::unique_ptr<ListingRows> source;
@@ -135,10 +143,8 @@ struct PagedListing::State {
 
 PagedListing::PagedListing(Listing listing, ListingHead head, std::unique_ptr<ListingRows> rows,
                            const TextMeasure& measure)
-    : state_(new State{
-          std::move(listing), std::move(head), std::move(rows), measure, {}, {}, false, {}, {}, {}, 0, 0, 0}) {
+    : state_(std::make_unique<State>(std::move(listing), std::move(head), std::move(rows), measure)) {
   State& state = *state_;
-  state.last_values.assign(state.listing.columns.size(), kNoRow);
   state.Read(kSample);
   state.grid = ListingGrid::Settle(state.listing, state.head, state.rows, measure);
   state.SettlePages();

@@ -9,6 +9,7 @@
 
 #include "print/fixed_measure.hpp"
 #include "print/given_rows.hpp"
+#include "runtime/text.hpp"
 
 namespace zendara::print {
 namespace {
@@ -82,8 +83,7 @@ class RandomListing {
   }
   std::string Cell(CellSide side) {
     if (Below(12) == 0) return "";
-    if (side == CellSide::kNumber)
-      return std::string(static_cast<std::size_t>(Below(Below(50) == 0 ? 70 : 9) + 1), '7');
+    if (side == CellSide::kNumber) return Repeat('7', Below(Below(50) == 0 ? 70 : 9) + 1);
     return Words(Below(4), Below(60) == 0 ? 255 : 12);
   }
 
@@ -109,21 +109,17 @@ std::string Misplaced(const std::vector<TextRun>& runs, const Paper& paper) {
   return {};
 }
 
-// Takes the text of a cell off the front of what a page says. A sign that it was cut ends it.
+// Takes the text of a cell off the front of what a page says: a figure whole, a text up to the sign that it was cut,
+// which only a long one has.
 bool Take(std::vector<TextRun>& runs, const std::string& cell, CellSide side, Tone tone) {
-  std::string rest = WithoutBlanks(cell);
-  if (side == CellSide::kNumber && !rest.empty()) {
-    if (runs.empty() || runs.front().text != rest || runs.front().tone != tone) return false;
-    rest.clear();
-    runs.erase(runs.begin());
-  }
-  while (!rest.empty()) {
+  for (std::string rest = WithoutBlanks(cell); !rest.empty();) {
     if (runs.empty() || runs.front().tone != tone) return false;
     std::string said = WithoutBlanks(runs.front().text);
     runs.erase(runs.begin());
     const bool cut = said.ends_with("…");
     if (cut) said.resize(said.size() - 3);
-    if (!rest.starts_with(said)) return false;
+    if (!rest.starts_with(said) || (cut && Len(cell) < 100) || (side == CellSide::kNumber && said != rest))
+      return false;
     rest = cut ? "" : rest.substr(said.size());
   }
   return true;
@@ -137,10 +133,7 @@ TEST(PagedListing, AnyListing) {
     const Page first = listing.PageAt(0);
     while (listing.ReadOn(100)) {
     }
-    // But for its number.
-    if (listing.Pages() > 1) {
-      EXPECT_EQ(TextsOf(BodyOf(first)), TextsOf(BodyOf(listing.PageAt(0))));
-    }
+    EXPECT_TRUE(listing.Pages() == 1 || TextsOf(BodyOf(first)) == TextsOf(BodyOf(listing.PageAt(0))));
     ASSERT_EQ(listing.Rows(), random.Rows().size());
     std::map<std::size_t, std::string> last;
     std::size_t row = 0;
@@ -166,8 +159,6 @@ TEST(PagedListing, AnyListing) {
   }
 }
 
-std::vector<Texts> Times(std::size_t count, const Texts& row) { return std::vector<Texts>(count, row); }
-
 TEST(PagedListing, TakesTheRoomThatItNeeds) {
   const std::string word(9, 'w');
   const auto words = [&](int count) {
@@ -175,8 +166,8 @@ TEST(PagedListing, TakesTheRoomThatItNeeds) {
     while (--count > 0) text += " " + word;
     return text;
   };
-  const auto columns = [](std::size_t count, CellSide side) {
-    return std::vector<ListingColumn>(count, {"Título", side, 900});
+  const auto columns = [](std::size_t n, CellSide side) {
+    return std::vector<ListingColumn>(n, {"Título", side, 900});
   };
   const struct {
     std::vector<ListingColumn> columns;
@@ -188,8 +179,8 @@ TEST(PagedListing, TakesTheRoomThatItNeeds) {
       {columns(2, CellSide::kText), {{"a", "b"}}, false, 9, 1},
       {columns(2, CellSide::kText), {{words(7), "a"}}, false, 9, 1},
       {columns(2, CellSide::kText), {{words(20), "a"}}, false, 9, 3},
-      {columns(3, CellSide::kText), Times(9, Texts(3, words(3) + " www")), false, 8, 1},
-      {columns(3, CellSide::kText), Times(9, Texts(3, words(5))), true, 8, 1},
+      {columns(3, CellSide::kText), {9, Texts(3, words(3) + " www")}, false, 8, 1},
+      {columns(3, CellSide::kText), {9, Texts(3, words(5))}, true, 8, 1},
       {columns(8, CellSide::kNumber), {Texts(8, std::string(15, '7'))}, true, 8, 1},
       {columns(9, CellSide::kNumber), {Texts(9, std::string(17, '7'))}, true, 7, 1},
       {columns(9, CellSide::kNumber), {Texts(9, std::string(19, '7'))}, true, 6, 1},
@@ -208,7 +199,7 @@ TEST(PagedListing, TakesTheRoomThatItNeeds) {
 // The sample has settled the widths when it comes.
 TEST(PagedListing, KeepsAFigureWholeThatComesLate) {
   const std::string figure = "1.234.567.890.123,45";
-  std::vector<Texts> rows = Times(PagedListing::kSample, {"uno", "1,00"});
+  std::vector<Texts> rows(PagedListing::kSample, {"uno", "1,00"});
   rows.push_back({"dos", figure});
   rows.push_back({"tres", "2,00"});
   PagedListing listing = Paged({{"Nombre", CellSide::kText, 900}, {"Importe", CellSide::kNumber, 900}}, rows);
@@ -222,7 +213,7 @@ TEST(PagedListing, KeepsAFigureWholeThatComesLate) {
 }
 
 TEST(PagedListing, SaysWhatItIsOnEachPage) {
-  PagedListing listing = Paged({{"Nº", CellSide::kNumber, 900}}, Times(1300, {"1"}));
+  PagedListing listing = Paged({{"Nº", CellSide::kNumber, 900}}, std::vector<Texts>(1300, {"1"}));
   const auto expect_number = [&](const std::string& number) {
     Texts head = TextsOf(Runs(listing.PageAt(1)));
     head.resize(5);

@@ -196,6 +196,16 @@ TEST(PagedListing, TakesTheRoomThatItNeeds) {
   }
 }
 
+TEST(PagedListing, EndsACellThatIsHigherThanAPageWithASign) {
+  const std::vector<ListingColumn> columns(60, {"Título", CellSide::kText, 900});
+  const PagedListing listing = Paged(columns, {3, Texts(60, Repeat('w', 255))});
+  ASSERT_EQ(listing.Pages(), 3U);
+  const Page page = listing.PageAt(1);
+  EXPECT_EQ(Misplaced(Runs(page), listing.PaperOf()), "");
+  const Texts texts = TextsOf(BodyOf(page));
+  EXPECT_EQ(std::ranges::count_if(texts, [](const auto& text) { return text.ends_with("…"); }), 60);
+}
+
 // The sample has settled the widths when it comes.
 TEST(PagedListing, KeepsAFigureWholeThatComesLate) {
   const std::string figure = "1.234.567.890.123,45";

@@ -1,5 +1,6 @@
 #include "adapters/xlsx/workbook.hpp"
 
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <unzip.h>
 #include <xlsxwriter.h>
@@ -84,7 +85,7 @@ Workbook::Workbook(Plan plan, const std::string& path)
     : plan_(std::move(plan)),
       path_(path),
       folder_(std::filesystem::path(path).parent_path()),
-      package_(memfd_create("zendara", MFD_CLOEXEC)) {
+      package_(memfd_create("zendara", MFD_CLOEXEC | MFD_ALLOW_SEALING)) {
   if (!package_) throw FileError({errno, std::generic_category()}, path_);
   if (folder_.empty()) folder_ = ".";
   package_name_ = "/proc/self/fd/" + std::to_string(package_.get());
@@ -238,5 +239,8 @@ Descriptor Workbook::Finish() {
   }
   return std::move(package_);
 }
+
+// The library has no way to stop: its next write is refused.
+void Workbook::Stop() { fcntl(package_.get(), F_ADD_SEALS, F_SEAL_WRITE); }
 
 }  // namespace zendara

@@ -51,6 +51,8 @@ class Workbook {
   void AddRow(const std::vector<Cell>& cells);
   // The package, a file in memory, from its start. The last call; may be made on another thread.
   Descriptor Finish();
+  // Makes a Finish on another thread fail soon.
+  void Stop();
 
  private:
   void AddSheet();

@@ -95,7 +95,10 @@ print::Kept XlsxListingWriter::Write(print::PagedListing& listing, const std::st
 
   std::future<Descriptor> packing = std::async(std::launch::async, [&] { return book.Finish(); });
   while (packing.wait_for(kPace) != std::future_status::ready) {
-    if (progress && !progress(listing.Rows())) return print::Kept::kStopped;
+    if (progress && !progress(listing.Rows())) {
+      book.Stop();
+      return print::Kept::kStopped;
+    }
   }
   AppendAll(packing.get(), file, path);
   if (const auto error = file.Commit()) throw FileError(error, path);

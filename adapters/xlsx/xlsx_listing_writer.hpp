@@ -19,8 +19,7 @@ class XlsxListingWriter : public print::ListingWriter {
   explicit XlsxListingWriter(YearWindow years, std::size_t rows_of_sheet = kRowsOfSheet)
       : years_(years), rows_of_sheet_(rows_of_sheet) {}
 
-  // The rows of unfinished work are in the folder of `path`, without a name. Once all are in, a stop waits for the
-  // package to be put together.
+  // The rows of unfinished work are in the folder of `path`, without a name.
   print::Kept Write(print::PagedListing& listing, const std::string& path, print::DocumentWriter::Existing existing,
                     const print::Progress& progress) const override;
 

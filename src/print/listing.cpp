@@ -70,6 +70,12 @@ bool IsControl(std::string_view character) {
   return code < ' ' || (code >= 0x7F && code <= 0x9F);
 }
 
+// Bytes of control characters, and the one that some of them begin with.
+bool MayBeControl(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < ' ' || byte == 0x7F || byte == 0xC2;
+}
+
 }  // namespace
 
 Listing ReadDescription(const ListingDescription& elements) {
@@ -90,13 +96,21 @@ std::unique_ptr<ListingRows> StagedRows(Engine& engine, const std::string& file,
 }
 
 std::string CellText(std::string_view cell) {
-  std::string text;
-  text.reserve(cell.size());
-  while (!cell.empty()) {
-    const std::string_view character = TakeCharacter(cell);
-    IsControl(character) ? text += ' ' : text += character;
+  std::string kept;
+  return std::string(CellView(cell, kept));
+}
+
+std::string_view CellView(std::string_view cell, std::string& kept) {
+  if (std::ranges::any_of(cell, MayBeControl)) {
+    kept.clear();
+    while (!cell.empty()) {
+      const std::string_view character = TakeCharacter(cell);
+      IsControl(character) ? kept += ' ' : kept += character;
+    }
+    cell = kept;
   }
-  return Trim(text);
+  cell.remove_prefix(std::min(cell.find_first_not_of(' '), cell.size()));
+  return cell.substr(0, cell.find_last_not_of(' ') + 1);
 }
 
 std::string LinesText(std::size_t rows) {

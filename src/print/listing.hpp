@@ -57,6 +57,8 @@ std::unique_ptr<ListingRows> StagedRows(Engine& engine, const std::string& file,
 
 // A cell as it is shown: on one line, control characters as blanks, none around it.
 std::string CellText(std::string_view cell);
+// The same, copied to `kept` only where that is needed.
+std::string_view CellView(std::string_view cell, std::string& kept);
 // "1.234 líneas".
 std::string LinesText(std::size_t rows);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "print/text_lines.hpp"
@@ -11,9 +12,8 @@ namespace zendara::print {
 namespace {
 
 constexpr Font kTitle = {13, true};
-constexpr int kSize = 9;  // of the rows, in points
-constexpr int kSmallest = 5;
-constexpr int kGap = 200;  // between columns
+constexpr int kSmallest = 5;  // type, in points
+constexpr int kGap = 200;     // between columns
 constexpr int kBelowCompany = 60;
 constexpr int kBelowTitle = 200;
 constexpr int kAboveRule = 30;
@@ -22,6 +22,7 @@ constexpr int kWide = 360;          // beside the date and the number of the pag
 constexpr int kLongestWord = 2000;  // a longer one is broken rather than that the others lose their room
 constexpr int kLongestFigure = 3000;
 constexpr std::size_t kTitleLines = 6;
+constexpr std::size_t kFewWrapped = 10;  // one row in so many
 constexpr std::string_view kSign = "…";
 constexpr std::string_view kWidestNumber = "Página 99.999 de 99.999…";
 
@@ -116,22 +117,31 @@ ListingGrid ListingGrid::Settle(const Listing& listing, const ListingHead& head,
                                 const TextMeasure& measure) {
   const Paper upright;
   const Paper turned = {upright.height, upright.width, upright.margin};
-  for (int size = kSize;; --size) {
-    ListingGrid wide(turned, {size, false}, measure);
-    const bool has_room = wide.PlaceColumns(listing, sample);
-    wide.SetHead(listing, head);
-    if (size == kSize) {
-      ListingGrid narrow(upright, {size, false}, measure);
-      const bool fits = narrow.PlaceColumns(listing, sample);
-      narrow.SetHead(listing, head);
-      if (fits && (!has_room || narrow.PagesOf(sample) <= wide.PagesOf(sample))) return narrow;
-    }
-    if (has_room || size == kSmallest) return wide;
+  const auto settled = [&](const Paper& paper, int size) {
+    ListingGrid grid(paper, {size, false}, measure);
+    grid.PlaceColumns(listing, sample);
+    grid.SetHead(listing, head);
+    return grid;
+  };
+  std::optional<ListingGrid> best;
+  int fewest = 0;
+  for (const auto& [paper, size] : {std::pair(upright, 9), {upright, 8}, {turned, 8}}) {
+    ListingGrid grid = settled(paper, size);
+    if (!grid.has_room_) continue;
+    const auto [pages, wrapped] = grid.Try(sample);
+    if (wrapped * kFewWrapped <= sample.size()) return grid;
+    if (best && pages >= fewest) continue;
+    fewest = pages;
+    best = std::move(grid);
   }
+  for (int size = 7; !best; --size) {
+    ListingGrid grid = settled(turned, size);
+    if (grid.has_room_ || size == kSmallest) best = std::move(grid);
+  }
+  return *std::move(best);
 }
 
-// False when words or figures have no room; they have what there is.
-bool ListingGrid::PlaceColumns(const Listing& listing, const PackedRows& sample) {
+void ListingGrid::PlaceColumns(const Listing& listing, const PackedRows& sample) {
   const int count = static_cast<int>(listing.columns.size());
   const int gap = std::min(kGap, Width() / (2 * std::max(count, 1)));
   const int room = Width() - gap * (count - 1);
@@ -140,17 +150,15 @@ bool ListingGrid::PlaceColumns(const Listing& listing, const PackedRows& sample)
     wishes.push_back(WishesOf(listing.columns[i], i, sample, room, font_, *measure_));
   }
   std::vector<int> widths(listing.columns.size(), 0);
-  bool has_room = true;
   for (const Wish wish : {kLeast, kMostTexts, kAllTexts, kTitleWhole, kAsked}) {
     const bool all = Widen(widths, wishes, wish, room);
-    if (wish == kLeast) has_room = all;
+    if (wish == kLeast) has_room_ = all;
   }
   int x = Left();
   for (std::size_t i = 0; i < widths.size(); ++i) {
     places_.push_back({listing.columns[i].side, x, widths[i]});
     x += widths[i] + gap;
   }
-  return has_room;
 }
 
 int ListingGrid::StartOf(const Place& place, const std::string& text, const Font& font) const {
@@ -211,61 +219,75 @@ std::vector<Mark> ListingGrid::Head(const std::string& number) const {
   return marks;
 }
 
-int ListingGrid::PagesOf(const PackedRows& sample) const {
+ListingGrid::Trial ListingGrid::Try(const PackedRows& sample) const {
   std::vector<std::string_view> cells;
   int height = 0;
+  std::size_t wrapped = 0;
   for (std::size_t row = 0; row < sample.size(); ++row) {
     sample.Read(row, cells);
-    height += LineCount(cells) * LineHeight() + kBetweenRows;
+    const int lines = LineCount(cells);
+    height += lines * LineHeight() + kBetweenRows;
+    if (lines > 1) ++wrapped;
   }
-  return (height + Height() - 1) / Height();
+  return {(height + Height() - 1) / Height(), wrapped};
+}
+
+// A figure that has room beside no other. A row with very many of them has them wrapped, so that it is no page long.
+bool ListingGrid::StandsBelow(std::size_t column, int width, std::size_t others) const {
+  return places_[column].side == CellSide::kNumber && width > places_[column].width && width <= Width() &&
+         others < MostLines() / 2;
 }
 
 std::vector<CellLine> ListingGrid::Lines(const std::vector<std::string_view>& cells) const {
+  std::vector<std::string> texts;
+  std::vector<std::size_t> figures;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    texts.push_back(CellText(cells[i]));
+    if (StandsBelow(i, measure_->Width(texts[i], font_), figures.size())) figures.push_back(i);
+  }
+  const std::size_t most = MostLines() - figures.size();
   std::vector<CellLine> lines;
-  std::vector<std::pair<std::size_t, std::string>> figures;  // that stand below the others
-  const auto below = static_cast<std::size_t>(MostLines() / 2);
-  std::vector<std::string> texts(cells.size());
+  const auto add = [&](std::size_t column, std::size_t line, std::size_t start, const std::string& text) {
+    const int x = std::max(StartOf(places_[column], text, font_), Left());
+    lines.push_back({column, static_cast<int>(line), x, start, text});
+  };
+  std::size_t below = 1;
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    texts[i] = CellText(cells[i]);
-    if (places_[i].side != CellSide::kNumber || figures.size() == below) continue;
-    const int width = measure_->Width(texts[i], font_);
-    if (width > places_[i].width && width <= Width()) figures.emplace_back(i, std::exchange(texts[i], {}));
-  }
-  const auto most = static_cast<std::size_t>(MostLines()) - figures.size();
-  int below_line = 1;
-  std::vector<std::vector<std::string>> wrapped(cells.size());
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (!texts[i].empty()) wrapped[i] = WrapTo(most, texts[i], places_[i].width, font_, *measure_);
-    below_line = std::max(below_line, static_cast<int>(wrapped[i].size()));
-  }
-  auto figure = figures.begin();
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (figure != figures.end() && figure->first == i) {
-      const int x = std::max(StartOf(places_[i], figure->second, font_), Left());
-      lines.push_back({i, below_line++, x, 0, std::move(figure++->second)});
+    if (texts[i].empty()) continue;
+    if (std::ranges::binary_search(figures, i)) {
+      add(i, 0, 0, texts[i]);
       continue;
     }
-    std::size_t from = 0;
-    for (std::size_t line = 0; line < wrapped[i].size(); ++line) {
-      std::string& text = wrapped[i][line];
-      if (!text.starts_with(' ')) from = std::min(texts[i].find_first_not_of(' ', from), texts[i].size());
-      const int x = StartOf(places_[i], text, font_);
-      lines.push_back({i, static_cast<int>(line), x, from, text});
-      from += text.size();
+    const std::vector<std::string> wrapped = WrapTo(most, texts[i], places_[i].width, font_, *measure_);
+    std::size_t start = 0;
+    for (std::size_t line = 0; line < wrapped.size(); ++line) {
+      if (!wrapped[line].starts_with(' ')) start = std::min(texts[i].find_first_not_of(' ', start), texts[i].size());
+      add(i, line, start, wrapped[line]);
+      start += wrapped[line].size();
     }
+    below = std::max(below, wrapped.size());
+  }
+  for (CellLine& line : lines) {
+    if (std::ranges::binary_search(figures, line.column)) line.line = static_cast<int>(below++);
   }
   return lines;
 }
 
 int ListingGrid::LineCount(const std::vector<std::string_view>& cells) const {
-  const auto fits = [&](std::size_t i) { return measure_->Width(cells[i], font_) <= places_[i].width; };
-  std::size_t i = 0;
-  while (i < cells.size() && fits(i)) ++i;
-  if (i == cells.size()) return 1;
-  int count = 1;
-  for (const CellLine& line : Lines(cells)) count = std::max(count, line.line + 1);
-  return count;
+  std::size_t count = 1;
+  std::size_t figures = 0;
+  std::string kept;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const std::string_view text = CellView(cells[i], kept);
+    const int width = measure_->Width(text, font_);
+    if (width <= places_[i].width) continue;
+    if (StandsBelow(i, width, figures)) {
+      ++figures;
+    } else {
+      count = std::max(count, Wrap(text, places_[i].width, font_, *measure_).size());
+    }
+  }
+  return static_cast<int>(std::min(count, MostLines() - figures) + figures);
 }
 
 }  // namespace zendara::print

@@ -23,8 +23,9 @@ struct CellLine {
 
 class ListingGrid {
  public:
-  // A4 upright, unless words and figures have no room there or the turned paper takes fewer pages for the sample; then
-  // smaller type. REQUIRES: measure outlives it.
+  // The first of these in which nearly every row of the sample takes one line: A4 upright, with smaller type, turned.
+  // If there is none, the one of them that takes the fewest pages and has room for words and figures; if they have room
+  // in none, the paper is turned and the type goes down until they have. REQUIRES: measure outlives it.
   static ListingGrid Settle(const Listing& listing, const ListingHead& head, const PackedRows& sample,
                             const TextMeasure& measure);
 
@@ -53,12 +54,18 @@ class ListingGrid {
     int width = 0;
   };
 
+  struct Trial {
+    int pages = 0;
+    std::size_t wrapped = 0;  // rows
+  };
+
   ListingGrid(const Paper& paper, const Font& font, const TextMeasure& measure)
       : measure_(&measure), paper_(paper), font_(font) {}
-  bool PlaceColumns(const Listing& listing, const PackedRows& sample);
+  void PlaceColumns(const Listing& listing, const PackedRows& sample);
   void SetHead(const Listing& listing, const ListingHead& head);
-  int PagesOf(const PackedRows& sample) const;
-  int MostLines() const { return Height() / LineHeight(); }
+  Trial Try(const PackedRows& sample) const;
+  std::size_t MostLines() const { return static_cast<std::size_t>(Height() / LineHeight()); }
+  bool StandsBelow(std::size_t column, int width, std::size_t others) const;
   int StartOf(const Place& place, const std::string& text, const Font& font) const;
 
   const TextMeasure* measure_;
@@ -68,6 +75,7 @@ class ListingGrid {
   std::vector<Mark> above_number_;
   std::vector<Mark> below_number_;
   int number_baseline_ = 0;
+  bool has_room_ = false;  // for every word and figure
   int top_ = 0;
 };
 

@@ -19,7 +19,10 @@ using Cells = std::vector<std::string_view>;
 constexpr std::uint32_t kNoRow = std::numeric_limits<std::uint32_t>::max();
 constexpr std::string_view kNothing = "No hay ninguna línea que listar.";
 
-bool IsBlank(std::string_view cell) { return CellText(cell).empty(); }
+bool IsBlank(std::string_view cell) {
+  std::string kept;
+  return CellView(cell, kept).empty();
+}
 
 // The leading columns that are blank; none of a row that is blank altogether.
 std::size_t LeadingBlanks(const Cells& cells) {
@@ -194,11 +197,12 @@ std::optional<std::size_t> PagedListing::Find(std::string_view text, std::size_t
   const std::size_t count = Rows();
   if (wanted.empty() || count == 0) return std::nullopt;
   Cells cells;
+  std::string kept;
   for (std::size_t step = 0; step < count; ++step) {
     const std::size_t row = (from + (backwards ? count - step : step)) % count;
     state_->rows.Read(row, cells);
     const auto holds = [&](std::string_view cell) {
-      return PlainText(CellText(cell)).find(wanted) != std::string::npos;
+      return PlainText(CellView(cell, kept)).find(wanted) != std::string::npos;
     };
     if (std::ranges::any_of(cells, holds)) return row;
   }

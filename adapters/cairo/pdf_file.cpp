@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "adapters/host/file_error.hpp"
+#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 PdfFile::PdfFile(const Facts& facts, const PangoMeasure& measure, const std::string& path,

@@ -19,9 +19,11 @@ std::string ProposedPath(const std::string& title, const std::string& suffix, co
   for (QChar& character : name) {
     if (!character.isPrint() || QStringLiteral("\\/:*?\"<>|").contains(character)) character = QLatin1Char(' ');
   }
+  name = name.simplified();
+  while (name.endsWith(QLatin1Char('.'))) name.chop(1);
   const QString folder = chosen_last.empty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
                                              : QFileInfo(QFile::decodeName(chosen_last.c_str())).path();
-  return FromQt(QDir(folder).filePath(name.simplified() + QLatin1Char('.') + ToQt(suffix)));
+  return FromQt(QDir(folder).filePath(name + QLatin1Char('.') + ToQt(suffix)));
 }
 
 }  // namespace

@@ -102,6 +102,13 @@ QPushButton* ListingWindow::AddButton(QHBoxLayout& group, const QString& words, 
   return button;
 }
 
+void ListingWindow::AddSign(QHBoxLayout& group, const QString& sign, const QString& name, const QString& keys,
+                            void (ListingWindow::*act)()) {
+  QPushButton* button = AddButton(group, sign, name + QStringLiteral(": ") + keys, act);
+  button->setAccessibleName(name);
+  signs_.push_back(button);
+}
+
 QLineEdit* ListingWindow::AddField(QHBoxLayout& group, const QString& words, int characters) {
   auto* label = new QLabel(words, this);
   auto* field = new QLineEdit(this);
@@ -119,29 +126,30 @@ void ListingWindow::LayOut() {
   const auto group = [&] {
     auto* row = new QHBoxLayout;
     bar->AddLayout(row);
+    groups_.push_back(row);
     return row;
   };
   QHBoxLayout* pages = group();
-  AddButton(*pages, QStringLiteral("&Primera"), QStringLiteral("Primera página: Ctrl+Inicio"),
-            &ListingWindow::FirstPage);
-  AddButton(*pages, QStringLiteral("&Anterior"), QStringLiteral("Página anterior: RePág"),
-            &ListingWindow::PreviousPage);
-  page_ = AddField(*pages, QStringLiteral("Pági&na:"), kPageDigits);
+  AddSign(*pages, QStringLiteral("|◀"), QStringLiteral("Primera página"), QStringLiteral("Ctrl+Inicio"),
+          &ListingWindow::FirstPage);
+  AddSign(*pages, QStringLiteral("◀"), QStringLiteral("Página anterior"), QStringLiteral("RePág"),
+          &ListingWindow::PreviousPage);
+  page_ = AddField(*pages, QStringLiteral("&Página:"), kPageDigits);
   page_->setValidator(new QIntValidator(0, 9'999'999, page_));
   page_->setToolTip(QStringLiteral("Escriba el número de la página y pulse Intro"));
   page_->setAlignment(Qt::AlignRight);
   pages_ = new QLabel(this);
   pages->addWidget(pages_);
-  AddButton(*pages, QStringLiteral("&Siguiente"), QStringLiteral("Página siguiente: AvPág"), &ListingWindow::NextPage);
-  AddButton(*pages, QStringLiteral("&Última"), QStringLiteral("Última página: Ctrl+Fin"), &ListingWindow::LastPage);
+  AddSign(*pages, QStringLiteral("▶"), QStringLiteral("Página siguiente"), QStringLiteral("AvPág"),
+          &ListingWindow::NextPage);
+  AddSign(*pages, QStringLiteral("▶|"), QStringLiteral("Última página"), QStringLiteral("Ctrl+Fin"),
+          &ListingWindow::LastPage);
 
   QHBoxLayout* size = group();
-  AddButton(*size, QStringLiteral("−"), QStringLiteral("Más pequeña: Ctrl+−"), &ListingWindow::Smaller)
-      ->setAccessibleName(QStringLiteral("Más pequeña"));
+  AddSign(*size, QStringLiteral("−"), QStringLiteral("Más pequeña"), QStringLiteral("Ctrl+−"), &ListingWindow::Smaller);
   percent_ = AddButton(*size, QString(), QStringLiteral("Tamaño del papel: Ctrl+0"), &ListingWindow::FullSize);
-  AddButton(*size, QStringLiteral("+"), QStringLiteral("Más grande: Ctrl++"), &ListingWindow::Larger)
-      ->setAccessibleName(QStringLiteral("Más grande"));
-  AddButton(*size, QStringLiteral("A lo anch&o"), QStringLiteral("La página, tan ancha como la ventana"),
+  AddSign(*size, QStringLiteral("+"), QStringLiteral("Más grande"), QStringLiteral("Ctrl++"), &ListingWindow::Larger);
+  AddButton(*size, QStringLiteral("&A lo ancho"), QStringLiteral("La página, tan ancha como la ventana"),
             &ListingWindow::FitWidth);
 
   QHBoxLayout* search = group();
@@ -158,8 +166,8 @@ void ListingWindow::LayOut() {
             &ListingWindow::Save);
   AddButton(*ends, QStringLiteral("Sa&lir"), QStringLiteral("Esc"), &ListingWindow::Leave);
 
-  auto* hint = new QLabel(QStringLiteral("AvPág, RePág: otra página. Flechas: mover. Ctrl+F: buscar; F3: la siguiente. "
-                                         "Ctrl++, Ctrl+−: tamaño. Ctrl+P: imprimir. Ctrl+S: guardar. Esc: salir."),
+  auto* hint = new QLabel(QStringLiteral("AvPág y RePág: otra página. Ctrl+F: buscar. F3: la siguiente. "
+                                         "Ctrl+P: imprimir. Ctrl+S: guardar. Esc: salir."),
                           this);
   hint->setWordWrap(true);
   status_ = new StatusLine(this);
@@ -181,7 +189,10 @@ void ListingWindow::Rescale() {
     field->setFixedWidth(TextWidth(fontMetrics(), field->objectName().toInt()) + 2 * fontMetrics().height());
   }
   found_words_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("Línea 999.999")));
-  percent_->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("400 %")) + 2 * fontMetrics().height());
+  const int line = fontMetrics().height();
+  percent_->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("400 %")) + 3 * line / 2);
+  for (QPushButton* sign : signs_) sign->setFixedWidth(2 * line);
+  for (QHBoxLayout* group : groups_) group->setContentsMargins(0, 0, group == groups_.back() ? 0 : line, 0);
   if (isVisible()) return;
   const QSize most = RoomFor(*this).size() * 19 / 20;
   const double paper = listing_.PaperOf().width * kPixelsPerTwip * zoom::Percent() / 100;

@@ -6,6 +6,7 @@
 #include <exception>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "adapters/cairo/pango_text.hpp"
 #include "print/paged_listing.hpp"
@@ -48,6 +49,8 @@ class ListingWindow : public QDialog {
 
   void LayOut();
   QPushButton* AddButton(QHBoxLayout& group, const QString& words, const QString& hint, void (ListingWindow::*act)());
+  void AddSign(QHBoxLayout& group, const QString& sign, const QString& name, const QString& keys,
+               void (ListingWindow::*act)());
   QLineEdit* AddField(QHBoxLayout& group, const QString& words, int characters);
   void Rescale();
   bool HandleKey(const QKeyEvent& event);
@@ -100,6 +103,8 @@ class ListingWindow : public QDialog {
   QLineEdit* line_ = nullptr;
   QLabel* found_words_ = nullptr;
   StatusLine* status_ = nullptr;
+  std::vector<QHBoxLayout*> groups_;  // of the bar above
+  std::vector<QPushButton*> signs_;   // that have no words
   QTimer reading_;
   std::function<void()> once_read_;
   std::optional<std::size_t> found_;

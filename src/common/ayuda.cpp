@@ -18,6 +18,7 @@ constexpr PaginaAyuda kPaginas[] = {
     {0, "teclas.md", "Teclas"},
     {0, "borradores.md", "Lo que escribe y no graba"},
     {0, "buscar.md", "Buscar"},
+    {0, "visor.md", "Ver, imprimir y guardar un listado"},
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "adapters/host/new_file.hpp"
 #include "print/record_document.hpp"
 #include "support/disk_faults.hpp"
 #include "support/errors.hpp"
@@ -110,6 +111,31 @@ TEST_F(CairoWriterTest, ADiskThatFailsLeavesWhatWasThere) {
       EXPECT_GE(reached, fault == Fault::kFullDisk ? 2 : 3);
     }
   }
+}
+
+// Pieces, of which some wait for others and one is written at once.
+TEST_F(CairoWriterTest, AFileOfPiecesIsWholeOrNotThere) {
+  const std::string pieces[] = {"a", std::string(200'000, 'b'), std::string(100'000, 'c'), std::string(300'000, 'd'),
+                                "e"};
+  const auto write = [&] {
+    NewFile file(path_, NewFile::Taken::kReplace);
+    for (const std::string& piece : pieces) static_cast<void>(file.Append(piece));
+    return file.Commit() ? 1 : 0;
+  };
+  for (int call = 1;; ++call) {
+    const Ending ending = RunWithFault({Fault::kFullDisk, call}, write);
+    if (!ending.reached) break;
+    EXPECT_EQ(ending.ExitStatus(), 1) << call;
+    EXPECT_EQ(Files(), 0) << call;
+    ASSERT_LT(call, 20);
+  }
+  EXPECT_EQ(Contents(path_), pieces[0] + pieces[1] + pieces[2] + pieces[3] + pieces[4]);
+  {
+    NewFile given_up(path_, NewFile::Taken::kReplace);
+    static_cast<void>(given_up.Append(pieces[3]));
+  }
+  EXPECT_EQ(fs::file_size(path_), 600'002U);
+  EXPECT_EQ(Files(), 1);
 }
 
 }  // namespace

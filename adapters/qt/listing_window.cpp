@@ -304,7 +304,7 @@ void ListingWindow::Look() {
   view_->Mark(FromQt(line_->text().trimmed()));
   view_->ShowFound(std::nullopt);
   SayFound({});
-  if (!line_->text().trimmed().isEmpty()) Seek(from, false);
+  if (!line_->text().trimmed().isEmpty()) Seek(static_cast<std::ptrdiff_t>(from), false);
 }
 
 void ListingWindow::FindNext() { Find(QApplication::keyboardModifiers().testFlag(Qt::ShiftModifier)); }
@@ -312,16 +312,19 @@ void ListingWindow::FindPrevious() { Find(true); }
 
 void ListingWindow::Find(bool backwards) {
   if (line_->text().trimmed().isEmpty()) return EnterSearch();
-  const std::size_t rows = std::max<std::size_t>(listing_.Rows(), 1);
   const bool in_view = found_ && listing_.PageOf(*found_) == view_->Page();
-  if (in_view) return Seek((*found_ + (backwards ? rows - 1 : 1)) % rows, backwards);
-  Seek(backwards ? (FirstRowInView() + rows - 1) % rows : FirstRowInView(), backwards);
+  const auto begin = static_cast<std::ptrdiff_t>(in_view ? *found_ : FirstRowInView());
+  Seek(backwards ? begin - 1 : in_view ? begin + 1 : begin, backwards);
 }
 
-// Where it would go round the end, or finds nothing, it waits until all is read.
-void ListingWindow::Seek(std::size_t from, bool backwards) {
-  const auto row = listing_.Find(FromQt(line_->text().trimmed()), from, backwards);
-  const bool round = row && (backwards ? *row > from : *row < from);
+// `from` may be one before the first row and one behind the last. Where it would go round the end, or finds nothing, it
+// waits until all is read.
+void ListingWindow::Seek(std::ptrdiff_t from, bool backwards) {
+  const auto rows = static_cast<std::ptrdiff_t>(std::max<std::size_t>(listing_.Rows(), 1));
+  const auto begin = static_cast<std::size_t>((from + rows) % rows);
+  const auto row = listing_.Find(FromQt(line_->text().trimmed()), begin, backwards);
+  const auto at = row ? static_cast<std::ptrdiff_t>(*row) : 0;
+  const bool round = row && (backwards ? at > from : at < from);
   if (!listing_.Complete() && (!row || round)) {
     SayFound(QStringLiteral("Buscando…"));
     return OnceRead([this, from, backwards] { Seek(from, backwards); });

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QTimer>
+#include <cstddef>
 #include <exception>
 #include <functional>
 #include <optional>
@@ -84,7 +85,7 @@ class ListingWindow : public QDialog {
   void FindNext();
   void FindPrevious();
   void Find(bool backwards);
-  void Seek(std::size_t from, bool backwards);
+  void Seek(std::ptrdiff_t from, bool backwards);
   void SayFound(const QString& words);
   std::size_t FirstRowInView() const;
 

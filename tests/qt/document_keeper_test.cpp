@@ -23,12 +23,12 @@ const Key kKeep{.code = 'P', .shift = key::kControl, .text = {}};
 class DocumentKeeperTest : public QtTest {
  protected:
   DocumentKeeperTest() {
-    host.OnChooseFile([this](QWidget&, const std::string& offered) -> std::optional<std::string> {
+    host.OnChooseFile([this](QWidget&, const std::string& offered, auto) -> std::optional<ChosenFile> {
       proposed.push_back(offered);
       if (chosen.empty()) return std::nullopt;
       const std::string next = chosen.front();
       chosen.pop_front();
-      return next;
+      return ChosenFile{next, 0};
     });
   }
   // The box that comes next, closed by that button.

@@ -1,6 +1,7 @@
 // What a clerk waits for on the worker screen of a large company: windows drawn offscreen, each to its paint.
 //
-// Usage: screen_bench FOLDER [benchmark options]; FOLDER holds a company "00001" with the year 01.
+// Usage: screen_bench FOLDER [benchmark options]; FOLDER holds a company "00001" with the year 01, which incident_rows
+// has filled with incidents.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 

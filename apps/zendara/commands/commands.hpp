@@ -51,7 +51,7 @@ struct CheckOptions {
   CompanyOptions company;
   bool json = false;
 };
-// 1 when anything is missing or malformed. Advice on workers and situaciones changes nothing of it.
+// 1 when anything is missing or malformed. Advice on workers, situaciones and incidents changes nothing of it.
 int DataCheck(const CheckOptions& options, Console& console);
 
 struct TableOptions {

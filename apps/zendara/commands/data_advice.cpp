@@ -5,19 +5,17 @@
 #include <optional>
 #include <span>
 #include <tuple>
-#include <unordered_set>
 #include <utility>
 
+#include "apps/zendara/commands/advice_tables.hpp"
+#include "apps/zendara/commands/incident_advice.hpp"
 #include "apps/zendara/commands/stored_row.hpp"
 #include "runtime/date.hpp"
 #include "runtime/iso_date.hpp"
-#include "runtime/number.hpp"
-#include "runtime/text.hpp"
 #include "values/comprobar_cuenta.hpp"
 #include "values/identificaciones.hpp"
 #include "workers/campos_trabajador.hpp"
 #include "workers/reglas_trabajador.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
@@ -59,7 +57,6 @@ const CodeRule kCodeRules[] = {
 };
 
 // Fields that have to agree, unless the shown ones are all empty.
-using Texts = std::span<const std::string>;
 struct ValueRule {
   std::string_view field;
   std::vector<CampoTrabajador> fields;
@@ -95,26 +92,6 @@ const ValueRule kValueRules[] = {
      "is none of the tariff groups"},
 };
 
-struct Situation {
-  std::string worker;
-  std::string number;
-  std::optional<Date> start;
-  std::optional<Date> end;  // nothing: open
-};
-
-// As the engine compares texts, whose trailing blanks are gone: those with the same key are the same code.
-std::string KeyOf(std::string_view text) { return LCase(text); }
-std::string KeyOf(Texts texts) {
-  std::string key;
-  for (const std::string& text : texts) key += KeyOf(text) + '\n';
-  return key;
-}
-using Keys = std::unordered_set<std::string>;
-
-std::string TextAt(Recordset& row, int ordinal) {
-  const Value value = ReadCell(row, ordinal).value;
-  return value.IsNull() ? std::string() : Printable(RTrim(CStr(value)));
-}
 std::vector<std::string> TextsAt(Recordset& row, const Tramo& columns, std::span<const CampoTrabajador> fields) {
   std::vector<std::string> texts;
   for (const CampoTrabajador field : fields) texts.push_back(TextAt(row, columns.ColumnaDe(field)));
@@ -124,44 +101,6 @@ std::optional<Date> DateAt(Recordset& row, CampoTrabajador field) {
   const Value value = ReadCell(row, kTramoVar.ColumnaDe(field)).value;
   return value.IsDate() ? std::optional(value.AsDate()) : std::nullopt;
 }
-
-std::string Joined(Texts texts) {
-  std::string joined;
-  for (const std::string& text : texts) joined += (joined.empty() || text.empty() ? "" : " ") + text;
-  return joined;
-}
-
-// The tables of the company, each read once from its first row to its last.
-class Tables {
- public:
-  Tables(const DataFolder& folder, Engine& engine, Console& console, bool sound)
-      : folder_(folder), engine_(engine), console_(console), sound_(sound) {}
-
-  // False when it cannot be read to its end, for a fault that was found before; RuntimeError when there was none.
-  template <typename Visit>
-  bool Read(FileKind file, std::string_view table, Visit visit) const {
-    const std::string place = folder_.FileName(file) + ": " + std::string(table);
-    try {
-      const std::shared_ptr<Database> database = folder_.Open(engine_, file, console_);
-      console_.Doing("reading " + place);
-      const std::shared_ptr<Recordset> rows = database->OpenRecordset(table, RecordsetType::kForward);
-      for (std::int64_t number = 1; !rows->Eof(); rows->MoveNext(), ++number) {
-        visit(*rows);
-        console_.Progress("advice on " + place, number);
-      }
-      return true;
-    } catch (const RuntimeError&) {
-      if (sound_) throw;
-      return false;
-    }
-  }
-
- private:
-  const DataFolder& folder_;
-  Engine& engine_;
-  Console& console_;
-  bool sound_;
-};
 
 // The keys of a table and their beginnings; nothing when it cannot be read.
 std::optional<Keys> ReadCodes(const Tables& tables, const CodeTable& table) {
@@ -222,10 +161,15 @@ class Fields {
   std::map<const CodeTable*, std::optional<Keys>> codes_;
 };
 
-void AdviseOnOrphans(std::span<const std::string> workers, std::span<const Situation> situations,
+Keys KeysOf(Texts codes) {
+  Keys keys;
+  for (const std::string& code : codes) keys.insert(KeyOf(code));
+  return keys;
+}
+
+// `known`: the keys of the workers.
+void AdviseOnOrphans(Texts workers, const Keys& known, std::span<const Situation> situations,
                      std::vector<Advice>& advice) {
-  Keys known;
-  for (const std::string& worker : workers) known.insert(KeyOf(worker));
   Keys with_situation;
   for (const Situation& s : situations) {
     with_situation.insert(KeyOf(s.worker));
@@ -303,17 +247,27 @@ std::vector<Advice> ReadAdvice(const DataFolder& folder, Engine& engine, Console
     fields.Advise(row, kTramoVar, situations.back().worker, situations.back().number, advice);
   });
   AdviseOnEachWorkersIntervals(situations, advice);
-  if (all_workers && all_situations) AdviseOnOrphans(workers, situations, advice);
+  Staff staff;
+  if (all_workers) staff.workers = KeysOf(workers);
+  if (all_situations) staff.situations = situations;
+  if (staff.workers && staff.situations) AdviseOnOrphans(workers, *staff.workers, situations, advice);
+  AdviseOnDatedIncidents(tables, staff, advice);
 
+  VariableIncidents variable(tables);
   Keys paid;
-  std::vector<std::string> situation;  // of the row before, which most rows repeat
+  std::vector<std::string> before;  // month, worker, situación and concept; most rows repeat worker and situación
   const bool all_concepts = tables.Read(FileKind::kYear, "ConTrabajadorConceptos", [&](Recordset& row) {
-    std::vector<std::string> this_one = {TextAt(row, 1), TextAt(row, 2)};
-    if (this_one == situation) return;
-    paid.insert(KeyOf(this_one));
-    situation = std::move(this_one);
+    std::vector<std::string> this_one = {TextAt(row, 0), TextAt(row, 1), TextAt(row, 2), TextAt(row, 3)};
+    variable.Found(this_one);
+    const auto situation = [](Texts key) { return key.subspan(1, 2); };
+    if (before.empty() || !std::ranges::equal(situation(this_one), situation(before))) {
+      paid.insert(KeyOf(situation(this_one)));
+    }
+    before = std::move(this_one);
   });
-  if (all_concepts) AdviseOnConcepts(situations, paid, FullWorkingYear(std::stoi(folder.year())), advice);
+  const int year = FullWorkingYear(std::stoi(folder.year()));
+  if (all_concepts) AdviseOnConcepts(situations, paid, year, advice);
+  variable.Advise(staff, all_concepts, year, advice);
 
   std::ranges::stable_sort(advice, {}, [](const Advice& one) { return std::tie(one.worker, one.situation); });
   return advice;

@@ -1,4 +1,4 @@
-// What is probably wrong with workers and situaciones although every value is one of its column.
+// What is probably wrong with workers, situaciones and incidents although every value is one of its column.
 #pragma once
 
 #include <string>

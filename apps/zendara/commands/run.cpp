@@ -148,7 +148,8 @@ void AddData(CLI::App& app, CommandLine& line) {
   create->callback([&line] { line.chosen = [&line](Console& console) { return DataCreate(line.create, console); }; });
 
   CLI::App* check = data->add_subcommand(
-      "check", "Print what is missing or malformed, a line each (status 1 if any), and advice on workers");
+      "check",
+      "Print what is missing or malformed, a line each (status 1 if any), and advice on workers and incidents");
   AddCompany(check, line.check.company);
   AddReadOnly(check, line.check.company);
   check
@@ -160,7 +161,9 @@ void AddData(CLI::App& app, CommandLine& line) {
   check->footer(
       "Advice, which does not change the exit status: codes without a row in their table, situaciones that overlap,\n"
       "run backwards or have no concepts in the year, workers without one and the reverse, bank accounts, N.I.F. and\n"
-      "affiliation numbers whose control characters do not check. Lines begin with \"advice:\", a count follows them.");
+      "affiliation numbers whose control characters do not check; incidents that overlap over both tables, are open\n"
+      "beside another open one, run backwards, lie outside every situación or have no worker, and those of variable\n"
+      "concepts without a worker, a situación or a concept. Lines begin with \"advice:\", a count follows them.");
   check->callback([&line] { line.chosen = [&line](Console& console) { return DataCheck(line.check, console); }; });
 
   CLI::App* load = data->add_subcommand("load", "Add the rows of a CSV file to a table, all or none");

@@ -187,9 +187,11 @@ void PantallaIncidencias::GrabarRegistro() {
   }
   tabla.AddNew();
   AsignaCampos();
+  std::vector<Value> guardada;  // of the columns' kinds, which the texts are not
+  for (const IndiceCampo indice : diseno_.clave) guardada.push_back(tabla.Fields(indice - 1).Get());
   tabla.Update();
   todo.Commit();
-  navegacion_.Recuerda(clave);
+  navegacion_.Recuerda(std::move(guardada));
   RegistroGrabado();
   calendario_.Relee();
 }

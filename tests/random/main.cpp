@@ -53,7 +53,7 @@ std::string PlaySession(const std::filesystem::path& model, std::uint64_t seed, 
   const TempFolder folder;
   std::filesystem::copy(model, folder.path(), std::filesystem::copy_options::recursive);
   Hands hands(seed, folder.path(), kEvents, aloud, findings);
-  PlayOnWorkerScreen(hands, folder.path().string());
+  PlayOnScreens(hands, folder.path().string());
   // Nothing of the component's state passes on to the next session, nor keeps files open.
   ElComponente().sesion = Sesion(Platform{});
   if (const std::string faults = FaultsOf(folder.path().string()); !faults.empty()) hands.Fail(faults);

@@ -266,13 +266,11 @@ void IncidenciasFechas::Poneregistro() {
 // kept in any case.
 void IncidenciasFechas::AsignaCampos() {
   Recordset& fila = Tabla();
-  const auto asigna = [&](CampoFechas campo) {
-    const Value valor = Queda(campo, Texto(campo));
-    if (!valor.IsNull()) fila.Fields(IndiceCampo(campo) - 1).Set(valor);
-  };
   try {
     for (const CampoFechas campo : {kTrabajador, kNombre, kTipo, kInicio, kFin}) {
-      if (campo == kTipo || !Texto(campo).empty()) asigna(campo);
+      const std::string texto = Texto(campo);
+      const Value valor = Queda(campo, texto.empty() && campo != kTipo ? Value() : Value(texto));
+      if (!valor.IsNull()) fila.Fields(IndiceCampo(campo) - 1).Set(valor);
     }
   } catch (...) {
     const RuntimeError error = CurrentError();

@@ -206,13 +206,14 @@ void IncidentWatch::CheckSave(Form& form) {
   if (table_->dated() && old && (*old)[kDatedEnd].empty() && !(*now)[kDatedEnd].empty()) Met("closes");
 }
 
-// What stands in the fields is stored. Where nobody has touched one, what was stored before may stay: a Null, which
-// leaves in its field what stood there, or what somebody else has put there.
+// What stands in the fields is stored. Where nobody has touched one, what was stored before may stay: what somebody
+// else has put there, or that of a row with a Null, for which a field keeps what stood there or is emptied.
 void IncidentWatch::CheckRow(const std::optional<Row>& before, const Row& after) {
+  const bool null = before && std::ranges::find(*before, "") != before->end();
   for (std::size_t column = 0; column < after.size(); ++column) {
     const std::string& own = before_[column];
     const std::string& is = after[column];
-    const bool kept = before && is == (*before)[column] && (foreign_ || is.empty());
+    const bool kept = before && is == (*before)[column] && (foreign_ || null);
     if (is != own && !kept)
       Fail("column " + std::to_string(column) + " of " + KeyOf(before_) + " is " + is + ", not " + own);
   }

@@ -163,6 +163,42 @@ void ShowWorker(Form& form, std::int64_t number) {
   form.Press({key::kEnter, 0, {}});
 }
 
+// The next worker where that many drafts of other workers were left; the first worker shown finds them unread.
+void NextWorkerBesideDrafts(benchmark::State& state) {
+  const fs::path folder = fs::temp_directory_path() / "zendara-screen-bench";
+  fs::remove_all(folder);
+  std::optional<FileDrafts> drafts(folder);
+  Open().host.drafts = &*drafts;
+  double first = 0;
+  OnWorkerScreen([&](Form& form, FormWindow& window) {
+    const std::string scope = form.DraftScope();
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+      const std::string number = std::to_string(90000 + i);
+      drafts->Leave(drafts->Keep({}, {.scope = scope,
+                                      .place = form.DraftPlace(),
+                                      .screen = form.Name(),
+                                      .screen_title = form.Title(),
+                                      .key = {{"Text1(1)", number}, {"Text1(92)", "001"}},
+                                      .title = number + " Peña Güell, Begoña (alta nueva)",
+                                      .focus = "Text1(4)",
+                                      .values = {{"Text1(2)", "Peña"}, {"Text1(3)", "Güell"}, {"Text1(4)", "Begoña"}},
+                                      .note = {}}));
+    }
+    drafts.emplace(folder);
+    Open().host.drafts = &*drafts;
+    first = SecondsOf(window, [&] { form.Click(*form.Find("Inicio")); });
+    for (auto _ : state) {
+      form.Click(*form.Find("Siguiente"));
+      BenchHost::Paint(window);
+    }
+  });
+  Open().host.drafts = nullptr;
+  drafts.reset();
+  fs::remove_all(folder);
+  state.counters["first_ms"] = 1000 * first;
+}
+BENCHMARK(NextWorkerBesideDrafts)->ArgName("drafts")->Arg(0)->Arg(500)->Unit(benchmark::kMillisecond);
+
 // Keys one by one into a worker's fields, each to its paint, with the journal of drafts (1) and without (0). The
 // slowest of a hundred is what a clerk may notice.
 void OneKey(benchmark::State& state) {

@@ -29,10 +29,17 @@ auto FindIn(const std::vector<DraftValue>& values, const std::string& id) {
   return std::ranges::find(values, id, &DraftValue::id);
 }
 
+// Of what a file need not have: anything but a text is as nothing.
+void TakeText(const Json& line, const char* name, std::string& text) {
+  const auto found = line.find(name);
+  if (found != line.end() && found->is_string()) text = found->get<std::string>();
+}
+
 void Apply(const Json& line, Draft& draft) {
   if (line.contains("key")) draft.key = ReadPairs(line["key"]);
   if (line.contains("title")) draft.title = line["title"].get<std::string>();
   if (line.contains("focus")) draft.focus = line["focus"].get<std::string>();
+  TakeText(line, "note", draft.note);
   if (line.contains("unset")) {
     for (const Json& id : line["unset"]) {
       std::erase_if(draft.values, [&](const DraftValue& value) { return value.id == id.get<std::string>(); });
@@ -54,10 +61,13 @@ void Apply(const Json& line, Draft& draft) {
 std::string FirstLine(const Draft& draft) {
   return Line({{"draft", kVersion},
                {"scope", draft.scope},
+               {"place", draft.place},
                {"screen", draft.screen},
+               {"screen_title", draft.screen_title},
                {"key", Pairs(draft.key)},
                {"title", draft.title},
                {"focus", draft.focus},
+               {"note", draft.note},
                {"set", Pairs(draft.values)}});
 }
 
@@ -66,6 +76,7 @@ std::string ChangeLine(const Draft& before, const Draft& now) {
   if (before.key != now.key) line["key"] = Pairs(now.key);
   if (before.title != now.title) line["title"] = now.title;
   if (before.focus != now.focus) line["focus"] = now.focus;
+  if (before.note != now.note) line["note"] = now.note;
   std::vector<DraftValue> set;
   for (const DraftValue& value : now.values) {
     const auto stood = FindIn(before.values, value.id);
@@ -88,6 +99,8 @@ std::size_t ReadLines(std::string_view lines, Draft& draft) {
         if (line.at("draft").get<int>() != kVersion) return 0;
         next.scope = line.at("scope").get<std::string>();
         next.screen = line.at("screen").get<std::string>();
+        TakeText(line, "place", next.place);
+        TakeText(line, "screen_title", next.screen_title);
       }
       Apply(line, next);
       draft = std::move(next);

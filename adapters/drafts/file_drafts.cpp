@@ -135,7 +135,7 @@ void FileDrafts::Give(Job job) {
   given_.notify_all();
 }
 
-std::vector<KeptDraft> FileDrafts::Left(std::string_view scope, std::string_view screen) {
+std::vector<KeptDraft> FileDrafts::Left(const DraftFilter& wanted) {
   {
     std::unique_lock lock(mutex_);
     done_.wait_for(lock, kPatienceOfAList, [this] { return jobs_.empty() && !busy_; });
@@ -155,9 +155,7 @@ std::vector<KeptDraft> FileDrafts::Left(std::string_view scope, std::string_view
       entry = {.changed = changed, .size = state.st_size, .kept = {.id = id, .when = When(changed), .draft = {}}};
       entry.kept.draft = ReadDraftFile(path);
     }
-    const Draft& draft = entry.kept.draft;
-    const bool wanted = !draft.values.empty() && draft.scope == scope && draft.screen == screen;
-    if (wanted && !IsWorkedOn(path)) left.push_back(&entry);
+    if (!entry.kept.draft.values.empty() && wanted(entry.kept) && !IsWorkedOn(path)) left.push_back(&entry);
   }
   read_ = std::move(read);
   std::ranges::sort(left, [](const Read* a, const Read* b) {

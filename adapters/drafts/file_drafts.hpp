@@ -40,7 +40,7 @@ class FileDrafts : public DraftKeeper {
   std::string Keep(const std::string& id, const Draft& draft) override;
   void Leave(const std::string& id) override;
   void Drop(const std::string& id) override;
-  std::vector<KeptDraft> Left(std::string_view scope, std::string_view screen) override;
+  std::vector<KeptDraft> Left(const DraftFilter& wanted) override;
   std::string TakeTrouble() override;
 
  private:

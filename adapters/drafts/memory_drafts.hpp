@@ -24,10 +24,10 @@ class MemoryDrafts : public DraftKeeper {
   void Drop(const std::string& id) override {
     std::erase_if(drafts_, [&](const Entry& entry) { return entry.kept.id == id; });
   }
-  std::vector<KeptDraft> Left(std::string_view scope, std::string_view screen) override {
+  std::vector<KeptDraft> Left(const DraftFilter& wanted) override {
     std::vector<KeptDraft> left;
     for (const auto& [kept, is_left] : drafts_) {
-      if (is_left && kept.draft.scope == scope && kept.draft.screen == screen) left.push_back(kept);
+      if (is_left && wanted(kept)) left.push_back(kept);
     }
     return left;
   }

@@ -11,6 +11,8 @@ namespace zendara {
 namespace {
 
 constexpr int kTwipsPerPixel = 15;
+// What stands above and below the part on the form, about: heading, buttons, status.
+constexpr int kLinesAround = 9;
 
 }  // namespace
 
@@ -36,7 +38,7 @@ QLayoutItem* BesideLayout::takeAt(int index) {
 
 QSize BesideLayout::Wanted() const { return twips_ * zoom::Percent() / (100 * kTwipsPerPixel); }
 
-QSize BesideLayout::Least() const { return {Wanted().width() * 3 / 4, Wanted().height() * 9 / 10}; }
+QSize BesideLayout::Least() const { return Wanted() * 3 / 4; }
 
 // Of the part when its lines go on further ones.
 int BesideLayout::NarrowWidth() const {
@@ -58,7 +60,9 @@ int BesideLayout::WidthIn(QSize place) const {
 QSize BesideLayout::sizeHint() const {
   const QSize part = part_->sizeHint();
   const QSize both(part.width() + spacing() + Wanted().width(), std::max(part.height(), Wanted().height()));
-  const QSize room = RoomFor(*parentWidget()->window()).size();
+  // A picture that finds no place in the end shall not make the window larger.
+  const QWidget& window = *parentWidget()->window();
+  const QSize room = RoomFor(window).size() - QSize(0, kLinesAround * window.fontMetrics().height());
   return WidthIn(both.boundedTo(room)) > 0 ? both : part;
 }
 

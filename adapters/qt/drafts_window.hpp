@@ -1,4 +1,4 @@
-// The list of what was typed on a screen and not saved.
+// The list of all that was typed and not saved, on one screen and on the others.
 #pragma once
 
 #include <QDialog>
@@ -12,7 +12,7 @@ class QTableWidget;
 
 namespace zendara {
 
-// Enter and a double click choose a draft, Delete removes one after asking, Esc leaves.
+// Enter and a double click choose a draft of the form, Delete removes any after asking, Esc leaves.
 class DraftsWindow : public QDialog {
  public:
   // `form` outlives the window.
@@ -27,13 +27,16 @@ class DraftsWindow : public QDialog {
 
  private:
   void Fill();
+  const KeptDraft* Current() const;  // nullptr: there is none
+  void ShowHint();
   void Choose();
   void Remove();
   void Rescale();
   QString Summary(const Draft& draft) const;
 
   Form& form_;
-  std::vector<KeptDraft> drafts_;  // a row each
+  std::vector<KeptDraft> drafts_;          // a row each
+  std::vector<std::string> why_not_here_;  // of each row
   QTableWidget* table_;
   QLabel* hint_;
   std::string chosen_;

@@ -316,6 +316,7 @@ void ScriptPlayer::ActOnDrafts(const ScriptCommand& command) {
   for (std::size_t i = 0; i < drafts.size(); ++i) {
     std::string line = "draft " + std::to_string(i + 1) + " " + Quoted(drafts[i].draft.title);
     for (const auto& [id, text] : drafts[i].draft.values) line += " " + id + "=" + Quoted(text);
+    if (const std::string why = form.WhyNotHere(drafts[i].draft); !why.empty()) line += " elsewhere=" + Quoted(why);
     Print(line);
   }
 }

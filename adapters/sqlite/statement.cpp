@@ -126,16 +126,12 @@ std::string_view Statement::Text(int column) const {
 }
 
 Value Statement::Read(int column, ColumnType type) const {
-  if (IsNull(column)) return {};
-  switch (type) {
-    case ColumnType::kText:
-      return Value(Text(column));
-    case ColumnType::kNumber:
-      return Value(sqlite3_column_double(get(), column));
-    case ColumnType::kDate:
-      return Value(ReadDate(Text(column)));
+  if (type == ColumnType::kText) {
+    const std::string_view text = Text(column);
+    return text.data() ? Value(text) : Value();
   }
-  return {};
+  if (IsNull(column)) return {};
+  return type == ColumnType::kNumber ? Value(sqlite3_column_double(get(), column)) : Value(ReadDate(Text(column)));
 }
 
 }  // namespace zendara::sqlite

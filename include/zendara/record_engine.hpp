@@ -184,6 +184,8 @@ class Database {
   virtual std::shared_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) = 0;
   // kQuery.
   std::shared_ptr<Recordset> OpenRecordset(std::string_view sql) { return OpenRecordset(sql, RecordsetType::kQuery); }
+  // The older name of the same.
+  std::shared_ptr<Recordset> CreateDynaset(std::string_view sql) { return OpenRecordset(sql); }
   // Runs one DELETE * FROM table [WHERE ...]; any other text is 3075.
   virtual void Execute(std::string_view sql) = 0;
 

@@ -1,10 +1,9 @@
 #include "common/buscador.hpp"
 
 #include <algorithm>
-#include <deque>
-#include <iterator>
-#include <map>
 #include <memory>
+#include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -39,97 +38,121 @@ constexpr std::size_t kMasVistos = 10;
 constexpr std::size_t kTrabajadoresDeUnaVez = 256;
 constexpr int kNumeros = 100000;  // 00000 to 99999
 constexpr std::size_t kCifras = 5;
+constexpr Date kSinFecha = {-1e9};  // before all others
 
 // As text comparisons of the store have it.
 std::string Clave(const std::string& numero) { return LCase(RTrim(numero)); }
 
-// Empty for what is stored in a date column and is no date: the screens say so when they show it.
-std::string TextoDe(Recordset& fila, int columna) try {
-  const Value valor = fila.Fields(columna).Get();
-  return valor.IsText() ? valor.Text() : valor.IsDate() ? ShortDate(valor.AsDate()) : TextoNoNulo(valor);
+// Null for what is stored in a date column and is no date: the screens say so when they show it.
+Value ValorDe(Recordset& fila, int columna) try {
+  return fila.Fields(columna).Get();
 } catch (const RuntimeError& error) {
   if (error.number() != kDataConversion) throw;
   return {};
 }
 
-// The workers, some at a time: a cursor walks them by number, and a query has the situaciones of those that it has
-// passed, each worker's last one first.
+std::string TextoDe(Recordset& fila, int columna) {
+  const Value valor = ValorDe(fila, columna);
+  return valor.IsText() ? valor.Text() : valor.IsDate() ? ShortDate(valor.AsDate()) : TextoNoNulo(valor);
+}
+
+Date FechaDe(Recordset& fila, int columna) {
+  const Value valor = ValorDe(fila, columna);
+  return valor.IsDate() ? valor.AsDate() : kSinFecha;
+}
+
+// The workers by number, some at a time: a query reads those behind the last one, another one their situaciones. In
+// between nothing stays open.
 class FilasTrabajadores : public PickRows {
  public:
-  FilasTrabajadores(std::shared_ptr<Database> base, std::vector<std::string> vistos)
-      : base_(std::move(base)), vistos_(std::move(vistos)) {
-    fijo_ = base_->OpenRecordset("TrabajadoresFijo", RecordsetType::kTable);
-    fijo_->SetIndex("Icampo0");
-    for (const std::string& numero : vistos_) {
-      fijo_->Seek({numero});
-      if (!fijo_->NoMatch()) LeeTrabajador();
-      Completa();
-    }
-    al_principio_ = listas_.size();
-    if (fijo_->RecordCount() > 0) fijo_->MoveFirst();
+  FilasTrabajadores(std::shared_ptr<Database> base, std::vector<std::string> vistos) : base_(std::move(base)) {
+    for (const std::string& numero : vistos) Lee("= '" + SqlText(numero) + "'");
+    al_principio_ = leidos_.size();
+    vistos_ = std::move(vistos);
   }
 
   std::size_t AlPrincipio() const { return al_principio_; }
 
   bool Siguiente(std::vector<std::string>& textos) override {
-    while (listas_.empty() && Lee()) {
+    while (dados_ == leidos_.size()) {
+      if (!quedan_) return false;
+      leidos_.clear();
+      dados_ = 0;
+      quedan_ = Lee(*quedan_);
     }
-    if (listas_.empty()) return false;
-    textos = std::move(listas_.front());
-    listas_.pop_front();
+    textos = std::move(leidos_[dados_++]);
     return true;
   }
 
  private:
   using Textos = std::vector<std::string>;  // of a row
 
-  // False when no worker is left.
-  bool Lee() {
-    if (fijo_->RecordCount() == 0 || fijo_->Eof()) return false;
-    for (std::size_t n = 0; n < kTrabajadoresDeUnaVez && !fijo_->Eof(); ++n, fijo_->MoveNext()) {
-      if (std::ranges::count(vistos_, fijo_->Fields(0).Get().Text()) == 0) LeeTrabajador();
+  // Some of those whose number is so, but for those that were read before all others. If there are more of them, what
+  // their number is like.
+  std::optional<std::string> Lee(const std::string& numero) {
+    const std::size_t desde = leidos_.size();
+    auto quedan = LeeTrabajadores(numero);
+    if (leidos_.size() > desde) LeeSituaciones(std::span(leidos_).subspan(desde));
+    return quedan;
+  }
+
+  std::optional<std::string> LeeTrabajadores(const std::string& numero) {
+    const auto fijos = base_->OpenRecordset(
+        "SELECT Campo0, Campo1, Campo2, Campo3, Campo5, Campo6, Campo7, Campo8 FROM TrabajadoresFijo WHERE Campo0 " +
+            numero,
+        RecordsetType::kForward);
+    const auto texto = [&](int columna) { return TextoDe(*fijos, columna); };
+    std::string ultimo;
+    for (std::size_t n = 0; n < kTrabajadoresDeUnaVez && !fijos->Eof(); ++n, fijos->MoveNext()) {
+      ultimo = texto(0);
+      if (std::ranges::count(vistos_, ultimo) > 0) continue;
+      Textos& textos = leidos_.emplace_back(std::size(kColumnas));
+      textos[0] = ultimo;
+      for (const int columna : {1, 2, 3, 4}) textos[static_cast<std::size_t>(columna)] = texto(columna);
+      for (const int columna : {5, 6, 7}) textos[5] += texto(columna);
     }
-    Completa();
-    return true;
+    if (fijos->Eof()) return std::nullopt;
+    return "> '" + SqlText(ultimo) + "'";
   }
 
-  void LeeTrabajador() {
-    const auto texto = [&](int columna) { return TextoDe(*fijo_, columna); };
-    leidos_.push_back({texto(0), texto(1), texto(2), texto(3), texto(5), texto(6) + texto(7) + texto(8), "", "", ""});
-  }
-
-  // What the situaciones say of those that were read.
-  void Completa() {
-    if (leidos_.empty()) return;
+  // A worker's last situación is the one that began last, of those of one day the highest. They come by number, as the
+  // workers do.
+  void LeeSituaciones(std::span<Textos> trabajadores) {
     const auto situaciones = base_->OpenRecordset(
         "SELECT Campo0, Campo49, Campo50, Campo3, Campo4 FROM TrabajadoresVar WHERE Campo0 BETWEEN '" +
-            SqlText(leidos_.front()[0]) + "' AND '" + SqlText(leidos_.back()[0]) +
-            "' ORDER BY Campo0, Campo3 DESC, Campo1 DESC",
+            SqlText(trabajadores.front()[0]) + "' AND '" + SqlText(trabajadores.back()[0]) +
+            "' ORDER BY Campo0, Campo1",
         RecordsetType::kForward);
-    std::map<std::string, Textos*> por_numero;
-    for (Textos& trabajador : leidos_) por_numero.emplace(Clave(trabajador[0]), &trabajador);
-    std::string anterior;
+    std::vector<std::string> claves;
+    for (const Textos& trabajador : trabajadores) claves.push_back(Clave(trabajador[0]));
+    auto clave = claves.begin();
+    std::string numero;
+    Date inicio = kSinFecha;
     for (; !situaciones->Eof(); situaciones->MoveNext()) {
-      std::string numero = Clave(TextoDe(*situaciones, 0));
-      if (numero == anterior) continue;
-      const auto trabajador = por_numero.find(numero);
-      anterior = std::move(numero);
-      if (trabajador == por_numero.end()) continue;
-      Textos& textos = *trabajador->second;
+      std::string suyo = TextoDe(*situaciones, 0);
+      if (suyo != numero) {
+        const auto es = std::find(clave, claves.end(), Clave(suyo));
+        if (es == claves.end()) continue;
+        if (es != clave) inicio = kSinFecha;
+        clave = es;
+        numero = std::move(suyo);
+      }
+      const Date empieza = FechaDe(*situaciones, 3);
+      if (empieza < inicio) continue;
+      inicio = empieza;
+      Textos& textos = trabajadores[static_cast<std::size_t>(clave - claves.begin())];
       textos[6] = Trim(TextoDe(*situaciones, 1) + " " + TextoDe(*situaciones, 2));
-      textos[7] = TextoDe(*situaciones, 3);
+      textos[7] = inicio == kSinFecha ? std::string() : ShortDate(inicio);
       textos[8] = TextoDe(*situaciones, 4);
     }
-    std::ranges::move(leidos_, std::back_inserter(listas_));
-    leidos_.clear();
   }
 
   std::shared_ptr<Database> base_;
-  std::shared_ptr<Recordset> fijo_;
   std::vector<std::string> vistos_;
   std::size_t al_principio_ = 0;
-  std::vector<Textos> leidos_;  // without their situaciones
-  std::deque<Textos> listas_;
+  std::vector<Textos> leidos_;
+  std::size_t dados_ = 0;                              // of them
+  std::optional<std::string> quedan_ = "IS NOT NULL";  // what the numbers of those are like that are left
 };
 
 // What five digits say, or -1.

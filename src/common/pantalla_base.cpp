@@ -90,6 +90,11 @@ std::string PantallaBase::DraftScope() const {
   return sesion_.platform.application_folder + " " + sesion_.CodEmpresa.str() + " " + sesion_.AnoTrabajo.str();
 }
 
+std::string PantallaBase::DraftPlace() const {
+  const std::string nombre = Trim(sesion_.NomEmpresa.str());
+  return sesion_.CodEmpresa.str() + ", año " + sesion_.AnoTrabajo.str() + (nombre.empty() ? "" : ", " + nombre);
+}
+
 void PantallaBase::PonTitulos() {
   Titulo(kTituloCodigo).SetText(sesion_.CodEmpresa.str());
   Titulo(kTituloNombre).SetText(Trim(sesion_.NomEmpresa.str()));
@@ -261,7 +266,7 @@ void PantallaBase::AlSalir() {
   Host().DoEvents();
   AntesDeSalir();
   Unload();
-  sesion_.FormActivo = nullptr;
+  if (!marco_.de_otra) sesion_.FormActivo = nullptr;
 }
 
 void PantallaBase::OnUnload() {

@@ -22,6 +22,7 @@ struct Marco {
   int contexto_ayuda = 0;
   // Hints of the buttons by name; a button that is not here takes the default of its name.
   std::map<std::string, std::string> pistas;
+  bool de_otra = false;  // works for the screen in FormActivo, which stays there when this one is left
 };
 
 // Default hint of a button by its name, or nothing. On the form "MConGeneral" `Borrar` has its own.
@@ -32,6 +33,7 @@ class PantallaBase : public Form, public Pantalla {
   PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco marco);
 
   std::string DraftScope() const override;
+  std::string DraftPlace() const override;
   void Mostrar() override { Show(); }
   bool EnPantalla() const override { return Shown(); }
 

@@ -13,8 +13,6 @@
 namespace zendara {
 namespace {
 
-constexpr char kTextEnd = '\0';
-
 std::string TextOf(const Value& value) {
   if (value.IsNull()) return {};
   return value.IsDate() ? ShortDate(value.AsDate()) : CStr(value);
@@ -81,14 +79,16 @@ void RowList::Present(PickView view) {
   if (view_.reading.empty()) {
     for (std::size_t i = 0; i < columns_.size(); ++i) view_.reading.push_back(i);
   }
+  reads_as_made_ = view_.reading.size() == columns_.size() && std::ranges::is_sorted(view_.reading);
 }
 
 bool RowList::Reach(std::size_t row) {
   while (made_ && !complete_ && lines_.size() <= row) {
     complete_ = !made_->Siguiente(texts_);
     if (complete_) break;
-    std::string& line = lines_.emplace_back();
-    for (const std::string& text : texts_) (line += text) += kTextEnd;
+    line_.clear();
+    for (const std::string& text : texts_) (line_ += text) += kTextEnd;
+    lines_.push_back(line_);
   }
   while (rs_ && !complete_ && reached_.size() <= row) {
     if (!reached_.empty()) {
@@ -117,6 +117,20 @@ std::string RowList::Cell(std::size_t row, std::size_t column) const {
   if (!made_) return std::string(line);
   for (; column > 0; --column) line.remove_prefix(line.find(kTextEnd) + 1);
   return std::string(line.substr(0, line.find(kTextEnd)));
+}
+
+const std::string& RowList::Line(std::size_t row) {
+  if (made_ && reads_as_made_) return lines_[row];
+  line_.clear();
+  for (const std::size_t column : view_.reading) {
+    try {
+      line_ += Cell(row, column);
+    } catch (const RuntimeError& error) {
+      if (error.number() != kDataConversion) throw;
+    }
+    line_ += kTextEnd;
+  }
+  return line_;
 }
 
 std::string RowList::Row(std::size_t row) const {

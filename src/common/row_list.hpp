@@ -15,6 +15,8 @@ namespace zendara {
 // Rows and columns count from 0. Errors of the store go to the caller, from any operation that reads.
 class RowList {
  public:
+  static constexpr char kTextEnd = '\0';
+
   // The arguments of PickList::ConsultaLista. Error 5 for a code that is none, or places that do not follow each other,
   // one a column; 3265 for a column that the query does not have.
   RowList(Engine& engine, const std::string& base, const std::string& sql, const std::vector<std::string>& columns,
@@ -44,6 +46,10 @@ class RowList {
 
   // Text of a column in full, for showing. REQUIRES: the row was reached.
   std::string Cell(std::size_t row, std::size_t column) const;
+  // The texts of all columns in the order of reading, a zero behind each; empty for what is stored and is no value of
+  // the column, which is an error for who comes to see it. Good until the next call that reads. REQUIRES: the row was
+  // reached.
+  const std::string& Line(std::size_t row);
   // The row as the list returns it. REQUIRES: the row was reached.
   std::string Row(std::size_t row) const;
   // How many of the texts of PickView::present the row has, from the first on; zeros on the left do not count.
@@ -66,8 +72,10 @@ class RowList {
   std::vector<Bookmark> reached_;   // of the rows of the query
   std::vector<std::string> lines_;  // the other rows; of those that are made the texts, each with its end
   std::vector<std::string> texts_;  // of the row that is being made
+  std::string line_;                // the last one
   bool complete_ = false;
   PickView view_;
+  bool reads_as_made_ = false;  // the columns are read in the order in which they are made
 };
 
 }  // namespace zendara

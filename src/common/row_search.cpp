@@ -8,37 +8,39 @@
 #include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 #include "runtime/text.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
 
 constexpr int kCodeKind = 1;
 constexpr int kDateKind = 2;
-constexpr char kColumnEnd = '\0';  // comes before every letter
+constexpr char kColumnEnd = RowList::kTextEnd;  // comes before every letter
 
 // The characters U+00E0 to U+00FF without their marks; a dot stands for those that stay.
 constexpr std::string_view kUnmarked = "aaaaaa.ceeeeiiii..ooooo..uuuuy.y";
 constexpr int kFirstMarked = 0xE0;
 
-// In the order of letters ñ comes after n; its first byte is that of every letter that is left with a mark.
-unsigned RankOf(char c) {
-  constexpr unsigned kMarked = 0xC3;
-  const auto byte = static_cast<unsigned char>(c);
-  if (byte == kMarked) return 'n' + 1;
-  return byte > 'n' && byte < kMarked ? byte + 1 : byte;
-}
-
-bool IsLess(std::string_view a, std::string_view b) {
-  const auto [of_a, of_b] = std::ranges::mismatch(a, b);
-  return of_b != b.end() && (of_a == a.end() || RankOf(*of_a) < RankOf(*of_b));
-}
+// The bytes of a text as it is searched: small letters, no accents, ñ a letter of its own. Such texts stand in the
+// order of their bytes: what begins ñ, and every letter that is left with a mark, comes after n.
+constexpr std::array<char, 256> kSearched = [] {
+  constexpr int kMarked = 0xC3;
+  std::array<char, 256> bytes{};
+  for (int c = 0; c < 256; ++c) {
+    const int byte = c < 0x80 ? FoldCase(static_cast<char>(c)) : c;
+    const int rank = byte == kMarked ? 'n' + 1 : byte > 'n' && byte < kMarked ? byte + 1 : byte;
+    bytes[static_cast<std::size_t>(c)] = static_cast<char>(rank);
+  }
+  return bytes;
+}();
 
 // Texts stand in the order of these numbers, as far as they differ.
-std::uint64_t FirstLetters(std::string_view text) {
-  std::uint64_t number = 0;
-  for (std::size_t i = 0; i < sizeof number; ++i) number = number << 8 | (i < text.size() ? RankOf(text[i]) : 0);
-  return number;
+std::array<std::uint64_t, 2> FirstLetters(std::string_view text) {
+  std::array<std::uint64_t, 2> numbers{};
+  for (std::size_t i = 0; i < sizeof numbers; ++i) {
+    std::uint64_t& number = numbers[i / sizeof number];
+    number = number << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+  }
+  return numbers;
 }
 
 bool IsNumber(std::string_view text) { return !text.empty() && std::ranges::all_of(text, IsDigit); }
@@ -48,33 +50,34 @@ std::string_view WithoutZeros(std::string_view number) {
   return number;
 }
 
-// What is stored there and is no value of the column is an error for who comes to see it.
-std::string CellOf(const RowList& rows, std::size_t row, std::size_t column) try {
-  return rows.Cell(row, column);
-} catch (const RuntimeError& error) {
-  if (error.number() != kDataConversion) throw;
-  return {};
-}
-
-}  // namespace
-
-std::string PlainText(std::string_view text) {
-  std::string plain;
-  plain.reserve(text.size());
+// Adds a text without accents; its plain capitals stay.
+void AddUnmarked(std::string_view text, std::string& unmarked) {
   while (!text.empty()) {
-    if (static_cast<unsigned char>(text.front()) < 0x80) {
-      plain += FoldCase(text.front());
-      text.remove_prefix(1);
-      continue;
-    }
+    const auto plain = std::ranges::find_if(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    unmarked.append(text.begin(), plain);
+    text = std::string_view(plain, text.end());
+    if (text.empty()) break;
     const std::string small = LCase(TakeCharacter(text));
     const int marked = CodePoint(small) - kFirstMarked;
     const bool known = marked >= 0 && marked < static_cast<int>(kUnmarked.size());
     const char letter = known ? kUnmarked[static_cast<std::size_t>(marked)] : '.';
-    letter == '.' ? plain += small : plain += letter;
+    letter == '.' ? unmarked += small : unmarked += letter;
   }
-  return plain;
 }
+
+void AddSearched(std::string_view text, std::string& searched) {
+  const std::size_t from = searched.size();
+  AddUnmarked(text, searched);
+  for (std::size_t i = from; i < searched.size(); ++i) searched[i] = kSearched[static_cast<unsigned char>(searched[i])];
+}
+
+std::string Searched(std::string_view text) {
+  std::string searched;
+  AddSearched(text, searched);
+  return searched;
+}
+
+}  // namespace
 
 RowSearch::RowSearch(RowList& rows) : rows_(rows), foremost_(rows.View().foremost) {
   if (const auto column = rows.View().sorted_by) {
@@ -88,25 +91,19 @@ RowSearch::RowSearch(RowList& rows) : rows_(rows), foremost_(rows.View().foremos
 void RowSearch::ReadOn(std::size_t rows) {
   const std::size_t from = Read();
   rows_.Reach(from + rows - 1);
-  std::vector<Row> taken;
+  std::vector<Row> hits;
   for (std::size_t row = from; row < std::min(from + rows, rows_.Reached()); ++row) {
     TakeIn(row);
-    taken.push_back(static_cast<Row>(row));
+    if (Looking() && HoldsTheWords(static_cast<Row>(row))) hits.push_back(static_cast<Row>(row));
   }
-  Insert(all_, taken);
-  if (!Looking()) {
-    shown_ = all_;
-    return;
-  }
-  std::erase_if(taken, [this](Row row) { return !HoldsTheWords(row); });
-  Insert(shown_, std::move(taken));
+  if (Looking()) return Insert(shown_, std::move(hits));
+  Arrange();
+  shown_ = all_;
 }
 
 void RowSearch::TakeIn(std::size_t row) {
-  std::string plain;
-  for (const std::size_t column : rows_.Reading()) (plain += PlainText(CellOf(rows_, row, column))) += kColumnEnd;
   starts_.push_back(static_cast<std::uint32_t>(text_.size()));
-  text_ += plain;
+  AddSearched(rows_.Line(row), text_);
   if (sorted_turn_) keys_.push_back(KeyOf(static_cast<Row>(row)));
   if (present_texts_ == rows_.View().present.size()) return;
   const std::size_t texts = rows_.PresentIn(row);
@@ -133,8 +130,8 @@ std::uint32_t RowSearch::StartOf(Row row, std::size_t turn) const {
 
 void RowSearch::Look(std::string_view typed) {
   words_.clear();
-  const std::string plain = PlainText(typed);
-  for (std::string_view rest = plain; !rest.empty();) {
+  const std::string searched = Searched(typed);
+  for (std::string_view rest = searched; !rest.empty();) {
     const std::string_view word = rest.substr(0, rest.find(' '));
     if (!word.empty()) words_.emplace_back(word);
     rest.remove_prefix(std::min(word.size() + 1, rest.size()));
@@ -144,6 +141,7 @@ void RowSearch::Look(std::string_view typed) {
 
 // The texts are looked through as they lie in memory.
 void RowSearch::Filter() {
+  Arrange();
   std::vector<bool> holds(Read());
   for (Row row = 0; row < holds.size(); ++row) holds[row] = HoldsTheWords(row);
   shown_.clear();
@@ -178,17 +176,19 @@ std::size_t RowSearch::Best() const {
 }
 
 std::vector<TextRange> RowSearch::Hits(std::string_view text) const {
-  const std::string plain = PlainText(text);
-  std::string is_hit(plain.size(), '\0');
+  std::string unmarked;
+  AddUnmarked(text, unmarked);
+  const std::string searched = Searched(text);
+  std::string is_hit(searched.size(), '\0');
   for (const std::string& word : words_) {
-    for (std::size_t at = plain.find(word); at != std::string::npos; at = plain.find(word, at + 1)) {
+    for (std::size_t at = searched.find(word); at != std::string::npos; at = searched.find(word, at + 1)) {
       std::fill_n(is_hit.begin() + static_cast<std::ptrdiff_t>(at), word.size(), '\1');
     }
   }
   std::vector<TextRange> hits;
   for (std::size_t at = is_hit.find('\1'); at != std::string::npos;) {
     const std::size_t end = std::min(is_hit.find('\0', at), is_hit.size());
-    const std::string_view all = plain;
+    const std::string_view all = unmarked;
     hits.push_back({static_cast<int>(Len(all.substr(0, at))), static_cast<int>(Len(all.substr(at, end - at)))});
     at = is_hit.find('\1', end);
   }
@@ -210,39 +210,55 @@ void RowSearch::Sort(std::optional<std::size_t> column, bool descending) {
     const auto turn = std::ranges::find(rows_.Reading(), *column);
     sorted_turn_ = static_cast<std::size_t>(turn - rows_.Reading().begin());
     for (const Row row : all_) keys_.push_back(KeyOf(row));
-    std::ranges::sort(all_, [this](Row a, Row b) { return Before(a, b); });
+    all_ = Sorted(all_);
   }
   Filter();
 }
 
 // Rows that stay on top have no text to compare. Dates are counted, an empty one comes first.
 RowSearch::Key RowSearch::KeyOf(Row row) const {
-  if (row < foremost_) return {0, EndOf(row)};
-  const std::size_t column = rows_.Reading()[*sorted_turn_];
+  if (row < foremost_) return {{}, EndOf(row), row};
   const std::uint32_t start = StartOf(row, *sorted_turn_);
-  if (rows_.Kind(column) != kDateKind) return {FirstLetters(TextFrom(start, row)), start};
-  const auto date = ReadDateStrict(CellOf(rows_, row, column), rows_.View().years);
-  return {date ? static_cast<std::uint64_t>(std::max(date->serial, 0.0)) + 1 : 0, start};
+  const std::string_view text = TextFrom(start, row);
+  if (rows_.Kind(rows_.Reading()[*sorted_turn_]) != kDateKind) return {FirstLetters(text), start, row};
+  const auto date = ReadDateStrict(text.substr(0, text.find(kColumnEnd)), rows_.View().years);
+  const auto day = date ? static_cast<std::uint64_t>(std::max(date->serial, 0.0)) + 1 : 0;
+  return {{day}, start, row};
 }
 
-bool RowSearch::Before(Row a, Row b) const {
-  const Key& of_a = keys_[a];
-  const Key& of_b = keys_[b];
-  if (of_a.number != of_b.number) return (of_a.number < of_b.number) != descending_;
-  const std::string_view text_a = TextFrom(of_a.start, a);
-  const std::string_view text_b = TextFrom(of_b.start, b);
-  if (text_a == text_b) return a < b;
-  return IsLess(text_a, text_b) != descending_;
+bool RowSearch::Before(const Key& a, const Key& b) const {
+  if (a.numbers != b.numbers) return (a.numbers < b.numbers) != descending_;
+  const int order = TextFrom(a.start, a.row).compare(TextFrom(b.start, b.row));
+  return order == 0 ? a.row < b.row : (order < 0) != descending_;
 }
 
-// They are few among many.
+// The keys lie side by side while they are compared, since there are many.
+std::vector<RowSearch::Row> RowSearch::Sorted(const std::vector<Row>& rows) const {
+  std::vector<Key> keys;
+  keys.reserve(rows.size());
+  for (const Row row : rows) keys.push_back(keys_[row]);
+  std::ranges::sort(keys, [this](const Key& a, const Key& b) { return Before(a, b); });
+  std::vector<Row> sorted;
+  sorted.reserve(rows.size());
+  for (const Key& key : keys) sorted.push_back(key.row);
+  return sorted;
+}
+
+void RowSearch::Arrange() {
+  std::vector<Row> rows(Read() - all_.size());
+  std::iota(rows.begin(), rows.end(), static_cast<Row>(all_.size()));
+  Insert(all_, std::move(rows));
+}
+
+// The fewer are put among the more.
 void RowSearch::Insert(std::vector<Row>& ordered, std::vector<Row> rows) const {
   if (!sorted_turn_) {
     ordered.insert(ordered.end(), rows.begin(), rows.end());
     return;
   }
-  const auto before = [this](Row a, Row b) { return Before(a, b); };
-  std::ranges::sort(rows, before);
+  const auto before = [this](Row a, Row b) { return Before(keys_[a], keys_[b]); };
+  rows = Sorted(rows);
+  if (rows.size() > ordered.size()) std::swap(rows, ordered);
   std::vector<Row> merged;
   merged.reserve(ordered.size() + rows.size());
   auto rest = ordered.begin();

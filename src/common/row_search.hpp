@@ -1,6 +1,7 @@
 // What the window of a pick list shows of its rows: those that hold every word that was typed, in the order asked for.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -12,9 +13,6 @@
 
 namespace zendara {
 
-// A text as it is searched: small letters, no accents; ñ is a letter of its own. As many characters as before.
-std::string PlainText(std::string_view text);
-
 // Characters of a text, from 0.
 struct TextRange {
   int start = 0;
@@ -23,8 +21,9 @@ struct TextRange {
   friend bool operator==(const TextRange&, const TextRange&) = default;
 };
 
-// Rows count as in the list, places as they are shown, both from 0. Each row is kept once as plain text, all of them in
-// one block. Errors of the store go to the caller, from the operations that read.
+// Rows count as in the list, places as they are shown, both from 0. Each row is kept once as it is searched, all of
+// them in one block; only what is shown is put into order. Errors of the store go to the caller, from the operations
+// that read.
 class RowSearch {
  public:
   // In the order of the view that the list was given. `rows` outlives it.
@@ -58,11 +57,12 @@ class RowSearch {
 
  private:
   using Row = std::uint32_t;
-  // Where a row stands in the order of a column: by a number, of a date or of the first letters, then by its plain text
-  // from there on.
+  // Where a row stands in the order of a column: by numbers, of a date or of the first letters, then by its text from
+  // there on.
   struct Key {
-    std::uint64_t number = 0;
+    std::array<std::uint64_t, 2> numbers{};
     std::uint32_t start = 0;
+    Row row = 0;
   };
 
   void TakeIn(std::size_t row);
@@ -71,8 +71,11 @@ class RowSearch {
   // Of a column, by its turn in reading.
   std::uint32_t StartOf(Row row, std::size_t turn) const;
   Key KeyOf(Row row) const;
-  bool Before(Row a, Row b) const;
+  bool Before(const Key& a, const Key& b) const;
+  std::vector<Row> Sorted(const std::vector<Row>& rows) const;
   bool HoldsTheWords(Row row) const;
+  // Puts those that were read since to their places.
+  void Arrange();
   // Puts rows to their places; in the list they follow those that are there.
   void Insert(std::vector<Row>& ordered, std::vector<Row> rows) const;
   void Filter();
@@ -81,7 +84,7 @@ class RowSearch {
   std::string text_;                   // of all rows, a zero behind each column, in the order of reading
   std::vector<std::uint32_t> starts_;  // in it, of each row
   std::vector<std::string> words_;
-  std::vector<Row> all_;    // in the order asked for
+  std::vector<Row> all_;    // in the order asked for, but for those that were read since
   std::vector<Row> shown_;  // those of them that hold the words
 
   std::optional<std::size_t> sorted_turn_;  // of the column, in reading

@@ -5,6 +5,8 @@
 #include "component/componente.hpp"
 #include "incidents/incidencias_fechas.hpp"
 #include "incidents/incidencias_variables.hpp"
+#include "listings/imprgast.hpp"
+#include "listings/listado_trabajador.hpp"
 #include "workers/trabajadores.hpp"
 
 namespace zendara {
@@ -24,6 +26,8 @@ Componente::Componente() {
   Registra<MIncidencias>(*this, "MIncidencias");
   Registra<MIncidenciasESP>(*this, "MIncidenciasESP");
   Registra<MIncidenciasVAR>(*this, "MIncidenciasVAR");
+  Registra<Imprgast>(*this, "Imprgast");
+  Registra<ListadoTrabajador>(*this, "ListadoTrabajador");
 }
 
 }  // namespace zendara

@@ -30,6 +30,7 @@ struct Sesion {
   std::array<std::shared_ptr<Recordset>, kSlots + 1> Tablas;  // slots 1 to 500
   std::shared_ptr<Workspace> WsTrabajo;
   std::shared_ptr<QueryDef> ConsultaQD;
+  std::shared_ptr<Recordset> TablaListados;  // staging table, of the last listing
 
   // From the session object at entry.
   FixedText<5> CodEmpresa;

@@ -105,11 +105,19 @@ std::string DescribeCalendario(const Calendario& calendario) {
   const auto filas = EnOrden(calendario);
   texto +=
       filas.empty() ? " No hay incidencias." : " Hay " + Cuantas(filas.size(), "una incidencia", " incidencias") + ".";
+  std::vector<double> empiezan;
+  std::vector<double> terminan;
   for (const IncidenciaVista* fila : filas) {
     const Dias dias = DiasDe(*fila->inicio, fila->fin);
-    const auto otras = std::ranges::count_if(filas, [&](const IncidenciaVista* otra) {
-      return otra != fila && Coinciden(DiasDe(*otra->inicio, otra->fin), dias);
-    });
+    empiezan.push_back(dias.desde);
+    terminan.push_back(dias.hasta);
+  }
+  std::ranges::sort(terminan);
+  for (const IncidenciaVista* fila : filas) {
+    const Dias dias = DiasDe(*fila->inicio, fila->fin);
+    // Those that have begun when it ends, but for those that were over before it begins, and itself.
+    const auto otras = (std::ranges::upper_bound(empiezan, dias.hasta) - empiezan.begin()) -
+                       (std::ranges::lower_bound(terminan, dias.desde) - terminan.begin()) - 1;
     texto += " " + Nombrada(*fila);
     if (otras > 0) texto += "; coincide con " + Cuantas(static_cast<std::size_t>(otras), "otra", " más");
     texto += ".";

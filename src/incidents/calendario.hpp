@@ -48,8 +48,8 @@ bool EsDibujable(const IncidenciaVista& fila);
 std::vector<const IncidenciaVista*> Coincidencias(const Calendario& calendario);
 
 // A row a month, a cell a day, in it the table IT above and ESP below; incidents by colour, letter and pattern, days
-// with two rows, today, and the typed interval as a frame that warns where it meets a row. Fills the surface; paints
-// nothing where that is too small to be read.
+// with two rows, today, and the typed interval as a frame that warns where it meets a row. Fills the surface: a
+// small one has no legend, and nothing is painted where it is too small for days.
 void PintaCalendario(const Screen& screen, DrawingSurface& superficie, const Calendario& calendario);
 
 // The same for a screen reader, in sentences: the collisions of the typed interval first, then the rows by start, those

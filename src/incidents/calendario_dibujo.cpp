@@ -171,7 +171,7 @@ void Lapiz::Barra(const Rectangulo& r, const Estilo& estilo) {
   // The letter stands on its colour, as high as the bar.
   constexpr int kLegible = 8;
   const int letras = static_cast<int>(estilo.letra.size());
-  const int letra = std::min({r.Alto() * 6 / 5, eme, r.Ancho() * 5 / (4 * letras)});
+  const int letra = std::min({r.Alto() * 4 / 3, eme, r.Ancho() * 5 / (4 * letras)});
   if (letra < kLegible) return;
   const int fondo = std::min(letra * letras * 4 / 5 + 2, r.Ancho());
   Llena({r.izquierda, r.arriba, r.izquierda + fondo, r.abajo}, estilo.tinta);
@@ -179,7 +179,7 @@ void Lapiz::Barra(const Rectangulo& r, const Estilo& estilo) {
 }
 
 void Lapiz::Flecha(int x, const Rectangulo& carril, int largo, Ink tinta) {
-  const int medio = carril.Alto() / 2;
+  const int medio = (carril.Alto() + 1) / 2;
   for (int i = 0; i < medio; ++i) {
     const int punta = largo * (i + 1) / medio;
     for (const int y : {carril.arriba + i, carril.abajo - 1 - i}) {
@@ -202,17 +202,21 @@ class Dibujo {
       : calendario_(calendario), plano_(calendario), lapiz_(screen, superficie) {
     PonEntradas();
     Mide();
+    if (carril_ >= kMenor) return;
+    con_leyenda_ = false;
+    Mide();
   }
 
   void Pinta() {
-    constexpr int kMenorCelda = 5;
-    if (celda_ < kMenorCelda || carril_ < kMenorCelda) return;
+    if (celda_ < kMenor || carril_ < kMenor) return;
     PintaTitulo();
     for (int mes = 0; mes < kMesesAno; ++mes) PintaMes(mes);
-    PintaLeyenda();
+    if (con_leyenda_) PintaLeyenda();
   }
 
  private:
+  static constexpr int kMenor = 5;  // pixels of a day and of a lane in which anything can be seen
+
   void PonEntradas();
   void Mide();
   int PonLeyenda();
@@ -250,6 +254,7 @@ class Dibujo {
   Plano plano_;
   Lapiz lapiz_;
   std::vector<Entrada> entradas_;
+  bool con_leyenda_ = true;  // as long as the months are not too low
   int margen_ = 0;
   int menor_ = 0;   // height of the small letters
   int dias_ = 0;    // where the first day begins
@@ -277,15 +282,11 @@ void Dibujo::PonEntradas() {
                            PintaHoy({medio - celda_ / 2, muestra.arriba, medio - celda_ / 2 + celda_, muestra.abajo});
                          }});
   }
-  if (plano_.tecleado) {
-    entradas_.push_back({"Tecleado", [this](const Rectangulo& muestra) {
-                           lapiz_.Llena(muestra, Ink::kText);
-                           lapiz_.Llena(muestra.Dentro(lapiz_.grueso), Ink::kPaper);
-                         }});
-  }
-  bool coinciden = false;
-  for (int dia = 0; dia < plano_.ano.Dias(); ++dia) coinciden |= plano_.Coinciden(dia) || plano_.Avisa(dia);
-  if (!coinciden) return;
+  // These always, so that the months stay where they are while somebody types.
+  entradas_.push_back({"Tecleado", [this](const Rectangulo& muestra) {
+                         lapiz_.Llena(muestra, Ink::kText);
+                         lapiz_.Llena(muestra.Dentro(lapiz_.grueso), Ink::kPaper);
+                       }});
   entradas_.push_back(
       {"Coinciden", [this](const Rectangulo& muestra) {
          const int medio = (muestra.arriba + muestra.abajo - lapiz_.grueso) / 2;
@@ -294,7 +295,6 @@ void Dibujo::PonEntradas() {
 }
 
 void Dibujo::Mide() {
-  constexpr int kLineasLeyenda = 4;  // kept free at least, so that the months stay where they are
   margen_ = lapiz_.Doceavos(6);
   menor_ = lapiz_.Doceavos(11);
   linea_ = lapiz_.Doceavos(17);
@@ -305,7 +305,7 @@ void Dibujo::Mide() {
   mensaje_ = titulo_ + linea_;
   escala_ = mensaje_ + linea_;
   meses_ = escala_ + linea_ / 2;
-  const int lineas = std::max(PonLeyenda(), kLineasLeyenda);
+  const int lineas = con_leyenda_ ? PonLeyenda() : 0;
   fila_ = std::min((lapiz_.alto - meses_ - lineas * linea_ - 2 * margen_) / kMesesAno, 3 * lapiz_.eme);
   leyenda_ = Arriba(kMesesAno) + margen_;
   carril_ = (fila_ - 1 - 3 * lapiz_.grueso) / 2;

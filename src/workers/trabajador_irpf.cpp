@@ -100,6 +100,7 @@ void Trabajadores::ConectaRegularizacion() {
     Text2(indice).SetBackColor(kGrey);
     if (indice == static_cast<int>(Figura::kRetencionAcumulada) && Regularizacion.Visible()) CalcularRegula.SetFocus();
   };
+  for (const CifraGuardada& guardada : kCifras) AddBeside(Cifra(guardada.cifra), Regulariza);
   // Those that take no keys are locked.
   Text2.On().key_press = [this](int indice, int& caracter) { TeclaDeTexto(Text2(indice), caracter); };
 }
@@ -174,6 +175,7 @@ void Trabajadores::GrabaRegularizacion(const std::string& tipo) {
   }
   Text1(kPorcentajeIRPF).SetText(tipo);
   ficha_.Escrito(kPorcentajeIRPF);
+  SavedBeside();
 }
 
 }  // namespace zendara

@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kPaginaSituacion = 4;  // of Tab1
 constexpr int kPaginaContrato = 1;   // of Tab2
+constexpr std::string_view kCopiaPedida = "copia de conceptos:";
 
 // The table of a worker's situaciones: columns of TrabajadoresVar, by ordinal.
 struct ColumnaSituacion {
@@ -105,6 +106,30 @@ void Trabajadores::NuevaSituacionEnPantalla() {
   } else {
     Text1(kFechaInicio).SetFocus();
   }
+}
+
+bool Trabajadores::EsSituacionNueva() const {
+  return ficha_.Mostro(kNumero, TextoRecortado(kNumero)) && !ficha_.Mostro(kSituacion, TextoRecortado(kSituacion));
+}
+
+// The copy of concepts that saving is to make, and for which start an error ended it.
+std::string Trabajadores::DraftNote() const {
+  if (RespuestaNueva != BoxAnswer::kYes || !EsSituacionNueva()) return {};
+  const auto& [trabajador, numero, inicio] = copia_.nueva;
+  const bool empezada =
+      copia_.empezada && trabajador == TextoRecortado(kNumero) && numero == TextoRecortado(kSituacion);
+  return std::string(kCopiaPedida) + (empezada ? inicio : std::string());
+}
+
+void Trabajadores::RestoreNote(std::string_view note) {
+  MarcaSituacion();
+  RespuestaNueva.reset();
+  copia_ = {};
+  if (!EsSituacionNueva() || !note.starts_with(kCopiaPedida)) return;
+  RespuestaNueva = BoxAnswer::kYes;
+  const std::string_view inicio = note.substr(kCopiaPedida.size());
+  if (inicio.empty()) return;
+  copia_ = {.nueva = {TextoRecortado(kNumero), TextoRecortado(kSituacion), std::string(inicio)}, .empezada = true};
 }
 
 void Trabajadores::BorraSituacion() {

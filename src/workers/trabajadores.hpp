@@ -31,6 +31,8 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   std::string TextoColumna(int ordinal) const override;
   std::string TextoCifra(CifraRegularizacion cifra) const override;
   HelpPlace HelpOnFocus() const override;
+  std::string DraftNote() const override;
+  void RestoreNote(std::string_view note) override;
 
  protected:
   void OnLoad() override;
@@ -93,6 +95,8 @@ class Trabajadores : public PantallaBase, public SeleccionTrabajador, public Pan
   std::string UltimaSituacion(const std::string& trabajador);
   void NuevaSituacionEnPantalla();
   void BorraSituacion();
+  // One that was numbered on the screen for the worker shown.
+  bool EsSituacionNueva() const;
   bool ValidarFechasContratos();
   bool ValidarIntervaloSituacion();
 

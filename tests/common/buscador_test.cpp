@@ -20,6 +20,9 @@ TEST_F(ListsTest, EveryWorkerIsFoundWithHisLastSituacion) {
   };
   situation("00001", "001", MakeDate(2001, 9, 1), "003");
   situation("00001", "002", MakeDate(1999, 9, 1), "001");
+  situation("00002", "001", MakeDate(2001, 9, 1), "005");
+  situation("00002", "002", MakeDate(2001, 9, 1), "006");
+  situation("00002", "003", std::nullopt, "007");
   situation("00003", "001", std::nullopt, "002");
   situation("00077", "001", MakeDate(2001, 9, 1), "004");  // nobody's
   ApuntaVisto(sesion, "00003");
@@ -37,7 +40,30 @@ TEST_F(ListsTest, EveryWorkerIsFoundWithHisLastSituacion) {
   const auto tail = [&](std::size_t row) { return Trim(Mid(rows[row], 65)); };
   EXPECT_EQ(tail(0), "1X             281234567890 002 Taller");
   EXPECT_EQ(tail(1), "1X             281234567890 003 Taller                         01/09/01");
-  EXPECT_EQ(tail(2), "1X             281234567890");
+  EXPECT_EQ(tail(2), "1X             281234567890 006 Taller                         01/09/01");
+  EXPECT_EQ(tail(3), "1X             281234567890");
+}
+
+TEST_F(ListsTest, ManyWorkersKeepTheirOwnSituaciones) {
+  constexpr int kWorkers = 600;
+  const auto number = [](int n) { return std::to_string(10000 + n); };
+  for (int n = 1; n <= kWorkers; ++n) {
+    if (n % 7 != 0) Add(FileKind::kCompany, "TrabajadoresFijo", {{0, number(n)}});
+    if (n % 3 == 0) continue;
+    Add(FileKind::kCompany, "TrabajadoresVar", {{0, number(n)}, {1, "001"}, {49, "C"}, {50, number(n)}});
+  }
+  ApuntaVisto(sesion, number(300));
+  std::vector<std::string> rows;
+  RegisterPickList(components, [&](const std::string&, RowList& list) {
+    for (std::size_t row = 0; row < list.Total(); ++row) rows.push_back(list.Cell(row, 0) + list.Cell(row, 6));
+    return std::nullopt;
+  });
+  EligeTrabajador(sesion, "");
+  std::vector<std::string> expected = {number(300)};
+  for (int n = 1; n <= kWorkers; ++n) {
+    if (n % 7 != 0 && n != 300) expected.push_back(number(n) + (n % 3 == 0 ? "" : "C " + number(n)));
+  }
+  EXPECT_EQ(rows, expected);
 }
 
 // A host's own list that knows nothing of rows that are made.

@@ -53,6 +53,17 @@ std::string Slowly(const std::string& text) {
   return plain;
 }
 
+// Where each letter of a text stands in their order.
+std::vector<std::size_t> Order(const std::string& text) {
+  static const Texts kOrder = {" ", "1", "a", "c", "e", "n", "ñ", "u", "€"};
+  std::vector<std::size_t> order;
+  const std::string plain = Slowly(text);
+  for (std::string_view rest = plain; !rest.empty();) {
+    order.push_back(static_cast<std::size_t>(std::ranges::find(kOrder, TakeCharacter(rest)) - kOrder.begin()));
+  }
+  return order;
+}
+
 TEST(RowSearch, ShowsWhatASimpleModelShowsHoweverTheRowsComeIn) {
   constexpr auto kLetters = std::to_array<const char*>(
       {"a", "A", "á", "Á", "à", "e", "É", "ë", "n", "N", "ñ", "Ñ", "u", "ü", "Ü", "Ú", "c", "Ç", "€", " ", "1"});
@@ -68,6 +79,9 @@ TEST(RowSearch, ShowsWhatASimpleModelShowsHoweverTheRowsComeIn) {
     for (std::size_t n = any(60); n > 0; --n) lines.push_back({std::to_string(any(999)), word(9), ""});
     Made made(lines);
     RowList rows(made, kColumns, kPlaces);
+    PickView view;
+    if (any(2) == 0) view.sorted_by = 1;
+    rows.Present(view);
     RowSearch search(rows);
     std::string typed;
     while (!search.Complete() || any(3) > 0) {
@@ -88,6 +102,7 @@ TEST(RowSearch, ShowsWhatASimpleModelShowsHoweverTheRowsComeIn) {
         }
         if (all) expected.push_back(row);
       }
+      if (view.sorted_by) std::ranges::stable_sort(expected, {}, [&](std::size_t row) { return Order(lines[row][1]); });
       ASSERT_EQ(Shown(search), expected) << round << " \"" << typed << '"';
     }
     ASSERT_EQ(search.Read(), lines.size());

@@ -26,16 +26,19 @@ constexpr const char* kScreen = "Trabajadores";
 
 Draft Typed(const std::string& text, const std::string& number = "00013") {
   return {.scope = kScope,
+          .place = "00001 Talleres Sur",
           .screen = kScreen,
+          .screen_title = "Fichas",
           .key = {{"Text1(1)", number}},
           .title = number + " \"Güell\"\n",
           .focus = "Text1(2)",
-          .values = {{"Text1(2)", text}, {"Grid1(0)[1,2]", "ñ"}}};
+          .values = {{"Text1(2)", text}, {"Grid1(0)[1,2]", "ñ"}},
+          .note = {}};
 }
 
 std::vector<Draft> LeftIn(FileDrafts& drafts) {
   std::vector<Draft> left;
-  for (const KeptDraft& kept : drafts.Left(kScope, kScreen)) left.push_back(kept.draft);
+  for (const KeptDraft& kept : drafts.Left([](const KeptDraft&) { return true; })) left.push_back(kept.draft);
   return left;
 }
 
@@ -53,6 +56,7 @@ class FileDraftsTest : public testing::Test {
 TEST_F(FileDraftsTest, AnEndAtAnyByteLeavesTheLinesBeforeItAndTheNextOnesFollow) {
   std::vector<Draft> states = {Typed("P"), Typed("Pe"), Typed("Peñ"), Typed("Peñ", "00014"), Typed("")};
   states[2].values.push_back({"Check1", "1"});
+  states[3].note = "copia";
   states[4].values.clear();
   states[4].values.push_back({"Text1(2)", "\xff"});  // no UTF-8
   std::vector<std::uintmax_t> ends;
@@ -74,7 +78,7 @@ TEST_F(FileDraftsTest, AnEndAtAnyByteLeavesTheLinesBeforeItAndTheNextOnesFollow)
     fs::resize_file(File(), size);
     const auto stands = std::ranges::upper_bound(ends, size) - ends.begin();
     FileDrafts drafts(folder);
-    const auto left = drafts.Left(kScope, kScreen);
+    const auto left = drafts.Left([](const KeptDraft&) { return true; });
     ASSERT_EQ(left.size(), stands == 0 ? 0U : 1U);
     if (left.empty()) continue;
     EXPECT_EQ(left.front().draft, states[static_cast<std::size_t>(stands - 1)]);
@@ -93,7 +97,7 @@ TEST_F(FileDraftsTest, WhatSomebodyWorksOnIsNotOfferedTakenOrRemoved) {
   owner->Leave(second);
   EXPECT_THAT(LeftIn(*owner), ElementsAre(Typed("dos")));
   EXPECT_THAT(LeftIn(other), ElementsAre(Typed("dos")));
-  EXPECT_THAT(other.Left("00002 01", kScreen), IsEmpty());
+  EXPECT_THAT(other.Left([](const KeptDraft& kept) { return kept.draft.scope != kScope; }), IsEmpty());
   other.Drop(id);
   const std::string copy = other.Keep(id, Typed("tres"));
   EXPECT_NE(copy, id);
@@ -106,6 +110,18 @@ TEST_F(FileDraftsTest, WhatSomebodyWorksOnIsNotOfferedTakenOrRemoved) {
   other.Drop(id);
   EXPECT_THAT(LeftIn(other), IsEmpty());
   EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(FileDraftsTest, WhatALineNeedNotHaveMayBeMissingOrAnything) {
+  fs::create_directories(folder);
+  for (const char* also : {"", R"("note":7,"place":[],"screen_title":null,)", R"("other":{},)"}) {
+    std::ofstream(folder / "old.draft") << R"({"draft":1,"scope":"00001 01","screen":"Trabajadores",)" << also
+                                        << R"x("key":[],"title":"t","focus":"","set":[["Text1(2)","x"]]})x" << '\n';
+    FileDrafts drafts(folder);
+    const std::vector<Draft> left = LeftIn(drafts);
+    ASSERT_EQ(left.size(), 1U) << also;
+    EXPECT_EQ(left[0].note + left[0].place + left[0].screen_title + left[0].values[0].text, "x") << also;
+  }
 }
 
 TEST_F(FileDraftsTest, TheUserAloneReadsThem) {

@@ -150,7 +150,7 @@ int Type(const std::string& folder, const std::string& drafts_folder, unsigned s
 int Missing(const std::string& drafts_folder, const std::string& scope, unsigned seed, int acknowledged) {
   FileDrafts drafts(drafts_folder);
   Texts kept;
-  const auto left = drafts.Left(scope, kPantallaTrabajadores);
+  const auto left = drafts.Left([&](const KeptDraft& any) { return any.draft.scope == scope; });
   if (left.size() > 1) return kSomethingElse;
   if (!left.empty()) {
     for (const auto& [id, text] : left.front().draft.values) kept[id] = text;

@@ -173,5 +173,43 @@ TEST_F(PartsTest, TheStatusSaysSinceWhen) {
   });
 }
 
+TEST_F(PartsTest, APictureBesideGivesWayToTheFieldsAndKeepsItsWords) {
+  struct BesideForm : Form {
+    explicit BesideForm(QtHost& host) : Form(host, host, "Al lado") {
+      Campo.SetMaxLength(30);
+      Dibujo.SetCaption("Dibujo");
+      SetLayout(Column({Beside(Scrolled(Column({Place(Campo)})), Dibujo, 4500, 4500), Flow({Place(Salir)})}));
+    }
+    TextBox Campo{*this, "Campo"};
+    Picture Dibujo{*this, "Dibujo"};
+    Button Salir{*this, "Salir"};
+  } beside(host);
+  Soon([&] {
+    QApplication::processEvents();
+    FormWindow& window = *host.WindowOf(beside);
+    const QWidget& picture = WidgetOf(window, beside.Dibujo);
+    const QWidget& field = WidgetOf(window, beside.Campo);
+    const auto size_in = [&](int width, int height) {
+      window.resize(width, height);
+      QApplication::processEvents();
+      EXPECT_LE(field.mapTo(&window, QPoint(field.width(), 0)).x(), width);
+      return picture.size();
+    };
+    EXPECT_EQ(picture.width(), 300);
+    EXPECT_GE(picture.height(), 225) << "as the window opens";
+    const int small = size_in(field.width() + 280, 400).width();
+    EXPECT_TRUE(small >= 225 && small < 300) << small;
+    EXPECT_TRUE(size_in(field.width() + 200, 400).isEmpty());
+    EXPECT_TRUE(size_in(900, 240).isEmpty());
+    beside.Dibujo.SetDescription("Nada.");
+    window.Flush();
+    EXPECT_EQ(picture.accessibleName(), "Dibujo");
+    EXPECT_EQ(picture.accessibleDescription(), "Nada.");
+    EXPECT_EQ(size_in(900, 400).width(), 300);
+    beside.Unload();
+  });
+  beside.Show();
+}
+
 }  // namespace
 }  // namespace zendara

@@ -25,6 +25,7 @@ namespace zendara {
 namespace {
 
 using testing::ElementsAre;
+using testing::StartsWith;
 
 void Send(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
   QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
@@ -185,9 +186,28 @@ TEST_F(QtTest, TheListOfDraftsRestoresAndRemoves) {
     const auto answer = [&](BoxAnswer given) {
       Soon([given] { dynamic_cast<MessageBox&>(*QApplication::activeModalWidget()).Give(given); });
     };
+    drafts.Leave(drafts.Keep({}, {.scope = "2",
+                                  .place = "00002 Talleres Sur",
+                                  .screen = "Otra",
+                                  .screen_title = "Incidencias",
+                                  .key = {},
+                                  .title = "00014",
+                                  .focus = {},
+                                  .values = {{"Text1(2)", "c"}},
+                                  .note = {}}));
+    const auto hint = [](DraftsWindow& list) { return list.findChild<QLabel*>()->text().toStdString(); };
     in_list([&](DraftsWindow& list, QWidget& table) {
-      EXPECT_EQ(list.Table().rowCount(), 2);
-      EXPECT_EQ(list.Table().item(0, 2)->text(), "Campo 2: b") << "the last one first";
+      EXPECT_EQ(list.Table().rowCount(), 3);
+      list.Table().setCurrentCell(2, 0);
+      EXPECT_THAT(hint(list), StartsWith("Se recupera en la pantalla Incidencias de 00002 Talleres Sur. Supr"));
+      EXPECT_EQ(list.Table().item(2, 4)->text(), "c") << "its field is not of this screen";
+      Send(table, Qt::Key_Return, "\r");
+      EXPECT_TRUE(list.isVisible()) << "it is not restored here";
+      answer(BoxAnswer::kYes);
+      Send(table, Qt::Key_Delete);
+      EXPECT_THAT(hint(list), StartsWith("Intro recupera"));
+      list.Table().setCurrentCell(0, 0);
+      EXPECT_EQ(list.Table().item(0, 4)->text(), "Campo 2: b") << "the last one first";
       answer(BoxAnswer::kNo);
       Send(table, Qt::Key_Delete);
       EXPECT_EQ(list.Table().rowCount(), 2);

@@ -142,9 +142,55 @@ click Salir
 open Trabajadores
 key Ctrl+Z
 show Text1(1) Text1(2)
+click Cancela
+
+# Figures of a regularisation belong to the worker for whom the frame was opened. Opening it changes nothing.
+type "15\n"
+key Alt+Z
+key Alt+Right
+key Alt+Left
+key Alt+Z
+type "3300000\n"
+focus Text2(5)
+key End
+type "9"
+key Alt+Right
+show Text2(1)
+key Alt+Left
+key Ctrl+Z
+show Text2(3) Text2(5)
+# A rate that is refused closes the frame, and saving the worker stores no figures: they are still there.
+key Alt+P
+key Ctrl+Z
+focus CalcularRegula
+focus Text1(3)
+type "Uno"
+click Grabar
+type "15\n"
+key Ctrl+Z
+show Text1(3) Text2(5)
+answer yes
+key Alt+P
+click Cancela
+type "15\n"
+click Cancela
+
+# The copy of concepts that was asked for is made after the screen was closed.
+type "14\n"
+answer yes
+key Alt+N
+type "010701\n"
+answer no
+click Salir
+open Trabajadores
+key Ctrl+Z
+click Grabar
+sql N0000101.MDB "SELECT Count(*) FROM ConTrabajadorConceptos WHERE Campo1='00014' AND Campo2='002'"
 click Salir
 
-# Nothing is kept for scripts that do not ask; another company has its own.
-session company=00001 year=02
+# What is in another company or year is listed and stays there.
+session company=00001 year=02 name="Talleres Sur"
 open Trabajadores
 drafts list
+drafts restore 2
+show Text1(1)

@@ -22,6 +22,7 @@ void Control::Changed() const {
 
 void Control::SetVisible(bool visible) {
   visible_ = visible;
+  form_.SettleIn(*this);
   Changed();
 }
 

@@ -2,8 +2,8 @@
 // program loses it.
 #pragma once
 
+#include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace zendara {
@@ -18,11 +18,14 @@ struct DraftValue {
 
 struct Draft {
   std::string scope;            // what the records of the screen belong to: company, year
+  std::string place;            // the same for the user; may be empty
   std::string screen;           // name of the form
+  std::string screen_title;     // the same for the user; may be empty
   std::vector<DraftValue> key;  // of the controls that say which record it is, as it was shown; the first one decides
   std::string title;            // the record for the user
   std::string focus;            // control of the record that had the focus; empty: none
   std::vector<DraftValue> values;  // all that was not saved
+  std::string note;                // Form::DraftNote
 
   friend bool operator==(const Draft&, const Draft&) = default;
 };
@@ -32,6 +35,8 @@ struct KeptDraft {
   std::string when;  // of its last change, for the user; may be empty
   Draft draft;
 };
+
+using DraftFilter = std::function<bool(const KeptDraft& kept)>;
 
 // Where drafts are kept. Nothing here throws, waits long, or fails for the caller: what could not be kept is told by
 // TakeTrouble.
@@ -46,8 +51,8 @@ class DraftKeeper {
   // Nobody works on it any more, and it stays.
   virtual void Leave(const std::string& id) = 0;
   virtual void Drop(const std::string& id) = 0;
-  // Those that nobody works on, in this program or another, the last one first.
-  virtual std::vector<KeptDraft> Left(std::string_view scope, std::string_view screen) = 0;
+  // Those that nobody works on, in this program or another, and that are wanted, the last one first.
+  virtual std::vector<KeptDraft> Left(const DraftFilter& wanted) = 0;
   // A line for the user when drafts cannot be kept, once for each time that it begins; otherwise empty.
   virtual std::string TakeTrouble() = 0;
 };

@@ -245,7 +245,11 @@ void Form::Press(const Key& pressed) {
     OnKeyDown(code, pressed.shift);
     if (!cancelled() && control) Fire(control->On().key_down, control->Index(), code, pressed.shift);
     if (cancelled()) return;
-    if (code == key::kF1 && HelpContext) return host_.ShowHelp(HelpFile, HelpContext, HelpOnFocus());
+    if (code == key::kF1) {
+      const HelpPlace place = HelpOnFocus();
+      if (HelpContext || !place.link.empty()) host_.ShowHelp(HelpFile, HelpContext, place);
+      return;
+    }
     if (PressAccessKey(pressed)) return;
     if (pressed.shift == key::kControl && (code == key::kPageUp || code == key::kPageDown)) {
       return TurnPage(code == key::kPageUp ? -1 : 1);

@@ -94,6 +94,14 @@ class Form {
   virtual std::string Expected() const { return {}; }
   // What the drafts of its records belong to: other records may have the same keys there.
   virtual std::string DraftScope() const { return {}; }
+  // The same for the user: "00001, año 01, Talleres Sur".
+  virtual std::string DraftPlace() const { return {}; }
+  // What the unsaved record needs besides its controls to go on as it stands, for a draft of it: a short text of the
+  // form's own. Empty: nothing. Asked at the end of every event that leaves something unsaved.
+  virtual std::string DraftNote() const { return {}; }
+  // A draft with that note was put back. What the form had to itself before is another record's and goes, also with an
+  // empty note. The text comes from a file: one that DraftNote never gave counts as empty.
+  virtual void RestoreNote(std::string_view /*note*/) {}
   FormHost& Host() const { return host_; }
   Dialogs& Boxes() const { return dialogs_; }
   MousePointer Pointer() const { return pointer_; }
@@ -106,7 +114,7 @@ class Form {
     height_ = height;
   }
   std::string HelpFile;
-  int HelpContext = 0;  // 0: none
+  int HelpContext = 0;  // 0: none; F1 opens the help all the same where HelpOnFocus has a link
   // What the help has on the control with the focus.
   virtual HelpPlace HelpOnFocus() const { return {}; }
 
@@ -123,15 +131,22 @@ class Form {
   // The record. Whoever shows, empties and stores rows says which controls hold them; `key`: of those that say which
   // record it is, in their order. The user types over these to call up another one.
   void AddToRecord(Control& control, bool key = false) { drafts_.Sheet().Add(control, key); }
+  // Figures of the record that are worked on in a frame of their own and stored by themselves. `opener` brings the
+  // frame up and fills it. They are settled whenever the frame is shown or hidden.
+  void AddBeside(Control& control, Button& opener) { drafts_.Sheet().Add(control, false, &opener); }
   // A row or nothing was put there; what other code puts there in the same event belongs to it.
   void Settle(const Control& control) { drafts_.Sheet().Settle(control, true); }
   // What stands there was stored: in that control, in all of the record.
   void Stored(const Control& control) { drafts_.Sheet().Settle(control, false); }
-  void Saved() { drafts_.Saved(); }
+  void Saved() { drafts_.Saved(false); }
+  void SavedBeside() { drafts_.Saved(true); }
   // Something of the record stands there that was not stored, as of the end of the last event.
   bool Unsaved() const { return drafts_.AnythingUnsaved(); }
-  // What this screen has left unsaved, now or earlier, the last first. See FormDrafts.
+  // What was left unsaved, now or earlier, on this screen and on others: first what can be restored here, and the last
+  // first in each part. See FormDrafts.
   std::vector<KeptDraft> Drafts() const { return drafts_.Left(); }
+  // A line for the user that says where it can be restored; empty: here.
+  std::string WhyNotHere(const Draft& draft) const { return drafts_.WhyNotHere(draft); }
   void RestoreDraft(const std::string& id);
   void RemoveDraft(const std::string& id) { drafts_.Remove(id); }
 
@@ -193,6 +208,7 @@ class Form {
  private:
   friend class Control;
 
+  void SettleIn(const Control& frame) { drafts_.Sheet().SettleIn(frame); }
   void FollowDraft() noexcept;
   void Undo(Control* control);
   void Add(Control& control) { controls_.push_back(&control); }

@@ -28,7 +28,7 @@ std::string When(const KeptDraft& kept) { return kept.when.empty() ? std::string
 DraftKeeper* FormDrafts::Keeper() const { return form_.Host().Drafts(); }
 
 void FormDrafts::Begin() {
-  sheet_.SettleAll(true);
+  for (const bool beside : {false, true}) sheet_.SettlePart(beside, true);
   changes_.clear();
   offered_id_.clear();
   left_id_.clear();
@@ -45,11 +45,14 @@ void FormDrafts::End() {
 
 Draft FormDrafts::Now() const {
   Draft draft{.scope = form_.DraftScope(),
+              .place = form_.DraftPlace(),
               .screen = form_.Name(),
+              .screen_title = form_.Title(),
               .key = sheet_.Key(),
               .title = form_.Subject(),
               .focus = form_.Focus() && sheet_.Has(*form_.Focus()) ? form_.Focus()->Id() : std::string(),
-              .values = changes_};
+              .values = changes_,
+              .note = form_.DraftNote()};
   if (!draft.title.empty()) return draft;
   const std::vector<DraftValue> key = StoredKey(draft);
   if (!IsRecord(key)) draft.title = "una ficha nueva";
@@ -106,10 +109,14 @@ void FormDrafts::Follow(DraftKeeper& keeper) {
 }
 
 void FormDrafts::Offer(bool left) {
-  const std::vector<KeptDraft> drafts = Left();
   const bool begun = std::exchange(begun_, false);
-  const auto of_record = std::ranges::find_if(
-      drafts, [&](const KeptDraft& kept) { return IsRecord(sheet_.Key()) && kept.draft.key == sheet_.Key(); });
+  const auto is_of_record = [&](const KeptDraft& kept) {
+    return IsRecord(sheet_.Key()) && kept.draft.key == sheet_.Key();
+  };
+  const std::vector<KeptDraft> drafts = Keeper()->Left([&, here = Here()](const KeptDraft& kept) {
+    return (begun || kept.id == left_id_ || is_of_record(kept)) && here(kept.draft);
+  });
+  const auto of_record = std::ranges::find_if(drafts, is_of_record);
   const auto last = begun ? drafts.begin() : std::ranges::find(drafts, left_id_, &KeptDraft::id);
   const auto offered = of_record != drafts.end() ? of_record : last;
   offered_id_ = offered == drafts.end() ? std::string() : offered->id;
@@ -127,23 +134,67 @@ void FormDrafts::Say(const std::string& text) {
   form_.SetStatus(text);
 }
 
-void FormDrafts::Saved() {
+Draft FormDrafts::Rest(Draft draft, bool beside) const {
+  if (!beside) draft.key = StoredKey(draft);
+  std::erase_if(draft.values, [&](const DraftValue& value) {
+    const auto place = sheet_.Find(value.id);
+    return (place && place->opener) == beside;
+  });
+  if (!beside) draft.note.clear();
+  return draft;
+}
+
+void FormDrafts::Saved(bool beside) {
   if (DraftKeeper* keeper = Keeper()) {
-    if (!kept_id_.empty()) keeper->Drop(kept_id_);
+    if (!kept_id_.empty()) {
+      kept_ = Rest(std::move(kept_), beside);
+      if (kept_.values.empty()) {
+        keeper->Drop(std::exchange(kept_id_, {}));
+      } else {
+        kept_id_ = keeper->Keep(kept_id_, kept_);
+      }
+    }
     const std::vector<DraftValue> stored = sheet_.KeyNow();
-    for (const KeptDraft& kept : Left()) {
-      if (IsRecord(stored) && StoredKey(kept.draft) == stored) keeper->Drop(kept.id);
+    const auto of_record = [&, here = Here()](const KeptDraft& kept) {
+      return IsRecord(stored) && StoredKey(kept.draft) == stored && here(kept.draft);
+    };
+    for (const KeptDraft& kept : keeper->Left(of_record)) {
+      const Draft rest = Rest(kept.draft, beside);
+      if (rest.values.empty()) {
+        keeper->Drop(kept.id);
+      } else if (rest != kept.draft) {
+        keeper->Leave(keeper->Keep(kept.id, rest));
+      }
     }
   }
-  kept_id_.clear();
-  sheet_.SettleAll(false);
+  sheet_.SettlePart(beside, false);
 }
 
 // Back on the form.
 
 std::vector<KeptDraft> FormDrafts::Left() const {
   DraftKeeper* keeper = Keeper();
-  return keeper ? keeper->Left(form_.DraftScope(), form_.Name()) : std::vector<KeptDraft>();
+  if (!keeper) return {};
+  std::vector<KeptDraft> drafts = keeper->Left([](const KeptDraft&) { return true; });
+  std::ranges::stable_partition(drafts, [here = Here()](const KeptDraft& kept) { return here(kept.draft); });
+  return drafts;
+}
+
+std::function<bool(const Draft&)> FormDrafts::Here() const {
+  return [scope = form_.DraftScope(), screen = form_.Name()](const Draft& draft) {
+    return draft.scope == scope && draft.screen == screen;
+  };
+}
+
+std::string FormDrafts::WhyNotHere(const Draft& draft) const {
+  if (Here()(draft)) return {};
+  std::string why = "Se recupera en la pantalla " + (draft.screen_title.empty() ? draft.screen : draft.screen_title);
+  if (draft.scope != form_.DraftScope()) {
+    // The same words for another place: companies of two folders.
+    const bool named = !draft.place.empty() && draft.place != form_.DraftPlace();
+    why += " de " + (named ? draft.place : draft.scope);
+  }
+  return why.ends_with('.') ? why : why + ".";
 }
 
 void FormDrafts::RestoreOffered() {
@@ -156,9 +207,11 @@ void FormDrafts::Remove(const std::string& id) {
 
 void FormDrafts::Restore(const std::string& id) {
   DraftKeeper* keeper = Keeper();
-  const std::vector<KeptDraft> drafts = Left();
-  const auto kept = std::ranges::find(drafts, id, &KeptDraft::id);
-  if (!keeper || kept == drafts.end()) return;
+  if (!keeper) return;
+  const std::vector<KeptDraft> drafts = keeper->Left([&](const KeptDraft& kept) { return kept.id == id; });
+  if (drafts.empty()) return;
+  const KeptDraft* kept = &drafts.front();
+  if (const std::string why = WhyNotHere(kept->draft); !why.empty()) return form_.SetStatus(why);
   offered_id_.clear();
   // What is unsaved stays as a draft of its own, whether its record goes or not.
   const Draft before = kept_id_.empty() ? Draft() : kept_;
@@ -171,7 +224,9 @@ void FormDrafts::Restore(const std::string& id) {
     return Say("No se pudo volver a " + kept->draft.title +
                ": lo escrito sigue en la lista de borradores (Ctrl+Mayús+Z).");
   }
-  if (!PutBack(kept->draft)) {
+  const bool whole = PutBack(kept->draft);
+  form_.RestoreNote(kept->draft.note);
+  if (!whole) {
     return Say("No todo lo escrito cabe ya en " + kept->draft.title +
                ": el borrador sigue en la lista (Ctrl+Mayús+Z).");
   }
@@ -182,6 +237,15 @@ void FormDrafts::Restore(const std::string& id) {
   kept_ = kept->draft;
   kept_id_ = keeper->Keep(kept->id, kept_);
   Say("Recuperado lo que escribió" + When(*kept) + ": está sin grabar.");
+}
+
+// The rules of the control that is left may send the focus elsewhere once.
+bool FormDrafts::GoTo(Control& control) {
+  const Control* before = form_.Focus();
+  if (!control.CanFocus()) return false;
+  form_.SetFocus(control);
+  if (!control.HasFocus() && form_.Focus() != before && control.CanFocus()) form_.SetFocus(control);
+  return control.HasFocus();
 }
 
 // As a user would: each part of the key that differs is typed over and left for the next field. What the screen shows
@@ -198,9 +262,7 @@ bool FormDrafts::CallUp(const Draft& draft) {
     if (!place) return false;
     Control& control = *place->control;
     if (control.ShownText() != part.text) {
-      if (!control.CanFocus()) return false;
-      form_.SetFocus(control);
-      if (!control.HasFocus()) return false;
+      if (!GoTo(control)) return false;
       control.PutBack(place->value, part.text);
       form_.FocusNextField();
     }
@@ -209,17 +271,34 @@ bool FormDrafts::CallUp(const Draft& draft) {
   return form_.Loaded() && sheet_.KeyNow() == draft.key;
 }
 
-// The focus comes first, so that the rules of leaving and entering see what is stored.
+// What is beside the record is brought up as a user would.
+bool FormDrafts::BringUp(const Unsaved::Place& place) {
+  Control& opener = *place.opener;
+  if (!place.control->Usable() && GoTo(opener)) opener.Click();
+  return place.control->Usable();
+}
+
+// Frames and the focus come first, so that the rules of leaving and entering see what is stored. Where a value of the
+// key was put by code, its field would take it for the user's.
 bool FormDrafts::PutBack(const Draft& draft) {
+  const auto place_of = [this](const DraftValue& value) { return sheet_.Find(value.id); };
+  bool up = true;
+  for (const DraftValue& value : draft.values) {
+    if (const auto place = place_of(value); place && place->opener) up = BringUp(*place) && up;
+  }
   Control* focus = form_.Find(draft.focus);
-  if (focus && focus->CanFocus()) form_.SetFocus(*focus);
+  const bool is_put_key = std::ranges::any_of(draft.values, [&](const DraftValue& value) {
+    const auto place = place_of(value);
+    return place && place->key && place->control == focus;
+  });
+  if (focus && !is_put_key) GoTo(*focus);
   sheet_.Rest();
   for (const DraftValue& value : draft.values) {
-    const auto place = sheet_.Find(value.id);
-    if (!place) continue;
+    const auto place = place_of(value);
+    if (!place || (place->opener && !place->control->Usable())) continue;
     form_.Run([&] { place->control->PutBack(place->value, value.text); });
   }
-  return Stands(draft);
+  return up && Stands(draft);
 }
 
 bool FormDrafts::Stands(const Draft& draft) const {

@@ -2,6 +2,7 @@
 // comes back as a user would type it.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,27 +22,35 @@ class FormDrafts {
   void Begin();
   // An event is over: the draft follows what stands there, and stays when the record went away from under it.
   void EventEnded();
-  // The record that stands there was stored: its drafts go.
-  void Saved();
+  // The record that stands there was stored, or what stands beside it: that part of its drafts goes.
+  void Saved(bool beside);
   // The form is gone.
   void End();
 
   std::vector<KeptDraft> Left() const;
+  std::string WhyNotHere(const Draft& draft) const;
   // The one that the last record that came or went has brought up. Nothing happens when there is none, or when
   // something is unsaved.
   void RestoreOffered();
   // The record of the draft is called up, unless it stands there, by typing what identifies it; then its values are put
-  // over those that stand there. Says in the status what became of it. A draft whose record does not come stays.
+  // over those that stand there. Says in the status what became of it. A draft whose record does not come stays, and
+  // so does one of another screen or scope.
   void Restore(const std::string& id);
   void Remove(const std::string& id);
 
  private:
   DraftKeeper* Keeper() const;
+  // Whether a draft is of this screen and scope.
+  std::function<bool(const Draft&)> Here() const;
   Draft Now() const;
+  // Without the values that are stored now.
+  Draft Rest(Draft draft, bool beside) const;
   void Follow(DraftKeeper& keeper);
   void Offer(bool left);
   void Say(const std::string& text);
+  bool GoTo(Control& control);
   bool CallUp(const Draft& draft);
+  bool BringUp(const Unsaved::Place& place);
   bool PutBack(const Draft& draft);
   bool Stands(const Draft& draft) const;
 

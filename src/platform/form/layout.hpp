@@ -73,8 +73,8 @@ inline Layout Table(std::vector<std::string> headings, std::vector<Layout> rows)
 inline Layout Scrolled(Layout child) { return {LayoutKind::kScrolled, nullptr, {std::move(child)}, {}}; }
 inline Layout Heading() { return {LayoutKind::kHeading, nullptr, {}, {}}; }
 inline Layout Strip(Control& control, int height) { return {LayoutKind::kStrip, &control, {}, {}, height}; }
-// The picture has that size in twips, before scaling, down to three quarters of the width and nine tenths of the height
-// where the window is small, and more height where there is some. Gone while it is hidden.
+// The picture has that size in twips, before scaling, down to three quarters of both where the window is small, and
+// more height where there is some. Gone while it is hidden.
 inline Layout Beside(Layout part, Picture& picture, int width, int height) {
   Layout both{LayoutKind::kBeside, nullptr, {std::move(part), Place(picture)}, {}, height};
   both.width = width;

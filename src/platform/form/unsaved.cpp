@@ -4,9 +4,10 @@
 
 namespace zendara {
 
-void Unsaved::Add(Control& control, bool key) {
+void Unsaved::Add(Control& control, bool key, Control* opener) {
   if (!places_.try_emplace(&control, entries_.size()).second) return;
-  entries_.push_back({.control = &control, .id = control.Id(), .key = key, .baseline = {}, .entered = {}});
+  entries_.push_back(
+      {.control = &control, .id = control.Id(), .key = key, .opener = opener, .baseline = {}, .entered = {}});
 }
 
 const Unsaved::Entry* Unsaved::EntryOf(const Control& control) const {
@@ -24,8 +25,19 @@ void Unsaved::Settle(const Control& control, bool shown) {
   entry.shown = entry.shown || shown;
 }
 
-void Unsaved::SettleAll(bool shown) {
-  for (const Entry& entry : entries_) Settle(*entry.control, shown);
+void Unsaved::SettlePart(bool beside, bool shown) {
+  for (const Entry& entry : entries_) {
+    if ((entry.opener != nullptr) == beside) Settle(*entry.control, shown);
+  }
+}
+
+void Unsaved::SettleIn(const Control& frame) {
+  for (const Entry& entry : entries_) {
+    if (!entry.opener) continue;
+    const Control* outer = entry.control;
+    while (outer && outer != &frame) outer = outer->Container();
+    if (outer) Settle(*entry.control, true);
+  }
 }
 
 bool Unsaved::KeyIs(bool Entry::*state) const {
@@ -42,7 +54,7 @@ void Unsaved::Rest() {
   const bool all = KeyIs(&Entry::settled);
   bool key = false;
   for (Entry& entry : entries_) {
-    if (!entry.settled && !all) continue;
+    if (!entry.settled && (!all || entry.opener)) continue;
     key = key || entry.key;
     const Control& control = *entry.control;
     entry.baseline.resize(static_cast<std::size_t>(control.ValueCount()));
@@ -74,13 +86,16 @@ bool Unsaved::IsChanged(const Entry& entry, int value) const {
   return !(entry.entered && entry.control->HasFocus() && text == *entry.entered);
 }
 
-bool Unsaved::IsChanged(const Control& control) const {
-  const Entry* entry = EntryOf(control);
-  if (!entry || entry->settled) return false;
-  for (int i = 0; i < control.ValueCount(); ++i) {
-    if (IsChanged(*entry, i)) return true;
+bool Unsaved::IsChanged(const Entry& entry) const {
+  for (int i = 0; i < entry.control->ValueCount(); ++i) {
+    if (IsChanged(entry, i)) return true;
   }
   return false;
+}
+
+bool Unsaved::IsChanged(const Control& control) const {
+  const Entry* entry = EntryOf(control);
+  return entry && !entry->settled && IsChanged(*entry);
 }
 
 void Unsaved::Entered(const Control& control, bool was_changed) {
@@ -112,11 +127,13 @@ bool Unsaved::TypesOverKey() const {
 }
 
 std::vector<DraftValue> Unsaved::Changes() const {
+  const bool beside =
+      std::ranges::any_of(entries_, [this](const Entry& entry) { return entry.opener && IsChanged(entry); });
   std::vector<DraftValue> changes;
   for (const Entry& entry : entries_) {
     const Control& control = *entry.control;
     for (int i = 0; i < control.ValueCount(); ++i) {
-      if (IsChanged(entry, i)) changes.push_back({control.ValueId(i), control.ValueText(i)});
+      if (entry.opener ? beside : IsChanged(entry, i)) changes.push_back({control.ValueId(i), control.ValueText(i)});
     }
   }
   return changes;
@@ -126,7 +143,7 @@ std::optional<Unsaved::Place> Unsaved::Find(const std::string& id) const {
   for (const Entry& entry : entries_) {
     if (!id.starts_with(entry.id)) continue;
     for (int i = 0; i < entry.control->ValueCount(); ++i) {
-      if (entry.control->ValueId(i) == id) return Place{entry.control, i};
+      if (entry.control->ValueId(i) == id) return Place{entry.control, i, entry.key, entry.opener};
     }
   }
   return std::nullopt;

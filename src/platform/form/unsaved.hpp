@@ -17,14 +17,19 @@ namespace zendara {
 //
 // The controls that say which record it is are no change while the user types over them, since that asks for another
 // record; what code puts there is one.
+//
+// Controls beside the record are worked on in a frame of their own, which `opener` brings up, and stored by themselves.
 class Unsaved {
  public:
-  void Add(Control& control, bool key);
+  void Add(Control& control, bool key, Control* opener = nullptr);
   bool Has(const Control& control) const { return places_.contains(&control); }
 
   // `shown`: what stood there is gone, it was not stored.
   void Settle(const Control& control, bool shown);
-  void SettleAll(bool shown);
+  // All of the record, or all beside it.
+  void SettlePart(bool beside, bool shown);
+  // That control was shown or hidden: what stands in it beside the record came up or is gone.
+  void SettleIn(const Control& frame);
   // Whether somebody has settled since the last call of Rest.
   bool Settled() const { return settled_; }
   // Whether what stood under this name has been put over or emptied since then.
@@ -43,11 +48,14 @@ class Unsaved {
   std::vector<DraftValue> KeyNow() const;
   // The user is typing over it.
   bool TypesOverKey() const;
+  // What stands beside the record comes whole or not at all: its figures belong together.
   std::vector<DraftValue> Changes() const;
 
   struct Place {
     Control* control = nullptr;
     int value = 0;
+    bool key = false;
+    Control* opener = nullptr;  // nullptr: the control is one of the record's own
   };
   // Nothing for a name that no control of the record has.
   std::optional<Place> Find(const std::string& id) const;
@@ -57,6 +65,7 @@ class Unsaved {
     Control* control;
     std::string id;
     bool key;
+    Control* opener;
     std::vector<std::string> baseline;
     bool in_edit = false;                // the baseline was taken in the form of a control with the focus
     std::optional<std::string> entered;  // the same value in that form
@@ -66,6 +75,7 @@ class Unsaved {
 
   const Entry* EntryOf(const Control& control) const;
   bool IsChanged(const Entry& entry, int value) const;
+  bool IsChanged(const Entry& entry) const;
   bool IsKeyAsShown(const Entry& entry) const;
   bool IsTypedOver(const Entry& entry) const;
   // Of all controls that say which record it is.

@@ -149,7 +149,7 @@ void IncidentWatch::Run(const std::function<void()>& routine) {
 }
 
 void IncidentWatch::Pause(Form& form, double percent) {
-  if (!table_ || form.Name() != table_->screen || (in_routine_ && !saving_)) return;
+  if (!table_ || form.Name() != table_->screen || (in_routine_ && (!saving_ || trouble_))) return;
   if (!hands_.random.Chance(percent)) return;
   other_.InterfereWithIncidents();
   foreign_ = true;

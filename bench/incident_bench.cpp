@@ -4,7 +4,8 @@
 // incident_rows has filled.
 #include <algorithm>
 #include <memory>
-#include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "bench/offscreen.hpp"
@@ -87,15 +88,32 @@ void SaveDated(benchmark::State& state) {
 BENCHMARK(SaveDated<MIncidencias>)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(SaveDated<MIncidenciasESP>)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-// The row on the screen with other units, in its own place.
+// Types the key of a row of concepts, which calls it up.
+void CallUp(Form& form, Recordset& row) {
+  constexpr std::pair<CampoVariable, int> kKey[] = {{CampoVariable::kMes, 0},
+                                                    {CampoVariable::kTrabajador, 1},
+                                                    {CampoVariable::kSituacion, 3},
+                                                    {CampoVariable::kConcepto, 4}};
+  for (const auto& [field, column] : kKey) {
+    Put(form, field, row.Fields(column).Get().Text());
+    PressEnter(form);
+  }
+}
+
+std::shared_ptr<Recordset> VariableRows() {
+  return AbreAparte(Open().sesion, FileKind::kYear)->OpenRecordset("TIncidenciasVar", RecordsetType::kTable);
+}
+
+// A row that is there, with other units.
 void SaveVariable(benchmark::State& state) {
   OnScreen<MIncidenciasVAR>([&](Form& form, FormWindow& window) {
-    Enter(form, IndiceCampo(CampoVariable::kUnidades));
+    const std::shared_ptr<Recordset> rows = VariableRows();
     for (auto _ : state) {
-      form.Click(*form.Find("Siguiente"));
+      CallUp(form, *rows);
       Put(form, CampoVariable::kUnidades, std::to_string(state.iterations() % 7));
       state.SetIterationTime(SecondsOf(window, [&] { Save(form); }));
       if (!form.Status().starts_with("Grabado: ")) return state.SkipWithError("it was not saved");
+      rows->MoveNext();
     }
   });
 }
@@ -117,7 +135,12 @@ BENCHMARK(Step<MIncidenciasVAR>)->UseManualTime()->Unit(benchmark::kMillisecond)
 template <typename Screen>
 void OpenList(benchmark::State& state) {
   OnScreen<Screen>([&](Form& form, FormWindow& window) {
-    form.Click(*form.Find("Siguiente"));
+    if constexpr (std::is_same_v<Screen, MIncidenciasVAR>) {
+      CallUp(form, *VariableRows());
+    } else {
+      Put(form, CampoFechas::kTrabajador, Code(kWorkersApart));
+      PressEnter(form);
+    }
     BenchHost::Paint(window);
     Control& image = *form.Find("Image1(" + std::to_string(state.range(0)) + ")");
     for (auto _ : state) {

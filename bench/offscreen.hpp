@@ -16,9 +16,11 @@
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/input_events.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/pick_window.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "common/campos.hpp"
 #include "frame/parametros.hpp"
+#include "frame/registro_pantallas.hpp"
 #include "frame/sesion_anfitrion.hpp"
 #include "zendara/engines.hpp"
 
@@ -111,15 +113,15 @@ inline double SecondsOf(FormWindow& window, const std::function<void()>& action)
   return std::chrono::duration<double>(Clock::now() - begin).count();
 }
 
-// From the call of a list to its rows on the screen; none: it did not open. The list is closed again.
+// From the call of a list to its rows on the screen; none: it did not open, or has no rows. The list is closed again.
 inline double SecondsToRows(const std::function<void()>& open) {
   const auto begin = Clock::now();
   Clock::time_point painted = begin;
   QTimer::singleShot(0, [&] {
-    QWidget* list = QApplication::activeModalWidget();
+    auto* list = dynamic_cast<PickWindow*>(QApplication::activeModalWidget());
     if (!list) return;
     list->repaint();
-    painted = Clock::now();
+    if (list->Rows().Shown() > 0) painted = Clock::now();
     PressKey(*list, {key::kEsc, 0, {}});
   });
   open();

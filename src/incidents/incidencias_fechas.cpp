@@ -511,7 +511,8 @@ void IncidenciasFechas::EligeFecha() {
                                 SqlText(Texto(kTrabajador)) + "'  and campo3 = #" + FormatDate(dia, "mm/dd/yy") + "# ");
           if (fila.RecordCount() == 0) return;
           MuestraFila(fila, diseno_fechas_.de_lista);
-          ficha_.Edita(kInicio);
+          // A field that refuses to be left has kept the focus.
+          if (Text1(IndiceCampo(kInicio)).HasFocus()) ficha_.Edita(kInicio);
         });
 }
 

@@ -7,6 +7,7 @@
 
 #include "runtime/characters.hpp"
 #include "runtime/date.hpp"
+#include "runtime/plain_text.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
@@ -15,10 +16,6 @@ namespace {
 constexpr int kCodeKind = 1;
 constexpr int kDateKind = 2;
 constexpr char kColumnEnd = RowList::kTextEnd;  // comes before every letter
-
-// The characters U+00E0 to U+00FF without their marks; a dot stands for those that stay.
-constexpr std::string_view kUnmarked = "aaaaaa.ceeeeiiii..ooooo..uuuuy.y";
-constexpr int kFirstMarked = 0xE0;
 
 // The bytes of a text as it is searched: small letters, no accents, ñ a letter of its own. Such texts stand in the
 // order of their bytes: what begins ñ, and every letter that is left with a mark, comes after n.
@@ -48,21 +45,6 @@ bool IsNumber(std::string_view text) { return !text.empty() && std::ranges::all_
 std::string_view WithoutZeros(std::string_view number) {
   number.remove_prefix(std::min(number.find_first_not_of('0'), number.size()));
   return number;
-}
-
-// Adds a text without accents; its plain capitals stay.
-void AddUnmarked(std::string_view text, std::string& unmarked) {
-  while (!text.empty()) {
-    const auto plain = std::ranges::find_if(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-    unmarked.append(text.begin(), plain);
-    text = std::string_view(plain, text.end());
-    if (text.empty()) break;
-    const std::string small = LCase(TakeCharacter(text));
-    const int marked = CodePoint(small) - kFirstMarked;
-    const bool known = marked >= 0 && marked < static_cast<int>(kUnmarked.size());
-    const char letter = known ? kUnmarked[static_cast<std::size_t>(marked)] : '.';
-    letter == '.' ? unmarked += small : unmarked += letter;
-  }
 }
 
 void AddSearched(std::string_view text, std::string& searched) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zendara/neighbours.hpp"
@@ -29,7 +30,8 @@ struct Listing {
   friend bool operator==(const Listing&, const Listing&) = default;
 };
 
-// Error 13 for an element of another kind or a number that is none, 9 when there are too few.
+// Error 13 for an element of another kind, a number that is none and a side that is not known, 9 when there are too few
+// elements or no column.
 Listing ReadDescription(const ListingDescription& elements);
 
 // What every page and file of it says besides: whose it is and of when.
@@ -52,5 +54,12 @@ class ListingRows {
 // come in. Errors of opening go to the caller, 3265 for a table with fewer columns.
 std::unique_ptr<ListingRows> StagedRows(Engine& engine, const std::string& file, const std::string& table,
                                         std::size_t columns, YearWindow years);
+
+// A cell as it is shown: on one line, control characters as blanks, none around it.
+std::string CellText(std::string_view cell);
+// The same, copied to `kept` only where that is needed.
+std::string_view CellView(std::string_view cell, std::string& kept);
+// "1.234 líneas".
+std::string LinesText(std::size_t rows);
 
 }  // namespace zendara::print

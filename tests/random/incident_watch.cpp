@@ -103,8 +103,9 @@ bool IncidentWatch::Collides(const Row& row) const {
 // Routines.
 
 void IncidentWatch::Attach(Form& form) {
-  table_ = IncidentTableOf(form.Name());
-  if (!table_) return;
+  const IncidentTable* table = IncidentTableOf(form.Name());
+  if (!table) return;  // a listing that one of them has opened: it goes on behind
+  table_ = table;
   foreign_ = false;
   changed_.reset();
   Wrap(form, "Grabar", &IncidentWatch::CheckSave);

@@ -1,105 +1,23 @@
 #include "incidents/incidencias_fechas.hpp"
 
-#include <cstdint>
-#include <iterator>
-#include <memory>
 #include <utility>
 #include <vector>
 
 #include "frame/bases_datos.hpp"
-#include "frame/catalogo.hpp"
-#include "incidents/lectura_incidencias.hpp"
 #include "platform/sql/literal.hpp"
-#include "runtime/date.hpp"
-#include "runtime/failure.hpp"
 #include "runtime/format.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
-#include "values/formato_fecha.hpp"
-#include "values/valor_numero.hpp"
 
 namespace zendara {
 namespace {
 
 using enum CampoFechas;
 
-constexpr int kImagenTipo = 0;  // of Combo1; the other images have the index of their field
 constexpr int kPitidos = 11;
 constexpr int kAnchoTipo = 22;  // of its words
-constexpr std::string_view kMascaraTrabajador = "00000;; ";
-constexpr std::size_t kCifrasTrabajador = 5;
-
-constexpr Campo kCampos[] = {
-    {kTrabajador, TipoCampo::kTexto, "Nº de Trabajador............:", 5, kClave | kNumerico},
-    {kNombre, TipoCampo::kTexto, "Nombre", 25, kVista},
-    {kTipo, TipoCampo::kLista, "Tipo Incidencia................:", 1, kSinRegla},
-    {kInicio, TipoCampo::kTexto, "Fecha de Inicio................:", 8, kFecha},
-    {kFin, TipoCampo::kTexto, "Fecha de Fin...................:", 8, kFecha},
-};
-constexpr IndiceCampo kCamposClave[] = {kTrabajador, kInicio};
-
-constexpr DisenoFechas kDisenos[] = {
-    {.comun = {.pantalla = "MIncidencias",
-               .leyenda = "Incidencias de I.T.",
-               .contexto_ayuda = 30001,
-               .pista_grabar = " Graba Incidencia ",
-               .pista_borrar = " Borra Incidencia ",
-               .ranura = kTincidenciasIT,
-               .fichero = FileKind::kCompany,
-               .indice = "ICampo0_3",
-               .clave = kCamposClave,
-               .campos = kCampos,
-               .trabajador = kTrabajador,
-               .nombre = kNombre,
-               .lista_sin_filas = false},
-     .tabla = TablaIncidencias::kIT,
-     .nombre_tabla = "TincidenciasIT",
-     .tipos = &kListaTiposIT,
-     .fechas = &kListaFechasIT,
-     .falta_inicio = "Es preciso la fecha de inicio",
-     .hay_abierta = "trabajador si existe alguna anterior sin su fecha  final",
-     .reabre_al_grabar = false,
-     .al_salir = TratoFechas::kTexto,
-     .de_lista = TratoFechas::kFormato},
-    {.comun = {.pantalla = "MIncidenciasESP",
-               .leyenda = "Incidencias de E.S.P.",
-               .contexto_ayuda = 300022,
-               .pista_grabar = " Graba Incidencia",
-               .pista_borrar = " Borra Incidencia ",
-               .ranura = kTincidenciasESP,
-               .fichero = FileKind::kCompany,
-               .indice = "ICampo0_3",
-               .clave = kCamposClave,
-               .campos = kCampos,
-               .trabajador = kTrabajador,
-               .nombre = kNombre,
-               .lista_sin_filas = true},
-     .tabla = TablaIncidencias::kESP,
-     .nombre_tabla = "TincidenciasESP",
-     .tipos = &kListaTiposESP,
-     .fechas = &kListaFechasESP,
-     .falta_inicio = "Es preciso introducir la fecha de inicio",
-     .hay_abierta = "trabajador si existe alguna incidencia de I.T. o E.S.P. anterior sin su fecha  final",
-     .reabre_al_grabar = true,
-     .al_salir = TratoFechas::kFormato,
-     .de_lista = TratoFechas::kAmbos},
-};
-
-// Of the row that a query gives, and of the two tables.
-enum Columna { kColumnaTrabajador, kColumnaNombre, kColumnaTipo, kColumnaInicio, kColumnaFin };
-
-// The listing of GeneraPendientes. The first column of a row is the name.
-constexpr int kCopiadas[] = {kColumnaNombre, kColumnaTrabajador, kColumnaTipo, kColumnaInicio};
-
-// Whichever of its two forms stands in the field.
-std::string EnReposo(const std::string& fecha) {
-  if (Len(fecha) != 6 || fecha.find('/') != std::string::npos) return fecha;
-  return Mid(fecha, 1, 2) + "/" + Mid(fecha, 3, 2) + "/" + Mid(fecha, 5, 2);
-}
 
 }  // namespace
-
-const DisenoFechas& DisenoDe(TablaIncidencias tabla) { return kDisenos[tabla == TablaIncidencias::kIT ? 0 : 1]; }
 
 IncidenciasFechas::IncidenciasFechas(Sesion& sesion, RegistroPantallas& pantallas, TablaIncidencias tabla)
     : PantallaIncidencias(sesion, pantallas, DisenoDe(tabla).comun), diseno_fechas_(DisenoDe(tabla)) {
@@ -121,7 +39,7 @@ IncidenciasFechas::IncidenciasFechas(Sesion& sesion, RegistroPantallas& pantalla
 }
 
 void IncidenciasFechas::CreaCampos() {
-  for (const Campo& campo : kCampos) {
+  for (const Campo& campo : CamposFechas()) {
     if (campo.tipo == TipoCampo::kLista) {
       std::vector<std::string> codigos;
       for (const TipoIncidencia& tipo : kTiposIncidencia) {
@@ -224,7 +142,7 @@ void IncidenciasFechas::PonFecha(CampoFechas campo, const Value& valor) {
 void IncidenciasFechas::MuestraRegistro() {
   Guarda([this] {
     Recordset& fila = Tabla();
-    const auto muestra = [&](Columna columna, const auto& pon) {
+    const auto muestra = [&](ColumnaFechas columna, const auto& pon) {
       const Value valor = fila.Fields(columna).Get();
       valor.IsNull() ? Pon(kFin, "") : pon(valor);
     };
@@ -263,91 +181,6 @@ void IncidenciasFechas::Poneregistro() {
   calendario_.PonTrabajador(Texto(kTrabajador));
 }
 
-// A field that its column does not take leaves it empty, which for a start is the store's own error; the row is not
-// kept in any case.
-void IncidenciasFechas::AsignaCampos() {
-  Recordset& fila = Tabla();
-  try {
-    for (const CampoFechas campo : {kTrabajador, kNombre, kTipo, kInicio, kFin}) {
-      const std::string texto = Texto(campo);
-      const Value valor = Queda(campo, texto.empty() && campo != kTipo ? Value() : Value(texto));
-      if (!valor.IsNull()) fila.Fields(IndiceCampo(campo) - 1).Set(valor);
-    }
-  } catch (...) {
-    fila.Update();
-    throw;
-  }
-}
-
-bool IncidenciasFechas::GrabarRegistro() {
-  grabado_.clear();
-  const std::string resumen = Resumen();
-  try {
-    PantallaIncidencias::GrabarRegistro();
-    grabado_ = resumen;
-  } catch (...) {
-    const RuntimeError error = CurrentError();
-    LogDetail(error);
-    if (error.number() == kNullInKey) Mensaje("Debe Introducir la Fecha de Inicio");
-    Mensaje("No se ha grabado la incidencia de " + resumen + ".\n" + error.what());
-    Text1(IndiceCampo(kInicio)).SetFocus();
-  }
-  return true;
-}
-
-// Buttons.
-
-bool IncidenciasFechas::CompruebaDatos() {
-  if (diseno_fechas_.reabre_al_grabar) AbreFichero(sesion_, FileKind::kCompany);
-  const std::string numero = Texto(kTrabajador);
-  if (Val(numero) == 0 || Len(numero) != kCifrasTrabajador) {
-    return Falta("Es preciso introducir el Nº del Trabajador", Text1(IndiceCampo(kTrabajador)));
-  }
-  if (!Texto(kInicio).empty()) return false;
-  return Falta(std::string(diseno_fechas_.falta_inicio), Text1(IndiceCampo(kInicio)));
-}
-
-void IncidenciasFechas::GrabaComprobado() {
-  if (!CompruebaSolape() || !GrabarRegistro()) return;
-  CancelaFicha();
-  if (!grabado_.empty()) DiGrabado(grabado_);
-}
-
-bool IncidenciasFechas::CompruebaSolape() {
-  const auto fecha = [this](CampoFechas campo) {
-    return CStr(FormatDate(Value(Texto(campo)), "mm/dd/yy", sesion_.VentanaFechas));
-  };
-  const ConsultasSolape consultas =
-      ConsultasDeSolape(diseno_fechas_.tabla, Texto(kTrabajador), fecha(kInicio), fecha(kFin));
-  const auto hay = [this](const std::string& consulta) { return Lee(consulta).RecordCount() > 0; };
-  if (hay(consultas.abierta)) {
-    const YearWindow ventana = sesion_.VentanaFechas;
-    if (CDate(sesion_.RsTrabajo->Fields(0).Get(), ventana) == CDate(Texto(kInicio), ventana)) return true;
-    Mensaje("No se puede guardar una nueva incidencia para un  \n" + std::string(diseno_fechas_.hay_abierta));
-    return false;
-  }
-  const bool tiene_fin = !Texto(kFin).empty();
-  if (!hay(consultas.inicio) && !(tiene_fin && (hay(consultas.fin) || hay(consultas.encierra)))) return true;
-  Mensaje("Ya existe una incidencia para ese trabajador en es intervalo tiempo ", Text1(IndiceCampo(kInicio)));
-  SetStatus(Coincidencias());
-  return false;
-}
-
-std::string IncidenciasFechas::Coincidencias() const {
-  const YearWindow ventana = sesion_.VentanaFechas;
-  const auto inicio = ReadDateStrict(Texto(kInicio), ventana);
-  const auto fin = ReadDateStrict(Texto(kFin), ventana);
-  std::string con;
-  for (const IncidenciaVista& fila : LeeIncidencias(sesion_, Texto(kTrabajador))) {
-    if (!inicio || !fila.inicio || !fila.fin || fila.inicio > fin.value_or(*inicio) || fila.fin < inicio) continue;
-    const bool propia = fila.tabla == diseno_fechas_.tabla && fila.inicio == inicio;
-    con += (con.empty() ? "" : "; ") + std::string(TextoTipo(fila.tabla, fila.tipo)) + " del " +
-           ShortDate(*fila.inicio) + " al " + ShortDate(*fila.fin) +
-           (propia ? " (es esta misma, ya grabada: bórrela antes para cambiarla)" : "");
-  }
-  return con.empty() ? con : "Coincide con " + con;
-}
-
 void IncidenciasFechas::CancelaFicha() {
   SetPointer(MousePointer::kHourglass);
   LimpiaCampos(kTrabajador, kFin);
@@ -357,163 +190,5 @@ void IncidenciasFechas::CancelaFicha() {
 }
 
 bool IncidenciasFechas::EscSale() const { return Val(Texto(kTrabajador)) == 0 || Trim(Texto(kInicio)).empty(); }
-
-void IncidenciasFechas::GeneraPendientes(int ranura) {
-  AbreFichero(sesion_, FileKind::kCompany);
-  const auto listado = sesion_.BDEmpresa->OpenRecordset("ListadosNOM", RecordsetType::kTable);
-  listado->SetIndex("ICampo0_1");
-  if (listado->RecordCount() > 0) sesion_.BDEmpresa->Execute("DELETE * FROM ListadosNom");
-  Recordset& origen = sesion_.Tabla(ranura);
-  if (origen.RecordCount() > 0) {
-    for (origen.MoveFirst(); !origen.Eof(); origen.MoveNext()) {
-      listado->AddNew();
-      for (std::size_t columna = 0; columna < std::size(kCopiadas); ++columna) {
-        listado->Fields(static_cast<int>(columna)).Set(origen.Fields(kCopiadas[columna]).Get());
-      }
-      listado->Update();
-      sesion_.platform.engine->Idle(1);
-    }
-    listado->MoveFirst();
-  }
-  listado->SetIndex("ICampo1");
-  constexpr std::int16_t kNumero = 1;
-  constexpr std::int16_t kDescripcion = 2;
-  ListingDescription descripcion = {
-      "4",   "Descripción", kDescripcion, "500", "Nº de Epígrafe",        kNumero, "1300", "I.L.T.", kNumero,
-      "900", "I.M.S.",      kNumero,      "900", "Listados de Epígrafes", true};
-  const std::unique_ptr<ListingViewer> visor = CreateListingViewer(sesion_.platform.components);
-  visor->FicheroDatos(sesion_.DirPrograma + "datos\\Nom" + sesion_.CodEmpresa.str() + ".mdb");
-  visor->TablaDatos("ListadosNOM");
-  visor->FormularioPadre(this);
-  visor->Visualiza(descripcion);
-}
-
-// Fields.
-
-void IncidenciasFechas::EntradaCampo(int indice) {
-  if (static_cast<CampoFechas>(indice) == kTrabajador) CodigoAlEntrar = Texto(kTrabajador);
-  ficha_.Edita(indice);
-}
-
-void IncidenciasFechas::SalidaCampo(int indice) {
-  Guarda([&] {
-    switch (static_cast<CampoFechas>(indice)) {
-      case kTrabajador:
-        return SalidaTrabajador();
-      case kInicio:
-        return SalidaInicio();
-      case kFin:
-        return SalidaFin();
-      case kNombre:
-      case kTipo:
-        break;
-    }
-  });
-}
-
-void IncidenciasFechas::SalidaTrabajador() {
-  TextBox& campo = Text1(IndiceCampo(kTrabajador));
-  Formatea(kTrabajador, kMascaraTrabajador);
-  const std::string numero = campo.Text();
-  if (Trim(CodigoAlEntrar) == Trim(numero)) return;
-  CodigoAlEntrar = numero;
-  if (sesion_.Tabla(kTrabajadoresFijo).RecordCount() == 0) return;
-  if (PonNombre()) return Poneregistro();
-  if (!Trim(numero).empty()) Mensaje("No existe trabajador con ese código", campo);
-  LimpiaCampos(kTrabajador, kFin);
-  calendario_.PonTrabajador("");
-  campo.SetFocus();
-  CodigoAlEntrar.clear();
-}
-
-// Calls up the row of that type and start. The date is read with the month first if it can be, so what comes may be
-// another day's row, or none.
-void IncidenciasFechas::SalidaInicio() {
-  TextBox& campo = Text1(IndiceCampo(kInicio));
-  campo.SetText(FormatoFecha(campo, Boxes(), sesion_.VentanaFechas));
-  const std::string inicio = campo.Text();
-  if (Trim(inicio).empty()) return;
-  Recordset& filas = Lee("select * from " + std::string(diseno_fechas_.nombre_tabla) + " where campo0 = '" +
-                         SqlText(Texto(kTrabajador)) + "' and campo2 = '" + SqlText(Texto(kTipo)) + "' and campo3 = #" +
-                         inicio + "# ");
-  if (filas.RecordCount() == 0) return AvisaSiExiste();
-  MuestraFila(filas, diseno_fechas_.al_salir);
-}
-
-void IncidenciasFechas::MuestraFila(Recordset& fila, TratoFechas trato) {
-  const Value inicio = fila.Fields(kColumnaInicio).Get();
-  const Value fin = fila.Fields(kColumnaFin).Get();
-  Combo1.SetText(CStr(fila.Fields(kColumnaTipo).Get()));
-  switch (trato) {
-    case TratoFechas::kTexto:
-      Pon(kFin, TextoNoNulo(fin));
-      Pon(kInicio, TextoNoNulo(inicio));
-      break;
-    case TratoFechas::kFormato:
-      PonFecha(kFin, fin);
-      PonFecha(kInicio, inicio);
-      break;
-    case TratoFechas::kAmbos:
-      PonFecha(kFin, TextoNoNulo(fin));
-      PonFecha(kInicio, inicio);
-      break;
-  }
-  Anota(fila, kTipo, kFin);
-}
-
-// Saving replaces the row of that worker and day, whatever its type.
-void IncidenciasFechas::AvisaSiExiste() {
-  const auto dia = ReadDateStrict(Texto(kInicio), sesion_.VentanaFechas);
-  if (!dia || !ficha_.Cambiado(kInicio)) return;
-  const auto filas = AbreAparte(sesion_, FileKind::kCompany)
-                         ->OpenRecordset("SELECT Campo2, Campo4 FROM " + std::string(diseno_fechas_.nombre_tabla) +
-                                         " WHERE Campo0 = '" + SqlText(Texto(kTrabajador)) + "' AND Campo3 = #" +
-                                         FormatDate(*dia, "mm/dd/yyyy") + "#");
-  if (filas->Eof()) return;
-  const std::string_view tipo = TextoTipo(diseno_fechas_.tabla, TextoNoNulo(filas->Fields(0).Get()));
-  const std::string fin = TextoNoNulo(filas->Fields(1).Get());
-  SetStatus("Ya tiene una incidencia desde el " + Texto(kInicio) + " (" +
-            (tipo.empty() ? "sin tipo" : std::string(tipo)) + ", " + (fin.empty() ? "abierta" : "hasta el " + fin) +
-            "): Grabar la sustituye. F2 la muestra.");
-}
-
-void IncidenciasFechas::SalidaFin() {
-  TextBox& campo = Text1(IndiceCampo(kFin));
-  const YearWindow ventana = sesion_.VentanaFechas;
-  campo.SetText(FormatoFecha(campo, Boxes(), ventana));
-  if (campo.Text().empty() || Texto(kInicio).empty()) return;
-  if (CDate(campo.Text(), ventana) >= CDate(Texto(kInicio), ventana)) return;
-  Mensaje("Debe Introducir la Fecha Fin mayor que la Fecha Inicio");
-  campo.SetText("");
-  campo.SetFocus();
-}
-
-// Lists.
-
-void IncidenciasFechas::AbreLista(int indice) {
-  if (indice == kImagenTipo) return EligeTipo();
-  static_cast<CampoFechas>(indice) == kTrabajador ? EligeTrabajadorDeLista() : EligeFecha();
-}
-
-void IncidenciasFechas::EligeTipo() {
-  Elige(Combo1, *diseno_fechas_.tipos, {}, {Combo1.Text(), ""}, [this](const std::vector<std::string>& cortes) {
-    Combo1.SetText(cortes[0]);
-    Text2.SetText(cortes[1]);
-  });
-}
-
-void IncidenciasFechas::EligeFecha() {
-  const std::vector<std::string> actuales = {EnReposo(Texto(kInicio))};
-  Elige(Text1(IndiceCampo(kInicio)), *diseno_fechas_.fechas, {Texto(kTrabajador)}, actuales,
-        [this](const std::vector<std::string>& cortes) {
-          const Date dia = CDate(cortes[0], sesion_.VentanaFechas);
-          Recordset& fila = Lee("select * from " + std::string(diseno_fechas_.nombre_tabla) + " where campo0 = '" +
-                                SqlText(Texto(kTrabajador)) + "'  and campo3 = #" + FormatDate(dia, "mm/dd/yy") + "# ");
-          if (fila.RecordCount() == 0) return;
-          MuestraFila(fila, diseno_fechas_.de_lista);
-          // A field that refuses to be left has kept the focus.
-          if (Text1(IndiceCampo(kInicio)).HasFocus()) ficha_.Edita(kInicio);
-        });
-}
 
 }  // namespace zendara

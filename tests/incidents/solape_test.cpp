@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "incidents/incidencias_fixture.hpp"
+#include "incidents/solape.hpp"
 
 namespace zendara {
 namespace {

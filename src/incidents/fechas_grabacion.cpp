@@ -1,0 +1,141 @@
+// Saving an incident with dates, the rule before it, and the listing that hosts may ask for.
+#include <cstdint>
+#include <iterator>
+#include <memory>
+
+#include "frame/bases_datos.hpp"
+#include "incidents/incidencias_fechas.hpp"
+#include "incidents/lectura_incidencias.hpp"
+#include "incidents/solape.hpp"
+#include "runtime/date.hpp"
+#include "runtime/failure.hpp"
+#include "runtime/format.hpp"
+#include "runtime/number.hpp"
+#include "runtime/text.hpp"
+
+namespace zendara {
+namespace {
+
+using enum CampoFechas;
+
+constexpr std::size_t kCifrasTrabajador = 5;
+
+// The listing of GeneraPendientes. The first column of a row is the name.
+constexpr int kCopiadas[] = {kColumnaNombre, kColumnaTrabajador, kColumnaTipo, kColumnaInicio};
+
+}  // namespace
+
+bool IncidenciasFechas::CompruebaDatos() {
+  if (diseno_fechas_.reabre_al_grabar) AbreFichero(sesion_, FileKind::kCompany);
+  const std::string numero = Texto(kTrabajador);
+  if (Val(numero) == 0 || Len(numero) != kCifrasTrabajador) {
+    return Falta("Es preciso introducir el Nº del Trabajador", Text1(IndiceCampo(kTrabajador)));
+  }
+  if (!Texto(kInicio).empty()) return false;
+  return Falta(std::string(diseno_fechas_.falta_inicio), Text1(IndiceCampo(kInicio)));
+}
+
+void IncidenciasFechas::GrabaComprobado() {
+  if (!CompruebaSolape() || !GrabarRegistro()) return;
+  CancelaFicha();
+  if (!grabado_.empty()) DiGrabado(grabado_);
+}
+
+bool IncidenciasFechas::CompruebaSolape() {
+  const auto fecha = [this](CampoFechas campo) {
+    return CStr(FormatDate(Value(Texto(campo)), "mm/dd/yy", sesion_.VentanaFechas));
+  };
+  const ConsultasSolape consultas =
+      ConsultasDeSolape(diseno_fechas_.tabla, Texto(kTrabajador), fecha(kInicio), fecha(kFin));
+  const auto hay = [this](const std::string& consulta) { return Lee(consulta).RecordCount() > 0; };
+  if (hay(consultas.abierta)) {
+    const YearWindow ventana = sesion_.VentanaFechas;
+    if (CDate(sesion_.RsTrabajo->Fields(0).Get(), ventana) == CDate(Texto(kInicio), ventana)) return true;
+    Mensaje("No se puede guardar una nueva incidencia para un  \n" + std::string(diseno_fechas_.hay_abierta));
+    return false;
+  }
+  const bool tiene_fin = !Texto(kFin).empty();
+  if (!hay(consultas.inicio) && !(tiene_fin && (hay(consultas.fin) || hay(consultas.encierra)))) return true;
+  Mensaje("Ya existe una incidencia para ese trabajador en es intervalo tiempo ", Text1(IndiceCampo(kInicio)));
+  SetStatus(Coincidencias());
+  return false;
+}
+
+std::string IncidenciasFechas::Coincidencias() const {
+  const YearWindow ventana = sesion_.VentanaFechas;
+  const auto inicio = ReadDateStrict(Texto(kInicio), ventana);
+  const auto fin = ReadDateStrict(Texto(kFin), ventana);
+  std::string con;
+  for (const IncidenciaVista& fila : LeeIncidencias(sesion_, Texto(kTrabajador))) {
+    if (!inicio || !fila.inicio || !fila.fin || fila.inicio > fin.value_or(*inicio) || fila.fin < inicio) continue;
+    const bool propia = fila.tabla == diseno_fechas_.tabla && fila.inicio == inicio;
+    con += (con.empty() ? "" : "; ") + std::string(TextoTipo(fila.tabla, fila.tipo)) + " del " +
+           ShortDate(*fila.inicio) + " al " + ShortDate(*fila.fin) +
+           (propia ? " (es esta misma, ya grabada: bórrela antes para cambiarla)" : "");
+  }
+  return con.empty() ? con : "Coincide con " + con;
+}
+
+// A field that its column does not take leaves it empty, which for a start is the store's own error; the row is not
+// kept in any case.
+void IncidenciasFechas::AsignaCampos() {
+  Recordset& fila = Tabla();
+  try {
+    for (const CampoFechas campo : {kTrabajador, kNombre, kTipo, kInicio, kFin}) {
+      const std::string texto = Texto(campo);
+      const Value valor = Queda(campo, texto.empty() && campo != kTipo ? Value() : Value(texto));
+      if (!valor.IsNull()) fila.Fields(IndiceCampo(campo) - 1).Set(valor);
+    }
+  } catch (...) {
+    fila.Update();
+    throw;
+  }
+}
+
+bool IncidenciasFechas::GrabarRegistro() {
+  grabado_.clear();
+  const std::string resumen = Resumen();
+  try {
+    PantallaIncidencias::GrabarRegistro();
+    grabado_ = resumen;
+  } catch (...) {
+    const RuntimeError error = CurrentError();
+    LogDetail(error);
+    if (error.number() == kNullInKey) Mensaje("Debe Introducir la Fecha de Inicio");
+    Mensaje("No se ha grabado la incidencia de " + resumen + ".\n" + error.what());
+    Text1(IndiceCampo(kInicio)).SetFocus();
+  }
+  return true;
+}
+
+void IncidenciasFechas::GeneraPendientes(int ranura) {
+  AbreFichero(sesion_, FileKind::kCompany);
+  const auto listado = sesion_.BDEmpresa->OpenRecordset("ListadosNOM", RecordsetType::kTable);
+  listado->SetIndex("ICampo0_1");
+  if (listado->RecordCount() > 0) sesion_.BDEmpresa->Execute("DELETE * FROM ListadosNom");
+  Recordset& origen = sesion_.Tabla(ranura);
+  if (origen.RecordCount() > 0) {
+    for (origen.MoveFirst(); !origen.Eof(); origen.MoveNext()) {
+      listado->AddNew();
+      for (std::size_t columna = 0; columna < std::size(kCopiadas); ++columna) {
+        listado->Fields(static_cast<int>(columna)).Set(origen.Fields(kCopiadas[columna]).Get());
+      }
+      listado->Update();
+      sesion_.platform.engine->Idle(1);
+    }
+    listado->MoveFirst();
+  }
+  listado->SetIndex("ICampo1");
+  constexpr std::int16_t kNumero = 1;
+  constexpr std::int16_t kDescripcion = 2;
+  ListingDescription descripcion = {
+      "4",   "Descripción", kDescripcion, "500", "Nº de Epígrafe",        kNumero, "1300", "I.L.T.", kNumero,
+      "900", "I.M.S.",      kNumero,      "900", "Listados de Epígrafes", true};
+  const std::unique_ptr<ListingViewer> visor = CreateListingViewer(sesion_.platform.components);
+  visor->FicheroDatos(sesion_.DirPrograma + "datos\\Nom" + sesion_.CodEmpresa.str() + ".mdb");
+  visor->TablaDatos("ListadosNOM");
+  visor->FormularioPadre(this);
+  visor->Visualiza(descripcion);
+}
+
+}  // namespace zendara

@@ -115,6 +115,7 @@ IncidenciasFechas::IncidenciasFechas(Sesion& sesion, RegistroPantallas& pantalla
       Framed(Frame1, {Row({Place(Combo1, {&Image1(kImagenTipo)}), Unlabelled(Place(Text2)), Space()}),
                       lugar(kInicio, IndiceCampo(kInicio)), Row({Place(Text1(IndiceCampo(kFin))), Space()})}),
   }));
+  RecordComesWhole();
   Conecta();
   ConectaTipo();
 }

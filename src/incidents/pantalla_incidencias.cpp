@@ -229,7 +229,9 @@ void PantallaIncidencias::Recorre(bool (Navegacion::*paso)()) {
     SetStatus({});
     MuestraRegistro();
   }
-  Text1(CampoActivo).SetFocus();
+  // By a key the focus never left: the field is entered anew with what stands there now.
+  TextBox& campo = Text1(CampoActivo);
+  campo.HasFocus() ? EntradaCampo(CampoActivo) : campo.SetFocus();
   SetPointer(MousePointer::kDefault);
 }
 

@@ -22,7 +22,9 @@ constexpr int kWide = 360;          // beside the date and the number of the pag
 constexpr int kLongestWord = 2000;  // a longer one is broken rather than that the others lose their room
 constexpr int kLongestFigure = 3000;
 constexpr std::size_t kTitleLines = 6;
-constexpr std::size_t kFewWrapped = 10;  // one row in so many
+// How many rows may be wrapped without looking for more room: few, or one in so many.
+constexpr std::size_t kFew = 3;
+constexpr std::size_t kOneIn = 10;
 constexpr std::string_view kSign = "…";
 constexpr std::string_view kWidestNumber = "Página 99.999 de 99.999…";
 
@@ -129,7 +131,7 @@ ListingGrid ListingGrid::Settle(const Listing& listing, const ListingHead& head,
     ListingGrid grid = settled(paper, size);
     if (!grid.has_room_) continue;
     const auto [pages, wrapped] = grid.Try(sample);
-    if (wrapped * kFewWrapped <= sample.size()) return grid;
+    if (wrapped <= std::max(kFew, sample.size() / kOneIn)) return grid;
     if (best && pages >= fewest) continue;
     fewest = pages;
     best = std::move(grid);
@@ -168,22 +170,26 @@ int ListingGrid::StartOf(const Place& place, const std::string& text, const Font
 }
 
 void ListingGrid::SetHead(const Listing& listing, const ListingHead& head) {
+  const auto add = [](std::vector<Mark>& marks, int x, int baseline, const Font& font, std::string text, Tone tone) {
+    if (!text.empty()) marks.emplace_back(TextRun{x, baseline, font, std::move(text), tone});
+  };
   const int right = Left() + Width();
-  const auto small = measure_->Ascent(kListingSmall);
   int y = paper_.margin;
+  int baseline = y + measure_->Ascent(kListingSmall);
   const int date = right - measure_->Width(head.date, kListingSmall);
   const std::string company = Trim(CellText(head.company) + "  " + CellText(head.name));
-  above_number_.emplace_back(TextRun{Left(), y + small, kListingSmall,
-                                     CutTo(company, date - kWide - Left(), kListingSmall, *measure_), Tone::kNormal});
-  above_number_.emplace_back(TextRun{date, y + small, kListingSmall, head.date, Tone::kQuiet});
+  add(above_number_, Left(), baseline, kListingSmall, CutTo(company, date - kWide - Left(), kListingSmall, *measure_),
+      Tone::kNormal);
+  add(above_number_, date, baseline, kListingSmall, head.date, Tone::kQuiet);
+
   y += measure_->LineHeight(kListingSmall) + kBelowCompany;
   number_baseline_ = y + measure_->Ascent(kTitle);
   const int room = Width() - kWide - measure_->Width(kWidestNumber, kListingSmall);
-  above_number_.emplace_back(TextRun{Left(), number_baseline_, kTitle,
-                                     CutTo(CellText(listing.title), room, kTitle, *measure_), Tone::kNormal});
-  y += measure_->LineHeight(kTitle) + kBelowTitle;
+  add(above_number_, Left(), number_baseline_, kTitle, CutTo(CellText(listing.title), room, kTitle, *measure_),
+      Tone::kNormal);
 
   // Titles of fewer lines stand close to their columns.
+  y += measure_->LineHeight(kTitle) + kBelowTitle;
   const Font bold = Bold(font_);
   const int height = measure_->LineHeight(bold);
   std::vector<std::vector<std::string>> titles;
@@ -192,19 +198,16 @@ void ListingGrid::SetHead(const Listing& listing, const ListingHead& head) {
     titles.push_back(WrapTo(kTitleLines, CellText(listing.columns[i].title), places_[i].width, bold, *measure_));
     most = std::max(most, titles.back().size());
   }
+  y += height * static_cast<int>(most);
   for (std::size_t i = 0; i < places_.size(); ++i) {
-    int line_y = y + height * static_cast<int>(most - titles[i].size());
-    for (std::string& line : titles[i]) {
-      if (!line.empty()) {
-        const int x = StartOf(places_[i], line, bold);
-        below_number_.emplace_back(TextRun{x, line_y + measure_->Ascent(bold), bold, std::move(line), Tone::kNormal});
-      }
-      line_y += height;
+    baseline = y - height * static_cast<int>(titles[i].size()) + measure_->Ascent(bold);
+    for (const std::string& line : titles[i]) {
+      add(below_number_, StartOf(places_[i], line, bold), baseline, bold, line, Tone::kNormal);
+      baseline += height;
     }
   }
-  y += height * static_cast<int>(most) + kAboveRule;
-  below_number_.emplace_back(Rule{Left(), y, Width()});
-  top_ = y + kBelowRule;
+  below_number_.emplace_back(Rule{Left(), y + kAboveRule, Width()});
+  top_ = y + kAboveRule + kBelowRule;
 }
 
 int ListingGrid::Height() const {

@@ -30,9 +30,22 @@ std::size_t LeadingBlanks(const Cells& cells) {
   return first == cells.end() ? 0 : static_cast<std::size_t>(first - cells.begin());
 }
 
+// A new group stands off from the one before.
+int SpaceAbove(std::size_t leading_blanks, std::size_t of_row_above) {
+  return kBetweenRows + (leading_blanks < of_row_above ? kBetweenGroups : 0);
+}
+
 }  // namespace
 
 struct PagedListing::State {
+  State(Listing its_listing, ListingHead its_head, std::unique_ptr<ListingRows> its_source,
+        const TextMeasure& its_measure)
+      : listing(std::move(its_listing)),
+        head(std::move(its_head)),
+        source(std::move(its_source)),
+        measure(its_measure),
+        last_values(listing.columns.size(), kNoRow) {}
+
   Listing listing;
   ListingHead head;
   std::unique_ptr<ListingRows> source;
@@ -70,25 +83,21 @@ struct PagedListing::State {
   }
 
   void SettlePages() {
-    for (Shown row; settled < rows.size(); ++settled) {
-      rows.Read(settled, row.cells);
-      const std::size_t leading = LeadingBlanks(row.cells);
-      const int space = SpaceAbove(leading);
-      const int lines = grid->LineCount(row.cells) * grid->LineHeight();
-      height += space + lines;
+    for (Cells cells; settled < rows.size(); ++settled) {
+      rows.Read(settled, cells);
+      const std::size_t leading = LeadingBlanks(cells);
+      height += SpaceAbove(leading, last_leading) + grid->LineCount(cells) * grid->LineHeight();
       if (settled == 0 || height > grid->Height()) {
         first_rows.push_back(static_cast<std::uint32_t>(settled));
         groups.insert(groups.end(), last_values.begin(), last_values.end());
         height = grid->LineCount(ShownAt(first_rows.size() - 1, settled).cells) * grid->LineHeight();
       }
-      for (std::size_t i = 0; i < row.cells.size(); ++i) {
-        if (!IsBlank(row.cells[i])) last_values[i] = static_cast<std::uint32_t>(settled);
+      for (std::size_t i = 0; i < cells.size(); ++i) {
+        if (!IsBlank(cells[i])) last_values[i] = static_cast<std::uint32_t>(settled);
       }
       last_leading = leading;
     }
   }
-
-  int SpaceAbove(std::size_t leading) const { return kBetweenRows + (leading < last_leading ? kBetweenGroups : 0); }
 
   Shown ShownAt(std::size_t page, std::size_t row) const {
     Shown shown;
@@ -118,7 +127,7 @@ struct PagedListing::State {
       Cells staged;
       rows.Read(row, staged);
       const std::size_t leading = LeadingBlanks(staged);
-      if (row > first_rows[page]) y += kBetweenRows + (leading < before ? kBetweenGroups : 0);
+      if (row > first_rows[page]) y += SpaceAbove(leading, before);
       before = leading;
       const std::vector<CellLine> lines = grid->Lines(shown.cells);
       place(row, y, shown, lines);
@@ -134,10 +143,8 @@ struct PagedListing::State {
 
 PagedListing::PagedListing(Listing listing, ListingHead head, std::unique_ptr<ListingRows> rows,
                            const TextMeasure& measure)
-    : state_(new State{
-          std::move(listing), std::move(head), std::move(rows), measure, {}, {}, false, {}, {}, {}, 0, 0, 0}) {
+    : state_(std::make_unique<State>(std::move(listing), std::move(head), std::move(rows), measure)) {
   State& state = *state_;
-  state.last_values.assign(state.listing.columns.size(), kNoRow);
   state.Read(kSample);
   state.grid = ListingGrid::Settle(state.listing, state.head, state.rows, measure);
   state.SettlePages();

@@ -37,17 +37,19 @@ class PagedListing {
   std::size_t Rows() const;   // that are in
   std::size_t Pages() const;  // that are settled, one at least; all of them once it is complete
 
-  // From 0. "Página n de m" has m once it is complete, until then what there is so far with a sign of more to come.
-  // REQUIRES: n < Pages().
+  // From 0. "Página n de m" has m once it is complete, until then what there is so far with "…" for more to come.
+  // REQUIRES: n < Pages(), or that page which more rows may still come to.
   Page PageAt(std::size_t n) const;
+  // Pages() for a row of that page. REQUIRES: row < Rows().
   std::size_t PageOf(std::size_t row) const;
 
   // As it was staged.
   std::vector<std::string> Row(std::size_t row) const;
   // The next row, from `from` on and around, that holds the text in some column, whatever case and accents; among those
-  // that are in.
+  // that are in. The columns that a group leaves blank hold nothing. Nothing for the empty text.
   std::optional<std::size_t> Find(std::string_view text, std::size_t from, bool backwards) const;
-  // The same page with the places of the text marked, for a preview.
+  // Where the text stands on a page, for a preview: a place for each line that it takes, also where the group is said
+  // again. A text from right to left is marked as if it stood from left to right.
   struct Hit {
     int x = 0;
     int top = 0;

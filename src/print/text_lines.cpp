@@ -34,6 +34,9 @@ std::vector<Piece> PiecesOf(std::string_view paragraph) {
   return pieces;
 }
 
+// A mark on the letter before it.
+bool IsCombining(int code) { return code >= 0x300 && code <= 0x36F; }
+
 // Bytes of the longest beginning that fits, one character at least.
 std::size_t Fitting(std::string_view word, int width, const Font& font, const TextMeasure& measure) {
   std::size_t fitting = 1;  // characters
@@ -42,6 +45,11 @@ std::size_t Fitting(std::string_view word, int width, const Font& font, const Te
     const std::size_t middle = (fitting + too_many) / 2;
     (measure.Width(word.substr(0, BytesOf(word, middle)), font) <= width ? fitting : too_many) = middle;
   }
+  const auto parts_a_letter = [&](std::size_t characters) {
+    std::string_view rest = word.substr(BytesOf(word, characters));
+    return !rest.empty() && IsCombining(CodePoint(TakeCharacter(rest)));
+  };
+  while (fitting > 1 && parts_a_letter(fitting)) --fitting;
   return BytesOf(word, fitting);
 }
 

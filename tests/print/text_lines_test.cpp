@@ -25,6 +25,7 @@ TEST(Wrap, BreaksAtBlanksAndLosesNothing) {
       {"ñandúes", 3, {"ñan", "dúe", "s"}},
       {"a ñandúes b", 5, {"a", "ñandú", "es b"}},
       {"1 × 2 %", 3, {"1 ×", " 2 ", "%"}},
+      {"aa\u0301a", 2, {"a", "a\u0301", "a"}},
       {"x", 0, {"x"}},
   };
   const FixedMeasure measure;

@@ -68,14 +68,6 @@ sql Nom00001.MDB "SELECT Campo0 FROM TrabajadoresFijo WHERE Campo0='00001'"
 sql Nom00001.MDB "SELECT Campo0 FROM TrabajadoresVar WHERE Campo0='00001'"
 sql N0000101.MDB "SELECT Campo0, Campo3 FROM ConTrabajadorConceptos WHERE Campo1='00001' AND Campo0='01'"
 
-# Buttons of screens that are not there are disabled.
-focus Text1(1)
-type "2\n"
-click CmdIncidenciasIT
-click CmdIncidenciasESP
-click CmdIncidenciasVar
-click Pendientes
-show Text1(1)
 key Alt+S
 
 # A host without incidents has no buttons for them: a click does nothing.

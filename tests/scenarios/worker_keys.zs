@@ -72,6 +72,10 @@ key Down
 key Down
 key Down
 key Down
+key Down
+key Down
+key Down
+key Down
 
 # Tab stops at the buttons of a page after its fields; Enter goes from field to field.
 focus Check1(144)

@@ -131,6 +131,8 @@ class Form {
   // The record. Whoever shows, empties and stores rows says which controls hold them; `key`: of those that say which
   // record it is, in their order. The user types over these to call up another one.
   void AddToRecord(Control& control, bool key = false) { drafts_.Sheet().Add(control, key); }
+  // The key alone does not call a record up again: its drafts hold all of it.
+  void RecordComesWhole() { drafts_.Sheet().ComesWhole(); }
   // Figures of the record that are worked on in a frame of their own and stored by themselves. `opener` brings the
   // frame up and fills it. They are settled whenever the frame is shown or hidden.
   void AddBeside(Control& control, Button& opener) { drafts_.Sheet().Add(control, false, &opener); }

@@ -156,7 +156,9 @@ void FormDrafts::Saved(bool beside) {
     }
     const std::vector<DraftValue> stored = sheet_.KeyNow();
     const auto of_record = [&, here = Here()](const KeptDraft& kept) {
-      return IsRecord(stored) && StoredKey(kept.draft) == stored && here(kept.draft);
+      // The key of a record that comes whole is that of others too.
+      return IsRecord(stored) && StoredKey(kept.draft) == stored && here(kept.draft) &&
+             (!sheet_.IsWhole() || Stands(kept.draft));
     };
     for (const KeptDraft& kept : keeper->Left(of_record)) {
       const Draft rest = Rest(kept.draft, beside);

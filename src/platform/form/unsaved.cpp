@@ -127,13 +127,17 @@ bool Unsaved::TypesOverKey() const {
 }
 
 std::vector<DraftValue> Unsaved::Changes() const {
-  const bool beside =
-      std::ranges::any_of(entries_, [this](const Entry& entry) { return entry.opener && IsChanged(entry); });
+  const auto changed = [this](bool beside) {
+    return std::ranges::any_of(
+        entries_, [&](const Entry& entry) { return (entry.opener != nullptr) == beside && IsChanged(entry); });
+  };
+  const bool beside = changed(true);
+  const bool whole = whole_ && changed(false);
   std::vector<DraftValue> changes;
   for (const Entry& entry : entries_) {
     const Control& control = *entry.control;
     for (int i = 0; i < control.ValueCount(); ++i) {
-      if (entry.opener ? beside : IsChanged(entry, i)) changes.push_back({control.ValueId(i), control.ValueText(i)});
+      if (entry.opener ? beside : whole || IsChanged(entry, i)) changes.push_back({control.ValueId(i), control.ValueText(i)});
     }
   }
   return changes;

@@ -18,10 +18,14 @@ namespace zendara {
 // The controls that say which record it is are no change while the user types over them, since that asks for another
 // record; what code puts there is one.
 //
+// A record that cannot be called up again by its key alone comes whole: every value of it while one is changed.
+//
 // Controls beside the record are worked on in a frame of their own, which `opener` brings up, and stored by themselves.
 class Unsaved {
  public:
   void Add(Control& control, bool key, Control* opener = nullptr);
+  void ComesWhole() { whole_ = true; }
+  bool IsWhole() const { return whole_; }
   bool Has(const Control& control) const { return places_.contains(&control); }
 
   // `shown`: what stood there is gone, it was not stored.
@@ -85,6 +89,7 @@ class Unsaved {
   std::map<const Control*, std::size_t> places_;
   std::vector<DraftValue> key_;
   bool settled_ = false;
+  bool whole_ = false;
 };
 
 }  // namespace zendara

@@ -5,14 +5,15 @@
 #include <cstddef>
 
 #include "adapters/script/script_keys.hpp"
+#include "adapters/script/script_listing.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
 namespace {
 
 // What stands behind each command, a letter a word: w a plain word, t a text in quotes, a either, n a whole number,
-// k a key, p a choice from a list, b an answer to a box, s a value of the session, d what is done about drafts. "+":
-// the last one any number of times.
+// k a key, p a choice from a list, b an answer to a box, s a value of the session, d what is done about drafts, l about
+// a listing. "+": the last one any number of times.
 struct CommandForm {
   std::string_view name;
   std::string_view words;
@@ -35,6 +36,7 @@ constexpr CommandForm kCommands[] = {
     {"expect", "wt", "expect CONTROL \"text\""},
     {"drafts", "d+", "drafts keep, drafts keep \"folder\", drafts list or drafts restore 1"},
     {"print", "a", "print FILE"},
+    {"listing", "l+", "listing pages or listing save FILE, which ends in .pdf, .xlsx or .csv"},
     {"sql", "at", "sql FILE \"SELECT ...\""},
 };
 
@@ -122,6 +124,7 @@ bool Fits(const ScriptWord& word, char kind) {
     case 's':
       return !word.name.empty();
     case 'd':
+    case 'l':
       return word.name.empty();
     default:
       return plain;
@@ -144,6 +147,13 @@ bool IsAboutDrafts(const std::vector<ScriptWord>& words) {
   return deed.text == "list" && !what;
 }
 
+bool IsAboutListing(const std::vector<ScriptWord>& words) {
+  const ScriptWord& deed = words.front();
+  if (deed.quoted) return false;
+  if (deed.text == "pages") return words.size() == 1;
+  return deed.text == "save" && words.size() == 2 && ScriptListing::IsKnown(words.back().text);
+}
+
 void CheckCommand(const ScriptCommand& command) {
   const auto* form = std::ranges::find(kCommands, command.name, &CommandForm::name);
   if (form == std::end(kCommands)) throw ScriptError("unknown command " + Quoted(command.name));
@@ -158,6 +168,7 @@ void CheckCommand(const ScriptCommand& command) {
     if (kind == 's') CheckName(kSessionNames, word.name, "value of a session");
     if (kind == 'b') CheckName(kAnswers, word.text, "answer");
     if (kind == 'd' && !IsAboutDrafts(command.words)) throw ScriptError("not " + std::string(form->usage));
+    if (kind == 'l' && !IsAboutListing(command.words)) throw ScriptError("not " + std::string(form->usage));
     if (kind == 'k' && !KeyByName(word.text)) throw ScriptError("unknown key " + Quoted(word.text));
   }
 }

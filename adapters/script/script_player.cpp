@@ -185,6 +185,7 @@ void ScriptPlayer::Act(const ScriptCommand& command) {
   }
   if (name == "pick") return QueuePick(words[0]);
   if (name == "drafts") return ActOnDrafts(command);
+  if (name == "listing") return ActOnListing(command);
   if (name == "sql") return Sql(words[0].text, words[1].text);
   if (name == "answer") {
     for (const ScriptWord& word : words) answers_.push_back(AnswerByName(word.text));
@@ -321,6 +322,15 @@ void ScriptPlayer::ActOnDrafts(const ScriptCommand& command) {
   }
 }
 
+void ScriptPlayer::ActOnListing(const ScriptCommand& command) {
+  if (!listing_) throw ScriptError("there is no listing yet");
+  if (command.words.front().text == "pages") return Print("pages " + std::to_string(listing_->Pages()));
+  const std::string& path = command.words[1].text;
+  listing_->Save(path);
+  Print("document title=" + Quoted(listing_->Title()) + " file=" + Quoted(FileNameOf(path)) +
+        " rows=" + std::to_string(listing_->Rows()));
+}
+
 void ScriptPlayer::QueuePick(const ScriptWord& word) {
   if (word.quoted) {
     picks_.emplace_back(word.text);
@@ -358,9 +368,11 @@ void ScriptPlayer::Keep(const Form& form, const std::string& path) {
         " pages=" + std::to_string(document.pages.size()));
 }
 
+YearWindow ScriptPlayer::Years() const { return company_ ? company_->Years() : YearsOfComponent(); }
+
 std::shared_ptr<Database> ScriptPlayer::Open(const std::string& path) const {
   auto database = platform_.engine->Workspaces(0)->OpenDatabase(path);
-  database->SetYearWindow(company_ ? company_->Years() : YearsOfComponent());
+  database->SetYearWindow(Years());
   return database;
 }
 
@@ -429,13 +441,15 @@ std::optional<std::size_t> ScriptPlayer::Chosen(RowList& rows) {
 
 void ScriptPlayer::Listing(const ListingDescription& description, const std::string& file, const std::string& table) {
   if (ended_) return;
-  // 3n + 3 elements, the title before the last.
-  const int columns = static_cast<int>(description.size()) / 3 - 1;
-  const auto* title = columns < 1 ? nullptr : std::get_if<std::string>(&description[description.size() - 2]);
-  if (!title) throw RuntimeError(kInvalidCall);
+  listing_.reset();
+  print::Listing listing = print::ReadDescription(description);
+  auto staged = print::StagedRows(*platform_.engine, file, table, listing.columns.size(), Years());
+  listing_ = std::make_unique<ScriptListing>(std::move(listing), HeadOfComponent(), std::move(staged),
+                                             documents_.Measure(), Years());
   const auto database = Open(file);
   const auto rows = database->OpenRecordset(table, RecordsetType::kTable);
-  Print("print title=" + Quoted(*title) + " file=" + Quoted(FileNameOf(file)) + " table=" + Quoted(table) +
+  const int columns = static_cast<int>(listing_->Columns());
+  Print("print title=" + Quoted(listing_->Title()) + " file=" + Quoted(FileNameOf(file)) + " table=" + Quoted(table) +
         " columns=" + std::to_string(columns) + " rows=" + std::to_string(rows->RecordCount()));
   for (; !rows->Eof(); rows->MoveNext()) Print(RowText(*rows, columns));
 }

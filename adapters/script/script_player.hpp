@@ -29,6 +29,7 @@
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/script/script.hpp"
 #include "adapters/script/script_driver.hpp"
+#include "adapters/script/script_listing.hpp"
 #include "common/row_list.hpp"
 #include "platform/form/drafts.hpp"
 #include "print/document_writer.hpp"
@@ -99,10 +100,12 @@ class ScriptPlayer : public Shell {
   void Type(Form& form, const std::string& text);
   void Check(Form& form, Control& control, int value);
   void ActOnDrafts(const ScriptCommand& command);
+  void ActOnListing(const ScriptCommand& command);
   void QueuePick(const ScriptWord& word);
   void Show(const Form& form, const std::string& id);
   void ShowAll(const Form& form);
   void Keep(const Form& form, const std::string& path);
+  YearWindow Years() const;
   std::shared_ptr<Database> Open(const std::string& path) const;
   void Sql(const std::string& file, const std::string& query);
 
@@ -122,6 +125,7 @@ class ScriptPlayer : public Shell {
   const Control* printed_focus_ = nullptr;
   int screens_shown_ = 0;
   std::unique_ptr<DraftKeeper> drafts_;
+  std::unique_ptr<ScriptListing> listing_;  // the last one
   std::deque<BoxAnswer> answers_;
   std::deque<PickChoice> picks_;
   std::vector<std::string> tasks_;

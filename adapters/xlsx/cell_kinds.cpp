@@ -17,6 +17,11 @@ constexpr double kFirstSerial = 61;  // some have a 29/02/1900
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool AreDigits(std::string_view text) { return !text.empty() && std::ranges::all_of(text, IsDigit); }
 
+std::string_view WithoutBlanks(std::string_view text) {
+  const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
+  return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
 int NumberOf(std::string_view digits) {
   int number = 0;
   std::from_chars(digits.data(), digits.data() + digits.size(), number);
@@ -27,7 +32,8 @@ bool LeadsWithZero(std::string_view text) { return text.size() > 1 && text[0] ==
 
 }  // namespace
 
-std::optional<PlainNumber> ReadPlainNumber(std::string_view text) {
+std::optional<PlainNumber> ReadPlainNumber(std::string_view cell) {
+  const std::string_view text = WithoutBlanks(cell);
   const bool below_zero = text.starts_with('-');
   const std::string_view plain = text.substr(below_zero ? 1 : 0);
   const std::size_t comma = plain.find(',');
@@ -44,7 +50,8 @@ std::optional<PlainNumber> ReadPlainNumber(std::string_view text) {
   return number;
 }
 
-std::optional<PlainDate> ReadPlainDate(std::string_view text, YearWindow years) {
+std::optional<PlainDate> ReadPlainDate(std::string_view cell, YearWindow years) {
+  const std::string_view text = WithoutBlanks(cell);
   if ((text.size() != 8 && text.size() != 10) || text[2] != '/' || text[5] != '/') return std::nullopt;
   const std::string_view day = text.substr(0, 2);
   const std::string_view month = text.substr(3, 2);
@@ -57,7 +64,8 @@ std::optional<PlainDate> ReadPlainDate(std::string_view text, YearWindow years) 
   return PlainDate{date->serial, full_year};
 }
 
-void ColumnKind::TakeIn(std::string_view cell) {
+void ColumnKind::TakeIn(std::string_view text) {
+  const std::string_view cell = WithoutBlanks(text);
   if (cell.empty()) return;
   filled_ = true;
   width_ = std::max(width_, Len(cell));

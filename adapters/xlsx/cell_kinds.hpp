@@ -1,4 +1,5 @@
-// What the texts of a listing are in a spreadsheet: a number or a date only where no sign of the text is lost by it.
+// What the texts of a listing are in a spreadsheet: a number or a date only where no sign of the text is lost by it but
+// blanks around it.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +19,7 @@ struct PlainNumber {
 };
 
 // Digits with a decimal comma or without, a minus before them: 15 digits at most, no zero that leads, nothing else.
-std::optional<PlainNumber> ReadPlainNumber(std::string_view text);
+std::optional<PlainNumber> ReadPlainNumber(std::string_view cell);
 
 struct PlainDate {
   double serial = 0;  // days since 30/12/1899
@@ -28,7 +29,7 @@ struct PlainDate {
 };
 
 // dd/mm/yy or dd/mm/yyyy, from 01/03/1900 on, where all spreadsheets count the days alike.
-std::optional<PlainDate> ReadPlainDate(std::string_view text, YearWindow years);
+std::optional<PlainDate> ReadPlainDate(std::string_view cell, YearWindow years);
 
 enum class CellKind { kText, kNumber, kDate };
 
@@ -38,7 +39,7 @@ class ColumnKind {
  public:
   ColumnKind(print::CellSide side, YearWindow years) : years_(years), numbers_(side == print::CellSide::kNumber) {}
 
-  void TakeIn(std::string_view cell);
+  void TakeIn(std::string_view text);
   CellKind Kind() const;
   // Characters of the widest cell.
   std::size_t Width() const { return width_; }

@@ -5,6 +5,7 @@
 #include <unzip.h>
 #include <xlsxwriter.h>
 
+#include <array>
 #include <cerrno>
 #include <clocale>
 #include <filesystem>
@@ -175,6 +176,10 @@ void Workbook::EndSheet() {
   const auto row = static_cast<lxw_row_t>(row_);
   const auto column = static_cast<lxw_col_t>(plan_.columns.size() - 1);
   Check(worksheet_autofilter(sheets_.back(), 0, 0, row, column));
+  // Codes are texts on purpose.
+  std::array<char, LXW_MAX_CELL_RANGE_LENGTH> all{};
+  lxw_rowcol_to_range(all.data(), 0, 0, row, column);
+  Check(worksheet_ignore_errors(sheets_.back(), LXW_IGNORE_NUMBER_STORED_AS_TEXT, all.data()));
 }
 
 void Workbook::AddRow(const std::vector<Cell>& cells) {

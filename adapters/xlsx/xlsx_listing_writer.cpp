@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <future>
 #include <system_error>
 #include <utility>
@@ -15,12 +14,12 @@
 #include "adapters/xlsx/cell_kinds.hpp"
 #include "adapters/xlsx/workbook.hpp"
 #include "print/each_row.hpp"
+#include "print/reporter.hpp"
 #include "runtime/text.hpp"
 
 namespace zendara {
 namespace {
 
-constexpr auto kPace = std::chrono::milliseconds(50);
 constexpr double kTwipsPerCharacter = 105;  // a figure of the spreadsheet's usual font
 constexpr std::size_t kFilterButton = 3;    // characters that it takes beside the title
 constexpr std::size_t kMostCharacters = 60;
@@ -94,7 +93,7 @@ print::Kept XlsxListingWriter::Write(print::PagedListing& listing, const std::st
   if (!print::ForEachRow(listing, progress, add)) return print::Kept::kStopped;
 
   std::future<Descriptor> packing = std::async(std::launch::async, [&] { return book.Finish(); });
-  while (packing.wait_for(kPace) != std::future_status::ready) {
+  while (packing.wait_for(print::Reporter::kEach) != std::future_status::ready) {
     if (progress && !progress(listing.Rows())) {
       book.Stop();
       return print::Kept::kStopped;

@@ -91,7 +91,11 @@ Componente& ElComponente() {
   return componente;
 }
 
-void InstallPlatform(Platform platform) { ElComponente().sesion.platform = std::move(platform); }
+// A screen that was only asked about was made for the surroundings of before.
+void InstallPlatform(Platform platform) {
+  ElComponente().pantallas.Descarga();
+  ElComponente().sesion.platform = std::move(platform);
+}
 
 const std::shared_ptr<Recordset>& RecordsetArray::At(int index) const {
   const std::int64_t place = std::int64_t{index} - lower_bound;

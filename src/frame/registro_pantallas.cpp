@@ -41,4 +41,8 @@ void RegistroPantallas::Descarga(std::string_view nombre) {
   if (const auto ficha = pantallas_.find(nombre); ficha != pantallas_.end()) ficha->second.objeto.reset();
 }
 
+void RegistroPantallas::Descarga() {
+  for (auto& [nombre, ficha] : pantallas_) ficha.objeto.reset();
+}
+
 }  // namespace zendara

@@ -37,6 +37,8 @@ class RegistroPantallas {
   bool Muestra(std::string_view nombre);
   // The screen unloaded: its next use creates it anew. A screen may call this itself while it is being shown.
   void Descarga(std::string_view nombre);
+  // The same for all. REQUIRES: none is being shown.
+  void Descarga();
 
  private:
   struct Ficha {

@@ -5,6 +5,7 @@
 #include "apps/demo/demo_company.hpp"
 #include "component/componente.hpp"
 #include "platform/form/form.hpp"
+#include "support/pdf.hpp"
 #include "support/temp_folder.hpp"
 #include "zendara/engines.hpp"
 
@@ -88,6 +89,11 @@ TEST_F(PlayerTest, ScreensOptionsAndListings) {
       {"click Imprimir",
        "print title=\"Relación\" file=\"Nom00001.MDB\" table=\"ListadosNOM\" columns=2 rows=2\n"
        "z,\n\"a, b\",\"\"\nfocus Imprimir\n"},
+      {"click Imprimir\nlisting pages\nlisting save \"" + (*folder_ / "a.PDF") + "\"\nlisting save \"" +
+           (*folder_ / "a.csv") + "\"",
+       "print title=\"Relación\" file=\"Nom00001.MDB\" table=\"ListadosNOM\" columns=2 rows=2\n"
+       "z,\n\"a, b\",\"\"\nfocus Imprimir\npages 1\ndocument title=\"Relación\" file=\"a.PDF\" rows=2\n"
+       "document title=\"Relación\" file=\"a.csv\" rows=2\n"},
       {"click Abrir\nclick Salir\nshow Check1",
        kAbove +
            std::string("screen Trabajadores closed\nstatus \"De \\\"vuelta\\\"\"\nfocus Abrir\nvalue Check1=\"2\"\n")},
@@ -102,6 +108,11 @@ TEST_F(PlayerTest, ScreensOptionsAndListings) {
     EXPECT_EQ(result.status, 0) << result.message;
     EXPECT_EQ(out_, kOpened + printed);
   }
+  EXPECT_THAT(PdfText(*folder_ / "a.PDF"), testing::HasSubstr("a, b"));
+  EXPECT_EQ(Read("cat '" + (*folder_ / "a.csv") + "'"), "Uno,Dos\r\nz,\r\n\"a, b\",\r\n");
+  EXPECT_EQ(Play(open + "click Imprimir\nlisting save \"" + (*folder_ / "a.csv") + "\"").status, 1) << "it is there";
+  EXPECT_EQ(Play(open + "listing pages").message, "3: there is no listing yet");
+
   out_.clear();
   EXPECT_THROW(Play(open + "click Abrir\nkey Tab", true), std::runtime_error);
   EXPECT_EQ(out_, kOpened) << "an output that takes no more stops the script";
@@ -120,6 +131,7 @@ TEST_F(PlayerTest, ScriptsThatAreRefused) {
       {"page Tab1 99999999999", "not page"},
       {"answer yes maybe", "unknown answer \"maybe\""},
       {"pick 0", "not pick"},
+      {"listing save a.doc", "not listing pages or listing save FILE"},
       {"session company=1 size=2", "unknown value of a session \"size\""},
       {"session =1", "\"=\" stands behind no name"},
       {"type \"Mu\xF1oz\"", "not UTF-8"},

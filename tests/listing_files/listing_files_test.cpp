@@ -121,7 +121,7 @@ class ListingFilesTest : public testing::Test {
 TEST_F(ListingFilesTest, SpreadsheetHasNumbersAndDatesOnlyWhereNothingIsLost) {
   Write(xlsx_, ListingOf({"Código", "Importe", "Nota", "Baja", "Nº", "Alta"},
                          {{"00001", "1234,50", "=1+1", "01/02/99", "00007", "01/02/1935"},
-                          {"", "-3", "a & <b>", "", "12", "29/02/2000"},
+                          {"", " -3", "a & <b>", "", "12", "29/02/2000"},
                           {"2", "01/02/01", " x", "01/01/30", "9", "31/12/29"},
                           {"3", "1234567890123456", "ñ\xFF", "28/02/1900", "", ""},
                           {"4", "12.5", "\x01", "31/12/29", "", ""}}));

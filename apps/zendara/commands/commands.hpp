@@ -41,6 +41,34 @@ struct RateOptions {
 // 1 when a worker's rate could not be worked out; the others are printed all the same.
 int Rate(const RateOptions& options, Console& console);
 
+enum class ListKind { kIncidents, kSpecialIncidents, kVariableIncidents, kWorkers };
+
+// What the request screen is asked for. What is empty is as the screen proposes it.
+struct ListOptions {
+  CompanyOptions company;
+  ListKind kind = ListKind::kWorkers;
+  // Of incidents: worker numbers of five characters, and a month.
+  std::string from;
+  std::string to;
+  std::string month;
+  // Of workers.
+  std::string centre_from;
+  std::string centre_to;
+  std::string section_from;
+  std::string section_to;
+  bool variable = false;
+  bool only_active = false;
+  bool by_number = false;
+  bool by_section = false;
+  // Paths of new files; without any the listing is printed as text.
+  std::string pdf;
+  std::string xlsx;
+  std::string csv;
+  bool bom = false;  // the kind of CSV for spreadsheets
+};
+// Plays the screens, which write the company's staging table. What they say in a box is the error.
+int List(const ListOptions& options, Console& console);
+
 struct CreateOptions {
   CompanyOptions company;
   std::string name;  // company name for the general tables; empty: no row is written

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <new>
+#include <tuple>
 
 #include "apps/demo/demo_company.hpp"
 #include "apps/zendara/commands/command_error.hpp"
@@ -42,6 +43,12 @@ std::string CutYear(std::string& year) {
   return {};
 }
 
+// Of a centre or a section.
+std::string RefuseShortCode(std::string& code) {
+  if (AreDigits(code) && code.size() <= 3) return {};
+  return "\"" + code + "\" is no number of one to three digits";
+}
+
 std::string RefuseSeed(std::string& seed) {
   std::uint64_t number = 0;
   const auto [end, error] = std::from_chars(seed.data(), seed.data() + seed.size(), number);
@@ -59,6 +66,7 @@ CLI::Validator Transform(std::string (*function)(std::string&)) {
 struct CommandLine {
   DemoCommandOptions demo;
   RateOptions rate;
+  ListOptions list;
   CreateOptions create;
   CheckOptions check;
   TableOptions load;
@@ -134,6 +142,73 @@ void AddRate(CLI::App& app, CommandLine& line) {
       ->type_name("FILE")
       ->needs(worker);
   rate->callback([&line] { line.chosen = [&line](Console& console) { return Rate(line.rate, console); }; });
+}
+
+// One of two words; the second one sets the mark.
+void AddChoice(CLI::App* command, const char* option, const char* usual, const char* other, bool& mark,
+               const std::string& what) {
+  command
+      ->add_option_function<std::string>(
+          option, [&mark, other = std::string(other)](const std::string& word) { mark = word == other; },
+          what + ": " + usual + " (default) or " + other)
+      ->type_name("WORD")
+      ->check(CLI::IsMember({usual, other}).description(""));
+}
+
+void AddList(CLI::App& app, CommandLine& line) {
+  static constexpr std::tuple<const char*, const char*, ListKind> kinds[] = {
+      {"it", "Sickness, maternity and accidents of workers", ListKind::kIncidents},
+      {"esp", "Holidays and strikes of workers", ListKind::kSpecialIncidents},
+      {"var", "Variable concepts of workers in a month", ListKind::kVariableIncidents},
+      {"workers", "Workers by centre and section", ListKind::kWorkers}};
+  CLI::App* list = app.add_subcommand("list", "Print a listing of the screens, or write it to new files");
+  list->require_subcommand(1);
+  for (const auto& [name, help, kind] : kinds) {
+    CLI::App* command = list->add_subcommand(name, help);
+    ListOptions& options = line.list;
+    AddCompany(command, options.company);
+    const auto add = [command](const char* option, std::string& value, const char* what, const char* type) {
+      return command->add_option(option, value, what)->type_name(type);
+    };
+    if (kind == ListKind::kWorkers) {
+      add("--centre-from", options.centre_from, "First centre (default: the first one)", "CODE")
+          ->check(Transform(RefuseShortCode));
+      add("--centre-to", options.centre_to, "Last centre (default: the last one)", "CODE")
+          ->check(Transform(RefuseShortCode));
+      add("--section-from", options.section_from, "First section (default: the first one)", "CODE")
+          ->check(Transform(RefuseShortCode));
+      add("--section-to", options.section_to, "Last section (default: the last one)", "CODE")
+          ->check(Transform(RefuseShortCode));
+      AddChoice(command, "--data", "fixed", "variable", options.variable, "Data of the worker, or of his situaciones");
+      command->add_flag("--only-active", options.only_active, "Of situaciones those that end today or later");
+      AddChoice(command, "--by", "name", "number", options.by_number, "Order of the workers");
+      AddChoice(command, "--group", "centre", "section", options.by_section, "What comes first in the order");
+    } else {
+      if (kind == ListKind::kVariableIncidents) {
+        add("--month", options.month, "Month, 1 to 12 (default: the last one with incidents)", "MM")
+            ->check(CLI::Range(1, 12).description(""));
+      }
+      add("--from", options.from, "First worker (default: the first one with incidents)", "N")
+          ->transform(Transform(PadCode));
+      add("--to", options.to, "Last worker (default: the last one with incidents)", "N")->transform(Transform(PadCode));
+    }
+    add("--pdf", options.pdf, "Write pages to a new PDF file", "FILE");
+    add("--xlsx", options.xlsx, "Write a spreadsheet to a new file", "FILE");
+    CLI::Option* csv = add("--csv", options.csv, "Write CSV to a new file", "FILE");
+    command->add_flag("--bom", options.bom, "CSV for Spanish spreadsheets: semicolons, and a byte order mark")
+        ->needs(csv);
+    command->add_flag_callback(
+        "--read-only",
+        [] {
+          throw CLI::ValidationError("--read-only",
+                                     "the rows of a listing are first written to a table of the company");
+        },
+        "Not possible: the rows of a listing are first written to a table of the company");
+    command->callback([&line, kind = kind] {
+      line.list.kind = kind;
+      line.chosen = [&line](Console& console) { return List(line.list, console); };
+    });
+  }
 }
 
 void AddData(CLI::App& app, CommandLine& line) {
@@ -271,6 +346,7 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   CommandLine line;
   AddDemo(app, line);
   AddRate(app, line);
+  AddList(app, line);
   AddData(app, line);
   AddRun(app, line);
 

@@ -36,81 +36,12 @@ namespace zendara {
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
 
-std::string company_folder;
-
-// Workers are called up far apart, so that their rows are not on the same pages of the file.
-constexpr std::int64_t kWorkersApart = 997;
-constexpr std::int64_t kWorkersLeft = 100;
 // A worker of the demonstration who has several situaciones and contracts.
 constexpr std::int64_t kFullWorker = 13;
 constexpr std::int64_t kSituations = 4;
 
-// Shows a form, lets the body work on its window, and closes it.
-class BenchHost : public QtHost {
- public:
-  using QtHost::QtHost;
-
-  std::function<void(Form&, FormWindow&)> body;
-  DraftKeeper* drafts = nullptr;
-
-  DraftKeeper* Drafts() override { return drafts; }
-  void ShowModal(Form& form) override {
-    QTimer::singleShot(0, [&] {
-      FormWindow& window = *Top();
-      Paint(window);
-      body(form, window);
-      form.Unload();
-    });
-    QtHost::ShowModal(form);
-  }
-
-  // Nothing that is measured asks or complains.
-  BoxAnswer Show(const Box& box) override {
-    std::cerr << "screen_bench: " << box.text << '\n';
-    std::exit(1);
-  }
-
-  static void Paint(FormWindow& window) {
-    window.Flush();
-    QApplication::processEvents();
-    window.repaint();
-  }
-};
-
-struct Company {
-  Company() {
-    sesion.platform.forms = &host;
-    sesion.platform.components = &host.Neighbours();
-    AbreEmpresa(sesion, "00001", "01");
-  }
-
-  std::unique_ptr<Engine> engine = MakeEngine();
-  std::unique_ptr<Files> files = MakeHostFiles();
-  CairoWriter documents;
-  BenchHost host{documents};
-  Sesion sesion{Platform{.engine = engine.get(),
-                         .dialogs = &host,
-                         .files = files.get(),
-                         .application_folder = company_folder,
-                         .forms = nullptr,
-                         .shell = &host,
-                         .components = nullptr}};
-  RegistroPantallas pantallas;
-};
-
-Company& Open() {
-  static Company company;
-  return company;
-}
-
-void OnWorkerScreen(const std::function<void(Form&, FormWindow&)>& body) {
-  Company& company = Open();
-  company.host.body = body;
-  Trabajadores screen(company.sesion, company.pantallas);
-  screen.Show();
-}
+void OnWorkerScreen(const std::function<void(Form&, FormWindow&)>& body) { OnScreen<Trabajadores>(body); }
 
 void FirstPaint(benchmark::State& state) {
   Open();
@@ -144,19 +75,6 @@ void TwoKeys(benchmark::State& state) {
   });
 }
 BENCHMARK(TwoKeys)->Unit(benchmark::kMillisecond);
-
-TextBox& Enter(Form& form, IndiceCampo field) {
-  auto& box = static_cast<TextBox&>(*form.Find("Text1(" + std::to_string(field) + ")"));
-  form.Run([&] { form.SetFocus(box); });
-  return box;
-}
-
-double SecondsOf(FormWindow& window, const std::function<void()>& action) {
-  const auto begin = Clock::now();
-  action();
-  BenchHost::Paint(window);
-  return std::chrono::duration<double>(Clock::now() - begin).count();
-}
 
 void ShowWorker(Form& form, std::int64_t number) {
   Enter(form, CampoTrabajador::kNumero).SetText(std::to_string(number));
@@ -272,17 +190,9 @@ BENCHMARK(SaveWorker)->UseManualTime()->Unit(benchmark::kMillisecond);
 // From the call of the worker list to its rows on the screen.
 void OpenList(benchmark::State& state) {
   for (auto _ : state) {
-    const auto begin = Clock::now();
-    Clock::time_point painted;
-    QTimer::singleShot(0, [&] {
-      QWidget* list = QApplication::activeModalWidget();
-      if (!list) return;
-      list->repaint();
-      painted = Clock::now();
-      PressKey(*list, {key::kEsc, 0, {}});
-    });
-    if (!Consulta(Open().sesion, kListaFichaTrabajadores)) state.SkipWithError("the list did not open");
-    state.SetIterationTime(std::chrono::duration<double>(painted - begin).count());
+    const double seconds = SecondsToRows([] { Consulta(Open().sesion, kListaFichaTrabajadores); });
+    if (seconds <= 0) state.SkipWithError("the list did not open");
+    state.SetIterationTime(seconds);
   }
 }
 BENCHMARK(OpenList)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -356,20 +266,4 @@ BENCHMARK(SearchWorkers)->Iterations(9)->UseManualTime()->Unit(benchmark::kMilli
 }  // namespace
 }  // namespace zendara
 
-int main(int argc, char** argv) {
-  if (argc < 2) {
-    std::cerr << "usage: screen_bench FOLDER [benchmark options]\n";
-    return 2;
-  }
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_LOGGING_RULES", "default.warning=false");
-  zendara::company_folder = argv[1];
-  argv[1] = argv[0];
-  ++argv;
-  --argc;
-  QApplication application(argc, argv);
-  zendara::InstallLook();
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+int main(int argc, char** argv) { return zendara::RunOffscreen(argc, argv); }

@@ -267,13 +267,11 @@ void IncidenciasFechas::Poneregistro() {
 // kept in any case.
 void IncidenciasFechas::AsignaCampos() {
   Recordset& fila = Tabla();
-  const auto asigna = [&](CampoFechas campo) {
-    const Value valor = Queda(campo, Texto(campo));
-    if (!valor.IsNull()) fila.Fields(IndiceCampo(campo) - 1).Set(valor);
-  };
   try {
     for (const CampoFechas campo : {kTrabajador, kNombre, kTipo, kInicio, kFin}) {
-      if (campo == kTipo || !Texto(campo).empty()) asigna(campo);
+      const std::string texto = Texto(campo);
+      const Value valor = Queda(campo, texto.empty() && campo != kTipo ? Value() : Value(texto));
+      if (!valor.IsNull()) fila.Fields(IndiceCampo(campo) - 1).Set(valor);
     }
   } catch (...) {
     const RuntimeError error = CurrentError();
@@ -514,7 +512,8 @@ void IncidenciasFechas::EligeFecha() {
                                 SqlText(Texto(kTrabajador)) + "'  and campo3 = #" + FormatDate(dia, "mm/dd/yy") + "# ");
           if (fila.RecordCount() == 0) return;
           MuestraFila(fila, diseno_fechas_.de_lista);
-          ficha_.Edita(kInicio);
+          // A field that refuses to be left has kept the focus.
+          if (Text1(IndiceCampo(kInicio)).HasFocus()) ficha_.Edita(kInicio);
         });
 }
 

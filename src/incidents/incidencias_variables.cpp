@@ -180,8 +180,8 @@ void MIncidenciasVAR::MuestraRegistro() {
 void MIncidenciasVAR::AsignaCampos() {
   Recordset& fila = Tabla();
   for (const Campo& campo : kCampos) {
-    if (Texto(campo.indice).empty()) continue;
-    const Value valor = Queda(campo.indice, Texto(campo.indice));
+    const std::string texto = Texto(campo.indice);
+    const Value valor = Queda(campo.indice, texto.empty() ? Value() : Value(texto));
     if (!valor.IsNull()) fila.Fields(campo.indice - 1).Set(valor);
   }
 }

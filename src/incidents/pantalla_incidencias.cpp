@@ -23,6 +23,7 @@ namespace {
 constexpr std::string_view kPantallaTrabajadores = "Trabajadores";
 constexpr std::string_view kPantallaListado = "Imprgast";
 constexpr std::size_t kCifrasTrabajador = 5;
+constexpr int kGrupoAno = 2;  // of the slots
 
 Marco MarcoDe(const DisenoIncidencias& diseno) {
   return {std::string(diseno.pantalla),
@@ -117,6 +118,11 @@ void PantallaIncidencias::OnLoad() {
       situacion = Trim(elegido->SituacionElegida);
     }
     PonElegido(trabajador, situacion);
+    // The worker screen that has copied concepts between years can have left the slots in another one.
+    if (!trabajador.empty() && diseno_.fichero == FileKind::kYear) {
+      AbreFichero(sesion_, FileKind::kYear);
+      LlenaRanuras(sesion_, Grupo(kGrupoAno));
+    }
     // Whatever the host has opened last: some queries take the database as it stands.
     AbreFichero(sesion_, FileKind::kCompany);
   });
@@ -187,9 +193,11 @@ void PantallaIncidencias::GrabarRegistro() {
   }
   tabla.AddNew();
   AsignaCampos();
+  std::vector<Value> guardada;  // of the columns' kinds, which the texts are not
+  for (const IndiceCampo indice : diseno_.clave) guardada.push_back(tabla.Fields(indice - 1).Get());
   tabla.Update();
   todo.Commit();
-  navegacion_.Recuerda(clave);
+  navegacion_.Recuerda(std::move(guardada));
   RegistroGrabado();
   calendario_.Relee();
 }

@@ -314,6 +314,7 @@ void ListadoTrabajador::GeneraListado() {
   const auto filas = sesion_.BDEmpresa->OpenRecordset(sesion_.SqlTexto, RecordsetType::kForward);
   std::size_t leidas = 0;
   std::string anterior;
+  ultimas_.clear();
   for (; !filas->Eof(); filas->MoveNext()) {
     fijos ? AnadeFija(mesa, *filas) : AnadeVariable(mesa, *filas, anterior);
     Avanza(++leidas);
@@ -358,10 +359,13 @@ void ListadoTrabajador::AnadeVariable(MesaListado& mesa, Recordset& fila, std::s
 }
 
 bool ListadoTrabajador::EsSituacionActual(const std::string& trabajador, const Value& fecha) {
-  AbreFichero(sesion_, FileKind::kCompany);
-  const auto ultima = sesion_.BDEmpresa->OpenRecordset("SELECT Max(Campo3) FROM TRABAJADORESVAR WHERE Campo0 = '" +
-                                                       SqlText(trabajador) + "' ");
-  const Value inicio = ultima->Eof() ? Value() : ultima->Fields(0).Get();
+  const auto [leido, nuevo] = ultimas_.try_emplace(trabajador);
+  Value& inicio = leido->second;
+  if (nuevo) {
+    const auto ultima = sesion_.BDEmpresa->OpenRecordset("SELECT Max(Campo3) FROM TRABAJADORESVAR WHERE Campo0 = '" +
+                                                         SqlText(trabajador) + "' ");
+    if (!ultima->Eof()) inicio = ultima->Fields(0).Get();
+  }
   return !inicio.IsNull() && inicio == fecha;
 }
 

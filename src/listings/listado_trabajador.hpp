@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "common/ficha.hpp"
 #include "common/pantalla_base.hpp"
@@ -45,7 +46,7 @@ class ListadoTrabajador : public PantallaBase {
   void AnadeFija(MesaListado& mesa, Recordset& fila);
   void AnadeVariable(MesaListado& mesa, Recordset& fila, std::string& anterior);
   void Avanza(std::size_t leidas);
-  // Whether the worker's last situación begins on that day. His company's file is read in the place of BDEmpresa.
+  // Whether the worker's last situación begins on that day. REQUIRES: BDEmpresa is the company's file.
   bool EsSituacionActual(const std::string& trabajador, const Value& fecha);
   // Column `campo` of the slot's row with that key, or the worker's name; empty when there is none.
   std::string LeeDescripcion(int ranura, const std::string& clave, int campo);
@@ -55,7 +56,8 @@ class ListadoTrabajador : public PantallaBase {
   TextBox& Caja(CampoListado campo) const { return Text1(static_cast<int>(campo)); }
   std::string Codigo(CampoListado campo) const;
 
-  std::string TextoCondicion;  // tail of the query
+  std::string TextoCondicion;                       // tail of the query
+  std::unordered_map<std::string, Value> ultimas_;  // start of a worker's last situación, as far as it was asked for
 
   ControlArray<OptionButton> Option1{*this, "Option1"};
   Frame FrameTipo{*this, "FrameTipo"};

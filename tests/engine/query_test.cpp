@@ -87,6 +87,32 @@ TEST_P(QueryContract, GroupsJoinsAndAggregates) {
   EXPECT_THAT(Query("SELECT Max(Campo2) FROM Gente WHERE Campo0 = '9'"), ElementsAre(Null()));
 }
 
+// However a join and an OR find their rows: with the OR in two negations, of which no key follows, they are the same.
+TEST_P(QueryContract, AJoinWithAlternatives) {
+  const std::string joins[] = {"gente inner join otra on gente.campo0 = otra.campo0 where ",
+                               "otra inner join gente on otra.campo0 = gente.campo0 where ",
+                               "gente, otra where gente.campo0 >= otra.campo0 and "};
+  const std::pair<const char*, const char*> alternatives[] = {
+      {"gente.campo0 = '00001'", "otra.campo0 = '00004'"},
+      {"gente.campo0 = '00001' and gente.campo3 = 2", "otra.campo0 = '00001' and otra.campo1 = 'a'"},
+      {"gente.campo0 = '00001' and otra.campo1 = 'A '", "otra.campo0 = '00004' and gente.campo3 > 3"},
+      {"gente.campo0 = '00001'", "otra.campo1 = 'x'"},
+      {"gente.campo0 = null", "otra.campo0 = '00004'"},
+      {"gente.campo2 = null and gente.campo0 = '00001'", "otra.campo0 = '00001' and not otra.campo1 = null"},
+      {"gente.campo0 = '00001' and #3/5/01# between gente.campo2 and null", "otra.campo0 = '00004' and 1 = 1"},
+  };
+  std::size_t rows = 0;
+  for (const std::string& join : joins) {
+    for (const auto& [one, other] : alternatives) {
+      const std::string either = "((" + std::string(one) + ") or (" + other + "))";
+      const auto found = Query("select otra.campo1 from " + join + either);
+      EXPECT_EQ(found, Query("select otra.campo1 from " + join + "not (not " + either + ")")) << join << either;
+      rows += found.size();
+    }
+  }
+  EXPECT_GT(rows, 20U);
+}
+
 TEST_P(QueryContract, ResultsMoveBothWaysAndCountWhatWasReached) {
   auto rs = db->OpenRecordset("select campo0 from gente");
   EXPECT_EQ(rs->RecordCount(), 1);

@@ -96,6 +96,44 @@ TEST_F(PantallasTest, WhatOthersChangedMeanwhileStays) {
   Pulsa("Grabar");
   EXPECT_THAT(Filas(FileKind::kCompany, kIT), ElementsAre("00003|Nombre de otro puesto|2|01/03/01|10/03/01"));
   EXPECT_THAT(pantalla->Status(), HasSubstr("queda lo grabado aquí: Fecha de Fin"));
+
+  // An empty field that nobody touched too.
+  Vacia(FileKind::kCompany, kIT);
+  Incidencia(kIT, "01/03/01", "");
+  Escribe("3\n");
+  Vacia(FileKind::kCompany, kIT);
+  Incidencia(kIT, "01/03/01", "09/03/01");
+  El<ComboBox>("Combo1").SetFocus();
+  Escribe("3");
+  Pulsa("Grabar");
+  EXPECT_THAT(Filas(FileKind::kCompany, kIT), ElementsAre("00003|Díaz Suárez, Fermín|3|01/03/01|09/03/01"));
+}
+
+// No row is the current one then: the steps go on from the one that was saved.
+TEST_F(PantallasTest, StepsAfterSavingStartFromWhatWasSaved) {
+  for (const char* inicio : {"01/03/01", "02/04/01", "03/05/01"}) Incidencia(kIT, inicio, inicio);
+  Abre<MIncidencias>();
+  const std::pair<const char*, const char*> pasos[] = {{"Anterior", "02/04/01"}, {"Siguiente", "03/05/01"}};
+  for (const auto& [boton, inicio] : pasos) {
+    Teclea("3", "100401", "110401");
+    Pulsa("Grabar");
+    Pulsa(boton);
+    EXPECT_EQ(Texto(kInicio), inicio);
+    Pulsa("Cancela");
+  }
+  EXPECT_THAT(host.boxes, IsEmpty());
+}
+
+// A date in six digits is no text for the store.
+TEST_F(PantallasTest, AStartFromItsListIsAtRestWhileAnotherFieldKeepsTheFocus) {
+  Incidencia(kIT, "02/04/01", "06/04/01");
+  Abre<MIncidencias>();
+  Escribe("3\n");
+  Caja(kFin).SetFocus();
+  Escribe("99");
+  pantalla->Click(El<Image>("Image1(4)"));
+  EXPECT_TRUE(Caja(kFin).HasFocus());
+  EXPECT_EQ(Texto(kInicio), "02/04/01");
 }
 
 // Whatever call of the system fails, the row is there as it was or as it is now; a box names it, and the next try

@@ -6,6 +6,8 @@
 #include <map>
 #include <vector>
 
+#include "random/incident_table.hpp"
+#include "runtime/date.hpp"
 #include "runtime/format.hpp"
 #include "runtime/text.hpp"
 #include "workers/trabajador_consultas.hpp"
@@ -37,12 +39,15 @@ constexpr std::string_view kHostile[] = {"",         " ",         "'",          
 constexpr std::string_view kNames[] = {"García", "Núñez", "O'Shea", "de la Peña", "Ibáñez", "Ña", "López Übeda"};
 constexpr std::string_view kCells = "sN0125";
 
-constexpr int kLastDay = 1400;  // of those that sessions type: years 00 to 03
+// As six digits.
+std::string Day(int day) { return FormatDate(Date{DayOf(day)}, "ddmmyy"); }
 
-// Days from 01/01/00, as six digits.
-std::string Day(int day) {
-  constexpr double kFirst = 36526;
-  return FormatDate(Date{kFirst + day}, "ddmmyy");
+enum class At { kAnywhere, kWorkers, kDated, kVariable };
+
+At PlaceOf(const Form& form) {
+  if (form.Name() == kPantallaTrabajadores) return At::kWorkers;
+  const IncidentTable* table = IncidentTableOf(form.Name());
+  return !table ? At::kAnywhere : table->dated() ? At::kDated : At::kVariable;
 }
 
 class Clerk {
@@ -54,7 +59,7 @@ class Clerk {
  private:
   struct Habit {
     int weight;
-    bool at_workers;  // on the worker screen only
+    At at;
     std::function<void(Clerk&)> act;
   };
   static const Habit kHabits[];
@@ -260,23 +265,128 @@ class Clerk {
     ClickNamed(random_.Chance(70) ? "CmdBorrar" : "Borrar");
   }
 
+  void OpenIncidents() {
+    ShowWorker();
+    constexpr std::string_view kButtons[] = {"CmdIncidenciasIT", "CmdIncidenciasESP", "CmdIncidenciasVar"};
+    ClickNamed(random_.Pick(kButtons));
+  }
+
+  // On the screens of incidents.
+
+  void Put(int index, const std::string& text) {
+    if (!random_.Chance(2)) FillBox(index, random_.Chance(2) ? AnyHostile() : text);
+  }
+  void FillBox(int index, const std::string& text) {
+    auto* box = dynamic_cast<TextBox*>(form_.Find(Named("Text1", index)));
+    if (box) hands_.Fill(form_, *box, text);
+  }
+  std::string TextOf(int index) { return dynamic_cast<TextBox&>(*form_.Find(Named("Text1", index))).Text(); }
+  // Few, so that their incidents meet.
+  std::string WorkerWithIncidents() {
+    return std::to_string(random_.Chance(70) ? random_.Between(1, 6) : random_.Between(1, kRandomWorkers));
+  }
+
+  void Save() {
+    const int way = random_.Between(0, 9);
+    way < 6 ? ClickNamed("Grabar") : hands_.Press(form_, way < 9 ? "Alt+G" : "Esc");
+  }
+
+  void ChooseType() {
+    hands_.Click(form_, *form_.Find("Combo1"));
+    hands_.Type(form_, std::to_string(random_.Between(1, 5)));
+  }
+
+  void Step() {
+    constexpr std::string_view kSteps[] = {"Alt+Home", "Alt+Left", "Alt+Right", "Alt+Right", "Alt+End"};
+    for (int steps = random_.Between(1, 4); steps > 0; --steps) hands_.Press(form_, random_.Pick(kSteps));
+  }
+
+  void EnterIncident() {
+    Put(1, WorkerWithIncidents());
+    hands_.Press(form_, "Enter");
+    if (random_.Chance(85)) ChooseType();
+    const int start = random_.Between(0, kLastDay);
+    Put(4, Day(start));
+    if (random_.Chance(50)) {
+      FillBox(5, "");
+    } else {
+      Put(5, Day(start + random_.Between(-2, random_.Chance(20) ? 400 : 30)));
+    }
+    Save();
+  }
+
+  // One that comes up open by its worker's number.
+  void CloseIncident() {
+    Put(1, WorkerWithIncidents());
+    hands_.Press(form_, "Enter");
+    const auto start = ReadDateStrict(TextOf(4), YearWindow());
+    if (!start || !TextOf(5).empty()) return;
+    hands_.Fill(form_, dynamic_cast<TextBox&>(*form_.Find("Text1(5)")),
+                FormatDate(Date{start->serial + random_.Between(0, 20)}, "ddmmyy"));
+    Save();
+  }
+
+  void ChangeIncident() {
+    Step();
+    if (random_.Chance(70)) hands_.ChangeShown(form_);
+    random_.Chance(60) ? ChooseType() : Put(5, Day(random_.Between(0, kLastDay)));
+    Save();
+  }
+
+  void RemoveIncident() {
+    Step();
+    ClickNamed("Borrar");
+  }
+
+  void EnterConcept() {
+    Put(1, (random_.Chance(50) ? "0" : "") + std::to_string(random_.Between(1, 12)));
+    Put(2, WorkerWithIncidents());
+    hands_.Press(form_, "Enter");
+    if (random_.Chance(80)) {
+      hands_.Click(form_, *form_.Find("Image1(5)"));
+    } else {
+      Put(5, std::to_string(random_.Between(1, 6)));
+    }
+    if (random_.Chance(60)) Put(7, Amount());
+    Put(8, std::to_string(random_.Between(1, 40)));
+    Save();
+  }
+
+  void ChangeConcept() {
+    hands_.Do(form_, "focus Text1(8)", [&] { form_.Click(*form_.Find("Text1(8)")); });
+    Step();
+    if (random_.Chance(70)) hands_.ChangeShown(form_);
+    if (random_.Chance(50)) Put(7, Amount());
+    Put(8, std::to_string(random_.Between(1, 40)));
+    Save();
+  }
+
   Hands& hands_;
   Random& random_;
   Form& form_;
 };
 
 const Clerk::Habit Clerk::kHabits[] = {
-    {24, false, &Clerk::TypeSomething}, {20, false, &Clerk::PressKey},    {2, false, &Clerk::PressAccessKey},
-    {28, false, &Clerk::UseControl},    {4, false, &Clerk::PasteHostile}, {1, false, &Clerk::CloseWindow},
-    {3, false, &Clerk::EmptyField},     {4, true, &Clerk::ShowWorker},    {1, true, &Clerk::ShowSituacion},
-    {6, true, &Clerk::FillFields},      {2, true, &Clerk::NewWorker},     {2, true, &Clerk::ChangeWorker},
-    {2, true, &Clerk::NewSituacion},    {2, true, &Clerk::FillFamily},    {2, true, &Clerk::Calculate},
-    {2, true, &Clerk::Regularise},      {1, true, &Clerk::Remove},
+    {24, At::kAnywhere, &Clerk::TypeSomething}, {20, At::kAnywhere, &Clerk::PressKey},
+    {2, At::kAnywhere, &Clerk::PressAccessKey}, {28, At::kAnywhere, &Clerk::UseControl},
+    {4, At::kAnywhere, &Clerk::PasteHostile},   {1, At::kAnywhere, &Clerk::CloseWindow},
+    {3, At::kAnywhere, &Clerk::EmptyField},     {4, At::kWorkers, &Clerk::ShowWorker},
+    {1, At::kWorkers, &Clerk::ShowSituacion},   {6, At::kWorkers, &Clerk::FillFields},
+    {2, At::kWorkers, &Clerk::NewWorker},       {2, At::kWorkers, &Clerk::ChangeWorker},
+    {2, At::kWorkers, &Clerk::NewSituacion},    {2, At::kWorkers, &Clerk::FillFamily},
+    {2, At::kWorkers, &Clerk::Calculate},       {2, At::kWorkers, &Clerk::Regularise},
+    {1, At::kWorkers, &Clerk::Remove},          {2, At::kWorkers, &Clerk::OpenIncidents},
+    {12, At::kDated, &Clerk::EnterIncident},    {6, At::kDated, &Clerk::CloseIncident},
+    {4, At::kDated, &Clerk::ChangeIncident},    {2, At::kDated, &Clerk::RemoveIncident},
+    {12, At::kVariable, &Clerk::EnterConcept},  {6, At::kVariable, &Clerk::ChangeConcept},
+    {2, At::kVariable, &Clerk::RemoveIncident},
 };
 
 void Clerk::Act() {
-  const bool at_workers = form_.Name() == kPantallaTrabajadores;
-  const auto weight = [&](const Habit& habit) { return habit.at_workers && !at_workers ? 0 : habit.weight; };
+  const At place = PlaceOf(form_);
+  const auto weight = [&](const Habit& habit) {
+    return habit.at == At::kAnywhere || habit.at == place ? habit.weight : 0;
+  };
   int all = 0;
   for (const Habit& habit : kHabits) all += weight(habit);
   int drawn = random_.Between(1, all);

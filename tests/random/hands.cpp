@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "adapters/script/script_keys.hpp"
+#include "random/incident_table.hpp"
 #include "runtime/text.hpp"
 #include "workers/trabajadores.hpp"
 
 namespace zendara {
 namespace {
 
-constexpr int kMostBoxes = 200;  // of one event; more are a loop without end
+constexpr std::size_t kMostBoxes = 200;  // of one event; more are a loop without end
 
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
@@ -26,7 +27,7 @@ void Hands::Do(Form& form, const std::string& what, const std::function<void()>&
   if (!Going(form)) return;
   --left_;
   ++findings_.events;
-  boxes_ = 0;
+  boxes_.clear();
   Note(what);
   const Shown before = ShownOn(form);
   event();
@@ -52,10 +53,15 @@ Hands::Shown Hands::ShownOn(const Form& form) {
 
 // The worker screen writes rows of the worker and situación that it shows, and of no other. A worker who goes, or has
 // gone, takes all his situaciones with him. A regularisation goes to the situación that was shown last, while a new one
-// that is not saved yet may be on the screen.
+// that is not saved yet may be on the screen. What the incident screens write has been looked at, and nobody else
+// writes there.
 void Hands::CheckWrites(const Form& form, const std::string& event, const Shown& before) {
-  const std::set<std::string> changed = ledger_.Changed();
-  if (form.Name() != kPantallaTrabajadores) return;
+  const std::vector<Ledger::Change> changed = ledger_.Changed();
+  const bool at_workers = form.Name() == kPantallaTrabajadores;
+  for (const auto& [table, key] : changed) {
+    if (!at_workers || IsIncidents(table)) Fail(event + " on " + form.Name() + " changed " + key + " in " + table);
+  }
+  if (!at_workers) return;
   const std::string situacion = before.worker + "/" + before.situacion;
   const Shown now = ShownOn(form);
   const bool emptied = !before.worker.empty() && now.worker.empty();
@@ -65,7 +71,7 @@ void Hands::CheckWrites(const Form& form, const std::string& event, const Shown&
   const bool removed = !ledger_.Has(before.worker);
   const bool regularised = before.regularising && !now.regularising;
   const std::string allowed = before.stays && !removed && !regularised ? situacion : before.worker + "/";
-  for (const std::string& who : changed) {
+  for (const auto& [table, who] : changed) {
     if (who != before.worker && !who.starts_with(allowed)) {
       Fail("rows of " + who + " were changed while " + situacion + " was shown");
     }
@@ -112,7 +118,8 @@ BoxAnswer Hands::Answer(const Box& box) {
   }
   Note("box " + Quoted(box.text) + (answer == BoxAnswer::kYes ? " -> yes" : answer == BoxAnswer::kNo ? " -> no" : ""));
   if (box.text.find(ErrorText(kInternalError)) != std::string::npos) Fail("an exception that is no run-time error");
-  if (++boxes_ > kMostBoxes) {
+  boxes_.push_back(box.text);
+  if (boxes_.size() > kMostBoxes) {
     Fail("more than " + std::to_string(kMostBoxes) + " boxes");
     throw RuntimeError(kOutOfMemory);  // out of the loop
   }

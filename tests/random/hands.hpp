@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "apps/demo/random.hpp"
 #include "platform/form/form.hpp"
@@ -18,7 +19,7 @@ namespace zendara {
 // What sessions met.
 struct Findings {
   int events = 0;
-  std::set<std::string> writes;  // events that changed rows of workers
+  std::set<std::string> writes;  // events that changed rows of workers, and what incident screens did with theirs
 };
 
 class Hands {
@@ -50,8 +51,14 @@ class Hands {
   void Note(const std::string& what) const {
     if (aloud_) std::cout << left_ << "  " << what << std::endl;
   }
-  // Rows were changed by somebody else.
+  // Another program changes the row that an incident screen shows.
+  std::function<void(Form&)> ChangeShown;
+  // Rows were changed by somebody else, or have been looked at.
   void Forgive() { ledger_.Changed(); }
+  Ledger& Books() { return ledger_; }
+  Findings& Found() { return findings_; }
+  // Of the event, in their order.
+  const std::vector<std::string>& Boxes() const { return boxes_; }
   // Ends the session; the first reason counts.
   void Fail(const std::string& reason) {
     if (!Failed()) failure_ = std::to_string(left_) + " events before the end: " + reason;
@@ -75,7 +82,7 @@ class Hands {
   bool aloud_;
   Findings& findings_;
   std::string failure_;
-  int boxes_ = 0;  // of the event
+  std::vector<std::string> boxes_;
 };
 
 }  // namespace zendara

@@ -1,7 +1,5 @@
 #include "random/ledger.hpp"
 
-#include <algorithm>
-#include <iterator>
 #include <span>
 #include <stdexcept>
 #include <string_view>
@@ -17,9 +15,14 @@ struct WatchedTable {
   std::string_view name;
   std::string_view key;
 };
-constexpr WatchedTable kCompany[] = {{"TrabajadoresFijo", "Campo0"}, {"TrabajadoresVar", "Campo0 || '/' || Campo1"}};
+constexpr std::string_view kDay = "Campo0 || ' ' || Campo3";
+constexpr WatchedTable kCompany[] = {{"TrabajadoresFijo", "Campo0"},
+                                     {"TrabajadoresVar", "Campo0 || '/' || Campo1"},
+                                     {"TincidenciasIT", kDay},
+                                     {"TincidenciasESP", kDay}};
 constexpr WatchedTable kYear[] = {{"ConTrabajadorConceptos", "Campo1 || '/' || Campo2"},
-                                  {"ConTrabajadorPagas", "Campo1 || '/' || Campo2"}};
+                                  {"ConTrabajadorPagas", "Campo1 || '/' || Campo2"},
+                                  {"TIncidenciasVar", "Campo0 || ' ' || Campo1 || ' ' || Campo3 || ' ' || Campo4"}};
 struct WatchedFile {
   std::string name;  // in the statements
   std::string file;
@@ -46,7 +49,7 @@ Ledger::Rows Ledger::Read(const std::string& sql) const {
   Rows rows;
   const auto add = [](void* to, int columns, char** texts, char**) {
     std::string& row = (*static_cast<Rows*>(to))[LCase(texts[0])];
-    for (int i = 0; i < columns; ++i) row.append(texts[i] ? texts[i] : "").append("|");
+    for (int i = 1; i < columns; ++i) row.append(texts[i] ? texts[i] : "").append("|");
     return 0;
   };
   if (sqlite3_exec(connection_.get(), sql.c_str(), add, &rows, nullptr) == SQLITE_OK) return rows;
@@ -57,8 +60,8 @@ bool Ledger::Has(const std::string& key) const {
   return rows_.at("company.TrabajadoresFijo").contains(key) || rows_.at("company.TrabajadoresVar").contains(key);
 }
 
-std::set<std::string> Ledger::Changed() {
-  std::set<std::string> changed;
+std::vector<Ledger::Change> Ledger::Changed() {
+  std::vector<Change> changed;
   for (const WatchedFile& file : kFiles) {
     const Rows version = Read("PRAGMA " + file.name + ".data_version");
     if (version == std::exchange(versions_[file.name], version)) continue;
@@ -66,9 +69,13 @@ std::set<std::string> Ledger::Changed() {
       const std::string place = file.name + "." + std::string(table);
       const Rows now = Read("SELECT " + std::string(key) + ", * FROM " + place);
       const Rows before = std::exchange(rows_[place], now);
-      std::vector<Rows::value_type> differing;
-      std::ranges::set_symmetric_difference(before, now, std::back_inserter(differing));
-      for (const auto& [who, rows] : differing) changed.insert(who);
+      Rows keys = before;
+      keys.insert(now.begin(), now.end());
+      for (const auto& [who, rows] : keys) {
+        const auto was = before.find(who);
+        const auto is = now.find(who);
+        if (was == before.end() || is == now.end() || was->second != is->second) changed.push_back({place, who});
+      }
     }
   }
   return changed;

@@ -1,4 +1,4 @@
-// Watches the workers' tables from outside, through the store itself: whose rows have changed.
+// Watches the tables of workers and of incidents from outside, through the store itself: whose rows have changed.
 #pragma once
 
 #include <sqlite3.h>
@@ -6,24 +6,32 @@
 #include <filesystem>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
+#include <vector>
 
 namespace zendara {
 
 class Ledger {
  public:
+  // By their key in small letters, what stands in all that have it: its columns, each with a "|" behind it.
+  using Rows = std::map<std::string, std::string>;
+  struct Change {
+    std::string table;  // "company.TincidenciasIT", "y01.TIncidenciasVar"
+    std::string key;    // "00012" is a worker, "00012/003" a situación of his or its concepts, "00012 2001-03-05" an
+                        // incident, "01 00012 001 004" one of a concept
+  };
+
   // The folder of a demonstration company.
   explicit Ledger(const std::filesystem::path& folder);
 
-  // What has changed since the last call: "00012" is the worker, "00012/003" a situación of his or its concepts. Small
-  // letters.
-  std::set<std::string> Changed();
+  // What has changed since the last call.
+  std::vector<Change> Changed();
+  // As of the last call.
+  const Rows& RowsOf(const std::string& table) const { return rows_.at(table); }
   // Whether the worker or situación had a row of its own at the last call; concepts may outlive it.
   bool Has(const std::string& key) const;
 
  private:
-  using Rows = std::map<std::string, std::string>;  // by their first column, what stands in all that have it
   Rows Read(const std::string& sql) const;
 
   struct Close {

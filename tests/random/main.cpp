@@ -1,4 +1,4 @@
-// Long random sessions on the worker screen.
+// Long random sessions on the worker screen and those of incidents.
 //
 //   random_sessions                 the seeds that once failed
 //   random_sessions SEED            one session, each event printed
@@ -32,8 +32,30 @@ constexpr int kEvents = 3000;
 const std::vector<std::uint64_t> kFailedOnce = {11135};
 
 // Long runs that do not reach these would find nothing.
-constexpr std::string_view kMustWrite[] = {"click Grabar", "click Borrar", "click CmdBorrar", "click CmdCalcular",
-                                           "click CalcularRegula"};
+constexpr std::string_view kMustWrite[] = {"click Grabar",
+                                           "click Borrar",
+                                           "click CmdBorrar",
+                                           "click CmdCalcular",
+                                           "click CalcularRegula",
+                                           "MIncidencias adds",
+                                           "MIncidencias replaces",
+                                           "MIncidencias refuses",
+                                           "MIncidencias closes",
+                                           "MIncidencias removes",
+                                           "MIncidencias fails",
+                                           "MIncidencias keeps",
+                                           "MIncidenciasESP adds",
+                                           "MIncidenciasESP replaces",
+                                           "MIncidenciasESP refuses",
+                                           "MIncidenciasESP closes",
+                                           "MIncidenciasESP removes",
+                                           "MIncidenciasESP fails",
+                                           "MIncidenciasESP keeps",
+                                           "MIncidenciasVAR adds",
+                                           "MIncidenciasVAR replaces",
+                                           "MIncidenciasVAR removes",
+                                           "MIncidenciasVAR fails",
+                                           "MIncidenciasVAR keeps"};
 constexpr int kLongRun = 20'000;
 
 // What `zendara data check` finds, empty if nothing.
@@ -53,7 +75,7 @@ std::string PlaySession(const std::filesystem::path& model, std::uint64_t seed, 
   const TempFolder folder;
   std::filesystem::copy(model, folder.path(), std::filesystem::copy_options::recursive);
   Hands hands(seed, folder.path(), kEvents, aloud, findings);
-  PlayOnWorkerScreen(hands, folder.path().string());
+  PlayOnScreens(hands, folder.path().string());
   // Nothing of the component's state passes on to the next session, nor keeps files open.
   ElComponente().sesion = Sesion(Platform{});
   if (const std::string faults = FaultsOf(folder.path().string()); !faults.empty()) hands.Fail(faults);

@@ -1,13 +1,15 @@
 #include "random/player.hpp"
 
 #include <memory>
-#include <vector>
+#include <utility>
 
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
 #include "adapters/hosting/silent_banner.hpp"
 #include "common/row_list.hpp"
 #include "random/clerk.hpp"
+#include "random/incident_watch.hpp"
+#include "random/other_program.hpp"
 #include "support/fake_form_host.hpp"
 #include "workers/trabajadores.hpp"
 #include "zendara/engines.hpp"
@@ -33,30 +35,34 @@ class Player : public FakeFormHost {
   void Play(const std::string& folder);
 
   void ShowModal(Form& form) override;
+  void DoEvents() override {
+    if (top_) watch_->Pause(*top_, 5);
+  }
   void Untrapped(int number, const std::string& text) override {
     hands_.Note("error " + std::to_string(number) + " " + text);
   }
   BoxAnswer Show(const Box& box) override { return hands_.Answer(box); }
 
  private:
-  // Another program changes or removes a row that may be on the screen.
-  void Interfere();
-
   Hands& hands_;
   Components components_;
-  std::shared_ptr<Database> other_program_;  // its handle on the company's file
+  std::optional<OtherProgram> other_;
+  std::optional<IncidentWatch> watch_;
   int open_ = 0;
+  Form* top_ = nullptr;  // of the open ones
 };
 
 Player::Player(Hands& hands) : hands_(hands) {
   components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
-  RegisterPickList(components_, [this](const std::string&, RowList& rows) { return ChooseAtRandom(hands_, rows); });
+  RegisterPickList(components_, [this](const std::string&, RowList& rows) {
+    DoEvents();
+    return ChooseAtRandom(hands_, rows);
+  });
 }
 
 void Player::Play(const std::string& folder) {
   const auto engine = MakeEngine();
   const auto files = MakeHostFiles();
-  const auto other_engine = MakeEngine();
   CompanyHost company({.engine = engine.get(),
                        .dialogs = this,
                        .files = files.get(),
@@ -70,46 +76,36 @@ void Player::Play(const std::string& folder) {
   if (random.Chance(25)) values.currency = "E";
   if (random.Chance(10)) values.program = "05";
   company.Open(values);
-  other_program_ = other_engine->Workspaces(0)->OpenDatabase(folder + "/DATOS/Nom00001.MDB");
+  other_.emplace(hands_, folder, values.year);
+  watch_.emplace(hands_, *other_, values.year);
+  hands_.ChangeShown = [this](Form& form) { watch_->ChangeShown(form); };
   while (!hands_.Done()) {
     const std::size_t before = shown.size();
-    company.Show(std::string(kPantallaTrabajadores));
+    company.Show(std::string(random.Chance(60) ? kPantallaTrabajadores : random.Pick(kIncidentTables).screen));
     if (shown.size() == before) hands_.Fail("the screen does not open");
   }
-  other_program_.reset();
+  watch_.reset();
+  other_.reset();
 }
 
 void Player::ShowModal(Form& form) {
   hands_.Note("screen " + form.Name());
   shown.push_back(form.Name());
   ++open_;
+  Form* const below = std::exchange(top_, &form);
+  watch_->Attach(form);
   for (int acts = open_ > 1 ? kInnerEvents : hands_.random.Between(50, 1000); acts > 0 && hands_.Going(form); --acts) {
-    if (hands_.random.Chance(0.3)) Interfere();
+    if (hands_.random.Chance(0.3)) other_->Interfere();
+    watch_->Pause(form, 2);
     ActAtRandom(hands_, form);
   }
   form.Unload();
+  top_ = below;
   --open_;
-}
-
-void Player::Interfere() {
-  Random& random = hands_.random;
-  const char* table = random.Chance(50) ? "TrabajadoresFijo" : "TrabajadoresVar";
-  const auto rows = other_program_->OpenRecordset(table, RecordsetType::kTable);
-  if (rows->Eof()) return;
-  for (int row = random.Between(0, static_cast<int>(rows->RecordCount()) - 1); row > 0; --row) rows->MoveNext();
-  hands_.Note(std::string("another program is at ") + table + " " + rows->Fields(0).Get().Text());
-  if (random.Chance(80)) {
-    rows->Edit();
-    rows->Fields(2).Set(random.Chance(50) ? "Otro" : "d'Or");
-    rows->Update();
-  } else {
-    rows->Delete();
-  }
-  hands_.Forgive();
 }
 
 }  // namespace
 
-void PlayOnWorkerScreen(Hands& hands, const std::string& folder) { Player(hands).Play(folder); }
+void PlayOnScreens(Hands& hands, const std::string& folder) { Player(hands).Play(folder); }
 
 }  // namespace zendara

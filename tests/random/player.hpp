@@ -7,8 +7,8 @@
 
 namespace zendara {
 
-// Opens the worker screen, again and again, until the session's events are used up or something has failed. `folder` is
-// the application's.
-void PlayOnWorkerScreen(Hands& hands, const std::string& folder);
+// Opens the worker screen and those of incidents, again and again, until the session's events are used up or something
+// has failed. `folder` is the application's.
+void PlayOnScreens(Hands& hands, const std::string& folder);
 
 }  // namespace zendara

@@ -149,7 +149,7 @@ void AddChoice(CLI::App* command, const char* option, const char* usual, const c
                const std::string& what) {
   command
       ->add_option_function<std::string>(
-          option, [&mark, other = std::string(other)](const std::string& word) { mark = word == other; },
+          option, [&mark, other](const std::string& word) { mark = word == other; },
           what + ": " + usual + " (default) or " + other)
       ->type_name("WORD")
       ->check(CLI::IsMember({usual, other}).description(""));

@@ -35,7 +35,7 @@ class ClsZendara {
   // Takes over the host's databases (the company's, and a second one that may be empty), the slots 1 to 500 and the
   // session's values; shows the screen of that name, waits until the user has closed it, and hands the currency mark
   // back to the session. Names are "Trabajadores", "MIncidencias", "MIncidenciasESP" and "MIncidenciasVAR"; case
-  // counts, and any other name shows nothing. This version has the first of them; the other three show nothing yet.
+  // counts, and any other name shows nothing.
   //
   // Handles. They are shared and kept until the next call, never closed. The session's window of years, that of its
   // working year, is set on each of them (SetYearWindow) and stays there. Recordsets are moved and get other indexes.

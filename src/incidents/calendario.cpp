@@ -13,8 +13,6 @@ namespace {
 struct Dias {
   double desde;
   double hasta;
-
-  friend bool operator==(const Dias&, const Dias&) = default;
 };
 
 Dias DiasDe(Date inicio, const std::optional<Date>& fin) {

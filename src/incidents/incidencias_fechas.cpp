@@ -274,9 +274,8 @@ void IncidenciasFechas::AsignaCampos() {
       if (!valor.IsNull()) fila.Fields(IndiceCampo(campo) - 1).Set(valor);
     }
   } catch (...) {
-    const RuntimeError error = CurrentError();
     fila.Update();
-    throw error;
+    throw;
   }
 }
 

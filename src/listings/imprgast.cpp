@@ -13,7 +13,6 @@
 #include "runtime/format.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
-#include "values/muestra_error.hpp"
 #include "values/nombres.hpp"
 #include "values/valor_numero.hpp"
 

@@ -11,7 +11,6 @@
 #include "runtime/date.hpp"
 #include "runtime/format.hpp"
 #include "runtime/text.hpp"
-#include "values/filtro_tecla.hpp"
 #include "values/valor_numero.hpp"
 
 namespace zendara {
@@ -147,7 +146,7 @@ ListadoTrabajador::ListadoTrabajador(Sesion& sesion, RegistroPantallas& pantalla
   ConectaMarco();
   Impresora.On().click = [this](int) { Guarda([this] { Imprime(); }); };
   const auto tecla = Text1.On().key_press;
-  Text1.On().key_press = [this, tecla](int indice, int& caracter) {
+  Text1.On().key_press = [tecla](int indice, int& caracter) {
     if (caracter == ',' || caracter == '.') caracter = 0;
     tecla(indice, caracter);
   };

@@ -1,6 +1,7 @@
 #include "platform/form/form_drafts.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "platform/form/form.hpp"
@@ -177,8 +178,9 @@ void FormDrafts::Saved(bool beside) {
 std::vector<KeptDraft> FormDrafts::Left() const {
   DraftKeeper* keeper = Keeper();
   if (!keeper) return {};
-  std::vector<KeptDraft> drafts = keeper->Left([](const KeptDraft&) { return true; });
-  std::ranges::stable_partition(drafts, [here = Here()](const KeptDraft& kept) { return here(kept.draft); });
+  const auto here = Here();
+  std::vector<KeptDraft> drafts = keeper->Left([&](const KeptDraft& kept) { return here(kept.draft); });
+  std::ranges::move(keeper->Left([&](const KeptDraft& kept) { return !here(kept.draft); }), std::back_inserter(drafts));
   return drafts;
 }
 

@@ -137,7 +137,8 @@ std::vector<DraftValue> Unsaved::Changes() const {
   for (const Entry& entry : entries_) {
     const Control& control = *entry.control;
     for (int i = 0; i < control.ValueCount(); ++i) {
-      if (entry.opener ? beside : whole || IsChanged(entry, i)) changes.push_back({control.ValueId(i), control.ValueText(i)});
+      if (entry.opener ? beside : whole || IsChanged(entry, i))
+        changes.push_back({control.ValueId(i), control.ValueText(i)});
     }
   }
   return changes;

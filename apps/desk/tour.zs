@@ -48,3 +48,23 @@ key Alt+Home
 key F1
 page Tab1 0
 click Salir
+
+# The incidents of a worker with his calendar, and what the rule says of dates that meet others.
+open MIncidencias
+type "44\n1\n"
+type "050801\n100801\n"
+click Grabar
+click Cancela
+click Pendientes
+key Enter
+key Enter
+click Impresora
+key Esc
+key Esc
+open MIncidenciasVAR
+type "02\n12\n\n4\n"
+click Salir
+click Salir
+open Trabajadores
+click Pendientes
+click Impresora

@@ -192,6 +192,13 @@ void PangoMeasure::Draw(cairo_t& cairo, double x, double y, std::string_view tex
     units += glyph->advance;
   }
   cairo_set_scaled_font(&cairo, loaded.scaled);
+  if (cairo_surface_get_type(cairo_get_target(&cairo)) == CAIRO_SURFACE_TYPE_IMAGE) {
+    // Otherwise each glyph would be moved to a whole pixel.
+    cairo_new_path(&cairo);
+    cairo_glyph_path(&cairo, glyphs.data(), static_cast<int>(glyphs.size()));
+    cairo_fill(&cairo);
+    return;
+  }
   cairo_show_text_glyphs(&cairo, text.data(), static_cast<int>(text.size()), glyphs.data(),
                          static_cast<int>(glyphs.size()), clusters.data(), static_cast<int>(clusters.size()),
                          cairo_text_cluster_flags_t{});

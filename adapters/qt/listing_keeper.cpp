@@ -54,6 +54,15 @@ class Wait {
   QProgressDialog dialog_;
 };
 
+// Asking for printers may take as long as a network takes to answer.
+class WaitCursor {
+ public:
+  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
 }  // namespace
 
 std::vector<ListingFile> ListingFiles(const PangoMeasure& measure, YearWindow years) {
@@ -80,7 +89,7 @@ QString ListingKeeper::Save(print::PagedListing& listing, QWidget& over) {
 QString ListingKeeper::Print(print::PagedListing& listing, QWidget& over) {
   QString said;
   try {
-    const std::vector<Printer> printers = printers_.List();
+    const std::vector<Printer> printers = (WaitCursor(), printers_.List());
     if (printers.empty()) return QStringLiteral("No hay ninguna impresora en este equipo.");
     PrintDialog dialog(printers, &over);
     if (dialog.exec() != QDialog::Accepted) return {};
@@ -98,6 +107,7 @@ QString ListingKeeper::Print(print::PagedListing& listing, QWidget& over) {
         return QStringLiteral("No se ha impreso.");
       }
     }
+    const WaitCursor wait;
     printers_.Send(job, path);
     said = QStringLiteral("Enviado a la impresora ") + ToQt(job.printer);
   } catch (...) {

@@ -235,7 +235,7 @@ QImage ListingView::Picture(const QRect& place) {
   const int above = verticalScrollBar()->value();
   const int height = size.height() + Gap();
   const std::size_t last = std::min(static_cast<std::size_t>((above + place.bottom()) / height), listing_.Pages() - 1);
-  for (std::size_t page = static_cast<std::size_t>((above + place.top()) / height); page <= last; ++page) {
+  for (auto page = static_cast<std::size_t>((above + place.top()) / height); page <= last; ++page) {
     const Shown& shown = Take(page);
     const QPoint corner = QPoint(LeftOf(), TopOf(page) - above) - place.topLeft();
     {
@@ -248,9 +248,10 @@ QImage ListingView::Picture(const QRect& place) {
                           hit.height * Scale());
         painter.fillRect(mark, ColourOf(Role::kFound, Colours::kLight));
         if (found_ != hit.row) continue;
-        painter.setPen(QPen(ColourOf(Role::kWarning, Colours::kLight), RingWidth(fontMetrics())));
+        const double ring = RingWidth(fontMetrics());
+        painter.setPen(QPen(ColourOf(Role::kWarning, Colours::kLight), ring));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(mark);
+        painter.drawRect(mark.adjusted(-ring, -ring / 2, ring, ring / 2));
       }
     }
     DrawPage(shown.page, measure_,

@@ -132,7 +132,7 @@ void ListingWindow::LayOut() {
   QHBoxLayout* pages = group();
   AddSign(*pages, QStringLiteral("|◀"), QStringLiteral("Primera página"), QStringLiteral("Ctrl+Inicio"),
           &ListingWindow::FirstPage);
-  AddSign(*pages, QStringLiteral("◀"), QStringLiteral("Página anterior"), QStringLiteral("RePág"),
+  AddSign(*pages, QStringLiteral("◀"), QStringLiteral("Página anterior"), QStringLiteral("Re Pág"),
           &ListingWindow::PreviousPage);
   page_ = AddField(*pages, QStringLiteral("&Página:"), kPageDigits);
   page_->setValidator(new QIntValidator(0, 9'999'999, page_));
@@ -140,7 +140,7 @@ void ListingWindow::LayOut() {
   page_->setAlignment(Qt::AlignRight);
   pages_ = new QLabel(this);
   pages->addWidget(pages_);
-  AddSign(*pages, QStringLiteral("▶"), QStringLiteral("Página siguiente"), QStringLiteral("AvPág"),
+  AddSign(*pages, QStringLiteral("▶"), QStringLiteral("Página siguiente"), QStringLiteral("Av Pág"),
           &ListingWindow::NextPage);
   AddSign(*pages, QStringLiteral("▶|"), QStringLiteral("Última página"), QStringLiteral("Ctrl+Fin"),
           &ListingWindow::LastPage);
@@ -166,7 +166,7 @@ void ListingWindow::LayOut() {
             &ListingWindow::Save);
   AddButton(*ends, QStringLiteral("Sa&lir"), QStringLiteral("Esc"), &ListingWindow::Leave);
 
-  auto* hint = new QLabel(QStringLiteral("AvPág y RePág: otra página. Ctrl+F: buscar. F3: la siguiente. "
+  auto* hint = new QLabel(QStringLiteral("Av Pág y Re Pág: otra página. Ctrl+F: buscar. F3: la siguiente. "
                                          "Ctrl+P: imprimir. Ctrl+S: guardar. Esc: salir."),
                           this);
   hint->setWordWrap(true);

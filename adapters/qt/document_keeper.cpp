@@ -27,7 +27,7 @@ QString DocumentKeeper::KeepDetail(const Box& box, const FormWindow* window, QWi
 }
 
 QString DocumentKeeper::Keep(const std::function<print::Document()>& make, QWidget& over) {
-  static const FileKind kinds[] = {{"Documento PDF", "pdf"}};
+  static const FileFormat kinds[] = {{"Documento PDF", "pdf"}};
   print::Document document;
   const auto begin = [&] {
     document = make();

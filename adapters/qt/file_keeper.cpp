@@ -28,7 +28,7 @@ std::string ProposedPath(const std::string& title, const std::string& suffix, co
 
 }  // namespace
 
-QString FileKeeper::Keep(const Begin& begin, std::span<const FileKind> kinds, const Write& write, QWidget& over) {
+QString FileKeeper::Keep(const Begin& begin, std::span<const FileFormat> kinds, const Write& write, QWidget& over) {
   using enum print::DocumentWriter::Existing;
   ChosenFile file;
   QString said;

@@ -27,7 +27,7 @@ class FileKeeper {
   using Write =
       std::function<bool(const std::string& path, std::size_t kind, print::DocumentWriter::Existing existing)>;
   // What to say then, nothing if it was not kept.
-  QString Keep(const Begin& begin, std::span<const FileKind> kinds, const Write& write, QWidget& over);
+  QString Keep(const Begin& begin, std::span<const FileFormat> kinds, const Write& write, QWidget& over);
   // A box about the exception that is being handled, after these words. REQUIRES: called in a catch clause.
   void ShowFailure(const std::string& words);
 

@@ -76,7 +76,7 @@ std::vector<ListingFile> ListingFiles(const PangoMeasure& measure, YearWindow ye
 }
 
 QString ListingKeeper::Save(print::PagedListing& listing, QWidget& over) {
-  std::vector<FileKind> kinds;
+  std::vector<FileFormat> kinds;
   for (const ListingFile& file : kinds_) kinds.push_back(file.kind);
   const auto write = [&](const std::string& path, std::size_t kind, print::DocumentWriter::Existing existing) {
     Wait wait(QStringLiteral("Se está guardando el listado…"), listing, over);

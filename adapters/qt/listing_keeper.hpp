@@ -19,7 +19,7 @@ namespace zendara {
 
 // A kind of file that a listing can be kept as.
 struct ListingFile {
-  FileKind kind;
+  FileFormat kind;
   std::unique_ptr<print::ListingWriter> writer;
 };
 

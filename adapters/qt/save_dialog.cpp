@@ -20,10 +20,11 @@ void SpeakSpanish() {
   if (translator.load(QStringLiteral("qtbase_es"), folder)) QCoreApplication::installTranslator(&translator);
 }
 
-std::optional<ChosenFile> ChooseFileInDialog(QWidget& over, const std::string& path, std::span<const FileKind> kinds) {
+std::optional<ChosenFile> ChooseFileInDialog(QWidget& over, const std::string& path,
+                                             std::span<const FileFormat> kinds) {
   SpeakSpanish();
   QStringList filters;
-  for (const FileKind& kind : kinds) filters << QStringLiteral("%1 (*.%2)").arg(ToQt(kind.words), ToQt(kind.suffix));
+  for (const FileFormat& kind : kinds) filters << QStringLiteral("%1 (*.%2)").arg(ToQt(kind.words), ToQt(kind.suffix));
   const QFileInfo proposed(ToQt(path));
   QFileDialog dialog(&over, QStringLiteral("Guardar"), proposed.path());
   dialog.setNameFilters(filters);
@@ -42,7 +43,7 @@ std::optional<ChosenFile> ChooseFileInDialog(QWidget& over, const std::string& p
   const QString file = dialog.selectedFiles().constFirst();
   const std::string suffix = FromQt(QFileInfo(file).suffix().toLower());
   std::size_t kind = kind_now();
-  const auto meant = std::ranges::find(kinds, suffix, &FileKind::suffix);
+  const auto meant = std::ranges::find(kinds, suffix, &FileFormat::suffix);
   if (kinds[kind].suffix != suffix && meant != kinds.end()) kind = static_cast<std::size_t>(meant - kinds.begin());
   return ChosenFile{QFile::encodeName(file).toStdString(), kind};
 }

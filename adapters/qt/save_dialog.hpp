@@ -11,7 +11,7 @@ class QWidget;
 
 namespace zendara {
 
-struct FileKind {
+struct FileFormat {
   std::string words;   // what the user chooses by
   std::string suffix;  // of the file's name, without the point
 };
@@ -23,12 +23,12 @@ struct ChosenFile {
 
 // What the user chose, nothing when they gave up.
 using ChooseFile =
-    std::function<std::optional<ChosenFile>(QWidget& over, const std::string& path, std::span<const FileKind> kinds)>;
+    std::function<std::optional<ChosenFile>(QWidget& over, const std::string& path, std::span<const FileFormat> kinds)>;
 
 // The desktop's dialog, or the toolkit's own one in Spanish, with that path proposed and the first kind. Whoever writes
 // a name with the suffix of another kind means that one. Whether a file that is there may be replaced is not asked
 // here.
-std::optional<ChosenFile> ChooseFileInDialog(QWidget& over, const std::string& path, std::span<const FileKind> kinds);
+std::optional<ChosenFile> ChooseFileInDialog(QWidget& over, const std::string& path, std::span<const FileFormat> kinds);
 
 // The toolkit's own words, of which dialogs like this one show some, in Spanish from now on.
 void SpeakSpanish();

@@ -81,7 +81,7 @@ ScriptedWindows::ScriptedWindows(QtHost& windows, Script script, ScriptPlayer::S
       hands_(windows, [this] { PhotographTop(); }),
       player_(CommandsOf(std::move(script)), hands_, windows.Documents(), std::move(out)) {
   // Nobody is there to choose; the command `print` says where.
-  windows_.OnChooseFile([](QWidget&, const std::string&, std::span<const FileKind>) { return std::nullopt; });
+  windows_.OnChooseFile([](QWidget&, const std::string&, std::span<const FileFormat>) { return std::nullopt; });
   RegisterScriptNeighbours(components_, player_);
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kListingViewerClass, [this] { return MakeViewer(); });

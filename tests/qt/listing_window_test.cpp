@@ -78,9 +78,9 @@ class ListingWindowTest : public QtTest {
  protected:
   ListingWindowTest() {
     host.UsePrinters(printers);
-    host.OnChooseFile([this](QWidget&, const std::string& offered, std::span<const FileKind> kinds) {
+    host.OnChooseFile([this](QWidget&, const std::string& offered, std::span<const FileFormat> kinds) {
       proposed = offered;
-      for (const FileKind& kind : kinds) offered_kinds.push_back(kind.suffix);
+      for (const FileFormat& kind : kinds) offered_kinds.push_back(kind.suffix);
       return chosen;
     });
   }

@@ -25,6 +25,7 @@
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/pick_window.hpp"
 #include "adapters/qt/qt_host.hpp"
+#include "bench/offscreen.hpp"
 #include "common/buscador.hpp"
 #include "common/consulta.hpp"
 #include "frame/parametros.hpp"

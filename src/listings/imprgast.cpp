@@ -56,6 +56,9 @@ Imprgast::Imprgast(Sesion& sesion, RegistroPantallas& pantallas) : PantallaBase(
     Image& imagen = Image1.Add(IndiceCampoRango(campo));
     rangos.push_back(Row({Place(codigo, {&imagen}), Unlabelled(Place(texto)), Space()}));
   }
+  // A window is laid out before the screen loads.
+  const ModoListado* modo = sesion_.FormActivo ? ModoDe(sesion_.FormActivo->Name()) : nullptr;
+  if (modo) PonRotulos(*modo);
   FrameRango.SetCaption("Qué se lista");
   SSFrame2.SetCaption("Tipo de Papel");
   SSFrame8.SetCaption("Desglose Trimestral");
@@ -106,22 +109,26 @@ void Imprgast::OnLoad() {
   });
 }
 
+void Imprgast::PonRotulos(const ModoListado& modo) {
+  Caja(kPrimero).SetCaption(modo.primero);
+  Caja(kSegundo).SetCaption(modo.segundo);
+  Caja(kTercero).SetCaption("A Trabajador");
+}
+
 void Imprgast::PonModo() {
   const ModoListado& modo = Modo();
   SetTitle("Listados: " + sesion_.FormActivo->Title());
-  Caja(kPrimero).SetCaption(modo.primero);
   Caja(kPrimero).SetMaxLength(modo.largo_primero);
-  Caja(kSegundo).SetCaption(modo.segundo);
-  Caja(kTercero).SetCaption("A Trabajador");
   for (const CampoRango campo : {kTercero, kTextoTercero}) Caja(campo).SetVisible(modo.pide_mes);
   Image1(IndiceCampoRango(kTercero)).SetVisible(modo.pide_mes);
 }
 
 std::string Imprgast::Expected() const {
   const Control* foco = Focus();
-  if (!foco || foco->Name() != "Text1") return {};
-  return "Vacío: el " + std::string(foco->Index() == IndiceCampoRango(kTercero) ? "último" : "primero o el último") +
-         " · F2: lista";
+  if (!foco || foco->Name() != "Text1" || !sesion_.FormActivo) return {};
+  const auto campo = static_cast<CampoRango>(foco->Index());
+  const bool primero = campo == (Modo().pide_mes ? kSegundo : kPrimero);
+  return std::string(primero ? "Vacío: el primero" : "Vacío: el último") + " · F2: lista";
 }
 
 HelpPlace Imprgast::HelpOnFocus() const { return {.link = "listado_incidencias.md", .words = {}}; }

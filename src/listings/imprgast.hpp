@@ -39,6 +39,7 @@ class Imprgast : public PantallaBase {
  private:
   // Of FormActivo. Error 91 without one, 5 when its screen has no listing.
   const ModoListado& Modo() const;
+  void PonRotulos(const ModoListado& modo);
   void PonModo();
   bool CompruebaCampo(CampoRango campo);
   void LimpiaCampo(CampoRango campo);

@@ -42,12 +42,16 @@ void ListingClerk::ShowModal(Form& form) {
   form.Unload();
 }
 
+// A box about a field that keeps its text was a note: the listing has that limit all the same.
 void ListingClerk::Do(Form& form, const ScreenOrder& order) {
   for (const std::string& option : order.options) form.Click(*form.Find(option));
+  const TextBox* left = nullptr;
   for (const auto& [id, text] : order.fields) {
     auto& field = dynamic_cast<TextBox&>(*form.Find(id));
     form.Run([&] { form.SetFocus(field); });
+    if (left && !left->Text().empty()) refused_.clear();
     if (!refused_.empty()) return;
+    left = &field;
     if (text.empty()) continue;
     form.Press({.code = key::kHome, .shift = 0, .text = {}});
     for (std::size_t i = Len(field.Text()); i > 0; --i) form.Press({.code = key::kDelete, .shift = 0, .text = {}});
@@ -63,9 +67,8 @@ BoxAnswer ListingClerk::Show(const Box& box) {
 }
 
 StagedListing ListingClerk::Take() {
-  if (!refused_.empty()) throw CommandError(refused_);
-  if (!staged_.rows) throw CommandError("there is nothing to list");
-  return std::move(staged_);
+  if (staged_.rows) return std::move(staged_);
+  throw CommandError(refused_.empty() ? "there is nothing to list" : refused_);
 }
 
 }  // namespace zendara

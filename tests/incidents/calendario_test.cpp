@@ -37,12 +37,12 @@ struct Canvas : DrawingSurface {
     ASSERT_TRUE(left >= 0 && top >= 0 && right <= width && bottom <= height)
         << left << ' ' << top << ' ' << right << ' ' << bottom;
     marks.push_back({left, top, right, bottom, ink});
-    pixels.resize(static_cast<std::size_t>(width * height));
+    pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     for (int y = top; y < bottom; ++y) std::fill(At(left, y), At(right, y), ink);
   }
   void Write(const LogicalFont&, int, int, int, std::string_view text, Ink) override { texts.emplace(text); }
 
-  std::vector<Ink>::iterator At(int x, int y) { return pixels.begin() + y * width + x; }
+  std::vector<Ink>::iterator At(int x, int y) { return pixels.begin() + static_cast<std::ptrdiff_t>(y) * width + x; }
 
   int width = 360;
   int height = 460;

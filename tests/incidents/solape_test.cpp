@@ -1,11 +1,12 @@
 // The rule that keeps incidents apart, against a model of it as it is written.
+#include "incidents/solape.hpp"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
 #include <optional>
 
 #include "incidents/incidencias_fixture.hpp"
-#include "incidents/solape.hpp"
 
 namespace zendara {
 namespace {

@@ -1,7 +1,6 @@
 #include "incidents/diseno_fechas.hpp"
 
 #include "frame/catalogo.hpp"
-#include "runtime/text.hpp"
 
 namespace zendara {
 namespace {
@@ -17,20 +16,25 @@ constexpr Campo kCampos[] = {
 };
 constexpr IndiceCampo kCamposClave[] = {kTrabajador, kInicio};
 
+constexpr DisenoIncidencias Comun(std::string_view pantalla, std::string_view leyenda, int contexto_ayuda,
+                                  std::string_view pista_grabar, int ranura, bool lista_sin_filas) {
+  return {.pantalla = pantalla,
+          .leyenda = leyenda,
+          .contexto_ayuda = contexto_ayuda,
+          .pista_grabar = pista_grabar,
+          .pista_borrar = " Borra Incidencia ",
+          .ranura = ranura,
+          .fichero = FileKind::kCompany,
+          .indice = "ICampo0_3",
+          .clave = kCamposClave,
+          .campos = kCampos,
+          .trabajador = kTrabajador,
+          .nombre = kNombre,
+          .lista_sin_filas = lista_sin_filas};
+}
+
 constexpr DisenoFechas kDisenos[] = {
-    {.comun = {.pantalla = "MIncidencias",
-               .leyenda = "Incidencias de I.T.",
-               .contexto_ayuda = 30001,
-               .pista_grabar = " Graba Incidencia ",
-               .pista_borrar = " Borra Incidencia ",
-               .ranura = kTincidenciasIT,
-               .fichero = FileKind::kCompany,
-               .indice = "ICampo0_3",
-               .clave = kCamposClave,
-               .campos = kCampos,
-               .trabajador = kTrabajador,
-               .nombre = kNombre,
-               .lista_sin_filas = false},
+    {.comun = Comun("MIncidencias", "Incidencias de I.T.", 30001, " Graba Incidencia ", kTincidenciasIT, false),
      .tabla = TablaIncidencias::kIT,
      .nombre_tabla = "TincidenciasIT",
      .tipos = &kListaTiposIT,
@@ -40,19 +44,7 @@ constexpr DisenoFechas kDisenos[] = {
      .reabre_al_grabar = false,
      .al_salir = TratoFechas::kTexto,
      .de_lista = TratoFechas::kFormato},
-    {.comun = {.pantalla = "MIncidenciasESP",
-               .leyenda = "Incidencias de E.S.P.",
-               .contexto_ayuda = 300022,
-               .pista_grabar = " Graba Incidencia",
-               .pista_borrar = " Borra Incidencia ",
-               .ranura = kTincidenciasESP,
-               .fichero = FileKind::kCompany,
-               .indice = "ICampo0_3",
-               .clave = kCamposClave,
-               .campos = kCampos,
-               .trabajador = kTrabajador,
-               .nombre = kNombre,
-               .lista_sin_filas = true},
+    {.comun = Comun("MIncidenciasESP", "Incidencias de E.S.P.", 300022, " Graba Incidencia", kTincidenciasESP, true),
      .tabla = TablaIncidencias::kESP,
      .nombre_tabla = "TincidenciasESP",
      .tipos = &kListaTiposESP,
@@ -69,10 +61,5 @@ constexpr DisenoFechas kDisenos[] = {
 std::span<const Campo> CamposFechas() { return kCampos; }
 
 const DisenoFechas& DisenoDe(TablaIncidencias tabla) { return kDisenos[tabla == TablaIncidencias::kIT ? 0 : 1]; }
-
-std::string EnReposo(const std::string& fecha) {
-  if (Len(fecha) != 6 || fecha.find('/') != std::string::npos) return fecha;
-  return Mid(fecha, 1, 2) + "/" + Mid(fecha, 3, 2) + "/" + Mid(fecha, 5, 2);
-}
 
 }  // namespace zendara

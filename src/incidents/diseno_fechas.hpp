@@ -42,7 +42,4 @@ enum ColumnaFechas { kColumnaTrabajador, kColumnaNombre, kColumnaTipo, kColumnaI
 
 inline constexpr int kImagenTipo = 0;  // of Combo1; the other images have the index of their field
 
-// A date as it stands in its field at rest, whichever of its two forms it has now.
-std::string EnReposo(const std::string& fecha);
-
 }  // namespace zendara

@@ -43,18 +43,12 @@ void IncidenciasFechas::SalidaCampo(int indice) {
 }
 
 void IncidenciasFechas::SalidaTrabajador() {
-  TextBox& campo = Text1(IndiceCampo(kTrabajador));
   Formatea(kTrabajador, kMascaraTrabajador);
-  const std::string numero = campo.Text();
+  const std::string numero = Texto(kTrabajador);
   if (Trim(CodigoAlEntrar) == Trim(numero)) return;
   CodigoAlEntrar = numero;
   if (sesion_.Tabla(kTrabajadoresFijo).RecordCount() == 0) return;
-  if (PonNombre()) return Poneregistro();
-  if (!Trim(numero).empty()) Mensaje("No existe trabajador con ese código", campo);
-  LimpiaCampos(kTrabajador, kFin);
-  calendario_.PonTrabajador("");
-  campo.SetFocus();
-  CodigoAlEntrar.clear();
+  if (LlamaTrabajador()) Poneregistro();
 }
 
 // Calls up the row of that type and start. The date is read with the month first if it can be, so what comes may be
@@ -134,7 +128,7 @@ void IncidenciasFechas::EligeTipo() {
 }
 
 void IncidenciasFechas::EligeFecha() {
-  const std::vector<std::string> actuales = {EnReposo(Texto(kInicio))};
+  const std::vector<std::string> actuales = {ConBarras(Texto(kInicio))};
   Elige(Text1(IndiceCampo(kInicio)), *diseno_fechas_.fechas, {Texto(kTrabajador)}, actuales,
         [this](const std::vector<std::string>& cortes) {
           const Date dia = CDate(cortes[0], sesion_.VentanaFechas);

@@ -11,14 +11,11 @@
 #include "runtime/failure.hpp"
 #include "runtime/format.hpp"
 #include "runtime/number.hpp"
-#include "runtime/text.hpp"
 
 namespace zendara {
 namespace {
 
 using enum CampoFechas;
-
-constexpr std::size_t kCifrasTrabajador = 5;
 
 // The listing of GeneraPendientes. The first column of a row is the name.
 constexpr int kCopiadas[] = {kColumnaNombre, kColumnaTrabajador, kColumnaTipo, kColumnaInicio};
@@ -27,18 +24,17 @@ constexpr int kCopiadas[] = {kColumnaNombre, kColumnaTrabajador, kColumnaTipo, k
 
 bool IncidenciasFechas::CompruebaDatos() {
   if (diseno_fechas_.reabre_al_grabar) AbreFichero(sesion_, FileKind::kCompany);
-  const std::string numero = Texto(kTrabajador);
-  if (Val(numero) == 0 || Len(numero) != kCifrasTrabajador) {
-    return Falta("Es preciso introducir el Nº del Trabajador", Text1(IndiceCampo(kTrabajador)));
-  }
-  if (!Texto(kInicio).empty()) return false;
-  return Falta(std::string(diseno_fechas_.falta_inicio), Text1(IndiceCampo(kInicio)));
+  if (FaltaCodigo(kTrabajador, "Es preciso introducir el Nº del Trabajador")) return true;
+  return Texto(kInicio).empty() && Falta(diseno_fechas_.falta_inicio, Text1(IndiceCampo(kInicio)));
 }
 
+// An error has been said, and empties the screen as well.
 void IncidenciasFechas::GrabaComprobado() {
-  if (!CompruebaSolape() || !GrabarRegistro()) return;
+  if (!CompruebaSolape()) return;
+  const std::string resumen = Resumen();
+  const bool grabado = GrabarRegistro();
   CancelaFicha();
-  if (!grabado_.empty()) DiGrabado(grabado_);
+  if (grabado) DiGrabado(resumen);
 }
 
 bool IncidenciasFechas::CompruebaSolape() {
@@ -93,19 +89,17 @@ void IncidenciasFechas::AsignaCampos() {
 }
 
 bool IncidenciasFechas::GrabarRegistro() {
-  grabado_.clear();
-  const std::string resumen = Resumen();
   try {
     PantallaIncidencias::GrabarRegistro();
-    grabado_ = resumen;
+    return true;
   } catch (...) {
     const RuntimeError error = CurrentError();
     LogDetail(error);
     if (error.number() == kNullInKey) Mensaje("Debe Introducir la Fecha de Inicio");
-    Mensaje("No se ha grabado la incidencia de " + resumen + ".\n" + error.what());
+    Mensaje("No se ha grabado la incidencia de " + Resumen() + ".\n" + error.what());
     Text1(IndiceCampo(kInicio)).SetFocus();
+    return false;
   }
-  return true;
 }
 
 void IncidenciasFechas::GeneraPendientes(int ranura) {

@@ -8,6 +8,7 @@
 #include "runtime/format.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
+#include "values/formato_fecha.hpp"
 
 namespace zendara {
 namespace {
@@ -107,8 +108,8 @@ std::string IncidenciasFechas::Position() const {
 
 std::string IncidenciasFechas::Resumen() const {
   const std::string tipo(TextoTipo(diseno_fechas_.tabla, Texto(kTipo)));
-  const std::string fin = EnReposo(Texto(kFin));
-  const std::string inicio = EnReposo(Texto(kInicio));
+  const std::string fin = ConBarras(Texto(kFin));
+  const std::string inicio = ConBarras(Texto(kInicio));
   return Trim(Texto(kTrabajador) + " " + Texto(kNombre)) + ", " + (tipo.empty() ? "sin tipo" : tipo) +
          (fin.empty() ? " desde el " + inicio + ", abierta" : " del " + inicio + " al " + fin);
 }
@@ -128,8 +129,7 @@ void IncidenciasFechas::PonElegido(const std::string& trabajador, const std::str
 }
 
 void IncidenciasFechas::LimpiaCampos(IndiceCampo desde, IndiceCampo hasta) {
-  ficha_.Limpia(desde, hasta);
-  CodigoAlEntrar.clear();
+  PantallaIncidencias::LimpiaCampos(desde, hasta);
   Combo1.SetText("");
   Text2.SetText("");
 }
@@ -153,7 +153,6 @@ void IncidenciasFechas::MuestraRegistro() {
     muestra(kColumnaFin, [this](const Value& valor) { PonFecha(kFin, valor); });
     MuestraTipo(Combo1.Text());
     Anota(fila, kTrabajador, kFin);
-    ApuntaTrabajador(Trim(Texto(kTrabajador)));
   });
 }
 
@@ -175,16 +174,13 @@ void IncidenciasFechas::Poneregistro() {
     return;
   }
   LimpiaCampos(kTipo, kFin);
-  Combo1.SetText("");
   Settle(Text1(IndiceCampo(kTrabajador)));
   Settle(Text1(IndiceCampo(kNombre)));
-  calendario_.PonTrabajador(Texto(kTrabajador));
 }
 
 void IncidenciasFechas::CancelaFicha() {
   SetPointer(MousePointer::kHourglass);
   LimpiaCampos(kTrabajador, kFin);
-  calendario_.PonTrabajador("");
   Text1(IndiceCampo(kTrabajador)).SetFocus();
   SetPointer(MousePointer::kDefault);
 }

@@ -48,7 +48,7 @@ class IncidenciasFechas : public PantallaIncidencias {
   bool CompruebaSolape();
   // With which closed incidents the dates on the screen meet, in words.
   std::string Coincidencias() const;
-  // True after an error too, which is said.
+  // False after an error, which is said.
   bool GrabarRegistro();
   void SalidaTrabajador();
   void SalidaInicio();
@@ -60,7 +60,6 @@ class IncidenciasFechas : public PantallaIncidencias {
   void EligeTipo();
 
   const DisenoFechas& diseno_fechas_;
-  std::string grabado_;  // what was stored last, empty if it was not
 
   ComboBox Combo1{*this, "Combo1"};
   TextBox Text2{*this, "Text2"};

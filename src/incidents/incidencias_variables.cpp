@@ -1,5 +1,6 @@
 #include "incidents/incidencias_variables.hpp"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -56,13 +57,12 @@ constexpr DisenoIncidencias kDiseno = {
 // The fields without which nothing is saved, in the order in which they are looked at.
 constexpr struct {
   CampoVariable campo;
-  std::size_t cifras;
   std::string_view mensaje;
 } kObligatorios[] = {
-    {kTrabajador, 5, "Es preciso introducir el Nº del Trabajador"},
-    {kMes, 2, "Es preciso introducir el Mes"},
-    {kSituacion, 3, "Es preciso introducir la Situación"},
-    {kConcepto, 3, "Es preciso introducir el Concepto"},
+    {kTrabajador, "Es preciso introducir el Nº del Trabajador"},
+    {kMes, "Es preciso introducir el Mes"},
+    {kSituacion, "Es preciso introducir la Situación"},
+    {kConcepto, "Es preciso introducir el Concepto"},
 };
 
 // Columns of ConTrabajadorConceptos.
@@ -154,14 +154,9 @@ void MIncidenciasVAR::PonElegido(const std::string& trabajador, const std::strin
 }
 
 void MIncidenciasVAR::OlvidaClaves() {
-  for (std::string* anterior : {&MesAnterior, &TrabajadorAnterior, &SituacionAnterior, &ConceptoAnterior}) {
+  for (std::string* anterior : {&MesAnterior, &SituacionAnterior, &ConceptoAnterior}) {
     anterior->clear();
   }
-}
-
-void MIncidenciasVAR::LimpiaCampos(IndiceCampo desde, IndiceCampo hasta) {
-  ficha_.Limpia(desde, hasta);
-  CodigoAlEntrar.clear();
 }
 
 // A Null is answered by an empty name, whichever column it is, and its field keeps what it has.
@@ -173,7 +168,6 @@ void MIncidenciasVAR::MuestraRegistro() {
       valor.IsNull() ? Pon(kNombre, "") : Pon(campo.indice, CStr(valor));
     }
     Anota(fila, kMes, kUnidades);
-    ApuntaTrabajador(Trim(Texto(kTrabajador)));
   });
 }
 
@@ -188,7 +182,6 @@ void MIncidenciasVAR::AsignaCampos() {
 
 // The situación with the highest number.
 void MIncidenciasVAR::Poneregistro() {
-  calendario_.PonTrabajador(Texto(kTrabajador));
   AbreFichero(sesion_, FileKind::kCompany);
   Recordset& filas = Lee("SELECT MAX(CAMPO1) From TRABAJADORESVAR where campo0='" + SqlText(Texto(kTrabajador)) + "'");
   if (!filas.Eof()) Pon(kSituacion, CStr(filas.Fields(0).Get()));
@@ -197,11 +190,8 @@ void MIncidenciasVAR::Poneregistro() {
 // Buttons.
 
 bool MIncidenciasVAR::CompruebaDatos() {
-  for (const auto& [campo, cifras, mensaje] : kObligatorios) {
-    const std::string texto = Texto(campo);
-    if (Val(texto) == 0 || Len(texto) != cifras) return Falta(std::string(mensaje), Text1(IndiceCampo(campo)));
-  }
-  return false;
+  return std::ranges::any_of(
+      kObligatorios, [this](const auto& obligatorio) { return FaltaCodigo(obligatorio.campo, obligatorio.mensaje); });
 }
 
 void MIncidenciasVAR::GrabaComprobado() {
@@ -215,7 +205,6 @@ void MIncidenciasVAR::GrabaComprobado() {
 void MIncidenciasVAR::CancelaFicha() {
   SetPointer(MousePointer::kHourglass);
   LimpiaCampos(Cancela.Value() || Borrar.Value() ? kMes : kTrabajador, kUnidades);
-  calendario_.PonTrabajador("");
   Text1(IndiceCampo(kMes)).SetFocus();
   OlvidaClaves();
   SetPointer(MousePointer::kDefault);
@@ -262,30 +251,17 @@ void MIncidenciasVAR::Rechaza(CampoVariable campo, const std::string& texto) {
 
 // Another month is another entry, from the worker on.
 void MIncidenciasVAR::SalidaMes() {
-  if (Texto(kMes) != MesAnterior) {
-    LimpiaCampos(kTrabajador, kUnidades);
-    calendario_.PonTrabajador("");
-  }
+  if (Texto(kMes) != MesAnterior) LimpiaCampos(kTrabajador, kUnidades);
   Formatea(kMes, kMascaraMes);
   MesAnterior = Texto(kMes);
 }
 
-// Nothing ever stores a worker in TrabajadorAnterior: whoever stands there counts as another one.
+// Whoever stands there counts as another one, the same worker too.
 void MIncidenciasVAR::SalidaTrabajador() {
   Formatea(kTrabajador, kMascaraTrabajador);
-  if (Trim(Texto(kTrabajador)) == TrabajadorAnterior) return;
-  if (sesion_.Tabla(kTrabajadoresFijo).RecordCount() == 0) return;
-  TextBox& campo = Text1(IndiceCampo(kTrabajador));
-  if (!PonNombre()) {
-    Mensaje("No existe trabajador con ese código", campo);
-    LimpiaCampos(kTrabajador, kUnidades);
-    calendario_.PonTrabajador("");
-    campo.SetFocus();
-    TrabajadorAnterior.clear();
-    return;
-  }
+  if (Trim(Texto(kTrabajador)).empty() || sesion_.Tabla(kTrabajadoresFijo).RecordCount() == 0) return;
+  if (!LlamaTrabajador()) return;
   LimpiaCampos(kSituacion, kUnidades);
-  calendario_.PonTrabajador(Texto(kTrabajador));
   ProponeSituacion();
 }
 

@@ -30,7 +30,6 @@ class MIncidenciasVAR : public PantallaIncidencias {
 
  protected:
   void PonElegido(const std::string& trabajador, const std::string& situacion) override;
-  void LimpiaCampos(IndiceCampo desde, IndiceCampo hasta) override;
   void MuestraRegistro() override;
   void AsignaCampos() override;
   void Poneregistro() override;
@@ -59,7 +58,6 @@ class MIncidenciasVAR : public PantallaIncidencias {
 
   // What the fields of the key held when they were left last.
   std::string MesAnterior;
-  std::string TrabajadorAnterior;
   std::string SituacionAnterior;
   std::string ConceptoAnterior;
 

@@ -22,7 +22,6 @@ namespace {
 
 constexpr std::string_view kPantallaTrabajadores = "Trabajadores";
 constexpr std::string_view kPantallaListado = "Imprgast";
-constexpr std::size_t kCifrasTrabajador = 5;
 constexpr int kGrupoAno = 2;  // of the slots
 
 Marco MarcoDe(const DisenoIncidencias& diseno) {
@@ -129,8 +128,9 @@ void PantallaIncidencias::OnLoad() {
 }
 
 std::string PantallaIncidencias::Subject() const {
-  const std::string numero = Trim(Text1(diseno_.trabajador).Text());
-  if (Len(numero) < kCifrasTrabajador) return {};
+  const TextBox& campo = Text1(diseno_.trabajador);
+  const std::string numero = Trim(campo.Text());
+  if (static_cast<int>(Len(numero)) < campo.MaxLength()) return {};
   return Trim(numero + " " + Text1(diseno_.nombre).Text());
 }
 
@@ -149,7 +149,13 @@ std::vector<Value> PantallaIncidencias::Clave() const {
 
 void PantallaIncidencias::Anota(Recordset& fila, IndiceCampo desde, IndiceCampo hasta) {
   ficha_.Anota(fila, {desde, hasta, desde - 1});
-  calendario_.PonTrabajador(Texto(diseno_.trabajador));
+  VeTrabajador();
+}
+
+void PantallaIncidencias::LimpiaCampos(IndiceCampo desde, IndiceCampo hasta) {
+  ficha_.Limpia(desde, hasta);
+  CodigoAlEntrar.clear();
+  if (desde <= diseno_.trabajador) calendario_.PonTrabajador("");
 }
 
 Value PantallaIncidencias::Queda(IndiceCampo indice, const Value& propio) {
@@ -160,10 +166,16 @@ Value PantallaIncidencias::Queda(IndiceCampo indice, const Value& propio) {
   return propio;
 }
 
-bool PantallaIncidencias::Falta(const std::string& texto, Control& control) {
-  Mensaje(texto, control);
+bool PantallaIncidencias::Falta(std::string_view texto, Control& control) {
+  Mensaje(std::string(texto), control);
   control.SetFocus();
   return true;
+}
+
+bool PantallaIncidencias::FaltaCodigo(IndiceCampo indice, std::string_view texto) {
+  TextBox& campo = Text1(indice);
+  if (Val(campo.Text()) != 0 && static_cast<int>(Len(campo.Text())) == campo.MaxLength()) return false;
+  return Falta(texto, campo);
 }
 
 void PantallaIncidencias::GrabaFicha() {
@@ -259,9 +271,20 @@ void PantallaIncidencias::Formatea(IndiceCampo indice, std::string_view mascara)
   Pon(indice, FormatText(Val(Texto(indice)), mascara));
 }
 
-bool PantallaIncidencias::PonNombre() {
-  const std::string numero = Texto(diseno_.trabajador);
-  if (!Busca(sesion_, kTrabajadoresFijo, "ICampo0", {numero})) return false;
+void PantallaIncidencias::VeTrabajador() {
+  const std::string numero = Trim(Texto(diseno_.trabajador));
+  ApuntaTrabajador(numero);
+  calendario_.PonTrabajador(numero);
+}
+
+bool PantallaIncidencias::LlamaTrabajador() {
+  TextBox& campo = Text1(diseno_.trabajador);
+  if (!Busca(sesion_, kTrabajadoresFijo, "ICampo0", {campo.Text()})) {
+    if (!Trim(campo.Text()).empty()) Mensaje("No existe trabajador con ese código", campo);
+    LimpiaCampos(diseno_.trabajador, diseno_.campos.back().indice);
+    campo.SetFocus();
+    return false;
+  }
   const auto columna = [this](int ordinal) {
     return TextoNoNulo(sesion_.Tabla(kTrabajadoresFijo).Fields(ordinal).Get());
   };
@@ -269,7 +292,7 @@ bool PantallaIncidencias::PonNombre() {
   std::string apellido2 = columna(2);
   std::string nombre = columna(3);
   Pon(diseno_.nombre, NombreCompleto(apellido1, apellido2, nombre));
-  ApuntaTrabajador(numero);
+  VeTrabajador();
   return true;
 }
 
@@ -301,7 +324,7 @@ void PantallaIncidencias::EligeTrabajadorDeLista() {
   Elige(campo, kListaTrabajadores, {}, actuales, [this](std::vector<std::string> cortes) {
     Pon(diseno_.trabajador, cortes[0]);
     Pon(diseno_.nombre, NombreCompleto(cortes[1], cortes[2], cortes[3]));
-    ApuntaTrabajador(Trim(cortes[0]));
+    VeTrabajador();
     Poneregistro();
   });
 }

@@ -56,7 +56,7 @@ class PantallaIncidencias : public PantallaBase {
 
   // The steps of the load that are the screen's own, with what the worker screen has chosen.
   virtual void PonElegido(const std::string& trabajador, const std::string& situacion) = 0;
-  virtual void LimpiaCampos(IndiceCampo desde, IndiceCampo hasta) = 0;
+  virtual void LimpiaCampos(IndiceCampo desde, IndiceCampo hasta);
   virtual void MuestraRegistro() = 0;  // the row on which the slot stands
   virtual void AsignaCampos() = 0;     // to the row that is being added
   // The worker of the list is in his field.
@@ -69,7 +69,9 @@ class PantallaIncidencias : public PantallaBase {
   virtual std::string Resumen() const = 0;
 
   // What is said when a field is missing; true.
-  bool Falta(const std::string& texto, Control& control);
+  bool Falta(std::string_view texto, Control& control);
+  // The same of a code that is zero or shorter than its field; otherwise false.
+  bool FaltaCodigo(IndiceCampo indice, std::string_view texto);
   // Stores the fields in the place of the row of their key, or as a new one. Both rows or none: errors go to the caller
   // and leave the table as it was.
   void GrabarRegistro();
@@ -88,8 +90,9 @@ class PantallaIncidencias : public PantallaBase {
   // What the column of a field takes: `propio`, but that a field of a row that is shown, which nobody has changed,
   // keeps what is stored.
   Value Queda(IndiceCampo indice, const Value& propio);
-  // The name of the worker in his field; false when there is no such worker.
-  bool PonNombre();
+  // The name of the worker whose number was typed. False when there is none: all from his field on is emptied, and it
+  // keeps the focus.
+  bool LlamaTrabajador();
   // A query on BDEmpresa as it stands, in the place of the last one.
   Recordset& Lee(const std::string& sql);
   // A list for a field: `toma` gets the pieces of the chosen row.
@@ -117,7 +120,8 @@ class PantallaIncidencias : public PantallaBase {
   std::vector<Value> Clave() const;
   void Recorre(bool (Navegacion::*paso)());
   void AbreListado();
-  void AvisaSustituidos();
+  // He is in his field: the next search has him among the first, and the calendar is his.
+  void VeTrabajador();
 
   std::optional<std::vector<Value>> previa_;  // columns of the row that is saved anew, when it is shown
   std::vector<int> sustituidos_;              // fields in which somebody else had changed it

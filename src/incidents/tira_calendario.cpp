@@ -9,6 +9,7 @@
 #include "runtime/date.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
+#include "values/formato_fecha.hpp"
 
 namespace zendara {
 namespace {
@@ -22,8 +23,7 @@ constexpr std::string_view kSinLectura = "No se han podido leer las incidencias.
 
 // Nothing while the date is not whole.
 std::optional<Date> FechaTecleada(const std::string& campo, YearWindow ventana) {
-  std::string texto = Trim(campo);
-  if (texto.size() == 6 && std::ranges::all_of(texto, IsDigit)) texto.insert(4, "/").insert(2, "/");
+  const std::string texto = ConBarras(Trim(campo));
   return texto.size() == 8 ? ReadDateStrict(texto, ventana) : std::nullopt;
 }
 

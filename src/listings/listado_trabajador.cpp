@@ -98,8 +98,7 @@ Marco MarcoListado() {
 std::string TextoDe(Recordset& fila, int columna) { return TextoNoNulo(fila.Fields(columna).Get()); }
 
 std::string NombreDe(Recordset& fila) {
-  return Left(TextoDe(fila, kApellido1) + " " + TextoDe(fila, kApellido2) + " " + TextoDe(fila, kNombrePila),
-              kLargoTexto);
+  return TextoDe(fila, kApellido1) + " " + TextoDe(fila, kApellido2) + " " + TextoDe(fila, kNombrePila);
 }
 
 CampoListado Detras(CampoListado campo) { return static_cast<CampoListado>(static_cast<int>(campo) + 1); }
@@ -182,8 +181,7 @@ std::string ListadoTrabajador::LeeDescripcion(int ranura, const std::string& cla
   Recordset& tabla = sesion_.Tabla(ranura);
   tabla.Seek({clave});
   if (tabla.NoMatch()) return {};
-  if (ranura != kTrabajadoresFijo) return TextoDe(tabla, campo);
-  return TextoDe(tabla, kApellido1) + " " + TextoDe(tabla, kApellido2) + " " + TextoDe(tabla, kNombrePila);
+  return ranura == kTrabajadoresFijo ? NombreDe(tabla) : TextoDe(tabla, campo);
 }
 
 void ListadoTrabajador::PonNombre(CampoListado campo) {
@@ -341,7 +339,7 @@ void ListadoTrabajador::AnadeFija(MesaListado& mesa, Recordset& fila) {
     domicilio += std::string(kBlancos[parte - 1]) + TextoDe(fila, kCalle + parte);
   }
   mesa.Anade(
-      {trabajador, NombreDe(fila),
+      {trabajador, Left(NombreDe(fila), kLargoTexto),
        TextoDe(fila, kProvinciaSS) + " " + TextoDe(fila, kProvinciaSS + 1) + " " + TextoDe(fila, kProvinciaSS + 2),
        TextoDe(fila, kIdentificacion), Left(domicilio, kLargoTexto), TextoDe(fila, kMunicipio),
        TextoDe(fila, kTelefono), TextoDe(fila, kFormaPago)});
@@ -351,7 +349,7 @@ void ListadoTrabajador::AnadeFija(MesaListado& mesa, Recordset& fila) {
 void ListadoTrabajador::AnadeVariable(MesaListado& mesa, Recordset& fila, std::string& anterior) {
   const std::string trabajador = TextoDe(fila, kNumero);
   std::vector<Value> linea(2);
-  if (trabajador != anterior) linea = {trabajador, NombreDe(fila)};
+  if (trabajador != anterior) linea = {trabajador, Left(NombreDe(fila), kLargoTexto)};
   anterior = trabajador;
   for (int columna = kAlta; columna <= kUltimaVariable; ++columna) linea.emplace_back(TextoDe(fila, columna));
   mesa.Anade(linea);

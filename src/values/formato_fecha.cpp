@@ -1,5 +1,8 @@
 #include "values/formato_fecha.hpp"
 
+#include <algorithm>
+
+#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
@@ -50,6 +53,11 @@ std::string FormatoFecha(TextField& control, Dialogs& dialogs, YearWindow window
     return {};
   }
   return ShortDate(*date);
+}
+
+std::string ConBarras(const std::string& fecha) {
+  const bool digits = Len(fecha) == kTypedLength && std::ranges::all_of(fecha, IsDigit);
+  return digits ? WithBars(fecha, 2) : fecha;
 }
 
 std::string SinBarras(const TextField& control) {

@@ -16,5 +16,7 @@ std::string FormatoFecha(TextField& control, Dialogs& dialogs, YearWindow window
 
 // The field's text without its two "/", the form in which a date is edited.
 std::string SinBarras(const TextField& control);
+// The other way: six digits as dd/mm/yy; any other text stays.
+std::string ConBarras(const std::string& fecha);
 
 }  // namespace zendara

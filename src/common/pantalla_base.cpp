@@ -61,6 +61,12 @@ PantallaBase::PantallaBase(Sesion& sesion, RegistroPantallas& pantallas, Marco m
 
 // Load.
 
+Layout PantallaBase::Cabecera() {
+  std::vector<Layout> empresa;
+  for (const auto& [indice, titulo] : Titulo) empresa.push_back(Place(*titulo));
+  return Flow({Heading(), Space(), Row(std::move(empresa))});
+}
+
 Layout PantallaBase::TiraAnuncio() { return Strip(SSPanel1(kPanelAnuncio), kSitioPanel.height); }
 
 void PantallaBase::CreaAnuncio() {

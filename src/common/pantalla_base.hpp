@@ -49,6 +49,8 @@ class PantallaBase : public Form, public Pantalla {
   void PonTitulos();
   void PonTamano() { SetSize(9600, 7200); }
 
+  // The first line of the layout: heading and company.
+  Layout Cabecera();
   // The banner's panel in the layout.
   Layout TiraAnuncio();
 

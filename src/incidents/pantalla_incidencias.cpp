@@ -88,11 +88,8 @@ void PantallaIncidencias::Conecta() {
 }
 
 Layout PantallaIncidencias::Disposicion(std::vector<Layout> campos) {
-  std::vector<Layout> empresa;
-  for (const auto& [indice, titulo] : Titulo) empresa.push_back(Place(*titulo));
   campos.push_back(Space());
-  return Row({Place(Picture25), Column({Flow({Heading(), Space(), Row(std::move(empresa))}),
-                                        calendario_.Junto(Scrolled(Column(std::move(campos)))),
+  return Row({Place(Picture25), Column({Cabecera(), calendario_.Junto(Scrolled(Column(std::move(campos)))),
                                         Flow({Joined({Place(Inicio), Place(Anterior), Place(Siguiente), Place(Fin)}),
                                               Space(), Place(Pendientes)}),
                                         // What removes stands away from what saves.

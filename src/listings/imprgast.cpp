@@ -68,11 +68,9 @@ Imprgast::Imprgast(Sesion& sesion, RegistroPantallas& pantallas) : PantallaBase(
   Desglose.Add(kSinDesglose).SetCaption("S&in Desglose");
   Impresora.SetCaption("I&mpresora");
 
-  std::vector<Layout> empresa;
-  for (const auto& [indice, titulo] : Titulo) empresa.push_back(Place(*titulo));
   SetLayout(Row(
       {Place(Picture25),
-       Column({Flow({Heading(), Space(), Row(std::move(empresa))}),
+       Column({Cabecera(),
                Scrolled(Column(
                    {Framed(FrameRango, std::move(rangos)),
                     Row({Framed(SSFrame2, {Place(Papel(kHojasSueltas)), Place(Papel(kPapelContinuo))}),

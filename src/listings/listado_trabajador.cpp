@@ -132,11 +132,9 @@ ListadoTrabajador::ListadoTrabajador(Sesion& sesion, RegistroPantallas& pantalla
   const auto opciones = [this](Frame& marco, Opcion una, Opcion otra) {
     return Framed(marco, {Place(Option1(una)), Place(Option1(otra))});
   };
-  std::vector<Layout> empresa;
-  for (const auto& [indice, titulo] : Titulo) empresa.push_back(Place(*titulo));
   SetLayout(
       Row({Place(Picture25),
-           Column({Flow({Heading(), Space(), Row(std::move(empresa))}),
+           Column({Cabecera(),
                    Scrolled(Column({Row({opciones(FrameTipo, kFijos, kVariables), opciones(Frame1, kTodos, kEnAlta),
                                          opciones(Frame4, kPorCentros, kPorSecciones),
                                          opciones(Frame3, kPorNombre, kPorNumero), Space()}),

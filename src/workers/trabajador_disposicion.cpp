@@ -220,11 +220,9 @@ Layout Trabajadores::Disposicion() {
 
   Layout situacion = Pages(
       Tab2, {std::move(descripcion), std::move(contratos), std::move(parcial), std::move(por_irpf), std::move(centro)});
-  std::vector<Layout> empresa;
-  for (const auto& [indice, titulo] : Titulo) empresa.push_back(Place(*titulo));
 
   return Row({Place(Picture25),
-              Column({Flow({Heading(), Space(), Row(std::move(empresa))}), Flow(campos(kNumero, kNombre)),
+              Column({Cabecera(), Flow(campos(kNumero, kNombre)),
                       Pages(Tab1, {std::move(datos), std::move(irpf), std::move(irpf2), std::move(cuenta),
                                    std::move(situacion)}),
                       Flow({Joined(botones({&Inicio, &Anterior, &Siguiente, &Fin})), Space(),

@@ -15,6 +15,7 @@
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
+#include "zendara/version.h"
 
 namespace zendara {
 namespace {
@@ -339,6 +340,7 @@ int RunCommand(const std::function<int(Console&)>& command, Console& console) {
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err, bool terminal) {
   CLI::App app("Withholding rates and stored tables of a Spanish payroll", "zendara");
   app.require_subcommand(1);
+  app.set_version_flag("--version", "zendara " ZENDARA_VERSION, "Print the version and exit");
   app.get_formatter()->label("REQUIRED", "(required)");
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.get_formatter()->label("Subcommands", "Commands");
@@ -355,6 +357,8 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForHelp&) {
     return RunCommand([&](Console& c) { return c.Out(app.help()), 0; }, console);
+  } catch (const CLI::CallForVersion& version) {
+    return RunCommand([&](Console& c) { return c.Out(version.what() + std::string("\n")), 0; }, console);
   } catch (const CLI::ParseError& error) {
     console.Error(UsageError(app, arguments, error));
     return kWrongUsage;

@@ -26,10 +26,14 @@ complete_words() {
 
 mapfile -t pages < <(find "$sources/packaging/man" -name "$name.*")
 ((${#pages[@]})) || fail "$name has no manual page"
-explain() {  # each page, in bold
+declare -A bold  # what each has in its headings and in bold type
+for page in "${pages[@]}"; do
+  bold[$page]=$(sed -nE 's/\\//g; /^\.(SS|B|BI|BR) /p' "$page")
+done
+explain() {
   local page
   for page in "${pages[@]}"; do
-    sed 's/\\//g' "$page" | grep -E -- "^\.(SS|B|BI|BR) .*$1([~ ,]|\$)" >/dev/null || fail "$page does not explain $1"
+    [[ ${bold[$page]}$'\n' =~ [[:space:]]$1[~,[:space:]] ]] || fail "$page does not explain $1"
   done
 }
 

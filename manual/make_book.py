@@ -32,7 +32,7 @@ def main() -> None:
         for letter, entries in index.groups():
             print(letter)
             for entry in entries:
-                print("   ", entry.term, "→", entry.see or ", ".join(c.name for c, _ in entry.places))
+                print("   ", entry.term, "→", entry.see or ", ".join(p.chapter.name for p in entry.places))
         return
     shown = pictures.find(book, given.pictures)
     shutil.rmtree(given.out / "html", ignore_errors=True)

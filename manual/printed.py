@@ -78,6 +78,7 @@ def _pages(entry: Entry, pages: dict[str, int]) -> str:
     if entry.see:
         return f", <i>vea</i> {html.escape(entry.see)}"
     links = {}
-    for chapter, own in entry.places:
-        links.setdefault(pages[_anchor(chapter, own)], _anchor(chapter, own))
+    for found in entry.places:
+        anchor = _anchor(found.chapter, found.anchor)
+        links.setdefault(pages[anchor], anchor)
     return "".join(f", <a href='#{anchor}'>{page}</a>" for page, anchor in links.items())

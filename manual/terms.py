@@ -10,10 +10,17 @@ from markdown_it.token import Token
 from chapters import Book, BookError, Chapter, place, text_of
 
 
+@dataclasses.dataclass(frozen=True)
+class Place:
+    chapter: Chapter
+    anchor: str
+    section: str  # heading that it stands below; empty: the chapter's title
+
+
 @dataclasses.dataclass
 class Entry:
     term: str
-    places: list[tuple[Chapter, str]]  # anchors in the order of the book
+    places: list[Place]  # in the order of the book
     see: str = ""  # another term, in place of places
 
 
@@ -29,9 +36,11 @@ class Index:
             self._read(chapter)
         for term, addresses in book.about["terms"].items():
             for address in addresses:
-                self._add(term, *place(book, address))
+                chapter, anchor = place(book, address)
+                section = next((h.text for h in chapter.headings if h.anchor == anchor), "")
+                self._add(term, Place(chapter, anchor, section))
         for entry in self._entries.values():
-            entry.places.sort(key=lambda found: found[0].number)
+            entry.places.sort(key=lambda found: found.chapter.number)
         for term, see in book.about["see"].items():
             if see.casefold() not in self._entries:
                 raise BookError(f"libro.toml: {term} refers to {see}, which is no term")
@@ -47,41 +56,43 @@ class Index:
     def _read(self, chapter: Chapter) -> None:
         """Headings; what is set in bold where a paragraph, an item or a row begins; messages that rows begin with."""
         tokens = chapter.tokens
+        section = ""
         for i, token in enumerate(tokens):
             before = tokens[i - 1]
             if token.type != "inline":
                 continue
             if before.type == "heading_open":
-                self._add(text_of(token), chapter, before.attrs["id"])
+                section = text_of(token)
+                self._add(section, Place(chapter, before.attrs["id"], section))
             elif before.type == "paragraph_open":
                 if not token.children[0].content:  # an empty text stands before bold
-                    self._read_bold(token.children[:3], chapter)
+                    self._read_bold(token.children[:3], chapter, section)
             elif before.type == "td_open" and tokens[i - 2].type == "tr_open":
-                self._read_bold(token.children, chapter)
+                self._read_bold(token.children, chapter, section)
                 for message in re.findall(r"«[^»]+»", text_of(token)):
                     if before.attrGet("id") is None:
                         before.attrSet("id", self._new_anchor())
-                    self._add(f"«{message[1:-1].strip(' ,')}»", chapter, before.attrs["id"])
+                    self._add(f"«{message[1:-1].strip(' ,')}»", Place(chapter, before.attrs["id"], section))
 
-    def _read_bold(self, inline: list[Token], chapter: Chapter) -> None:
+    def _read_bold(self, inline: list[Token], chapter: Chapter, section: str) -> None:
         for i, token in enumerate(inline):
             if token.type == "strong_open":
                 token.attrSet("id", self._new_anchor())
-                self._add(_bare(inline[i + 1].content), chapter, token.attrs["id"])
+                self._add(_bare(inline[i + 1].content), Place(chapter, token.attrs["id"], section))
 
     def _new_anchor(self) -> str:
         self._anchors += 1
         return f"t{self._anchors}"
 
-    def _add(self, term: str, chapter: Chapter, anchor: str) -> None:
+    def _add(self, term: str, where: Place) -> None:
         if term in self._rules["skip"] or term.split()[0] in self._rules["skip_beginning_with"]:
             return
         term = re.sub(r"^(El|La|Los|Las|Un|Una) (?=\w)", "", " ".join(term.split()))
         if term[0] != "«":
             term = term[0].upper() + term[1:]
         entry = self._entries.setdefault(term.casefold(), Entry(term, []))
-        if (chapter, anchor) not in entry.places:
-            entry.places.append((chapter, anchor))
+        if where not in entry.places:
+            entry.places.append(where)
 
     def _key(self, entry: Entry) -> tuple[bool, bytes]:
         return _initial(entry.term) != "", self._order(_plain(entry.term))

@@ -1,5 +1,6 @@
 """The book as HTML: a page a chapter, one of contents, one for the alphabetical index."""
 
+import collections
 import html
 import pathlib
 import shutil
@@ -89,4 +90,11 @@ def _index(index: Index) -> str:
 def _places(entry: Entry) -> str:
     if entry.see:
         return f"vea {html.escape(entry.see)}"
-    return ", ".join(f'<a href="{_page(c)}#{anchor}">{html.escape(c.title)}</a>' for c, anchor in entry.places)
+    several = collections.Counter(found.chapter.title for found in entry.places)
+    links = {}
+    for found in entry.places:
+        title, page = found.chapter.title, _page(found.chapter)
+        if several[title] > 1 and found.section:
+            title += f" ({found.section})"
+        links.setdefault(title, f"{page}#{found.anchor}" if found.anchor else page)
+    return ", ".join(f'<a href="{address}">{html.escape(title)}</a>' for title, address in links.items())

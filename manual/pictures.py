@@ -32,7 +32,8 @@ def find(book: Book, folder: pathlib.Path) -> list[Picture]:
             raise BookError(f"libro.toml: there is no picture {entry['file']}")
         chapter, anchor = place(book, entry["at"])
         file = there[entry["file"]]
-        found.append(Picture(0, file, _width(file) // book.about["pixels"], entry["caption"], chapter, anchor, entry.get("after", "")))
+        width = _width(file) // book.about["pixels"]
+        found.append(Picture(0, file, width, entry["caption"], chapter, anchor, entry.get("after", "")))
     where = {(c, a): i for i, (c, a) in enumerate((c, a) for c in book.chapters for a in _anchors(c))}
     found.sort(key=lambda picture: where[picture.chapter, picture.anchor])
     for number, picture in enumerate(found, 1):

@@ -63,7 +63,7 @@ class Index:
                 continue
             if before.type == "heading_open":
                 section = text_of(token)
-                self._add(section, Place(chapter, before.attrs["id"], section))
+                self._take(section, Place(chapter, before.attrs["id"], section))
             elif before.type == "paragraph_open":
                 if not token.children[0].content:  # an empty text stands before bold
                     self._read_bold(token.children[:3], chapter, section)
@@ -72,24 +72,26 @@ class Index:
                 for message in re.findall(r"«[^»]+»", text_of(token)):
                     if before.attrGet("id") is None:
                         before.attrSet("id", self._new_anchor())
-                    self._add(f"«{message[1:-1].strip(' ,')}»", Place(chapter, before.attrs["id"], section))
+                    self._take(f"«{message[1:-1].strip(' ,')}»", Place(chapter, before.attrs["id"], section))
 
     def _read_bold(self, inline: list[Token], chapter: Chapter, section: str) -> None:
         for i, token in enumerate(inline):
             if token.type == "strong_open":
                 token.attrSet("id", self._new_anchor())
-                self._add(_bare(inline[i + 1].content), Place(chapter, token.attrs["id"], section))
+                self._take(_bare(inline[i + 1].content), Place(chapter, token.attrs["id"], section))
 
     def _new_anchor(self) -> str:
         self._anchors += 1
         return f"t{self._anchors}"
 
-    def _add(self, term: str, where: Place) -> None:
+    def _take(self, term: str, where: Place) -> None:
+        """A term as the text has it: without an article, with a capital, unless it is none."""
         if term in self._rules["skip"] or term.split()[0] in self._rules["skip_beginning_with"]:
             return
         term = re.sub(r"^(El|La|Los|Las|Un|Una) (?=\w)", "", " ".join(term.split()))
-        if term[0] != "«":
-            term = term[0].upper() + term[1:]
+        self._add(term if term[0] == "«" else term[0].upper() + term[1:], where)
+
+    def _add(self, term: str, where: Place) -> None:
         entry = self._entries.setdefault(term.casefold(), Entry(term, []))
         if where not in entry.places:
             entry.places.append(where)

@@ -63,7 +63,7 @@ def _page(chapter: Chapter) -> str:
 
 def _contents(book: Book, version: str) -> str:
     lines = [f"<h1>{html.escape(book.about['title'])}</h1>\n<p>{html.escape(book.about['subtitle'])}"]
-    lines.append(f"<br>Versión {html.escape(version)}. El mismo libro en papel: <a href=\"../zendara.pdf\">zendara.pdf</a></p>\n")
+    lines.append(f"<br>Versión {html.escape(version)}. Para imprimir: <a href='../zendara.pdf'>zendara.pdf</a></p>\n")
     for part in book.parts:
         lines.append(f"<h2>{html.escape(part.title)}</h2>\n<ol start=\"{part.chapters[0].number}\">\n")
         for chapter in part.chapters:

@@ -1,0 +1,36 @@
+// An instance of ClsZendara, for hosts in C++, in C, and by name.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+
+#include "adapters/entry/members.hpp"
+#include "zendara/zendara.hpp"
+
+namespace zendara {
+
+// Carga_Formulario with all that a host in C is told of it. Afterwards what the user of the installed screens has
+// thrown is thrown here.
+zendara_result ShowScreen(const std::string& screen, const std::shared_ptr<Database>& company,
+                          const std::shared_ptr<Database>& second, const RecordsetArray& slots, Morlane& session);
+
+// The result that says how the last call of the component in this thread came out; kept as the last failure.
+zendara_result LastCallResult();
+
+// zendara_class_table.
+class PlainClass : public Unknown {
+ public:
+  virtual zendara_result Carga_Formulario(const char* screen, zendara_database* company, zendara_database* second,
+                                          const zendara_slots* slots, const zendara_session* session) noexcept = 0;
+  virtual zendara_result NumBas(std::int16_t value) noexcept = 0;
+  virtual zendara_result fich2(std::int16_t* value) noexcept = 0;
+  virtual zendara_result Fch(char** text) noexcept = 0;
+
+ protected:
+  ~PlainClass() = default;
+};
+
+Counted<Object> MakeClassObject();
+
+}  // namespace zendara

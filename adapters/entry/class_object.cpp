@@ -6,6 +6,7 @@
 #include "adapters/entry/records.hpp"
 #include "adapters/entry/session.hpp"
 #include "adapters/entry/structure.hpp"
+#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
@@ -42,31 +43,39 @@ RecordsetArray SlotsOf(const Arguments& given, std::uint32_t index) {
   return slots;
 }
 
-class Instance final : public Named<Instance>, public ZendaraObject, public PlainClass {
+// zendara_class_table.
+class PlainClass : public Unknown {
  public:
-  static std::span<const Member<Instance>> Members();
+  virtual zendara_result Carga_Formulario(const char* screen, zendara_database* company, zendara_database* second,
+                                          const zendara_slots* slots, const zendara_session* session) noexcept = 0;
+  virtual zendara_result NumBas(std::int16_t value) noexcept = 0;
+  virtual zendara_result fich2(std::int16_t* value) noexcept = 0;
+  virtual zendara_result Fch(char** text) noexcept = 0;
 
-  Result QueryInterface(const Guid* id, void** object) noexcept override { return Object::QueryInterface(id, object); }
-  std::uint32_t AddRef() noexcept override { return Object::AddRef(); }
-  std::uint32_t Release() noexcept override { return Object::Release(); }
+ protected:
+  ~PlainClass() = default;
+};
 
-  // ZendaraObject
-  void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
-                        const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT,
-                        Morlane& ObjMorlane) noexcept override {
-    const InUse shown;
-    zendara_.Carga_Formulario(NombreForm, MiBD, MiBE, MiT, ObjMorlane);
+// The instance as hosts in C have it.
+class PlainInstance final : public PlainClass {
+ public:
+  PlainInstance(Object& instance, ClsZendara& zendara) : instance_(instance), zendara_(zendara) {}
+
+  Result QueryInterface(const Guid* id, void** object) noexcept override {
+    return instance_.QueryInterface(id, object);
   }
-  std::int16_t fich2() const noexcept override { return zendara_.fich2(); }
-  std::string Fch() const override { return zendara_.Fch(); }
+  std::uint32_t AddRef() noexcept override { return instance_.AddRef(); }
+  std::uint32_t Release() noexcept override { return instance_.Release(); }
 
-  // PlainClass
   zendara_result Carga_Formulario(const char* screen, zendara_database* company, zendara_database* second,
                                   const zendara_slots* slots, const zendara_session* session) noexcept override {
     return AnswerInThread([&] {
       TableSession morlane(CopyOf(session));
       return ShowScreen(TakeText(screen), DatabaseOf(company), DatabaseOf(second), SlotsOf(CopyOf(slots)), morlane);
     });
+  }
+  zendara_result NumBas(std::int16_t value) noexcept override {
+    return AnswerInThread([&] { zendara_.NumBas(value); });
   }
   zendara_result fich2(std::int16_t* value) noexcept override {
     return AnswerInThread([&] { Needed(value) = zendara_.fich2(); });
@@ -76,15 +85,86 @@ class Instance final : public Named<Instance>, public ZendaraObject, public Plai
   }
 
  private:
+  Object& instance_;
+  ClsZendara& zendara_;
+};
+
+// By name, and in C++.
+class Instance final : public Named<Instance>, public ZendaraObject {
+ public:
+  static std::span<const Member<Instance>> Members();
+
+  Result QueryInterface(const Guid* id, void** object) noexcept override { return Object::QueryInterface(id, object); }
+  std::uint32_t AddRef() noexcept override { return Object::AddRef(); }
+  std::uint32_t Release() noexcept override { return Object::Release(); }
+
+  void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
+                        const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT,
+                        Morlane& ObjMorlane) noexcept override {
+    // The host may release the object meanwhile.
+    const InUse shown;
+    ClsZendara().Carga_Formulario(NombreForm, MiBD, MiBE, MiT, ObjMorlane);
+  }
+  void NumBas(std::int16_t valor) noexcept override { zendara_.NumBas(valor); }
+  std::int16_t fich2() const noexcept override { return zendara_.fich2(); }
+  std::string Fch() const override { return zendara_.Fch(); }
+
+ private:
   void* Interface(const Guid& id) noexcept override {
     if (id == kZendaraId) return static_cast<ZendaraObject*>(this);
-    if (id == kClassId) return static_cast<PlainClass*>(this);
+    if (id == kClassId) return static_cast<PlainClass*>(&plain_);
     return nullptr;
   }
 
   ClsZendara zendara_;
+  PlainInstance plain_{*this, zendara_};
 };
 
+std::span<const Member<Instance>> Instance::Members() {
+  static constexpr Member<Instance> kMembers[] = {
+      {"Carga_Formulario", ZENDARA_METHOD, 5, 5,
+       [](auto&, auto& given, auto& result) {
+         NamedSession morlane(given.AnyObject(4));
+         PutLong(result, ShowScreen(given.Text(0), DatabaseOf(given, 1), DatabaseOf(given, 2), SlotsOf(given, 3),
+                                    morlane));
+       }},
+      {"NumBas", ZENDARA_PUT, 1, 1, [](auto& self, auto& given, auto&) { self.NumBas(ToInteger(given[0])); }},
+      {"fich2", ZENDARA_GET, 0, 0,
+       [](auto& self, auto&, auto& result) {
+         zendara_variant_clear(&result);
+         zendara_variant_set_i2(&result, self.fich2());
+       }},
+      {"Fch", ZENDARA_GET, 0, 0, [](auto& self, auto&, auto& result) { Put(result, self.Fch()); }},
+  };
+  return kMembers;
+}
+
 }  // namespace
+
+zendara_result ShowScreen(const std::string& screen, const std::shared_ptr<Database>& company,
+                          const std::shared_ptr<Database>& second, const RecordsetArray& slots, Morlane& session) {
+  {
+    const InUse shown;
+    ClsZendara().Carga_Formulario(screen, company, second, slots, session);
+  }
+  const zendara_result result = LastCallResult();
+  if (result != ZENDARA_BUSY && result != ZENDARA_WRONG_THREAD) RethrowOfUser();
+  return result;
+}
+
+zendara_result LastCallResult() {
+  const CallReport report = LastCall();
+  switch (report.status) {
+    case CallStatus::kDone: return ZENDARA_OK;
+    case CallStatus::kNoSuchScreen: return Failed(ZENDARA_NO_SCREEN, report.reason);
+    case CallStatus::kBusy: return Failed(ZENDARA_BUSY, report.reason);
+    case CallStatus::kWrongThread: return Failed(ZENDARA_WRONG_THREAD, report.reason);
+    case CallStatus::kNotInstalled: return Failed(ZENDARA_NOT_INSTALLED, report.reason);
+    case CallStatus::kFailed: break;
+  }
+  throw RuntimeError(report.number, {}, report.reason);
+}
+
+Counted<Object> MakeClassObject() { return Counted<Object>(new Instance); }
 
 }  // namespace zendara

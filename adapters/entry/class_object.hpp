@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <string>
 
 #include "adapters/entry/members.hpp"
@@ -17,19 +16,6 @@ zendara_result ShowScreen(const std::string& screen, const std::shared_ptr<Datab
 
 // The result that says how the last call of the component in this thread came out; kept as the last failure.
 zendara_result LastCallResult();
-
-// zendara_class_table.
-class PlainClass : public Unknown {
- public:
-  virtual zendara_result Carga_Formulario(const char* screen, zendara_database* company, zendara_database* second,
-                                          const zendara_slots* slots, const zendara_session* session) noexcept = 0;
-  virtual zendara_result NumBas(std::int16_t value) noexcept = 0;
-  virtual zendara_result fich2(std::int16_t* value) noexcept = 0;
-  virtual zendara_result Fch(char** text) noexcept = 0;
-
- protected:
-  ~PlainClass() = default;
-};
 
 Counted<Object> MakeClassObject();
 

@@ -13,7 +13,7 @@ zendara_company::zendara_company(OpenedCompany company_opened)
     : opened(std::move(company_opened)),
       company(Make<zendara_database>(opened.company)),
       general(Make<zendara_database>(opened.general)) {
-  for (const auto& recordset : opened.slots.items) {
+  for (const auto& recordset : opened.recordsets.items) {
     slots.push_back(recordset ? Make<zendara_recordset>(recordset) : Counted<zendara_recordset>());
     items.push_back(slots.back().get());
   }
@@ -28,7 +28,7 @@ std::span<const Member<zendara_company>> zendara_company::Members() {
       {"Slots", ZENDARA_GET, 0, 0,
        [](auto& self, auto&, auto& result) {
          const auto count = static_cast<std::uint32_t>(self.items.size());
-         const zendara_array& array = PutArray(result, self.opened.slots.lower_bound, count);
+         const zendara_array& array = PutArray(result, self.opened.recordsets.lower_bound, count);
          for (std::uint32_t i = 0; i < count; ++i) zendara_variant_set_object(&array.items[i], self.items[i]);
        }},
   };
@@ -62,7 +62,7 @@ zendara_result zendara_company_parts(zendara_company* company, zendara_database*
     if (database) *database = parts.company.get();
     if (general) *general = parts.general.get();
     if (!slots) return ZENDARA_OK;
-    return FillOut(slots, zendara_slots{sizeof(zendara_slots), parts.opened.slots.lower_bound,
+    return FillOut(slots, zendara_slots{sizeof(zendara_slots), parts.opened.recordsets.lower_bound,
                                         static_cast<std::uint32_t>(parts.items.size()), parts.items.data()});
   });
 }
@@ -71,7 +71,7 @@ zendara_result zendara_show(zendara_company* company, const char* screen, const 
   return AnswerInThread([&]() -> zendara_result {
     const auto held = Counted<zendara_company>::OneMore(Handle<zendara_company>(company));
     TableSession morlane(CopyOf(session));
-    return ShowScreen(TakeText(screen), held->opened.company, held->opened.general, held->opened.slots, morlane);
+    return ShowScreen(TakeText(screen), held->opened.company, held->opened.general, held->opened.recordsets, morlane);
   });
 }
 }

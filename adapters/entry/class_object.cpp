@@ -1,6 +1,6 @@
 #include "adapters/entry/class_object.hpp"
 
-#include <utility>
+#include <atomic>
 
 #include "adapters/entry/install.hpp"
 #include "adapters/entry/records.hpp"
@@ -10,6 +10,20 @@
 
 namespace zendara {
 namespace {
+
+// Calls that show a screen. What is shown may release the object that was called.
+std::atomic<int> shows = 0;
+
+class Show {
+ public:
+  Show() { ++shows; }
+  ~Show() { --shows; }
+  Show(const Show&) = delete;
+  Show& operator=(const Show&) = delete;
+
+ private:
+  InUse in_use_;
+};
 
 std::shared_ptr<Database> DatabaseOf(zendara_database* database) {
   const auto* object = HandleOrNull<zendara_database>(database);
@@ -101,8 +115,7 @@ class Instance final : public Named<Instance>, public ZendaraObject {
   void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
                         const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT,
                         Morlane& ObjMorlane) noexcept override {
-    // The host may release the object meanwhile.
-    const InUse shown;
+    const Show show;
     ClsZendara().Carga_Formulario(NombreForm, MiBD, MiBE, MiT, ObjMorlane);
   }
   void NumBas(std::int16_t valor) noexcept override { zendara_.NumBas(valor); }
@@ -144,13 +157,15 @@ std::span<const Member<Instance>> Instance::Members() {
 zendara_result ShowScreen(const std::string& screen, const std::shared_ptr<Database>& company,
                           const std::shared_ptr<Database>& second, const RecordsetArray& slots, Morlane& session) {
   {
-    const InUse shown;
+    const Show show;
     ClsZendara().Carga_Formulario(screen, company, second, slots, session);
   }
   const zendara_result result = LastCallResult();
   if (result != ZENDARA_BUSY && result != ZENDARA_WRONG_THREAD) RethrowOfUser();
   return result;
 }
+
+bool ScreenIsShown() { return shows != 0; }
 
 zendara_result LastCallResult() {
   const CallReport report = LastCall();

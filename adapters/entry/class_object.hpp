@@ -14,6 +14,9 @@ namespace zendara {
 zendara_result ShowScreen(const std::string& screen, const std::shared_ptr<Database>& company,
                           const std::shared_ptr<Database>& second, const RecordsetArray& slots, Morlane& session);
 
+// One of those above runs, or Carga_Formulario of an instance.
+bool ScreenIsShown();
+
 // The result that says how the last call of the component in this thread came out; kept as the last failure.
 zendara_result LastCallResult();
 

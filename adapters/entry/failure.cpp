@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
+#include <new>
 #include <string>
 
 #include "adapters/entry/object.hpp"
 #include "adapters/entry/structure.hpp"
 #include "adapters/plain_c/outside_call.hpp"
 #include "runtime/failure.hpp"
+#include "zendara/interop.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -72,6 +75,8 @@ zendara_result CurrentFailure() noexcept {
       throw;
     } catch (const Refusal& refusal) {
       return Failed(refusal.result, refusal.why);
+    } catch (const KeptFailure& kept) {
+      return kept.result;
     } catch (const std::bad_alloc&) {
       return Failed(ZENDARA_OUT_OF_MEMORY, {});
     } catch (...) {
@@ -83,6 +88,8 @@ zendara_result CurrentFailure() noexcept {
     return Failed(ZENDARA_OUT_OF_MEMORY, {});
   }
 }
+
+zendara_result ResultOfException() noexcept { return CurrentFailure(); }
 
 void BeginTurn() {
   if (!InThread()) Refuse(ZENDARA_WRONG_THREAD, "not the thread that has installed the platform");

@@ -15,6 +15,14 @@ struct Refusal {
 };
 [[noreturn]] inline void Refuse(zendara_result result, const char* why) { throw Refusal{result, why}; }
 
+// What is kept already, and has that result.
+struct KeptFailure {
+  zendara_result result;
+};
+inline void Demand(zendara_result result) {
+  if (result < 0) throw KeptFailure{result};
+}
+
 // Keeps it as the last failure of this thread, and gives it back. The number is that of the run-time error that says
 // the same, if there is one.
 zendara_result Failed(zendara_result result, std::string_view detail) noexcept;

@@ -1,6 +1,9 @@
 #include <atomic>
 #include <new>
 
+#include "adapters/classes/class_registration.hpp"
+#include "runtime/failure.hpp"
+#include "zendara/zendara.h"
 #include "zendara/zendara.hpp"
 
 namespace zendara {
@@ -89,6 +92,17 @@ class Factory final : public Counted<ClassFactory, kClassFactoryId> {
   }
 };
 
+// How a change of the class files came out.
+Result Written(void (*change)()) noexcept {
+  try {
+    change();
+    return kResultOk;
+  } catch (...) {
+    LogCurrentError();
+    return ZENDARA_NOT_WRITTEN;
+  }
+}
+
 }  // namespace
 }  // namespace zendara
 
@@ -104,7 +118,6 @@ zendara::Result DllGetClassObject(const zendara::Guid* class_id, const zendara::
 
 zendara::Result DllCanUnloadNow() noexcept { return zendara::uses == 0 ? zendara::kResultOk : zendara::kResultFalse; }
 
-// A host loads the library by its path: there is no registry of classes to write to or to clear.
-zendara::Result DllRegisterServer() noexcept { return zendara::kResultOk; }
-zendara::Result DllUnregisterServer() noexcept { return zendara::kResultOk; }
+zendara::Result DllRegisterServer() noexcept { return zendara::Written(zendara::RegisterClasses); }
+zendara::Result DllUnregisterServer() noexcept { return zendara::Written(zendara::UnregisterClasses); }
 }

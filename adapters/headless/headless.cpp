@@ -5,6 +5,7 @@
 #include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/script/script_neighbours.hpp"
+#include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
@@ -18,6 +19,7 @@ class Headless : public FormHost, public Dialogs, public ScriptDriver, public Sc
     if (!platform.dialogs) platform.dialogs = this;
     if (!platform.shell) platform.shell = &player_;
     OfferScriptNeighbours(platform.components, player_);
+    if (!platform.components.Source()) platform.components.LookIn(MakeClassFiles());
     player_.ReadFrom(platform);
   }
   ScriptResult Result() const override { return player_.Result(); }
@@ -61,6 +63,8 @@ ScriptResult PlayHeadless(Script script, Engine& engine, Files& files, const std
   Headless headless(CommandsOf(std::move(script)), std::move(out));
   Platform platform{.engine = &engine, .files = &files, .application_folder = folder};
   headless.Install(platform);
+  // What a script prints does not depend on the machine.
+  platform.components.LookIn(nullptr);
   CompanyHost company(platform);
   return headless.Player().Run(company);
 }

@@ -76,9 +76,15 @@ std::error_code NewFile::Append(std::string_view contents) {
   return error_;
 }
 
-std::error_code NewFile::Commit() {
+std::error_code NewFile::Sync() {
   if (!error_) error_ = Write(waiting_);
+  waiting_.clear();
   if (!error_ && fsync(file_.get()) != 0) error_ = Failure();
+  return error_;
+}
+
+std::error_code NewFile::Commit() {
+  Sync();
   if (!error_) error_ = taken_ == Taken::kReplace ? ReplaceByName() : GiveName(path_);
   if (!error_) error_ = SyncFolder(FolderOf(path_));
   return error_;

@@ -24,6 +24,8 @@ class NewFile {
 
   // What failed first, in making the file too, is given again by each further call. Pieces may be small.
   std::error_code Append(std::string_view contents);
+  // Durable, still without its name; all that can lack room is done.
+  std::error_code Sync();
   // Durable with its name when it returns. EEXIST when the name is taken and is to be kept, EISDIR when it is that of a
   // folder. The last call.
   std::error_code Commit();

@@ -4,6 +4,7 @@
 #include "adapters/drafts/file_drafts.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
+#include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
@@ -15,6 +16,7 @@ class QtWindows final : public FrontEnd {
     if (!platform.dialogs) platform.dialogs = &host_;
     if (!platform.shell) platform.shell = &host_;
     host_.OfferNeighbours(platform.components);
+    if (!platform.components.Source()) platform.components.LookIn(MakeClassFiles());
   }
 
  private:

@@ -108,6 +108,8 @@ Platform Desk::Surroundings(const std::string& folder) {
                     .forms = &host_,
                     .shell = &host_};
   host_.OfferNeighbours(platform.components);
+  // What a script prints does not depend on the machine.
+  if (options_.script.empty()) platform.components.LookIn(MakeClassFiles());
   return platform;
 }
 

@@ -60,10 +60,10 @@ struct Source {
 std::map<std::string, Source> ReadSources() {
   const std::regex include(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
   std::map<std::string, Source> sources;
-  for (const char* folder : {"include", "src", "adapters", "apps"}) {
+  for (const char* folder : {"include", "src", "adapters", "apps", "loader"}) {
     for (const auto& entry : fs::recursive_directory_iterator(kRoot / folder)) {
       const std::string extension = entry.path().extension().string();
-      if (extension != ".cpp" && extension != ".hpp" && extension != ".h") continue;
+      if (extension != ".cpp" && extension != ".hpp" && extension != ".c" && extension != ".h") continue;
       Source& source = sources[fs::relative(entry.path(), kRoot).string()];
       std::ifstream file(entry.path());
       std::smatch match;

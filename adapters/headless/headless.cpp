@@ -3,22 +3,27 @@
 #include <utility>
 
 #include "adapters/cairo/cairo_writer.hpp"
+#include "adapters/headless/form_hands.hpp"
 #include "adapters/hosting/company_host.hpp"
-#include "adapters/script/script_neighbours.hpp"
+#include "adapters/script/user_neighbours.hpp"
 #include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
 
-class Headless : public FormHost, public Dialogs, public ScriptDriver, public ScriptAutomation {
+class Headless : public FormHost, public Dialogs, public ScriptAutomation {
  public:
-  Headless(Commands next, ScriptPlayer::Sink out) : player_(std::move(next), *this, documents_, std::move(out)) {}
+  Headless(Commands next, ScriptPlayer::Sink out) : player_(std::move(next), hands_, documents_, std::move(out)) {}
 
   void Install(Platform& platform) override {
     platform.forms = this;
     if (!platform.dialogs) platform.dialogs = this;
     if (!platform.shell) platform.shell = &player_;
-    OfferScriptNeighbours(platform.components, player_);
+    OfferUserNeighbours(
+        platform.components, [this](const std::string& title, RowList& rows) { return player_.Choose(title, rows); },
+        [this](const ListingDescription& description, const std::string& file, const std::string& table) {
+          player_.Listing(description, file, table);
+        });
     if (!platform.components.Source()) platform.components.LookIn(MakeClassFiles());
     player_.ReadFrom(platform);
   }
@@ -36,22 +41,8 @@ class Headless : public FormHost, public Dialogs, public ScriptDriver, public Sc
   BoxAnswer Show(const Box& box) override { return player_.Answer(box); }
   void Beep() override { player_.Beep(); }
 
-  void Press(Form& form, const Key& key) override { form.Press(key); }
-  void Focus(Form& form, Control& control) override {
-    form.Run([&] {
-      if (control.CanFocus()) form.SetFocus(control);
-    });
-  }
-  void Click(Form& form, Control& control) override {
-    form.MouseOver(control);
-    form.Click(control);
-  }
-  void Pick(Form& form, ComboBox& combo, int item) override { form.Pick(combo, item); }
-  void PointTo(Form& form, Grid& grid, int row, int column) override { form.PointTo(grid, row, column); }
-  void TurnTo(Form& form, Tabs& tabs, int page) override { form.TurnTo(tabs, page); }
-  void Settle() override {}
-
  private:
+  FormHands hands_;
   CairoWriter documents_;
   ScriptPlayer player_;
 };

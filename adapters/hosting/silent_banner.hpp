@@ -1,6 +1,8 @@
 // The banner of hosts that have nothing to advertise.
 #pragma once
 
+#include <memory>
+
 #include "zendara/neighbours.hpp"
 
 namespace zendara {
@@ -10,5 +12,9 @@ class SilentBanner : public Banner {
   void PosicionBanner(std::int32_t /*handle*/, BannerPlace& lugar) override { lugar = {}; }
   void AvisoCierre(std::int32_t /*handle*/) override {}
 };
+
+inline void OfferSilentBanner(Components& components) {
+  components.Offer(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
+}
 
 }  // namespace zendara

@@ -10,6 +10,7 @@
 
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
+#include "adapters/hosting/silent_banner.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/input_events.hpp"
@@ -19,7 +20,6 @@
 #include "adapters/qt/pick_window.hpp"
 #include "adapters/qt/qt_listing_viewer.hpp"
 #include "adapters/qt/text.hpp"
-#include "adapters/script/script_neighbours.hpp"
 
 namespace zendara {
 namespace {
@@ -84,7 +84,7 @@ ScriptedWindows::ScriptedWindows(QtHost& windows, Script script, ScriptPlayer::S
   windows_.OnChooseFile([](QWidget&, const std::string&, std::span<const FileFormat>) { return std::nullopt; });
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kListingViewerClass, [this] { return MakeViewer(); });
-  OfferScriptNeighbours(components_, player_);
+  OfferSilentBanner(components_);
 }
 
 ScriptResult ScriptedWindows::Play(Platform platform) {

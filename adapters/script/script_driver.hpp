@@ -1,5 +1,5 @@
-// The hands of a script: what a front end does for one command. Headless it calls the form, on windows it sends key and
-// mouse events to the widgets that show it; both end in the same calls of the model.
+// The hands of a script: what a front end does for one command. Headless it calls the form (FormHands), on windows it
+// sends key and mouse events to the widgets that show it; both end in the same calls of the model.
 #pragma once
 
 #include "platform/form/form.hpp"

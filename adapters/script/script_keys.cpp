@@ -46,6 +46,7 @@ std::optional<Key> KeyByName(std::string_view name) {
 
 Key KeyOfCharacter(std::string_view character) {
   if (character == "\n") return {.code = key::kEnter, .shift = 0, .text = {}};
+  if (character == "\t") return {.code = key::kTab, .shift = 0, .text = {}};
   const char c = character.size() == 1 ? character.front() : '\0';
   const bool lower = c >= 'a' && c <= 'z';
   const bool plain = (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == ' ';

@@ -11,7 +11,7 @@ namespace zendara {
 // "Enter", "Shift+Tab", "Alt+End", "Alt+N", "F2" ... in any case; nothing for a name that is no key.
 std::optional<Key> KeyByName(std::string_view name);
 
-// The key that types this character of UTF-8.
+// The key that types this character of UTF-8: Enter a line feed, Tab a tabulator.
 Key KeyOfCharacter(std::string_view character);
 
 }  // namespace zendara

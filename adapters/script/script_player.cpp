@@ -11,8 +11,8 @@
 #include "adapters/drafts/memory_drafts.hpp"
 #include "adapters/hosting/application.hpp"
 #include "adapters/hosting/current_session.hpp"
+#include "adapters/script/screen_acts.hpp"
 #include "adapters/script/script_keys.hpp"
-#include "adapters/script/script_values.hpp"
 #include "print/record_document.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
@@ -28,11 +28,6 @@ std::string_view AnswerName(BoxAnswer answer) { return kAnswerNames[static_cast<
 
 BoxAnswer AnswerByName(std::string_view name) {
   return static_cast<BoxAnswer>(std::ranges::find(kAnswerNames, name) - kAnswerNames.begin());
-}
-
-BoxAnswer DefaultAnswer(const Box& box) {
-  if (box.buttons == BoxButtons::kOk) return BoxAnswer::kOk;
-  return box.default_button == 2 ? BoxAnswer::kNo : BoxAnswer::kYes;
 }
 
 std::string BoxLine(const Box& box, BoxAnswer answer) {
@@ -58,20 +53,6 @@ std::string RowText(Recordset& rows, int columns) {
 }
 
 int ToNumber(const ScriptWord& word) { return std::stoi(word.text); }
-
-template <typename T>
-T& FindKind(const Form& form, const ScriptWord& word, std::string_view what) {
-  auto* control = dynamic_cast<T*>(&FindControl(form, word.text));
-  if (!control) throw ScriptError(word.text + " is no " + std::string(what));
-  return *control;
-}
-
-int ItemOf(const ComboBox& combo, const std::string& text) {
-  const auto same = [&](const std::string& item) { return RTrim(item) == RTrim(text); };
-  const auto item = std::ranges::find_if(combo.Items(), same);
-  if (item == combo.Items().end()) throw ScriptError(combo.Id() + " has no item " + Quoted(text));
-  return static_cast<int>(item - combo.Items().begin());
-}
 
 }  // namespace
 
@@ -140,6 +121,8 @@ void ScriptPlayer::Execute(const ScriptCommand& command) {
     driver_.Settle();
   } catch (const ScriptError& error) {
     Stop(error.status(), error.what());
+  } catch (const ActError& error) {
+    Stop(2, error.detail());
   } catch (...) {
     Stop(1, OneLine(CurrentError()));
   }
@@ -198,45 +181,27 @@ void ScriptPlayer::Act(const ScriptCommand& command) {
 
 void ScriptPlayer::ActOn(Form& form, const ScriptCommand& command) {
   const auto& [line, name, words] = command;
-  if (name == "type") return Type(form, words[0].text);
-  if (name == "key") return driver_.Press(form, *KeyByName(words[0].text));
-  if (name == "print") return Keep(form, words[0].text);
+  ScreenActs user(form, driver_);
+  const std::string& first = words[0].text;
+  if (name == "type") return user.Type(first, [this] { return ended_; });
+  if (name == "key") return user.Press(*KeyByName(first));
+  if (name == "print") return Keep(form, first);
   if (name == "show") {
-    if (words.size() == 1 && words[0].text == "all") return ShowAll(form);
+    if (words.size() == 1 && first == "all") return ShowAll(form);
     for (const ScriptWord& word : words) Show(form, word.text);
     return;
   }
   if (name == "expect") {
-    const std::string text = ValueOf(form, words[0].text);
+    const std::string text = user.Read(first);
     if (text == words[1].text) return;
-    throw ScriptError(words[0].text + " is " + Quoted(text) + ", not " + Quoted(words[1].text), 1);
+    throw ScriptError(first + " is " + Quoted(text) + ", not " + Quoted(words[1].text), 1);
   }
-  if (name == "choose") {
-    auto& combo = FindKind<ComboBox>(form, words[0], "list");
-    return driver_.Pick(form, combo, ItemOf(combo, words[1].text));
-  }
-  if (name == "cell") {
-    auto& grid = FindKind<Grid>(form, words[0], "grid");
-    const int row = ToNumber(words[1]);
-    const int column = ToNumber(words[2]);
-    if (row < grid.FixedRows() || row >= grid.Rows() || column < grid.FixedColumns() || column >= grid.Columns()) {
-      throw ScriptError(grid.Id() + " has no cell " + words[1].text + " " + words[2].text + " to click");
-    }
-    return driver_.PointTo(form, grid, row, column);
-  }
-  if (name == "page") {
-    auto& tabs = FindKind<Tabs>(form, words[0], "set of pages");
-    const int page = ToNumber(words[1]);
-    if (static_cast<std::size_t>(page) >= tabs.Titles().size()) {
-      throw ScriptError(tabs.Id() + " has no page " + words[1].text);
-    }
-    return driver_.TurnTo(form, tabs, page);
-  }
-  Control& control = FindControl(form, words[0].text);
-  if (name == "check") return Check(form, control, ToNumber(words[1]));
-  if (name == "click") return driver_.Click(form, control);
-  if (!control.TakesFocus()) throw ScriptError(control.Id() + " never has the focus");
-  driver_.Focus(form, control);
+  if (name == "choose") return user.Choose(first, words[1].text);
+  if (name == "cell") return user.Point(first, ToNumber(words[1]), ToNumber(words[2]));
+  if (name == "page") return user.Turn(first, ToNumber(words[1]));
+  if (name == "check") return Check(form, user.Find(first), ToNumber(words[1]));
+  if (name == "click") return user.Click(first);
+  user.Focus(first);
 }
 
 void ScriptPlayer::OpenSession(const ScriptCommand& command) {
@@ -272,12 +237,6 @@ void ScriptPlayer::OpenScreen(const std::string& name) {
   const int shown = screens_shown_;
   company_->Show(name);
   if (shown == screens_shown_) throw ScriptError("there is no screen " + name + ", or it does not open");
-}
-
-void ScriptPlayer::Type(Form& form, const std::string& text) {
-  for (std::string_view rest = text; !rest.empty() && !ended_ && form.Loaded();) {
-    driver_.Press(form, KeyOfCharacter(TakeCharacter(rest)));
-  }
 }
 
 void ScriptPlayer::Check(Form& form, Control& control, int value) {
@@ -342,13 +301,12 @@ void ScriptPlayer::QueuePick(const ScriptWord& word) {
   }
 }
 
-void ScriptPlayer::Show(const Form& form, const std::string& id) {
+void ScriptPlayer::Show(Form& form, const std::string& id) {
   const auto print = [this](const std::string& name, const std::string& text) {
     Print("value " + name + "=" + Quoted(text));
   };
-  Control* control = form.Find(id);
-  if (control) return ForEachValue(*control, print);
-  print(id, ValueOf(form, id));
+  if (Control* control = form.Find(id)) return ForEachValue(*control, print);
+  print(id, ScreenActs(form, driver_).Read(id));
 }
 
 void ScriptPlayer::ShowAll(const Form& form) {

@@ -97,12 +97,11 @@ class ScriptPlayer : public Shell {
 
   void OpenSession(const ScriptCommand& command);
   void OpenScreen(const std::string& name);
-  void Type(Form& form, const std::string& text);
   void Check(Form& form, Control& control, int value);
   void ActOnDrafts(const ScriptCommand& command);
   void ActOnListing(const ScriptCommand& command);
   void QueuePick(const ScriptWord& word);
-  void Show(const Form& form, const std::string& id);
+  void Show(Form& form, const std::string& id);
   void ShowAll(const Form& form);
   void Keep(const Form& form, const std::string& path);
   YearWindow Years() const;

@@ -18,7 +18,7 @@ inline constexpr int kShift = 1, kControl = 2, kAlt = 4;
 struct Key {
   int code = 0;
   int shift = 0;
-  std::string text;
+  std::string text{};
 };
 
 }  // namespace zendara

@@ -34,6 +34,12 @@ struct Box {
   std::vector<BoxDetail> detail{};
 };
 
+// Of the button that the box begins on.
+inline BoxAnswer DefaultAnswer(const Box& box) {
+  if (box.buttons == BoxButtons::kOk) return BoxAnswer::kOk;
+  return box.default_button == 2 ? BoxAnswer::kNo : BoxAnswer::kYes;
+}
+
 // All boxes and beeps of the component go here, those of its screens too.
 class Dialogs {
  public:

@@ -29,6 +29,8 @@ enum ErrorNumber : int {
   kInvalidUseOfNull = 94,
   kInvalidPropertyValue = 380,
   kCannotCreateObject = 429,
+  kNoSuchMember = 438,
+  kWrongArgumentCount = 450,
   kTableExists = 3010,
   kObjectNotFound = 3011,
   kObjectExists = 3012,

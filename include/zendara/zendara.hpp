@@ -26,6 +26,7 @@ enum class CallStatus : std::int32_t {
 struct CallReport {
   CallStatus status = CallStatus::kDone;
   std::string reason{};  // one line for a log, in English; empty for kDone
+  int number = 0;        // of the run-time error, for kFailed
 };
 
 // Of the last call of InstallPlatform or Carga_Formulario in this thread. Each report but kDone and kNoSuchScreen is a

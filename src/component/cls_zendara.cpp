@@ -65,11 +65,13 @@ std::string Faltan(const Platform& platform) {
 struct UltimaLlamada {
   CallStatus estado;
   char motivo[200];
+  int numero;
 };
 thread_local UltimaLlamada ultima_llamada{};
 
-void Apunta(CallStatus estado, const std::string& motivo = {}) noexcept {
+void Apunta(CallStatus estado, const std::string& motivo = {}, int numero = 0) noexcept {
   ultima_llamada.estado = estado;
+  ultima_llamada.numero = numero;
   const std::size_t largo = motivo.copy(ultima_llamada.motivo, sizeof ultima_llamada.motivo - 1);
   ultima_llamada.motivo[largo] = '\0';
   if (estado != CallStatus::kDone && estado != CallStatus::kNoSuchScreen) LogLine(motivo);
@@ -118,7 +120,8 @@ void MuestraPantalla(Componente& componente, const std::string& nombre) {
     componente.pantallas.Muestra(nombre);
     Apunta(CallStatus::kDone);
   } catch (...) {
-    Apunta(CallStatus::kFailed, "screen " + nombre + " is not shown: " + OneLine(CurrentError()));
+    const RuntimeError error = CurrentError();
+    Apunta(CallStatus::kFailed, "screen " + nombre + " is not shown: " + OneLine(error), error.number());
   }
 }
 
@@ -129,7 +132,7 @@ Componente& ElComponente() {
   return componente;
 }
 
-CallReport LastCall() { return {ultima_llamada.estado, ultima_llamada.motivo}; }
+CallReport LastCall() { return {ultima_llamada.estado, ultima_llamada.motivo, ultima_llamada.numero}; }
 
 SessionFacts CurrentSession() {
   const Sesion& sesion = ElComponente().sesion;

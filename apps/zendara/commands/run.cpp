@@ -375,7 +375,6 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   AddData(app, line);
   AddRun(app, line);
   AddClasses(app, line);
-  app.set_version_flag("--version", "zendara " ZENDARA_VERSION, "Print the version");
 
   Console console(out, err, terminal);
   try {

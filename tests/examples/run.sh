@@ -39,9 +39,21 @@ build host-cpp
 for host in console_host own_front_end; do
   try host-cpp/$host COMPANY
 done
+
+# A class of somebody else's, and those of the library: it writes the files that were installed.
+build banner
+zendara=$stage/bin/zendara
+(export ZENDARA_CLASS_PATH=$work/registered && "$zendara" register "$libraries/libzendara.so.1")
+diff -r registered classes
+"$zendara" register "$work/banner/libravelin.so"
+"$zendara" classes
 [[ ! -e $libraries/libzendara-windows.so ]] || try host-cpp/windows_host COMPANY --try
 
-# With pkg-config.
+# With pkg-config, C++ and C; in Python with nothing but the library.
 # shellcheck disable=SC2046
 c++ -std=c++20 "$examples/host-cpp/console_host.cpp" -o console_host $(pkg-config --cflags --libs zendara)
 try ./console_host COMPANY
+# shellcheck disable=SC2046
+cc "$examples/host-c/host.c" -o host $(pkg-config --cflags --libs zendara)
+try ./host COMPANY
+try python3 "$examples/host-python/host.py" COMPANY

@@ -54,6 +54,6 @@ diff -r registered classes
 c++ -std=c++20 "$examples/host-cpp/console_host.cpp" -o console_host $(pkg-config --cflags --libs zendara)
 try ./console_host COMPANY
 # shellcheck disable=SC2046
-cc "$examples/host-c/host.c" -o host $(pkg-config --cflags --libs zendara)
+cc -std=c99 -Werror "$examples/host-c/host.c" -o host $(pkg-config --cflags --libs zendara)
 try ./host COMPANY
 try python3 "$examples/host-python/host.py" COMPANY

@@ -49,11 +49,13 @@ diff -r registered classes
 "$zendara" classes
 [[ ! -e $libraries/libzendara-windows.so ]] || try host-cpp/windows_host COMPANY --try
 
-# With pkg-config, C++ and C; in Python with nothing but the library.
+# With pkg-config, C++ and C.
 # shellcheck disable=SC2046
 c++ -std=c++20 "$examples/host-cpp/console_host.cpp" -o console_host $(pkg-config --cflags --libs zendara)
 try ./console_host COMPANY
-# shellcheck disable=SC2046
-cc -std=c99 -Werror "$examples/host-c/host.c" -o host $(pkg-config --cflags --libs zendara)
-try ./host COMPANY
-try python3 "$examples/host-python/host.py" COMPANY
+cp -r "$examples/host-c" .
+make -s -C host-c host $([[ ! -e $libraries/libzendara-windows.so ]] || echo windows)
+try host-c/host COMPANY
+
+# In Python, with nothing but the library.
+try python3 -B "$examples/host-python/host.py" COMPANY

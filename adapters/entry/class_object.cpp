@@ -138,8 +138,8 @@ std::span<const Member<Instance>> Instance::Members() {
       {"Carga_Formulario", ZENDARA_METHOD, 5, 5,
        [](auto&, auto& given, auto& result) {
          NamedSession morlane(given.AnyObject(4));
-         PutLong(result, ShowScreen(given.Text(0), DatabaseOf(given, 1), DatabaseOf(given, 2), SlotsOf(given, 3),
-                                    morlane));
+         PutLong(result,
+                 ShowScreen(given.Text(0), DatabaseOf(given, 1), DatabaseOf(given, 2), SlotsOf(given, 3), morlane));
        }},
       {"NumBas", ZENDARA_PUT, 1, 1, [](auto& self, auto& given, auto&) { self.NumBas(ToInteger(given[0])); }},
       {"fich2", ZENDARA_GET, 0, 0,
@@ -170,12 +170,18 @@ bool ScreenIsShown() { return shows != 0; }
 zendara_result LastCallResult() {
   const CallReport report = LastCall();
   switch (report.status) {
-    case CallStatus::kDone: return ZENDARA_OK;
-    case CallStatus::kNoSuchScreen: return Failed(ZENDARA_NO_SCREEN, report.reason);
-    case CallStatus::kBusy: return Failed(ZENDARA_BUSY, report.reason);
-    case CallStatus::kWrongThread: return Failed(ZENDARA_WRONG_THREAD, report.reason);
-    case CallStatus::kNotInstalled: return Failed(ZENDARA_NOT_INSTALLED, report.reason);
-    case CallStatus::kFailed: break;
+    case CallStatus::kDone:
+      return ZENDARA_OK;
+    case CallStatus::kNoSuchScreen:
+      return Failed(ZENDARA_NO_SCREEN, report.reason);
+    case CallStatus::kBusy:
+      return Failed(ZENDARA_BUSY, report.reason);
+    case CallStatus::kWrongThread:
+      return Failed(ZENDARA_WRONG_THREAD, report.reason);
+    case CallStatus::kNotInstalled:
+      return Failed(ZENDARA_NOT_INSTALLED, report.reason);
+    case CallStatus::kFailed:
+      break;
   }
   throw RuntimeError(report.number, {}, report.reason);
 }

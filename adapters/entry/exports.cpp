@@ -105,9 +105,7 @@ const OwnClass& ClassOf(const char* name) {
 }
 
 // How a change of the class files came out.
-Result Written(void (*change)()) noexcept {
-  return Answer(change) < 0 ? ZENDARA_NOT_WRITTEN : ZENDARA_OK;
-}
+Result Written(void (*change)()) noexcept { return Answer(change) < 0 ? ZENDARA_NOT_WRITTEN : ZENDARA_OK; }
 
 }  // namespace
 }  // namespace zendara

@@ -42,11 +42,11 @@ constexpr struct {
   zendara_result result;
   int number;
 } kNumbers[] = {
-    {ZENDARA_NULL_POINTER, kInvalidCall},  {ZENDARA_INVALID, kInvalidCall},
-    {ZENDARA_NO_MEMBER, kNoSuchMember},    {ZENDARA_NO_NAME, kNoSuchMember},
-    {ZENDARA_WRONG_TYPE, kTypeMismatch},   {ZENDARA_WRONG_COUNT, kWrongArgumentCount},
-    {ZENDARA_OUT_OF_MEMORY, kOutOfMemory}, {ZENDARA_NO_CLASS, kCannotCreateObject},
-    {ZENDARA_FAILED, kInternalError},      {ZENDARA_NOT_REGISTERED, kCannotCreateObject},
+    {ZENDARA_NULL_POINTER, kInvalidCall},      {ZENDARA_INVALID, kInvalidCall},
+    {ZENDARA_NO_MEMBER, kNoSuchMember},        {ZENDARA_NO_NAME, kNoSuchMember},
+    {ZENDARA_WRONG_TYPE, kTypeMismatch},       {ZENDARA_WRONG_COUNT, kWrongArgumentCount},
+    {ZENDARA_OUT_OF_MEMORY, kOutOfMemory},     {ZENDARA_NO_CLASS, kCannotCreateObject},
+    {ZENDARA_FAILED, kInternalError},          {ZENDARA_NOT_REGISTERED, kCannotCreateObject},
     {ZENDARA_NOT_LOADED, kCannotCreateObject},
 };
 

@@ -13,10 +13,16 @@ namespace zendara {
 namespace {
 
 template <typename Interface, typename Table>
+using MakeNeighbour = std::unique_ptr<Interface> (*)(const Table& table, std::string name,
+                                                     std::shared_ptr<const void> keep);
+
+template <typename Interface, typename Table>
 void Register(Components& components, std::string_view name, const Table* table,
-              std::unique_ptr<Interface> (*make)(const Table& table, std::string name)) {
+              MakeNeighbour<Interface, Table> make) {
   if (!table) return;
-  components.Register(name, [copy = CopyOf(table), own_name = std::string(name), make] { return make(copy, own_name); });
+  components.Register(name, [copy = CopyOf(table), own_name = std::string(name), make] {
+    return make(copy, own_name, nullptr);
+  });
 }
 
 // A platform, with all that it points to.
@@ -24,7 +30,8 @@ class Surroundings {
  public:
   explicit Surroundings(const zendara_platform& given) {
     platform.application_folder = TakeText(given.application_folder);
-    engine_ = given.engine ? Counted<zendara_engine>::OneMore(Handle<zendara_engine>(given.engine)) : MakeEngineObject();
+    engine_ =
+        given.engine ? Counted<zendara_engine>::OneMore(Handle<zendara_engine>(given.engine)) : MakeEngineObject();
     platform.engine = engine_->engine.get();
     if (given.screens) {
       screens = Counted<zendara_screens>::OneMore(Handle<zendara_screens>(given.screens));

@@ -1,5 +1,5 @@
-// The objects as hosts have them: counted, each with the table of its functions in front. A class with virtual functions
-// is laid out like that, so that the interfaces below are those of zendara/zendara.h, function by function.
+// The objects as hosts have them: counted, each with the table of its functions in front. A class with virtual
+// functions is laid out like that, so that the interfaces below are those of zendara/zendara.h, function by function.
 #pragma once
 
 #include <atomic>

@@ -132,9 +132,8 @@ PlainBox::PlainBox(const Box& box) {
 }
 
 BoxAnswer AnswerTo(const Box& box, std::int64_t answer) {
-  const bool offered = box.buttons == BoxButtons::kOk
-                           ? answer == ZENDARA_ANSWER_OK
-                           : answer == ZENDARA_ANSWER_YES || answer == ZENDARA_ANSWER_NO;
+  const bool offered = box.buttons == BoxButtons::kOk ? answer == ZENDARA_ANSWER_OK
+                                                      : answer == ZENDARA_ANSWER_YES || answer == ZENDARA_ANSWER_NO;
   if (!offered) throw RuntimeError(kInvalidCall, {}, "a box was given an answer that it does not offer");
   return static_cast<BoxAnswer>(answer);
 }

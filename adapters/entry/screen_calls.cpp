@@ -1,12 +1,10 @@
 // The functions of zendara/zendara.h for a screen that is shown and for a list to pick from.
-#include <limits>
 #include <string>
 
 #include "adapters/entry/failure.hpp"
 #include "adapters/entry/screen_handle.hpp"
 #include "adapters/entry/text.hpp"
 #include "adapters/plain_c/list_handle.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
@@ -23,8 +21,8 @@ zendara_result Give(zendara_screen* screen, char** text, std::string (ShownScree
   });
 }
 
-template <typename Act>
-zendara_result Act(zendara_screen* screen, Act act) {
+template <typename Body>
+zendara_result Act(zendara_screen* screen, Body act) {
   return AnswerInThread([&] { act(Screen(screen)); });
 }
 
@@ -130,8 +128,7 @@ zendara_result zendara_list_columns(zendara_list* list, uint32_t* count) {
 zendara_result zendara_list_heading(zendara_list* list, uint32_t column, const char** text) {
   return AnswerInThread([&] {
     Needed(text) = nullptr;
-    if (column >= Needed(list).rows.Columns()) throw RuntimeError(kSubscriptOutOfRange);
-    *text = Lend(*list, list->rows.Heading(column));
+    *text = Lend(*list, Needed(list).rows.Heading(column));
   });
 }
 zendara_result zendara_list_count(zendara_list* list, uint64_t* rows) {
@@ -140,8 +137,7 @@ zendara_result zendara_list_count(zendara_list* list, uint64_t* rows) {
 zendara_result zendara_list_cell(zendara_list* list, uint64_t row, uint32_t column, const char** text) {
   return AnswerInThread([&] {
     Needed(text) = nullptr;
-    if (column >= Needed(list).rows.Columns()) throw RuntimeError(kSubscriptOutOfRange);
-    if (!list->rows.Has(row)) return ZENDARA_FALSE;
+    if (!Needed(list).rows.Has(row)) return ZENDARA_FALSE;
     *text = Lend(*list, list->rows.Cell(row, column));
     return ZENDARA_OK;
   });

@@ -61,10 +61,12 @@ std::span<const Member<zendara_screens>> zendara_screens::Members() {
       {"Install", ZENDARA_METHOD, 2, 2,
        [](auto& self, auto& given, auto&) {
          const std::string folder = given.Text(1);
-         Demand(Install({.size = sizeof(zendara_platform),
-                         .engine = given.Lacks(0) ? nullptr : &given.template Own<zendara_engine>(0),
-                         .application_folder = folder.c_str(),
-                         .screens = &self}));
+         zendara_platform platform{};
+         platform.size = sizeof platform;
+         if (!given.Lacks(0)) platform.engine = &given.template Own<zendara_engine>(0);
+         platform.application_folder = folder.c_str();
+         platform.screens = &self;
+         Demand(Install(platform));
        }},
       {"Uninstall", ZENDARA_METHOD, 0, 0, [](auto&, auto&, auto&) { Demand(Uninstall()); }},
   };

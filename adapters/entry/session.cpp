@@ -29,16 +29,16 @@ Value ReadSession::Valor1() { return ValueOf({"Valor1", &zendara_session::Valor1
 Value ReadSession::Cambio() { return ValueOf({"Cambio", &zendara_session::Cambio}); }
 Value ReadSession::FechaTrabajo() { return ValueOf({"FechaTrabajo", &zendara_session::FechaTrabajo}); }
 std::string ReadSession::Programa() { return TextOf({"Programa", &zendara_session::Programa}); }
-std::int16_t ReadSession::ValorEntero() {
-  return CInt(CDbl(ValueOf({"ValorEntero", &zendara_session::ValorEntero})));
-}
+std::int16_t ReadSession::ValorEntero() { return CInt(CDbl(ValueOf({"ValorEntero", &zendara_session::ValorEntero}))); }
 
 void TableSession::Read(const Operation& operation, zendara_variant& value) {
+  // Deliberately left out: that is no line of the log.
+  if (!(table_.*operation.getter)) throw RuntimeError(kNoSuchMember);
   CallOutside(operation.name, table_.*operation.getter, table_.self, &value);
 }
 
 void TableSession::Write(const std::string& text) {
-  CallOutside("PonRetorno", table_.PonRetorno, table_.self, text.c_str());
+  if (table_.PonRetorno) CallOutside("PonRetorno", table_.PonRetorno, table_.self, text.c_str());
 }
 
 void NamedSession::Read(const Operation& operation, zendara_variant& value) {

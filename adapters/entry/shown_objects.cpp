@@ -25,12 +25,6 @@ void Choose(ShownScreen& screen, const Arguments& given) {
   screen.Choose(given.Text(0), Index(given, 1));
 }
 
-std::size_t Column(const ShownRows& rows, const Arguments& given, std::uint32_t place) {
-  const std::size_t column = Index(given, place);
-  if (column >= rows.Columns()) throw RuntimeError(kSubscriptOutOfRange);
-  return column;
-}
-
 }  // namespace
 
 ShownScreen& ScreenObject::Screen() const {
@@ -68,8 +62,8 @@ std::span<const Member<ScreenObject>> ScreenObject::Members() {
       {"Type", ZENDARA_METHOD, 1, 1, [](auto& self, auto& given, auto&) { self.Screen().Type(given.Text(0)); }},
       {"Press", ZENDARA_METHOD, 1, 3,
        [](auto& self, auto& given, auto&) {
-         self.Screen().Press({given.Long(0), given.Lacks(1) ? 0 : given.Long(1),
-                              given.Lacks(2) ? std::string() : given.Text(2)});
+         self.Screen().Press(
+             {given.Long(0), given.Lacks(1) ? 0 : given.Long(1), given.Lacks(2) ? std::string() : given.Text(2)});
        }},
       {"Paste", ZENDARA_METHOD, 1, 1, [](auto& self, auto& given, auto&) { self.Screen().Paste(given.Text(0)); }},
       {"Click", ZENDARA_METHOD, 1, 1, [](auto& self, auto& given, auto&) { self.Screen().Click(given.Text(0)); }},
@@ -87,22 +81,13 @@ std::span<const Member<ListObject>> ListObject::Members() {
   static constexpr Member<ListObject> kMembers[] = {
       {"Title", ZENDARA_GET, 0, 0, [](auto& self, auto&, auto& result) { Put(result, self.Title()); }},
       {"Columns", ZENDARA_GET, 0, 0,
-       [](auto& self, auto&, auto& result) {
-         PutLong(result, static_cast<std::int64_t>(self.Rows().Columns()));
-       }},
+       [](auto& self, auto&, auto& result) { PutLong(result, static_cast<std::int64_t>(self.Rows().Columns())); }},
       {"Count", ZENDARA_GET, 0, 0,
        [](auto& self, auto&, auto& result) { PutLong(result, static_cast<std::int64_t>(self.Rows().Total())); }},
       {"Heading", ZENDARA_GET, 1, 1,
-       [](auto& self, auto& given, auto& result) {
-         Put(result, self.Rows().Heading(Column(self.Rows(), given, 0)));
-       }},
+       [](auto& self, auto& given, auto& result) { Put(result, self.Rows().Heading(Index(given, 0))); }},
       {"Cell", ZENDARA_GET, 2, 2,
-       [](auto& self, auto& given, auto& result) {
-         const std::size_t row = Index(given, 0);
-         const std::size_t column = Column(self.Rows(), given, 1);
-         if (!self.Rows().Has(row)) throw RuntimeError(kSubscriptOutOfRange);
-         Put(result, self.Rows().Cell(row, column));
-       }},
+       [](auto& self, auto& given, auto& result) { Put(result, self.Rows().Cell(Index(given, 0), Index(given, 1))); }},
   };
   return kMembers;
 }

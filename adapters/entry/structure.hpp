@@ -16,9 +16,9 @@ namespace zendara {
 template <typename Structure>
 inline constexpr std::size_t kFirstSize = 0;
 
-#define ZENDARA_FIRST_VERSION(structure, last_member)    \
-  template <>                                            \
-  inline constexpr std::size_t kFirstSize<structure> =   \
+#define ZENDARA_FIRST_VERSION(structure, last_member)  \
+  template <>                                          \
+  inline constexpr std::size_t kFirstSize<structure> = \
       offsetof(structure, last_member) + sizeof(structure::last_member)
 
 ZENDARA_FIRST_VERSION(zendara_error, detail);

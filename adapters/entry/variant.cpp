@@ -47,19 +47,27 @@ bool IsNothing(const zendara_variant& meant) {
 Value ToValue(const zendara_variant& variant) {
   const zendara_variant& meant = Meant(variant);
   switch (meant.type) {
-    case ZENDARA_EMPTY: return "";
-    case ZENDARA_NULL: return Null();
-    case ZENDARA_I2: return meant.value.i2;
-    case ZENDARA_I4: return meant.value.i4;
-    case ZENDARA_R8: return Finite(meant.value.r8);
-    case ZENDARA_BOOL: return meant.value.boolean ? -1 : 0;
-    case ZENDARA_TEXT: return TakeTextOrEmpty(meant.value.text);
+    case ZENDARA_EMPTY:
+      return "";
+    case ZENDARA_NULL:
+      return Null();
+    case ZENDARA_I2:
+      return meant.value.i2;
+    case ZENDARA_I4:
+      return meant.value.i4;
+    case ZENDARA_R8:
+      return Finite(meant.value.r8);
+    case ZENDARA_BOOL:
+      return meant.value.boolean ? -1 : 0;
+    case ZENDARA_TEXT:
+      return TakeTextOrEmpty(meant.value.text);
     case ZENDARA_DATE:
       if (!(meant.value.date >= kFirstDate && meant.value.date < kBehindLastDate)) {
         Refuse(ZENDARA_INVALID, "a date is out of range");
       }
       return Date{meant.value.date};
-    default: Refuse(ZENDARA_WRONG_TYPE, "a value is an object, an array, or of no type");
+    default:
+      Refuse(ZENDARA_WRONG_TYPE, "a value is an object, an array, or of no type");
   }
 }
 
@@ -131,15 +139,20 @@ void zendara_variant_clear(zendara_variant* value) {
   const zendara_variant old = *value;
   *value = {};
   switch (old.type) {
-    case ZENDARA_TEXT: zendara_free(old.value.text); break;
-    case ZENDARA_OBJECT: zendara_release(old.value.object); break;
+    case ZENDARA_TEXT:
+      zendara_free(old.value.text);
+      break;
+    case ZENDARA_OBJECT:
+      zendara_release(old.value.object);
+      break;
     case ZENDARA_ARRAY:
       if (!old.value.array) break;
       for (uint32_t i = 0; i < old.value.array->count; ++i) zendara_variant_clear(&old.value.array->items[i]);
       zendara_free(old.value.array->items);
       zendara_free(old.value.array);
       break;
-    default: break;
+    default:
+      break;
   }
 }
 

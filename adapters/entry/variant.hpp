@@ -21,8 +21,8 @@ struct Variant : zendara_variant {
 const zendara_variant& Meant(const zendara_variant& variant);
 bool IsNothing(const zendara_variant& meant);  // empty, Null, or no object
 
-// Empty is the empty text, True -1. Refused: ZENDARA_WRONG_TYPE for an object or an array, ZENDARA_INVALID for bad UTF-8
-// and for figures and dates that are none.
+// Empty is the empty text, True -1. Refused: ZENDARA_WRONG_TYPE for an object or an array, ZENDARA_INVALID for bad
+// UTF-8 and for figures and dates that are none.
 Value ToValue(const zendara_variant& variant);
 // By the conversions of the run-time library: ZENDARA_WRONG_TYPE for what cannot be converted, ZENDARA_INVALID for what
 // has no room.

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "adapters/headless/form_hands.hpp"
+#include "adapters/hosting/shown_row_list.hpp"
 #include "adapters/script/screen_acts.hpp"
 #include "adapters/script/user_neighbours.hpp"
-#include "common/row_list.hpp"
 #include "runtime/failure.hpp"
 #include "zendara/automation.hpp"
 #include "zendara/engines.hpp"
@@ -119,39 +119,6 @@ class CalledScreen final : public ShownScreen {
   ScreenActs acts_;
 };
 
-class CalledRows final : public ShownRows {
- public:
-  explicit CalledRows(RowList& rows) : rows_(rows) {}
-
-  std::size_t Columns() const override { return rows_.Columns(); }
-  std::string Heading(std::size_t column) const override {
-    CheckColumn(column);
-    const auto& headings = rows_.View().headings;
-    return column < headings.size() ? headings[column] : std::string();
-  }
-  std::size_t Total() override { return rows_.Total(); }
-  bool Has(std::size_t row) override { return rows_.Reach(row); }
-  std::string Cell(std::size_t row, std::size_t column) override {
-    CheckColumn(column);
-    CheckRow(row);
-    return rows_.Cell(row, column);
-  }
-  std::string Row(std::size_t row) override {
-    CheckRow(row);
-    return rows_.Row(row);
-  }
-
- private:
-  void CheckColumn(std::size_t column) const {
-    if (column >= Columns()) throw RuntimeError(kSubscriptOutOfRange);
-  }
-  void CheckRow(std::size_t row) {
-    if (!Has(row)) throw RuntimeError(kSubscriptOutOfRange);
-  }
-
-  RowList& rows_;
-};
-
 bool HasButton(const Box& box, BoxAnswer answer) {
   if (box.buttons == BoxButtons::kOk) return answer == BoxAnswer::kOk;
   return answer == BoxAnswer::kYes || answer == BoxAnswer::kNo;
@@ -194,7 +161,7 @@ class CalledScreens final : public ScreenAutomation, public FormHost, public Dia
 
  private:
   std::optional<std::size_t> Choose(const std::string& title, RowList& rows) {
-    CalledRows shown(rows);
+    ShownRowList shown(rows);
     std::optional<std::size_t> chosen;
     user_.Ask([&](ScreenUser& user) {
       const auto row = user.OnList(title, shown);

@@ -6,10 +6,11 @@
 
 #include "common/row_list.hpp"
 #include "zendara/automation.hpp"
+#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 
-class ShownRowList : public ShownRows {
+class ShownRowList final : public ShownRows {
  public:
   // The list outlives it.
   explicit ShownRowList(RowList& rows) : rows_(rows) {}
@@ -17,15 +18,30 @@ class ShownRowList : public ShownRows {
   std::size_t Columns() const override { return rows_.Reading().size(); }
   std::string Heading(std::size_t column) const override {
     const auto& headings = rows_.View().headings;
-    const std::size_t own = rows_.Reading()[column];
+    const std::size_t own = Own(column);
     return own < headings.size() ? headings[own] : std::string();
   }
   std::size_t Total() override { return rows_.Total(); }
   bool Has(std::size_t row) override { return rows_.Reach(row); }
-  std::string Cell(std::size_t row, std::size_t column) override { return rows_.Cell(row, rows_.Reading()[column]); }
-  std::string Row(std::size_t row) override { return rows_.Row(row); }
+  std::string Cell(std::size_t row, std::size_t column) override {
+    const std::size_t own = Own(column);
+    CheckRow(row);
+    return rows_.Cell(row, own);
+  }
+  std::string Row(std::size_t row) override {
+    CheckRow(row);
+    return rows_.Row(row);
+  }
 
  private:
+  std::size_t Own(std::size_t column) const {
+    if (column >= Columns()) throw RuntimeError(kSubscriptOutOfRange);
+    return rows_.Reading()[column];
+  }
+  void CheckRow(std::size_t row) {
+    if (!Has(row)) throw RuntimeError(kSubscriptOutOfRange);
+  }
+
   RowList& rows_;
 };
 

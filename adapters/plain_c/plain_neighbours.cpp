@@ -15,7 +15,8 @@ namespace {
 
 class TableBanner final : public Banner {
  public:
-  TableBanner(const zendara_banner& table, std::string name) : table_(table), name_(std::move(name)) {}
+  TableBanner(const zendara_banner& table, std::string name, std::shared_ptr<const void> keep)
+      : table_(table), name_(std::move(name)), keep_(std::move(keep)) {}
 
   void PosicionBanner(std::int32_t handle, BannerPlace& lugar) override {
     if (!table_.PosicionBanner) return void(lugar = {});
@@ -30,11 +31,13 @@ class TableBanner final : public Banner {
  private:
   zendara_banner table_;
   std::string name_;
+  std::shared_ptr<const void> keep_;
 };
 
 class TableListingViewer final : public ListingViewer {
  public:
-  TableListingViewer(const zendara_listing_viewer& table, std::string name) : table_(table), name_(std::move(name)) {}
+  TableListingViewer(const zendara_listing_viewer& table, std::string name, std::shared_ptr<const void> keep)
+      : table_(table), name_(std::move(name)), keep_(std::move(keep)) {}
 
   void Visualiza(ListingDescription& descripcion) override {
     const PlainListing listing(descripcion, file_, rows_, form_);
@@ -47,14 +50,16 @@ class TableListingViewer final : public ListingViewer {
  private:
   zendara_listing_viewer table_;
   std::string name_;
+  std::shared_ptr<const void> keep_;
   std::string file_, rows_, form_;
 };
 
 }  // namespace
 
-std::unique_ptr<PickList> PlainPickList(const zendara_pick_list& table, std::string name) {
-  return PickListOver([table, name = std::move(name)](const std::string& title,
-                                                      RowList& rows) -> std::optional<std::size_t> {
+std::unique_ptr<PickList> PlainPickList(const zendara_pick_list& table, std::string name,
+                                        std::shared_ptr<const void> keep) {
+  return PickListOver([table, name = std::move(name), keep = std::move(keep)](
+                          const std::string& title, RowList& rows) -> std::optional<std::size_t> {
     ShownRowList shown(rows);
     zendara_list list{title, shown};
     std::uint64_t row = 0;
@@ -64,12 +69,13 @@ std::unique_ptr<PickList> PlainPickList(const zendara_pick_list& table, std::str
   })();
 }
 
-std::unique_ptr<Banner> PlainBanner(const zendara_banner& table, std::string name) {
-  return std::make_unique<TableBanner>(table, std::move(name));
+std::unique_ptr<Banner> PlainBanner(const zendara_banner& table, std::string name, std::shared_ptr<const void> keep) {
+  return std::make_unique<TableBanner>(table, std::move(name), std::move(keep));
 }
 
-std::unique_ptr<ListingViewer> PlainListingViewer(const zendara_listing_viewer& table, std::string name) {
-  return std::make_unique<TableListingViewer>(table, std::move(name));
+std::unique_ptr<ListingViewer> PlainListingViewer(const zendara_listing_viewer& table, std::string name,
+                                                  std::shared_ptr<const void> keep) {
+  return std::make_unique<TableListingViewer>(table, std::move(name), std::move(keep));
 }
 
 }  // namespace zendara

@@ -399,6 +399,7 @@ typedef struct {
 typedef struct {
   uint32_t size;
   void *self;
+  zendara_result (*Exists)(void *self, const char *path); /* ZENDARA_FALSE when it is not there */
   /* The first record: exactly `length` bytes, zeros past the end. Errors 53, 70, 75, 76 by zendara_set_error. */
   zendara_result (*ReadRecord)(void *self, const char *path, uint8_t *bytes, size_t length);
 } zendara_files;
@@ -476,6 +477,8 @@ ZENDARA_EXPORT zendara_result zendara_screen_title(zendara_screen *screen, char 
 ZENDARA_EXPORT zendara_result zendara_screen_subject(zendara_screen *screen, char **text);
 ZENDARA_EXPORT zendara_result zendara_screen_status(zendara_screen *screen, char **text);
 ZENDARA_EXPORT zendara_result zendara_screen_focused(zendara_screen *screen, char **control);
+/* The words beside a control or on it. */
+ZENDARA_EXPORT zendara_result zendara_screen_caption(zendara_screen *screen, const char *control, char **text);
 ZENDARA_EXPORT zendara_result zendara_screen_read(zendara_screen *screen, const char *control, char **text);
 /* The name of the control of that number, from 0; ZENDARA_FALSE behind the last one. */
 ZENDARA_EXPORT zendara_result zendara_screen_control(zendara_screen *screen, uint32_t number, char **control);

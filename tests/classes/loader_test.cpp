@@ -1,4 +1,6 @@
 // Class files and libraries as the loader finds them, the damaged ones too.
+#include "zendara/loader.h"
+
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -8,7 +10,6 @@
 #include <vector>
 
 #include "classes/class_folders_fixture.hpp"
-#include "zendara/loader.h"
 
 namespace zendara {
 namespace {
@@ -80,8 +81,9 @@ TEST_F(Loader, AFaultIsAResultAndOneLine) {
     Write(file_, c.text);
     EXPECT_EQ(Create("SAMPLE.cls"), c.result) << c.text;
     if (c.result == ZENDARA_OK) continue;
-    EXPECT_THAT(zendara_loader_error(), testing::AllOf(testing::StartsWith(file_.string() + ": "),
-                                                       testing::HasSubstr(c.words), testing::Not(testing::HasSubstr("\n"))));
+    EXPECT_THAT(zendara_loader_error(),
+                testing::AllOf(testing::StartsWith(file_.string() + ": "), testing::HasSubstr(c.words),
+                               testing::Not(testing::HasSubstr("\n"))));
   }
 }
 
@@ -107,8 +109,9 @@ TEST_F(Loader, WhatIsNoClassFileKeepsNobodyWaiting) {
 TEST_F(Loader, NamesLeadToNoOtherFolder) {
   Write(folder_ / "x.class", ClassText("x", "1", library_));
   const std::string sample = "Sample.Cls";
-  for (const std::string& name : {std::string("../x"), folder_ / "x", std::string(), std::string("."), std::string(".."),
-                                  std::string("x..x"), std::string("a b"), std::string("x\n"), std::string(10000, 'x')}) {
+  for (const std::string& name :
+       {std::string("../x"), folder_ / "x", std::string(), std::string("."), std::string(".."), std::string("x..x"),
+        std::string("a b"), std::string("x\n"), std::string(10000, 'x')}) {
     EXPECT_EQ(Create(name), ZENDARA_NOT_REGISTERED) << name;
     EXPECT_NE(*zendara_loader_error(), '\0');
   }

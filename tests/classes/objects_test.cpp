@@ -16,7 +16,8 @@ class Objects : public ClassFolders {
                                     std::string(kListingViewerClass), std::string("Faulty.Class")}) {
       std::string file = name;
       for (char& c : file) c = static_cast<char>(std::tolower(c));
-      Write(path_ / (file + ".class"), ClassText(name, "1", name == "Faulty.Class" ? folder_ / "gone" : SAMPLE_LIBRARY));
+      Write(path_ / (file + ".class"),
+            ClassText(name, "1", name == "Faulty.Class" ? folder_ / "gone" : SAMPLE_LIBRARY));
     }
     components_.LookIn(MakeClassFiles());
   }
@@ -72,7 +73,7 @@ TEST_F(Objects, AFailingCallIsARuntimeError) {
   viewer->FicheroDatos("a.mdb");
   viewer->TablaDatos("Rows");
   viewer->FormularioPadre(nullptr);
-  ListingDescription listing = {"2", "A", "0", "100", "B", "1", "200", "Title", true};
+  ListingDescription listing = {"2", "A", std::int16_t{0}, "100", "B", std::int16_t{1}, "200", "Title", true};
   EXPECT_EQ(ErrorOf([&] { viewer->Visualiza(listing); }),
             "61 ClsVisorListado: Visualiza gives 0x80004005: Title 2 B 200 1 1 a.mdb Rows ");
 }

@@ -73,8 +73,12 @@ int main(int argc, char** argv) try {
     auto* user = new QTimer(&application);
     user->callOnTimeout([&button, shown = false]() mutable {
       QWidget* screen = QApplication::activeModalWidget();
-      if (screen) shown = screen->close() || shown;
-      else if (shown) button.close();
+      if (screen) {
+        screen->close();
+        shown = true;
+      } else if (shown) {
+        button.close();
+      }
     });
     user->start(100);
   }

@@ -69,7 +69,7 @@ class BenchHost : public QtHost {
 struct Company {
   Company() {
     sesion.platform.forms = &host;
-    sesion.platform.components = &host.Neighbours();
+    host.OfferNeighbours(sesion.platform.components);
     AbreEmpresa(sesion, "00001", "01");
   }
 
@@ -82,8 +82,7 @@ struct Company {
                          .files = files.get(),
                          .application_folder = company_folder,
                          .forms = nullptr,
-                         .shell = &host,
-                         .components = nullptr}};
+                         .shell = &host}};
   RegistroPantallas pantallas;
 };
 

@@ -120,14 +120,13 @@ struct Staged : ListingViewer {
 class Screens {
  public:
   explicit Screens(const std::string& folder) {
-    components_.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
-    components_.Register(kListingViewerClass, [] { return std::make_unique<Staged>(); });
+    session_.platform.components.Register(kBannerClass, [] { return std::make_unique<SilentBanner>(); });
+    session_.platform.components.Register(kListingViewerClass, [] { return std::make_unique<Staged>(); });
     session_.platform.engine = engine_.get();
     session_.platform.dialogs = &nowhere_;
     session_.platform.forms = &nowhere_;
     session_.platform.files = files_.get();
     session_.platform.application_folder = folder;
-    session_.platform.components = &components_;
     AbreEmpresa(session_, "00001", "01");
   }
 
@@ -170,7 +169,6 @@ class Screens {
 
   std::unique_ptr<Engine> engine_ = MakeEngine();
   std::unique_ptr<Files> files_ = MakeHostFiles();
-  Components components_;
   Nowhere nowhere_;
   RegistroPantallas screens_;
   Sesion session_{Platform{}};

@@ -2,11 +2,14 @@
 
 #include <cairo-pdf.h>
 
-#include <ctime>
+#include <algorithm>
+#include <cmath>
 #include <string_view>
 #include <system_error>
 
 #include "adapters/host/file_error.hpp"
+#include "runtime/format.hpp"
+#include "runtime/surroundings.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -54,12 +57,13 @@ void PdfFile::Check(cairo_status_t status) {
 }
 
 std::string TimeNow() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local = {};
-  localtime_r(&now, &local);
-  std::string text(sizeof "yyyy-mm-ddThh:mm:ss", '\0');
-  text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", &local));
-  return text;
+  constexpr int kSecondsOfADay = 24 * 60 * 60;
+  const Date now = Now();
+  const int second =
+      std::min(static_cast<int>((now.serial - std::floor(now.serial)) * kSecondsOfADay + 0.5), kSecondsOfADay - 1);
+  const auto digits = [](int number) { return std::to_string(100 + number).substr(1); };
+  return FormatDate(now, "yyyy-mm-dd") + "T" + digits(second / 3600) + ":" + digits(second / 60 % 60) + ":" +
+         digits(second % 60);
 }
 
 }  // namespace zendara

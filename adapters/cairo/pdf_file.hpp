@@ -36,7 +36,7 @@ class PdfFile {
   CairoContext cairo_;
 };
 
-// Of the machine's clock, as Document::created.
+// Of the clock, as Document::created.
 std::string TimeNow();
 
 }  // namespace zendara

@@ -9,17 +9,15 @@
 namespace zendara {
 namespace {
 
-class Headless : public FormHost, public Dialogs, public ScriptDriver, public Automation {
+class Headless : public FormHost, public Dialogs, public ScriptDriver, public ScriptAutomation {
  public:
-  Headless(Commands next, ScriptPlayer::Sink out) : player_(std::move(next), *this, documents_, std::move(out)) {
-    RegisterScriptNeighbours(components_, player_);
-  }
+  Headless(Commands next, ScriptPlayer::Sink out) : player_(std::move(next), *this, documents_, std::move(out)) {}
 
   void Install(Platform& platform) override {
-    platform.dialogs = this;
     platform.forms = this;
-    platform.shell = &player_;
-    platform.components = &components_;
+    if (!platform.dialogs) platform.dialogs = this;
+    if (!platform.shell) platform.shell = &player_;
+    OfferScriptNeighbours(platform.components, player_);
     player_.ReadFrom(platform);
   }
   ScriptResult Result() const override { return player_.Result(); }
@@ -54,7 +52,6 @@ class Headless : public FormHost, public Dialogs, public ScriptDriver, public Au
  private:
   CairoWriter documents_;
   ScriptPlayer player_;
-  Components components_;
 };
 
 }  // namespace
@@ -68,11 +65,11 @@ ScriptResult PlayHeadless(Script script, Engine& engine, Files& files, const std
   return headless.Player().Run(company);
 }
 
-std::unique_ptr<Automation> MakeAutomation(CommandLines next, EventLines out) {
+std::unique_ptr<ScriptAutomation> MakeAutomation(CommandLines next, EventLines out) {
   return std::make_unique<Headless>(CommandsOf(std::move(next)), std::move(out));
 }
 
-std::unique_ptr<Automation> MakeAutomation(std::string_view script, EventLines out) {
+std::unique_ptr<ScriptAutomation> MakeAutomation(std::string_view script, EventLines out) {
   try {
     return std::make_unique<Headless>(CommandsOf(ReadScript(script)), std::move(out));
   } catch (const ScriptError& error) {

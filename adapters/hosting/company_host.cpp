@@ -2,12 +2,9 @@
 
 #include <utility>
 
-#include "component/componente.hpp"
 #include "frame/sesion_anfitrion.hpp"
 #include "runtime/date.hpp"
-#include "runtime/format.hpp"
 #include "runtime/number.hpp"
-#include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -60,20 +57,5 @@ void CompanyHost::Show(const std::string& screen) {
 }
 
 YearWindow CompanyHost::Years() const { return files_.VentanaFechas; }
-
-YearWindow YearsOfComponent() { return ElComponente().sesion.VentanaFechas; }
-
-print::ListingHead HeadOfComponent() {
-  const Sesion& session = ElComponente().sesion;
-  return {.company = Trim(session.CodEmpresa.str()),
-          .name = Trim(session.NomEmpresa.str()),
-          .date = FormatDate(session.FechaSesion, "dd/mm/yyyy")};
-}
-
-Engine& EngineOfComponent() {
-  Engine* engine = ElComponente().sesion.platform.engine;
-  if (!engine) throw RuntimeError(kObjectNotSet);
-  return *engine;
-}
 
 }  // namespace zendara

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "frame/sesion.hpp"
-#include "print/listing.hpp"
 #include "zendara/platform.hpp"
 #include "zendara/value.hpp"
 #include "zendara/zendara.hpp"
@@ -44,11 +43,5 @@ class CompanyHost {
   Sesion files_;
   bool has_session_ = false;
 };
-
-// Of the session of the component, as the last host to call it has set it: what two-digit years mean, what a listing
-// says of whose it is and of when, and the engine, error 91 without one.
-YearWindow YearsOfComponent();
-print::ListingHead HeadOfComponent();
-Engine& EngineOfComponent();
 
 }  // namespace zendara

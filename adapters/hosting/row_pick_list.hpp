@@ -53,9 +53,12 @@ class RowPickList : public PickList {
   PickView view_;
 };
 
-inline void RegisterPickList(Components& components, const ChooseRow& choose) {
-  components.Register(kPickListClass,
-                      [choose]() -> std::unique_ptr<PickList> { return std::make_unique<RowPickList>(choose); });
+inline Components::Factory<PickList> PickListOver(ChooseRow choose) {
+  return [choose = std::move(choose)] { return std::make_unique<RowPickList>(choose); };
+}
+
+inline void RegisterPickList(Components& components, ChooseRow choose) {
+  components.Register(kPickListClass, PickListOver(std::move(choose)));
 }
 
 }  // namespace zendara

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "adapters/hosting/application.hpp"
-#include "adapters/hosting/company_host.hpp"
+#include "adapters/hosting/current_session.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
 #include "adapters/hosting/silent_banner.hpp"
 #include "adapters/qt/drafts_window.hpp"
@@ -48,16 +48,19 @@ void GoBackTo(const QPointer<QWidget>& window) {
 }  // namespace
 
 QtHost::QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts)
-    : chain_(std::make_unique<WindowChain>()), documents_(documents), drafts_(drafts) {
-  RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
-  components_.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
-  components_.Register(kListingViewerClass,
-                       [this]() -> std::unique_ptr<ListingViewer> { return std::make_unique<QtListingViewer>(*this); });
-}
+    : chain_(std::make_unique<WindowChain>()), documents_(documents), drafts_(drafts) {}
 
 QtHost::~QtHost() {
   // Without the application no window can be taken down any more.
   if (!qApp) static_cast<void>(help_.release());
+}
+
+void QtHost::OfferNeighbours(Components& components) {
+  components.Offer(kPickListClass,
+                   PickListOver([this](const std::string& title, RowList& rows) { return Choose(title, rows); }));
+  components.Offer(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
+  components.Offer(kListingViewerClass,
+                   [this]() -> std::unique_ptr<ListingViewer> { return std::make_unique<QtListingViewer>(*this); });
 }
 
 FormWindow* QtHost::WindowOf(const Form& form) const {

@@ -38,8 +38,8 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   QtHost(const QtHost&) = delete;
   QtHost& operator=(const QtHost&) = delete;
 
-  // Pick list, banner and listing viewer of this front end.
-  const Components& Neighbours() const { return components_; }
+  // Offers pick list, banner and listing viewer of this front end, which live as long as it does.
+  void OfferNeighbours(Components& components);
   const print::DocumentWriter& Documents() const { return documents_; }
   // In place of the dialog that asks where something is to be kept.
   void OnChooseFile(ChooseFile choose) { files_.OnChoose(std::move(choose)); }
@@ -89,7 +89,6 @@ class QtHost : public FormHost, public Dialogs, public Shell {
   const Printers* printers_ = &machine_printers_;
   std::unique_ptr<PangoMeasure> measure_;  // of listings, once there was one
   DraftKeeper* drafts_;
-  Components components_;
   std::vector<FormWindow*> windows_;                   // shown; the last is on top
   std::vector<std::unique_ptr<FormWindow>> awaiting_;  // asked for by forms that load, and shown next
   WindowPlaces places_;

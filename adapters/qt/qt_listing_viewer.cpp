@@ -1,6 +1,6 @@
 #include "adapters/qt/qt_listing_viewer.hpp"
 
-#include "adapters/hosting/company_host.hpp"
+#include "adapters/hosting/current_session.hpp"
 #include "adapters/qt/qt_host.hpp"
 #include "print/listing.hpp"
 

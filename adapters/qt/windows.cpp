@@ -8,13 +8,13 @@
 namespace zendara {
 namespace {
 
-class QtWindows final : public Windows {
+class QtWindows final : public FrontEnd {
  public:
   void Install(Platform& platform) override {
-    platform.dialogs = &host_;
     platform.forms = &host_;
-    platform.shell = &host_;
-    platform.components = &host_.Neighbours();
+    if (!platform.dialogs) platform.dialogs = &host_;
+    if (!platform.shell) platform.shell = &host_;
+    host_.OfferNeighbours(platform.components);
   }
 
  private:
@@ -25,8 +25,8 @@ class QtWindows final : public Windows {
 
 }  // namespace
 
-std::unique_ptr<Windows> MakeWindows() {
-  InstallLook();
+std::unique_ptr<FrontEnd> MakeWindows(Look look) {
+  if (look == Look::kZendara) InstallLook();
   return std::make_unique<QtWindows>();
 }
 

@@ -82,16 +82,16 @@ ScriptedWindows::ScriptedWindows(QtHost& windows, Script script, ScriptPlayer::S
       player_(CommandsOf(std::move(script)), hands_, windows.Documents(), std::move(out)) {
   // Nobody is there to choose; the command `print` says where.
   windows_.OnChooseFile([](QWidget&, const std::string&, std::span<const FileFormat>) { return std::nullopt; });
-  RegisterScriptNeighbours(components_, player_);
   RegisterPickList(components_, [this](const std::string& title, RowList& rows) { return Choose(title, rows); });
   components_.Register(kListingViewerClass, [this] { return MakeViewer(); });
+  OfferScriptNeighbours(components_, player_);
 }
 
 ScriptResult ScriptedWindows::Play(Platform platform) {
   platform.dialogs = this;
   platform.forms = this;
   platform.shell = &player_;
-  platform.components = &components_;
+  platform.components = components_;
   player_.ReadFrom(platform);
   CompanyHost company(std::move(platform));
   return player_.Run(company);

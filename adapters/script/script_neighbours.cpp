@@ -25,13 +25,17 @@ class ScriptListingViewer : public ListingViewer {
 
 }  // namespace
 
-void RegisterScriptNeighbours(Components& components, ScriptPlayer& player) {
-  RegisterPickList(components,
-                   [&player](const std::string& title, RowList& rows) { return player.Choose(title, rows); });
-  components.Register(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
-  components.Register(kListingViewerClass, [&player]() -> std::unique_ptr<ListingViewer> {
-    return std::make_unique<ScriptListingViewer>(player);
-  });
+void OfferScriptNeighbours(Components& components, ScriptPlayer& player) {
+  if (!components.Has(kPickListClass)) {
+    RegisterPickList(components,
+                     [&player](const std::string& title, RowList& rows) { return player.Choose(title, rows); });
+  }
+  if (!components.Has(kListingViewerClass)) {
+    components.Register(kListingViewerClass, [&player]() -> std::unique_ptr<ListingViewer> {
+      return std::make_unique<ScriptListingViewer>(player);
+    });
+  }
+  components.Offer(kBannerClass, []() -> std::unique_ptr<Banner> { return std::make_unique<SilentBanner>(); });
 }
 
 }  // namespace zendara

@@ -7,7 +7,8 @@
 
 namespace zendara {
 
-// The player outlives the components.
-void RegisterScriptNeighbours(Components& components, ScriptPlayer& player);
+// The player outlives the components. Lists and listings go to it unless the host has its own, whatever classes the
+// machine has.
+void OfferScriptNeighbours(Components& components, ScriptPlayer& player);
 
 }  // namespace zendara

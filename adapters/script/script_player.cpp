@@ -10,6 +10,7 @@
 #include "adapters/drafts/file_drafts.hpp"
 #include "adapters/drafts/memory_drafts.hpp"
 #include "adapters/hosting/application.hpp"
+#include "adapters/hosting/current_session.hpp"
 #include "adapters/script/script_keys.hpp"
 #include "adapters/script/script_values.hpp"
 #include "print/record_document.hpp"

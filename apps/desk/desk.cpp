@@ -101,13 +101,14 @@ Platform Desk::Surroundings(const std::string& folder) {
   // However the folder is named, its drafts are the same.
   std::error_code error;
   const std::filesystem::path one_name = std::filesystem::canonical(folder, error);
-  return {.engine = engine_.get(),
-          .dialogs = &host_,
-          .files = files_.get(),
-          .application_folder = error || !drafts_ ? folder : one_name.string(),
-          .forms = &host_,
-          .shell = &host_,
-          .components = &host_.Neighbours()};
+  Platform platform{.engine = engine_.get(),
+                    .dialogs = &host_,
+                    .files = files_.get(),
+                    .application_folder = error || !drafts_ ? folder : one_name.string(),
+                    .forms = &host_,
+                    .shell = &host_};
+  host_.OfferNeighbours(platform.components);
+  return platform;
 }
 
 int Desk::Play() {

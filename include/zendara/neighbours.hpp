@@ -1,5 +1,6 @@
 // The closed classes beside the component, created by their name at run time: pick list, banner, listing viewer. A host
-// registers its own, or the ones of the front end in use; the class that is missing is error 429 at the place of use.
+// registers its own in the process, or has a library of its own found through the class files of the machine; otherwise
+// those of the front end serve. A class that is missing is error 429 at the place of use.
 //
 // An object is created anew for each use and released afterwards. Errors that its operations throw reach the screen,
 // which shows them.
@@ -16,6 +17,7 @@
 #include <variant>
 #include <vector>
 
+#include "zendara/export.h"
 #include "zendara/record_engine.hpp"
 
 namespace zendara {
@@ -61,7 +63,7 @@ class PickRows {
 
 // A row as it is returned: each text padded with blanks to its width or cut to it, at its place. REQUIRES: as many of
 // both, the places one behind the other.
-std::string LayOutRow(const std::vector<std::string>& texts, const std::vector<RowPlace>& places);
+ZENDARA_EXPORT std::string LayOutRow(const std::vector<std::string>& texts, const std::vector<RowPlace>& places);
 
 // A modal box with a title and rows, from which the user takes one or none. The operations return when the user has
 // chosen or given up. `marca_boton` is 0 when the last mouse movement over a look-up image had the right button alone
@@ -144,30 +146,59 @@ inline constexpr std::string_view kPickListClass = "ObjLista";
 inline constexpr std::string_view kBannerClass = "Ravelin.clsRavelin";
 inline constexpr std::string_view kListingViewerClass = "ClsVisorListado";
 
-// The classes that can be created, by name without regard to case.
-class Components {
+// Where classes are looked for that the host has not registered.
+class ClassSource {
+ public:
+  virtual ~ClassSource() = default;
+  // A new object; null when there is no class of that name here. Error 429 for one that is here and cannot be made,
+  // with the reason as its detail.
+  virtual std::unique_ptr<PickList> MakePickList(std::string_view name) const = 0;
+  virtual std::unique_ptr<Banner> MakeBanner(std::string_view name) const = 0;
+  virtual std::unique_ptr<ListingViewer> MakeListingViewer(std::string_view name) const = 0;
+};
+
+// The classes that can be created, by name without regard to case. A class is looked for among those that the host has
+// registered, then in the source, then among those that the front end offers.
+class ZENDARA_EXPORT Components {
  public:
   template <typename T>
   using Factory = std::function<std::unique_ptr<T>()>;
 
-  // A later registration of the same name replaces the earlier one; an empty factory removes it.
+  // The host's. A later registration of the same name replaces the earlier one; an empty factory makes the class
+  // missing, wherever else it is.
   void Register(std::string_view name, Factory<PickList> factory);
   void Register(std::string_view name, Factory<Banner> factory);
   void Register(std::string_view name, Factory<ListingViewer> factory);
+  bool Has(std::string_view name) const;  // registered by the host
+  // The front end's.
+  void Offer(std::string_view name, Factory<PickList> factory);
+  void Offer(std::string_view name, Factory<Banner> factory);
+  void Offer(std::string_view name, Factory<ListingViewer> factory);
+  // Null: there is none. MakeClassFiles of zendara/engines.hpp is the one of the machine; a front end sets it where the
+  // host has set none.
+  void LookIn(std::shared_ptr<const ClassSource> source) { source_ = std::move(source); }
+  const std::shared_ptr<const ClassSource>& Source() const { return source_; }
 
  private:
-  friend std::unique_ptr<PickList> CreatePickList(const Components*, std::string_view);
-  friend std::unique_ptr<Banner> CreateBanner(const Components*, std::string_view);
-  friend std::unique_ptr<ListingViewer> CreateListingViewer(const Components*, std::string_view);
+  friend ZENDARA_EXPORT std::unique_ptr<PickList> CreatePickList(const Components&, std::string_view);
+  friend ZENDARA_EXPORT std::unique_ptr<Banner> CreateBanner(const Components&, std::string_view);
+  friend ZENDARA_EXPORT std::unique_ptr<ListingViewer> CreateListingViewer(const Components&, std::string_view);
 
-  std::map<std::string, std::variant<Factory<PickList>, Factory<Banner>, Factory<ListingViewer>>> factories_;
+  using Factories = std::map<std::string, std::variant<Factory<PickList>, Factory<Banner>, Factory<ListingViewer>>>;
+  template <typename T>
+  std::unique_ptr<T> Create(std::string_view name,
+                            std::unique_ptr<T> (ClassSource::*make)(std::string_view name) const) const;
+
+  Factories registered_;
+  Factories offered_;
+  std::shared_ptr<const ClassSource> source_;
 };
 
-// A new object of that class, never null. Error 429 when there is none of that name and kind; without `components`
-// nothing is registered.
-std::unique_ptr<PickList> CreatePickList(const Components* components, std::string_view name = kPickListClass);
-std::unique_ptr<Banner> CreateBanner(const Components* components, std::string_view name = kBannerClass);
-std::unique_ptr<ListingViewer> CreateListingViewer(const Components* components,
-                                                   std::string_view name = kListingViewerClass);
+// A new object of that class, never null. Error 429 when there is none of that name and kind.
+ZENDARA_EXPORT std::unique_ptr<PickList> CreatePickList(const Components& components,
+                                                        std::string_view name = kPickListClass);
+ZENDARA_EXPORT std::unique_ptr<Banner> CreateBanner(const Components& components, std::string_view name = kBannerClass);
+ZENDARA_EXPORT std::unique_ptr<ListingViewer> CreateListingViewer(const Components& components,
+                                                                  std::string_view name = kListingViewerClass);
 
 }  // namespace zendara

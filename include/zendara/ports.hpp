@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "zendara/value.hpp"
+
 namespace zendara {
 
 enum class BoxButtons { kOk, kYesNo };
@@ -64,6 +66,21 @@ class Shell {
   // Brings a window to the front: of a task that Start gave, or of that title. Nothing where no program may do so.
   virtual void Activate(int task) = 0;
   virtual void Activate(std::string_view title) = 0;
+};
+
+// The date and time of the place where the user sits.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual Date Now() = 0;
+};
+
+// For whoever looks after the installation: what the store said about an error, what could not be shown. Each line is
+// whole, without a line feed, in English. What it throws is dropped.
+class Log {
+ public:
+  virtual ~Log() = default;
+  virtual void Line(std::string_view line) = 0;
 };
 
 }  // namespace zendara

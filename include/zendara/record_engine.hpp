@@ -22,6 +22,7 @@
 #include <string_view>
 #include <vector>
 
+#include "zendara/export.h"
 #include "zendara/value.hpp"
 
 namespace zendara {
@@ -44,7 +45,7 @@ struct IndexDef {
   friend bool operator==(const IndexDef&, const IndexDef&) = default;
 };
 
-struct TableDef {
+struct ZENDARA_EXPORT TableDef {
   std::string name;
   std::vector<ColumnDef> columns;
   std::vector<IndexDef> indexes;
@@ -64,7 +65,7 @@ using Bookmark = std::int64_t;
 class Recordset;
 
 // One column of a recordset's current record. Short-lived: it refers to the recordset.
-class Field {
+class ZENDARA_EXPORT Field {
  public:
   Field(Recordset& owner, int ordinal) : owner_(owner), ordinal_(ordinal) {}
 
@@ -101,8 +102,8 @@ class Recordset {
 
   virtual const std::vector<ColumnDef>& Columns() const = 0;
   // Error 3265 for a name or ordinal that is not there.
-  Field Fields(int ordinal);
-  Field Fields(std::string_view name);
+  ZENDARA_EXPORT Field Fields(int ordinal);
+  ZENDARA_EXPORT Field Fields(std::string_view name);
 
   // Name of the index in use, empty if none. Setting goes to that index's first record, also when set again; 3015 for a
   // name that the table does not have.
@@ -220,7 +221,7 @@ class Database {
 };
 
 // A run of writes as one: undone at the end of its life unless it was committed.
-class Transaction {
+class ZENDARA_EXPORT Transaction {
  public:
   // REQUIRES: the database outlives it. Errors of BeginTrans.
   explicit Transaction(Database& database);

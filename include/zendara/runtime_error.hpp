@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "zendara/export.h"
+
 namespace zendara {
 
 // Numbers that the code names. `ErrorText` knows every number of the run-time library and the record engine.
@@ -64,13 +66,14 @@ enum ErrorNumber : int {
 
 // The Spanish text of an error number. Each "…" of the text takes the next of `names`; places without a name keep
 // the "…". A number that is not of the library gives "Error definido por la aplicación o el objeto".
-std::string ErrorText(int number, const std::vector<std::string>& names = {});
+ZENDARA_EXPORT std::string ErrorText(int number, const std::vector<std::string>& names = {});
 
 // What the component and the record engine throw.
-class RuntimeError : public std::runtime_error {
+class ZENDARA_EXPORT RuntimeError : public std::runtime_error {
  public:
   explicit RuntimeError(int number, const std::vector<std::string>& names = {}, std::string_view detail = {},
                         int native = 0);
+  ~RuntimeError() override;
 
   int number() const { return number_; }
   // The Spanish text; what() is number, two blanks and this text.

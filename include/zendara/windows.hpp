@@ -1,21 +1,19 @@
-// Ready-made windows for a host with a desktop: screens, boxes, lists, help; what they show can be kept as PDF. A host
-// links libzendara-windows for them, which has all of libzendara in it.
+// Ready-made windows for a host with a desktop: screens, boxes, lists, help; what they show can be kept as PDF. In
+// libzendara-windows, a front end on top of libzendara.
 #pragma once
 
 #include <memory>
 
+#include "zendara/export.h"
 #include "zendara/platform.hpp"
 
 namespace zendara {
 
-class Windows {
- public:
-  virtual ~Windows() = default;
-  // Fills in what the windows serve: dialogs, forms, shell and components. They live as long as this object.
-  virtual void Install(Platform& platform) = 0;
-};
+// Whose style, font and colours the application has: those of the host, which the windows take over, or Zendara's.
+enum class Look { kHost, kZendara };
 
-// REQUIRES: a QApplication of the host's, in whose thread the component is called. Sets its style, font and colours.
-std::unique_ptr<Windows> MakeWindows();
+// REQUIRES: a QApplication of the host's, in whose thread the component is called. Only Look::kZendara changes its
+// style, font and colours. Error 51 when libzendara is of another version than this library.
+ZENDARA_EXPORT std::unique_ptr<FrontEnd> MakeWindows(Look look = Look::kHost);
 
 }  // namespace zendara

@@ -6,21 +6,43 @@
 #include <string>
 #include <vector>
 
+#include "zendara/export.h"
 #include "zendara/morlane.hpp"
 #include "zendara/platform.hpp"
 #include "zendara/record_engine.hpp"
 
 namespace zendara {
 
-// Gives the component its surroundings, which it copies, before the first screen is shown; a later call replaces them.
-// REQUIRES: engine, dialogs, files and forms are set; zendara/windows.hpp and zendara/automation.hpp fill in forms. No
-// screen is being shown.
-void InstallPlatform(Platform platform);
+// How a call came out.
+enum class CallStatus : std::int32_t {
+  kDone = 0,          // a screen was shown and closed; the platform was installed
+  kNoSuchScreen = 1,  // no screen has that name: nothing was shown
+  kBusy = 2,          // a screen is being shown: nothing was done
+  kWrongThread = 3,   // not the thread that installed the platform: nothing was done
+  kNotInstalled = 4,  // the platform lacks engine, dialogs, files or forms: no screen was shown
+  kFailed = 5,        // the screen could not be made or shown
+};
+
+struct CallReport {
+  CallStatus status = CallStatus::kDone;
+  std::string reason{};  // one line for a log, in English; empty for kDone
+};
+
+// Of the last call of InstallPlatform or Carga_Formulario in this thread. Each report but kDone and kNoSuchScreen is a
+// line of the log too.
+ZENDARA_EXPORT CallReport LastCall();
+
+// Gives the component its surroundings, which it copies, before the first screen is shown; a later call replaces them,
+// an empty platform takes them away. From here on the component belongs to the calling thread. While a screen is being
+// shown it is refused (kBusy).
+// REQUIRES: engine, dialogs, files and forms are set; a front end of zendara/windows.hpp or zendara/automation.hpp
+// fills in dialogs and forms.
+ZENDARA_EXPORT void InstallPlatform(Platform platform);
 
 // The host's open recordsets by slot: the item of index i stands at i - lower_bound. Empty handles are allowed: a
 // routine that needs one is error 91, which the screen shows. src/frame/catalogo.cpp says which table, on which index,
 // a slot holds.
-struct RecordsetArray {
+struct ZENDARA_EXPORT RecordsetArray {
   int lower_bound = 0;
   std::vector<std::shared_ptr<Recordset>> items;
 
@@ -30,7 +52,7 @@ struct RecordsetArray {
 
 // The public class. An instance has no data of its own: all instances share the component's state, and what NumBas
 // stored outlives them. One thread.
-class ClsZendara {
+class ZENDARA_EXPORT ClsZendara {
  public:
   // Takes over the host's databases (the company's, and a second one that may be empty), the slots 1 to 500 and the
   // session's values; shows the screen of that name, waits until the user has closed it, and hands the currency mark
@@ -40,14 +62,13 @@ class ClsZendara {
   // Handles. They are shared and kept until the next call, never closed. The session's window of years, that of its
   // working year, is set on each of them (SetYearWindow) and stays there. Recordsets are moved and get other indexes.
   //
-  // A second call from within the first, as from a timer of the host. For a screen that is being shown it does nothing
-  // at all: no handle and no value is taken, the session object is not asked. For another one it opens that screen
-  // above; when it closes, the screen below has its own handles, values and window again.
+  // A call while a screen is being shown, as from a timer of the host, and one from another thread than that of
+  // InstallPlatform do nothing: no handle and no value is taken, the session object is not asked.
   //
-  // Errors. None reaches the caller. What the user does is answered by boxes. A step of taking over that fails, as a
-  // slot outside of the array or a session object that throws, leaves the value of the call before, and the next step
-  // is done; what the error has as its detail is a line on standard error. Where the installed surroundings lack
-  // engine, dialogs, files or forms no screen is shown: one line on standard error names what is missing, and a box
+  // Errors. None reaches the caller; who wants to know how the call came out asks LastCall. What the user does is
+  // answered by boxes. A step of taking over that fails, as a slot outside of the array or a session object that
+  // throws, leaves the value of the call before, and the next step is done; what the error has as its detail is a line
+  // of the log. Where the installed surroundings lack engine, dialogs, files or forms no screen is shown, and a box
   // says so if there are dialogs. The currency mark is handed back all the same.
   void Carga_Formulario(const std::string& NombreForm, const std::shared_ptr<Database>& MiBD,
                         const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT, Morlane& ObjMorlane) noexcept;
@@ -58,6 +79,17 @@ class ClsZendara {
   // Read only: always the empty text.
   std::string Fch() const;
 };
+
+// What the last Carga_Formulario took over, for what a host shows beside the screens: its own front end, viewer of
+// listings, lists to pick from.
+struct SessionFacts {
+  std::string company;  // code, without blanks around it
+  std::string name;
+  Date date;                 // working date
+  YearWindow years;          // what two-digit years mean
+  Engine* engine = nullptr;  // of the platform
+};
+ZENDARA_EXPORT SessionFacts CurrentSession();
 
 // An in-process component as a loader sees it: reference-counted objects whose operations stand in a fixed order.
 // Objects delete themselves at the Release that brings their count to 0.
@@ -80,11 +112,11 @@ struct Guid {
   friend bool operator==(const Guid&, const Guid&) = default;
 };
 
-inline constexpr Guid kUnknownId = {0x00000000, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-inline constexpr Guid kClassFactoryId = {0x00000001, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+static constexpr Guid kUnknownId = {0x00000000, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+static constexpr Guid kClassFactoryId = {0x00000001, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 // The class ClsZendara and the interface of its instances.
-inline constexpr Guid kZendaraClassId = {0x6C1B83D4, 0x52E7, 0x4F0A, {0x9B, 0x3D, 0x27, 0xE4, 0x5A, 0x90, 0xC8, 0x11}};
-inline constexpr Guid kZendaraId = {0x6C1B83D5, 0x52E7, 0x4F0A, {0x9B, 0x3D, 0x27, 0xE4, 0x5A, 0x90, 0xC8, 0x11}};
+static constexpr Guid kZendaraClassId = {0x6C1B83D4, 0x52E7, 0x4F0A, {0x9B, 0x3D, 0x27, 0xE4, 0x5A, 0x90, 0xC8, 0x11}};
+static constexpr Guid kZendaraId = {0x6C1B83D5, 0x52E7, 0x4F0A, {0x9B, 0x3D, 0x27, 0xE4, 0x5A, 0x90, 0xC8, 0x11}};
 
 class Unknown {
  public:
@@ -103,8 +135,9 @@ class ClassFactory : public Unknown {
  public:
   // A new instance, counted once. `outer` must be null (kNoAggregation).
   virtual Result CreateInstance(Unknown* outer, const Guid* id, void** object) noexcept = 0;
-  // Keeps the component in memory while locked more often than unlocked.
-  virtual Result LockServer(bool lock) noexcept = 0;
+  // Keeps the component in memory while locked more often than unlocked. Unlocking what is not locked is kResultFalse
+  // and changes nothing.
+  virtual Result LockServer(std::int32_t lock) noexcept = 0;
 
  protected:
   ~ClassFactory() = default;
@@ -126,14 +159,16 @@ class ZendaraObject : public Unknown {
 
 }  // namespace zendara
 
-// The four functions that the component exports. Texts and handles pass in the standard library's types, so the host is
-// built with the same compiler.
+// The four functions that the component exports. zendara/zendara.h has them for plain C.
 extern "C" {
 
-// The class factory of kZendaraClassId, as kClassFactoryId or kUnknownId. kClassNotAvailable for another class.
-zendara::Result DllGetClassObject(const zendara::Guid* class_id, const zendara::Guid* id, void** object) noexcept;
-// kResultOk when no object lives and no factory is locked, otherwise kResultFalse.
-zendara::Result DllCanUnloadNow() noexcept;
-zendara::Result DllRegisterServer() noexcept;
-zendara::Result DllUnregisterServer() noexcept;
+// The class factory of kZendaraClassId, as kClassFactoryId or kUnknownId. kClassNotAvailable for another class. Its
+// instances give out ZendaraObject under kZendaraId, whose texts and handles pass in the standard library's types, so
+// that its host is built with the same compiler; the interfaces in plain C are those of zendara/zendara.h.
+ZENDARA_EXPORT zendara::Result DllGetClassObject(const zendara::Guid* class_id, const zendara::Guid* id,
+                                                 void** object) noexcept;
+// kResultOk when no object lives, no factory is locked and no screen is shown, otherwise kResultFalse.
+ZENDARA_EXPORT zendara::Result DllCanUnloadNow() noexcept;
+ZENDARA_EXPORT zendara::Result DllRegisterServer() noexcept;
+ZENDARA_EXPORT zendara::Result DllUnregisterServer() noexcept;
 }

@@ -1,13 +1,14 @@
 #include <algorithm>
-#include <iostream>
-#include <optional>
+#include <functional>
 #include <string>
+#include <thread>
 #include <utility>
 
 #include "component/componente.hpp"
 #include "runtime/date.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/number.hpp"
+#include "runtime/surroundings.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 #include "zendara/zendara.hpp"
@@ -60,28 +61,65 @@ std::string Faltan(const Platform& platform) {
   return faltan;
 }
 
-void MuestraPantalla(Componente& componente, std::string_view nombre) {
-  if (std::ranges::find(kPantallasPublicas, nombre) == kPantallasPublicas.end()) return;
+// Plain memory, as what has a destructor would keep the library loaded until the thread ends.
+struct UltimaLlamada {
+  CallStatus estado;
+  char motivo[200];
+};
+thread_local UltimaLlamada ultima_llamada{};
+
+void Apunta(CallStatus estado, const std::string& motivo = {}) noexcept {
+  ultima_llamada.estado = estado;
+  const std::size_t largo = motivo.copy(ultima_llamada.motivo, sizeof ultima_llamada.motivo - 1);
+  ultima_llamada.motivo[largo] = '\0';
+  if (estado != CallStatus::kDone && estado != CallStatus::kNoSuchScreen) LogLine(motivo);
+}
+
+// The component for the length of one call. Nothing of it may be touched while it has another one, or from another
+// thread.
+class Turno {
+ public:
+  Turno(Componente& componente, const std::string& llamada, bool de_cualquier_hilo) : componente_(componente) {
+    const std::thread::id hilo = componente.hilo;
+    if (!de_cualquier_hilo && hilo != std::thread::id() && hilo != std::this_thread::get_id()) {
+      Apunta(CallStatus::kWrongThread, llamada + " comes from another thread than the installation");
+    } else if (componente.ocupado.exchange(true)) {
+      Apunta(CallStatus::kBusy, llamada + " comes while a screen is shown");
+    } else {
+      tiene_ = true;
+    }
+  }
+  ~Turno() {
+    if (tiene_) componente_.ocupado = false;
+  }
+  Turno(const Turno&) = delete;
+  Turno& operator=(const Turno&) = delete;
+  explicit operator bool() const { return tiene_; }
+
+ private:
+  Componente& componente_;
+  bool tiene_ = false;
+};
+
+void MuestraPantalla(Componente& componente, const std::string& nombre) {
+  if (std::ranges::find(kPantallasPublicas, nombre) == kPantallasPublicas.end()) {
+    return Apunta(CallStatus::kNoSuchScreen, "no screen is called " + nombre);
+  }
   const Platform& platform = componente.sesion.platform;
   if (const std::string faltan = Faltan(platform); !faltan.empty()) {
-    const std::string pantalla(nombre);
-    std::cerr << "zendara: screen " + pantalla + " is not shown: the host has installed no " + faltan + "\n"
-              << std::flush;
+    Apunta(CallStatus::kNotInstalled, "screen " + nombre + " is not shown: the host has installed no " + faltan);
     if (platform.dialogs) {
-      platform.dialogs->Show(
-          {.text = "La pantalla '" + pantalla + "' no se puede mostrar:\nel programa no tiene dónde.",
-           .icon = BoxIcon::kCritical});
+      platform.dialogs->Show({.text = "La pantalla '" + nombre + "' no se puede mostrar:\nel programa no tiene dónde.",
+                              .icon = BoxIcon::kCritical});
     }
     return;
   }
-  componente.pantallas.Muestra(nombre);
-}
-
-// The session goes back to the screen below. That screen may have gone meanwhile, so FormActivo is what it is now.
-void Devuelve(Sesion&& de_la_pantalla, Sesion& sesion) noexcept {
-  de_la_pantalla.FormActivo = sesion.FormActivo;
-  sesion = std::move(de_la_pantalla);
-  PonVentana(sesion);
+  try {
+    componente.pantallas.Muestra(nombre);
+    Apunta(CallStatus::kDone);
+  } catch (...) {
+    Apunta(CallStatus::kFailed, "screen " + nombre + " is not shown: " + OneLine(CurrentError()));
+  }
 }
 
 }  // namespace
@@ -91,10 +129,30 @@ Componente& ElComponente() {
   return componente;
 }
 
-// A screen that was only asked about was made for the surroundings of before.
+CallReport LastCall() { return {ultima_llamada.estado, ultima_llamada.motivo}; }
+
+SessionFacts CurrentSession() {
+  const Sesion& sesion = ElComponente().sesion;
+  return {.company = Trim(sesion.CodEmpresa.str()),
+          .name = Trim(sesion.NomEmpresa.str()),
+          .date = sesion.FechaSesion,
+          .years = sesion.VentanaFechas,
+          .engine = sesion.platform.engine};
+}
+
 void InstallPlatform(Platform platform) {
-  ElComponente().pantallas.Descarga();
-  ElComponente().sesion.platform = std::move(platform);
+  Componente& componente = ElComponente();
+  const Turno turno(componente, "InstallPlatform", true);
+  if (!turno) return;
+  componente.hilo = std::this_thread::get_id();
+  // A screen that was only asked about was made for the surroundings of before.
+  componente.pantallas.Descarga();
+  const auto clock = [reloj = platform.clock] { return reloj->Now(); };
+  SetClock(platform.clock ? std::function<Date()>(clock) : nullptr);
+  const auto log = [diario = platform.log](std::string_view line) { diario->Line(line); };
+  SetLog(platform.log ? std::function<void(std::string_view)>(log) : nullptr);
+  componente.sesion.platform = std::move(platform);
+  Apunta(CallStatus::kDone);
 }
 
 const std::shared_ptr<Recordset>& RecordsetArray::At(int index) const {
@@ -107,10 +165,9 @@ void ClsZendara::Carga_Formulario(const std::string& NombreForm, const std::shar
                                   const std::shared_ptr<Database>& MiBE, const RecordsetArray& MiT,
                                   Morlane& ObjMorlane) noexcept {
   Componente& componente = ElComponente();
-  if (componente.pantallas.EnPantalla(NombreForm)) return;
+  const Turno turno(componente, "Carga_Formulario", false);
+  if (!turno) return;
   Sesion& sesion = componente.sesion;
-  std::optional<Sesion> de_la_pantalla;
-  if (componente.pantallas.EnPantalla()) Paso([&] { de_la_pantalla = sesion; });
   Paso([&] { sesion.BDEmpresa = MiBD; });
   Paso([&] { sesion.BDSegunda = MiBE; });
   for (int slot = 1; slot <= kSlots; ++slot) {
@@ -120,7 +177,6 @@ void ClsZendara::Carga_Formulario(const std::string& NombreForm, const std::shar
   PonVentana(sesion);
   Paso([&] { MuestraPantalla(componente, NombreForm); });
   Paso([&] { ObjMorlane.Retorno(sesion.TextoRetorno); });
-  if (de_la_pantalla) Devuelve(std::move(*de_la_pantalla), sesion);
 }
 
 void ClsZendara::NumBas(std::int16_t valor) noexcept { ElComponente().numero_bas = valor; }

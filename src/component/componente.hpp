@@ -1,9 +1,11 @@
-// The component's state: one for the process, shared by all instances of ClsZendara.
+// The component's state: one for the process, shared by all instances of ClsZendara, used by one thread.
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <string_view>
+#include <thread>
 
 #include "frame/registro_pantallas.hpp"
 #include "frame/sesion.hpp"
@@ -21,6 +23,9 @@ struct Componente {
   Componente& operator=(const Componente&) = delete;
 
   Sesion sesion{Platform{}};
+  // Read from any thread, so that a call from a wrong one is told apart.
+  std::atomic<std::thread::id> hilo{};  // that of the last InstallPlatform
+  std::atomic<bool> ocupado = false;    // Carga_Formulario runs
   RegistroPantallas pantallas;
   std::int16_t numero_bas = 0;
 };

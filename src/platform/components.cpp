@@ -5,27 +5,6 @@
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
-namespace {
-
-// The factory of that name, if it makes objects of that kind, makes one.
-template <typename T, typename Factories>
-std::unique_ptr<T> Create(const Factories& factories, std::string_view name) {
-  if (const auto found = factories.find(LCase(name)); found != factories.end()) {
-    const auto* factory = std::get_if<Components::Factory<T>>(&found->second);
-    if (factory && *factory) {
-      if (std::unique_ptr<T> object = (*factory)()) return object;
-    }
-  }
-  throw RuntimeError(kCannotCreateObject, {}, "no class " + std::string(name) + " is registered");
-}
-
-const Components& Registered(const Components* components) {
-  static const Components none;
-  return components ? *components : none;
-}
-
-}  // namespace
-
 std::string LayOutRow(const std::vector<std::string>& texts, const std::vector<RowPlace>& places) {
   std::string row;
   std::size_t width = 0;
@@ -39,27 +18,54 @@ std::string LayOutRow(const std::vector<std::string>& texts, const std::vector<R
 }
 
 void Components::Register(std::string_view name, Factory<PickList> factory) {
-  factories_[LCase(name)] = std::move(factory);
+  registered_[LCase(name)] = std::move(factory);
 }
 
 void Components::Register(std::string_view name, Factory<Banner> factory) {
-  factories_[LCase(name)] = std::move(factory);
+  registered_[LCase(name)] = std::move(factory);
 }
 
 void Components::Register(std::string_view name, Factory<ListingViewer> factory) {
-  factories_[LCase(name)] = std::move(factory);
+  registered_[LCase(name)] = std::move(factory);
 }
 
-std::unique_ptr<PickList> CreatePickList(const Components* components, std::string_view name) {
-  return Create<PickList>(Registered(components).factories_, name);
+bool Components::Has(std::string_view name) const { return registered_.contains(LCase(name)); }
+
+void Components::Offer(std::string_view name, Factory<PickList> factory) { offered_[LCase(name)] = std::move(factory); }
+
+void Components::Offer(std::string_view name, Factory<Banner> factory) { offered_[LCase(name)] = std::move(factory); }
+
+void Components::Offer(std::string_view name, Factory<ListingViewer> factory) {
+  offered_[LCase(name)] = std::move(factory);
 }
 
-std::unique_ptr<Banner> CreateBanner(const Components* components, std::string_view name) {
-  return Create<Banner>(Registered(components).factories_, name);
+template <typename T>
+std::unique_ptr<T> Components::Create(std::string_view name,
+                                      std::unique_ptr<T> (ClassSource::*make)(std::string_view) const) const {
+  const auto made_in = [key = LCase(name)](const Factories& factories, bool& found) -> std::unique_ptr<T> {
+    const auto entry = factories.find(key);
+    found = entry != factories.end();
+    const auto* factory = found ? std::get_if<Factory<T>>(&entry->second) : nullptr;
+    return factory && *factory ? (*factory)() : nullptr;
+  };
+  bool found = false;
+  std::unique_ptr<T> object = made_in(registered_, found);
+  if (!found && source_) object = (*source_.*make)(name);
+  if (!found && !object) object = made_in(offered_, found);
+  if (!object) throw RuntimeError(kCannotCreateObject, {}, "no class " + std::string(name) + " is registered");
+  return object;
 }
 
-std::unique_ptr<ListingViewer> CreateListingViewer(const Components* components, std::string_view name) {
-  return Create<ListingViewer>(Registered(components).factories_, name);
+std::unique_ptr<PickList> CreatePickList(const Components& components, std::string_view name) {
+  return components.Create<PickList>(name, &ClassSource::MakePickList);
+}
+
+std::unique_ptr<Banner> CreateBanner(const Components& components, std::string_view name) {
+  return components.Create<Banner>(name, &ClassSource::MakeBanner);
+}
+
+std::unique_ptr<ListingViewer> CreateListingViewer(const Components& components, std::string_view name) {
+  return components.Create<ListingViewer>(name, &ClassSource::MakeListingViewer);
 }
 
 }  // namespace zendara

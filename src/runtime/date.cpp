@@ -4,10 +4,10 @@
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <ctime>
 
 #include "runtime/characters.hpp"
 #include "runtime/number.hpp"
+#include "runtime/surroundings.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -173,10 +173,6 @@ std::string ShortDate(Date date) {
           digit(parts.year / 10), digit(parts.year)};
 }
 
-Date Today() {
-  const std::time_t now = std::time(nullptr);
-  const std::tm& local = *std::localtime(&now);
-  return *MakeDate(1900 + local.tm_year, 1 + local.tm_mon, local.tm_mday);
-}
+Date Today() { return {std::floor(Now().serial)}; }
 
 }  // namespace zendara

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <exception>
-#include <iostream>
 #include <new>
 #include <string>
+
+#include "runtime/surroundings.hpp"
 
 namespace zendara {
 
@@ -28,10 +29,10 @@ std::string OneLine(const RuntimeError& error) {
 
 void LogDetail(const RuntimeError& error) {
   if (error.detail().empty()) return;
-  std::string line = "zendara: error " + std::to_string(error.number()) + ": " + error.detail();
+  std::string line = "error " + std::to_string(error.number()) + ": " + error.detail();
   std::replace_if(
       line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-  std::cerr << line + "\n" << std::flush;
+  LogLine(line);
 }
 
 void LogCurrentError() noexcept {

@@ -13,7 +13,7 @@ RuntimeError CurrentError();
 
 // Number and text, and the store's own words behind them.
 std::string OneLine(const RuntimeError& error);
-// A line on standard error with the detail of an error, if it has any.
+// A line of the log with the detail of an error, if it has any.
 void LogDetail(const RuntimeError& error);
 // The same for the exception that is being handled.
 void LogCurrentError() noexcept;

@@ -125,4 +125,7 @@ RuntimeError::RuntimeError(int number, const std::vector<std::string>& names, st
       detail_(detail),
       native_(native) {}
 
+// Here, so that its type is there once.
+RuntimeError::~RuntimeError() = default;
+
 }  // namespace zendara

@@ -143,11 +143,11 @@ TEST_F(ListsTest, NeighboursAreFoundByNameInAnyCaseAndByTheirKind) {
   components.Register(LCase(kPickListClass), [this] { return std::make_unique<MarkedList>(picking.Choice()); });
   sesion.MarcaBoton = 1;
   EXPECT_EQ(Consulta(sesion, kListaMinusvalias), "1");
-  EXPECT_EQ(ErrorOf([&] { CreateBanner(&components, kPickListClass); }), kCannotCreateObject);
-  EXPECT_EQ(ErrorOf([&] { CreateListingViewer(&components); }), kCannotCreateObject);
+  EXPECT_EQ(ErrorOf([&] { CreateBanner(components, kPickListClass); }), kCannotCreateObject);
+  EXPECT_EQ(ErrorOf([&] { CreateListingViewer(components); }), kCannotCreateObject);
   components.Register(kBannerClass, Components::Factory<Banner>());
-  EXPECT_EQ(ErrorOf([&] { CreateBanner(&components); }), kCannotCreateObject);
-  sesion.platform.components = nullptr;
+  EXPECT_EQ(ErrorOf([&] { CreateBanner(components); }), kCannotCreateObject);
+  sesion.platform.components = {};
   EXPECT_EQ(ErrorOf([&] { Consulta(sesion, kListaMinusvalias); }), kCannotCreateObject);
 }
 

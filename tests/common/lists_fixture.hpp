@@ -46,7 +46,6 @@ class ListsTest : public testing::Test {
       for (const TableDef& table : file.tables) db->CreateTable(table);
     }
     RegisterPickList(components, picking.Choice());
-    sesion.platform.components = &components;
     AbreEmpresa(sesion, "00001", "01");
   }
 
@@ -62,10 +61,9 @@ class ListsTest : public testing::Test {
 
   TempFolder folder;
   std::unique_ptr<Engine> engine = MakeEngine();
-  Components components;
   Picking picking;
-  Sesion sesion{
-      Platform{.engine = engine.get(), .application_folder = folder.path().string(), .components = &components}};
+  Sesion sesion{Platform{.engine = engine.get(), .application_folder = folder.path().string()}};
+  Components& components = sesion.platform.components;
 };
 
 }  // namespace zendara

@@ -39,9 +39,8 @@ int main(int /*argc*/, char** argv) {
   const auto windows = zendara::MakeWindows();
   windows->Install(host.platform);
   host.platform.dialogs = &host.boxes;
-  zendara::Components components = *host.platform.components;
-  components.Register(zendara::kBannerClass, [] { return std::unique_ptr<zendara::Banner>(new HostBanner); });
-  host.platform.components = &components;
+  host.platform.components.Register(zendara::kBannerClass,
+                                    [] { return std::unique_ptr<zendara::Banner>(new HostBanner); });
 
   // The user looks at the screen, saves nothing (Alt+G), and closes it.
   std::string title;

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <thread>
 
 #include "component/componente.hpp"
 #include "runtime/date.hpp"
@@ -187,32 +188,29 @@ TEST_F(Component, AScreenLivesFromItsFirstUseUntilItUnloadsEvenWhileShown) {
   EXPECT_FALSE(registro.Muestra("x"));
 }
 
-TEST_F(Component, AShownScreenIsLeftAloneAndGetsItsSessionBackFromTheOneAboveIt) {
+TEST_F(Component, OneThreadHasItForOneScreenAtATimeAndEachCallSaysHowItCameOut) {
   Registra("Trabajadores");
-  Registra("MIncidencias");
-  std::string above;
-  bool first = true;
+  std::vector<CallStatus> inside;
   muestra = [&] {
-    if (!std::exchange(first, false)) {
-      above = sesion.CodEmpresa.str() + sesion.BDEmpresa->Name();
-      return;
-    }
-    morlane.values = {{"CodigoEmpresa", "77"}, {"Ejercicio", 2026}, {"Retorno", "E"}};
     diary.lines.clear();
-    Carga("Trabajadores");
+    for (const char* name : {"Trabajadores", "MIncidencias"}) {
+      Carga(name);
+      inside.push_back(LastCall().status);
+    }
+    InstallPlatform({});
+    inside.push_back(LastCall().status);
+    std::thread([&] {
+      Carga("Trabajadores");
+      inside.push_back(LastCall().status);
+    }).join();
     EXPECT_THAT(diary.lines, testing::IsEmpty());
-
-    std::swap(bd, be);
-    Carga("MIncidencias");
-    std::swap(bd, be);
-    EXPECT_EQ(above, "77   " + be->Name());
-    EXPECT_EQ(diary.lines.back(), "Retorno = E");
-    EXPECT_THAT(Textos(), testing::Contains("P"));
-    EXPECT_EQ(sesion.CodEmpresa.str() + sesion.AnoTrabajo.str(), "12   01");
-    EXPECT_EQ(sesion.BDEmpresa, bd);
   };
   Carga("Trabajadores");
-  EXPECT_EQ(diary.lines.back(), "Retorno = P");
+  EXPECT_EQ(LastCall().status, CallStatus::kDone) << LastCall().reason;
+  EXPECT_THAT(inside, ElementsAre(CallStatus::kBusy, CallStatus::kBusy, CallStatus::kBusy, CallStatus::kWrongThread));
+  EXPECT_THAT(diary.lines, ElementsAre("Retorno = P"));
+  Carga("trabajadores");
+  EXPECT_EQ(LastCall().status, CallStatus::kNoSuchScreen);
 }
 
 TEST_F(Component, AScreenThatFailsOrCannotBeMadeIsPassedOver) {
@@ -222,11 +220,13 @@ TEST_F(Component, AScreenThatFailsOrCannotBeMadeIsPassedOver) {
     diary.failures[line] = kObjectNotSet;
     Carga("Trabajadores");
     EXPECT_EQ(diary.lines.back(), "Retorno = P") << line;
+    EXPECT_EQ(LastCall().status, CallStatus::kFailed);
   }
   InstallPlatform({});
   diary = {};
   Carga("Trabajadores");
   EXPECT_EQ(std::ranges::count(diary.lines, "Mostrar"), 0) << "no surroundings, no screen";
+  EXPECT_EQ(LastCall().status, CallStatus::kNotInstalled);
 }
 
 TEST_F(Component, IsLoadedThroughItsClassFactoryAndUnloadsWhenNothingIsInUse) {

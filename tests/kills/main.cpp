@@ -115,8 +115,8 @@ int Type(const std::string& folder, const std::string& drafts_folder, unsigned s
                   .files = files.get(),
                   .application_folder = folder,
                   .forms = &host,
-                  .shell = &host,
-                  .components = &host.Neighbours()});
+                  .shell = &host});
+  host.OfferNeighbours(session.platform.components);
   AbreEmpresa(session, kCompany, kYear);
   session.CodEmpresa = kCompany;
   session.PonEjercicio(kYear);

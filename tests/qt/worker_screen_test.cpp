@@ -30,13 +30,14 @@ class WorkerScreenTest : public QtTest {
   void OnScreen(const std::function<void(FormWindow& window, Form& screen)>& play) {
     const TempFolder folder;
     WriteDemoCompany(*engine, {.folder = folder.path().string(), .workers = kDemoCases + 2});
-    CompanyHost company({.engine = engine.get(),
-                         .dialogs = &host,
-                         .files = files.get(),
-                         .application_folder = folder.path().string(),
-                         .forms = &host,
-                         .shell = &host,
-                         .components = &host.Neighbours()});
+    Platform platform{.engine = engine.get(),
+                      .dialogs = &host,
+                      .files = files.get(),
+                      .application_folder = folder.path().string(),
+                      .forms = &host,
+                      .shell = &host};
+    host.OfferNeighbours(platform.components);
+    CompanyHost company(platform);
     SessionValues values;
     values.company = "00001";
     values.year = "01";

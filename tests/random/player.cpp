@@ -68,7 +68,7 @@ void Player::Play(const std::string& folder) {
                        .files = files.get(),
                        .application_folder = folder,
                        .forms = this,
-                       .components = &components_});
+                       .components = components_});
   Random& random = hands_.random;
   SessionValues values;
   values.company = "00001";

@@ -85,7 +85,6 @@ class TrabajadoresTest : public testing::Test {
   TempFolder folder;
   std::unique_ptr<Engine> engine = MakeEngine();
   std::unique_ptr<Files> files = MakeHostFiles();
-  Components components;
   Picking picking;
   FakeFormHost host;
   RegistroPantallas pantallas;
@@ -93,8 +92,8 @@ class TrabajadoresTest : public testing::Test {
                  .dialogs = &host,
                  .files = files.get(),
                  .application_folder = folder.path().string(),
-                 .forms = &host,
-                 .components = &components}};
+                 .forms = &host}};
+  Components& components = sesion.platform.components;
   std::shared_ptr<Trabajadores> pantalla;
 };
 

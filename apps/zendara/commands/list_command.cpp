@@ -71,7 +71,7 @@ StagedListing Stage(const ListOptions& options, Engine& engine, YearWindow& year
                     .files = files.get(),
                     .application_folder = options.company.dir,
                     .forms = &clerk,
-                    .components = &clerk.Neighbours()});
+                    .components = clerk.Neighbours()});
   SessionValues session;
   session.company = options.company.company;
   session.year = options.company.year;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/hosting/company_host.hpp"
+#include "adapters/hosting/current_session.hpp"
 #include "adapters/hosting/silent_banner.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "runtime/text.hpp"

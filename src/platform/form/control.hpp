@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/text_field.hpp"
+#include "zendara/keys.hpp"
 
 namespace zendara {
 
@@ -30,22 +31,6 @@ inline constexpr Color kBlack = 0;
 
 // Index of a control that belongs to no array.
 inline constexpr int kNoIndex = -1;
-
-// Key codes and shift states as the routines test them.
-namespace key {
-inline constexpr int kBack = 8, kTab = 9, kEnter = 13, kEsc = 27, kSpace = 32, kPageUp = 33, kPageDown = 34, kEnd = 35,
-                     kHome = 36, kLeft = 37, kUp = 38, kRight = 39, kDown = 40, kInsert = 45, kDelete = 46, kF1 = 112,
-                     kF2 = 113;
-inline constexpr int kShift = 1, kControl = 2, kAlt = 4;
-}  // namespace key
-
-// A key as it is pressed. `text` is what it types, one character of UTF-8, empty for keys that type nothing; `code` may
-// be 0 for keys that only type.
-struct Key {
-  int code = 0;
-  int shift = 0;
-  std::string text;
-};
 
 // Handlers of a control, or of all controls of an array, which get the index of the one concerned. A handler sets a key
 // or character to 0 to cancel it. The characters of a paste go through key_press alone.

@@ -6,8 +6,9 @@
 namespace zendara {
 namespace {
 
-// Objects alive and locks held: the component stays in memory while there are any.
-std::atomic<long> uses = 0;
+// The component stays in memory while there are any.
+std::atomic<long> uses = 0;  // objects alive and locks held
+std::atomic<long> locks = 0;
 
 // The counting that every object has; it answers to `kId` and as Unknown.
 template <typename Interface, const Guid& kId>
@@ -73,8 +74,17 @@ class Factory final : public Counted<ClassFactory, kClassFactoryId> {
     if (outer) return kNoAggregation;
     return Make<Instance>(id, object);
   }
-  Result LockServer(bool lock) noexcept override {
-    uses += lock ? 1 : -1;
+  Result LockServer(std::int32_t lock) noexcept override {
+    if (lock) {
+      ++locks;
+      ++uses;
+      return kResultOk;
+    }
+    long held = locks;
+    do {
+      if (held == 0) return kResultFalse;
+    } while (!locks.compare_exchange_weak(held, held - 1));
+    --uses;
     return kResultOk;
   }
 };

@@ -1,6 +1,7 @@
 /* Objects of classes. */
 #include <stdlib.h>
 
+#include "loader/check.h"
 #include "loader/failure.h"
 #include "loader/libraries.h"
 
@@ -9,6 +10,7 @@ static const zendara_guid iid_class_factory = ZENDARA_IID_CLASS_FACTORY;
 /* The number before the first dot; 0 for what says none. */
 static unsigned long Major(const char *version) { return version ? strtoul(version, NULL, 10) : 0; }
 
+/* `library` null: it is not loaded yet. */
 static zendara_result CheckVersions(const zendara_class_file *file, const Library *library, unsigned long wanted) {
   const unsigned long of_file = Major(file->version);
   if (wanted != 0 && of_file != 0 && of_file != wanted) {
@@ -32,19 +34,31 @@ static zendara_result Answer(const zendara_class_file *file, const char *functio
                      (unsigned long)(uint32_t)result);
 }
 
-static zendara_result CreateIn(const Library *library, const zendara_class_file *file, const zendara_guid *iid,
-                               void **object) {
-  void *got = NULL;
-  const zendara_result found =
-      Answer(file, "DllGetClassObject", library->get_class_object(&file->id, &iid_class_factory, &got), got);
-  if (found != ZENDARA_OK) return found;
-  zendara_class_factory *const factory = got;
-  void *made = NULL;
-  const zendara_result result = factory->table->CreateInstance(factory, NULL, iid, &made);
+/* The factory, with a call in work until EndCall(*library). */
+static zendara_result BeginFactory(const zendara_class_file *file, uint32_t version, Library **library,
+                                   zendara_class_factory **factory) {
+  zendara_result result = CheckVersions(file, NULL, version);
+  if (result == ZENDARA_OK) result = BeginCall(file, library);
+  if (result != ZENDARA_OK) return result;
+  result = CheckVersions(file, *library, version);
+  if (result == ZENDARA_OK) {
+    void *got = NULL;
+    result = (*library)->get_class_object(&file->id, &iid_class_factory, &got);
+    result = Answer(file, "DllGetClassObject", result, got);
+    *factory = got;
+  }
+  if (result != ZENDARA_OK) EndCall(*library);
+  return result;
+}
+
+zendara_result CheckClass(const zendara_class_file *file, uint32_t version) {
+  Library *library = NULL;
+  zendara_class_factory *factory = NULL;
+  const zendara_result result = BeginFactory(file, version, &library, &factory);
+  if (result != ZENDARA_OK) return result;
   factory->table->Release(factory);
-  const zendara_result answer = Answer(file, "CreateInstance", result, made);
-  if (answer == ZENDARA_OK) *object = made;
-  return answer;
+  EndCall(library);
+  return ZENDARA_OK;
 }
 
 zendara_result zendara_loader_create(const char *name, uint32_t version, const zendara_guid *iid, void **object) {
@@ -52,14 +66,16 @@ zendara_result zendara_loader_create(const char *name, uint32_t version, const z
   *object = NULL;
   if (!iid) return LoaderFails(ZENDARA_NULL_POINTER, "the identifier of the interface is missing");
   zendara_class_file file = {.size = sizeof file};
-  zendara_result result = zendara_loader_find(name, &file);
-  if (result == ZENDARA_OK) result = CheckVersions(&file, NULL, version);
-  if (result != ZENDARA_OK) return result;
   Library *library = NULL;
-  result = BeginCall(&file, &library);
+  zendara_class_factory *factory = NULL;
+  zendara_result result = zendara_loader_find(name, &file);
+  if (result == ZENDARA_OK) result = BeginFactory(&file, version, &library, &factory);
   if (result != ZENDARA_OK) return result;
-  result = CheckVersions(&file, library, version);
-  if (result == ZENDARA_OK) result = CreateIn(library, &file, iid, object);
+  void *made = NULL;
+  result = factory->table->CreateInstance(factory, NULL, iid, &made);
+  factory->table->Release(factory);
   EndCall(library);
+  result = Answer(&file, "CreateInstance", result, made);
+  if (result == ZENDARA_OK) *object = made;
   return result;
 }

@@ -3,26 +3,16 @@
 
 #include <dlfcn.h>
 #include <errno.h>
-#include <link.h>
 #include <pthread.h>
 #include <stdlib.h>
 #include <string.h>
 #include <sys/stat.h>
 
 #include "loader/failure.h"
+#include "loader/own_function.h"
 
 static pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
 static Library *loaded; /* by the mutex */
-
-/* A function of the library itself: dlsym also gives those of the libraries that it stands on. */
-static void *OwnFunction(void *handle, const char *name) {
-  void *const function = dlsym(handle, name);
-  struct link_map *own = NULL, *owner = NULL;
-  Dl_info unused;
-  if (!function || dlinfo(handle, RTLD_DI_LINKMAP, &own) != 0) return NULL;
-  if (!dladdr1(function, &unused, (void **)&owner, RTLD_DL_LINKMAP)) return NULL;
-  return own == owner ? function : NULL;
-}
 
 /* The system's words without the path before them, where it has put it there. */
 static const char *WordsOfSystem(const char *path) {

@@ -76,9 +76,12 @@ class Replacement {
   Replacement(fs::path path, const std::string& text) : path_(std::move(path)), new_(path_, NewFile::Taken::kReplace) {
     new_.Append(text);
     Demand(new_.Sync(), path_);
-    if (std::ifstream old(path_, std::ios::binary); old) {
-      old_ = std::string(std::istreambuf_iterator<char>(old), {});
-    }
+    std::error_code none;
+    if (!fs::is_regular_file(path_, none)) return;
+    // What cannot be read could not be put back.
+    std::ifstream old(path_, std::ios::binary);
+    if (!old) Demand(std::make_error_code(std::errc::permission_denied), path_);
+    old_ = std::string(std::istreambuf_iterator<char>(old), {});
   }
 
   void Commit() {

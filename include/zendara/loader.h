@@ -53,7 +53,8 @@ ZENDARA_EXPORT zendara_result zendara_loader_each(zendara_result (*each)(void *c
 ZENDARA_EXPORT zendara_result zendara_loader_create(const char *name, uint32_t version, const zendara_guid *iid,
                                                     void **object);
 
-/* Unloads the libraries that answer ZENDARA_OK to DllCanUnloadNow. ZENDARA_FALSE when some stay. */
+/* Unloads the libraries that answer ZENDARA_OK to DllCanUnloadNow. ZENDARA_FALSE when some stay. Not while another thread
+ * is releasing the last object of one. */
 ZENDARA_EXPORT zendara_result zendara_loader_unload(void);
 
 /* One line, in English, on the last failure in this thread; empty before the first. Borrowed until the next one. */

@@ -97,6 +97,12 @@ struct RunOptions {
 // 1 when an expectation fails or something cannot be opened, 2 for a fault of the script.
 int RunScript(const RunOptions& options, Console& console);
 
+// Has the library write its class files, or remove them. A name without a folder is looked for as the system does.
+int Register(const std::string& library, Console& console);
+int Unregister(const std::string& library, Console& console);
+// 1 when a class of the machine cannot be created, for what the class file says or the library lacks.
+int Classes(Console& console);
+
 // Runs the command line without the program's name. 2 on wrong usage. `terminal`: `err` is a terminal.
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err, bool terminal = false);
 

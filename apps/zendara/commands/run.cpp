@@ -15,6 +15,7 @@
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
+#include "zendara/version.h"
 
 namespace zendara {
 namespace {
@@ -73,6 +74,7 @@ struct CommandLine {
   std::string csv;
   TableOptions dump;
   RunOptions run;
+  std::string library = "libzendara.so." + std::to_string(ZENDARA_VERSION_MAJOR);
   std::function<int(Console&)> chosen;
 };
 
@@ -271,6 +273,28 @@ void AddRun(CLI::App& app, CommandLine& line) {
   run->callback([&line] { line.chosen = [&line](Console& console) { return RunScript(line.run, console); }; });
 }
 
+void AddClasses(CLI::App& app, CommandLine& line) {
+  static constexpr std::tuple<const char*, const char*, int (*)(const std::string&, Console&)> changes[] = {
+      {"register", "Have a library write class files, by which hosts find its classes", Register},
+      {"unregister", "Have a library remove its class files", Unregister}};
+  for (const auto& [name, help, change] : changes) {
+    CLI::App* command = app.add_subcommand(name, help);
+    command->add_option("LIBRARY", line.library, "The library (default: " + line.library + " of the system)")
+        ->type_name("");
+    command->footer(
+        "The class files go to the first folder of ZENDARA_CLASS_PATH if that is set, for root to\n"
+        "/usr/local/share/zendara/classes, otherwise to zendara/classes in the data folder of the user.");
+    command->callback([&line, change = change] {
+      line.chosen = [&line, change](Console& console) { return change(line.library, console); };
+    });
+  }
+  CLI::App* classes = app.add_subcommand("classes", "Print the classes that hosts find by class files");
+  classes->footer(
+      "A line each: name, version, library, class file. One that cannot be created is followed by a line\n"
+      "\"fault: ...\", which is all that there is of a class file that cannot be read; then the status is 1.");
+  classes->callback([&line] { line.chosen = [](Console& console) { return Classes(console); }; });
+}
+
 // The command that the words lead to, as far as they name one; "" or the first word that does not.
 struct Reached {
   const CLI::App* command;
@@ -349,12 +373,16 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   AddList(app, line);
   AddData(app, line);
   AddRun(app, line);
+  AddClasses(app, line);
+  app.set_version_flag("--version", "zendara " ZENDARA_VERSION, "Print the version");
 
   Console console(out, err, terminal);
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForHelp&) {
     return RunCommand([&](Console& c) { return c.Out(app.help()), 0; }, console);
+  } catch (const CLI::CallForVersion& version) {
+    return RunCommand([&](Console& c) { return c.Out(version.what() + std::string("\n")), 0; }, console);
   } catch (const CLI::ParseError& error) {
     console.Error(UsageError(app, arguments, error));
     return kWrongUsage;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QTimer>
 #include <optional>
 
@@ -39,7 +40,8 @@ class PickWindow : public QDialog {
   void LayOut(const QString& title);
   std::optional<std::size_t> Current() const;
   void StandOn(std::size_t place);
-  // Changes what is shown, by the search, and shows it. An error closes the window and is thrown by Chosen.
+  // Changes what is shown, by the search, and shows it with what was read. An error closes the window and is thrown by
+  // Chosen.
   template <typename Change>
   void Show(Change change);
   std::size_t Batch() const;
@@ -62,6 +64,7 @@ class PickWindow : public QDialog {
   QLineEdit* line_;
   QLabel* count_;
   QTimer reading_;
+  QElapsedTimer since_shown_;
   bool moved_ = false;  // the user has left the row on which the list begins, or the best of what was looked for
   int sorted_ = -1;     // section of the heading
   bool descending_ = false;

@@ -466,7 +466,7 @@ typedef struct {
   zendara_result (*Line)(void *self, const char *line);
 } zendara_log;
 
-/* What is null is the front end's, a class file's, or the machine's, as zendara/platform.hpp says; the folder is needed.
+/* What is null is the front end's, a class file's, or the machine's, see zendara/platform.hpp; the folder is needed.
  * The tables are copied; what their `self` points to outlives the platform. The engine and the screens are counted. */
 typedef struct {
   uint32_t size;
@@ -544,8 +544,8 @@ ZENDARA_EXPORT zendara_result zendara_screen_turn(zendara_screen *screen, const 
 ZENDARA_EXPORT zendara_result zendara_screen_close(zendara_screen *screen);
 
 /* In the user's place: ScreenUser in zendara/automation.hpp. A negative result ends what was asked: a screen closes, a
- * box has its default answer, nothing is taken. The first of them makes the zendara_show around it ZENDARA_FAILED, with the
- * error of zendara_set_error. */
+ * box has its default answer, nothing is taken. The first of them makes the zendara_show around it ZENDARA_FAILED, with
+ * the error of zendara_set_error. */
 typedef struct {
   uint32_t size;
   void *self;

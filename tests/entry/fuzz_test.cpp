@@ -107,9 +107,9 @@ class Caller {
   void Act() {
     switch (Below(8)) {
       case 0:
-        return Drop();
+        return Size() > 10 || Chance(10) ? Drop() : Call();
       case 1:
-        return Structures();
+        return Chance(5) ? Screen() : Structures();
       case 2:
         return Handles();
       default:

@@ -10,6 +10,7 @@ cd "$work"
 
 libraries=$(dirname "$(find "$stage/lib" -name libzendara.so)")
 export LD_LIBRARY_PATH=$libraries PKG_CONFIG_PATH=$libraries/pkgconfig CMAKE_PREFIX_PATH=$stage
+export PATH=/usr/lib/ccache:$PATH CCACHE_NOHASHDIR=1
 export QT_QPA_PLATFORM=offscreen XDG_STATE_HOME=$work/state XDG_CONFIG_HOME=$work/config
 
 # Class files name the library where it will be; a package that was only unpacked has it elsewhere.

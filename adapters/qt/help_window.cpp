@@ -19,6 +19,7 @@
 #include <algorithm>
 
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/text.hpp"
 #include "common/ayuda.hpp"
 
@@ -97,7 +98,7 @@ class Browser : public QTextBrowser {
 // A dialog stays above the window that it is opened from.
 HelpWindow::HelpWindow(WindowPlaces& places)
     : QWidget(nullptr, Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint), places_(places) {
-  setAttribute(Qt::WA_QuitOnClose, false);
+  BeginOwnWindow(*this);
   search_ = new QLineEdit(this);
   search_->setPlaceholderText(QStringLiteral("palabras, en todas las páginas"));
   auto* label = new QLabel(QStringLiteral("&Buscar:"), this);
@@ -291,7 +292,7 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
 
 void HelpWindow::SetTextSize(int percent) {
   percent_ = std::clamp(percent, kSmallest, kLargest);
-  QFont font = QApplication::font();
+  QFont font = TextFont();
   font.setPointSizeF(font.pointSizeF() * percent_ / 100);
   browser_->document()->setDefaultFont(font);
   static_cast<Browser*>(browser_)->Dress();

@@ -302,7 +302,7 @@ void HelpWindow::SetTextSize(int percent) {
 void HelpWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   // Colours of links and lines are in the text.
-  if (event->type() == QEvent::PaletteChange && !browser_->source().isEmpty()) browser_->reload();
+  if (event->type() == QEvent::PaletteChange && browser_ && !browser_->source().isEmpty()) browser_->reload();
 }
 
 // Search.

@@ -15,7 +15,7 @@ namespace zendara {
 struct OpenedCompany {
   std::shared_ptr<Database> company;
   std::shared_ptr<Database> general;
-  RecordsetArray slots;
+  RecordsetArray recordsets;
 };
 
 // `folder` holds DATOS, as Platform::application_folder; `code` is the company's, of up to five characters; `year` has

@@ -11,7 +11,7 @@ OpenedCompany OpenCompany(Engine& engine, std::string_view folder, std::string_v
   AbreEmpresa(session, code, year);
   return {.company = session.BDEmpresa,
           .general = session.BDSegunda,
-          .slots = {.lower_bound = 0, .items = {session.Tablas.begin(), session.Tablas.end()}}};
+          .recordsets = {.lower_bound = 0, .items = {session.Tablas.begin(), session.Tablas.end()}}};
 }
 
 }  // namespace zendara

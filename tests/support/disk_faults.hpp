@@ -103,7 +103,7 @@ inline int Open(const char* path, int flags, mode_t mode) {
 }  // namespace disk_faults
 }  // namespace zendara
 
-#define ZENDARA_CALL extern "C" [[gnu::used]] inline
+#define ZENDARA_CALL extern "C" [[gnu::used, gnu::visibility("default")]] inline
 
 ZENDARA_CALL ssize_t write(int file, const void* data, size_t size) {
   const auto half = [&] { syscall(SYS_write, file, data, size / 2); };

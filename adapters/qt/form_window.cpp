@@ -190,7 +190,8 @@ QRect FormWindow::PlaceOf(const Control& control) {
   if (isVisible()) return {widget->mapTo(this, QPoint(0, 0)), widget->size()};
   // Nothing is laid out by itself before it is shown; the content begins in the window's corner then.
   Fit();
-  content_->resize(size().expandedTo(content_->minimumSize()));
+  const QSize above_status = size() - QSize(0, status_->HeightFor(width()));
+  content_->resize(above_status.expandedTo(content_->minimumSize()));
   content_->layout()->setGeometry(content_->rect());
   return {widget->mapTo(content_, QPoint(0, 0)), widget->size()};
 }

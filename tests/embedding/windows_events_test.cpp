@@ -81,7 +81,9 @@ void Type(const QString& text) {
 void Click(const char* button) { QApplication::activeModalWidget()->findChild<QPushButton*>(button)->click(); }
 
 // Once the window that opens next is there.
-void Next(std::function<void()> act) { QTimer::singleShot(20, qApp, std::move(act)); }
+void Next(std::function<void()> act) {
+  QTimer::singleShot(20, qApp, [act = std::move(act)] { QApplication::activeModalWidget() ? act() : Next(act); });
+}
 
 void Check(const std::string& where, const char* what, bool good) { Expect((where + ": " + what).c_str(), good, true); }
 
@@ -108,7 +110,7 @@ int main(int /*argc*/, char** argv) {
   const auto show = [&] {
     zendara::InstallPlatform(host.platform);
     Session session;
-    zendara::ClsZendara().Carga_Formulario("Trabajadores", open.company, open.general, open.slots, session);
+    zendara::ClsZendara().Carga_Formulario("Trabajadores", open.company, open.general, open.recordsets, session);
     return session.returned == "P";
   };
   auto windows = zendara::MakeWindows();
@@ -137,7 +139,7 @@ int main(int /*argc*/, char** argv) {
     const char* said;   // in the log
   } ports[] = {
       {"dialogs", [&](auto& p) { p.dialogs = &dialogs; }, [] { Click("Grabar"); }, 0, "the host fails"},
-      {"files", [&](auto& p) { p.files = &files; }, [] {}, 0, ""},
+      {"files", [&](auto& p) { p.files = &files; }, [] {}, 1, "the host fails"},
       {"shell", [&](auto& p) { p.shell = &shell; }, [] { Click("Calculadora"); }, 1, "the host fails"},
       {"clock", [&](auto& p) { p.clock = &clock; }, keep_as_pdf, 1, "the host fails"},
       {"clock and dialogs, about which the front end's own box tells",
@@ -211,18 +213,19 @@ int main(int /*argc*/, char** argv) {
   } ends[] = {{"quit", QApplication::quit}, {"exit", [] { QApplication::exit(); }}};
   for (const auto& [what, end] : ends) {
     bool returned = false;
-    Next([&] { returned = show(); });
-    QTimer::singleShot(100, qApp, [&, end = end, what = what] {
+    const QString word = QStringLiteral("%1%2").arg(what).arg(QCoreApplication::applicationPid());
+    QTimer::singleShot(0, qApp, [&] { returned = show(); });
+    Next([&, end = end] {
       Type("777");
       Key(Qt::Key_Return, Qt::NoModifier, "\r");
-      Type(what);
+      Type(word);
       Next(end);
       Click("Pendientes");
     });
     QApplication::exec();
     Check(what, "the call has returned", returned);
     Check(what, "the call is done", zendara::LastCall().status == zendara::CallStatus::kDone);
-    Check(what, "what was typed is a draft", DraftHas(what));
+    Check(what, "what was typed is a draft", DraftHas(word.toUtf8()));
   }
 
   // The front end goes while it shows a screen.

@@ -52,6 +52,11 @@ struct FailingBanner : zendara::Banner {
   void PosicionBanner(std::int32_t, zendara::BannerPlace&) override { Fail(); }
   void AvisoCierre(std::int32_t) override { Fail(); }
 };
+struct CountingBanner : zendara::Banner {
+  void PosicionBanner(std::int32_t, zendara::BannerPlace&) override {}
+  void AvisoCierre(std::int32_t) override { ++closings; }
+  static inline int closings = 0;
+};
 struct FailingViewer : zendara::ListingViewer {
   void Visualiza(zendara::ListingDescription&) override { Fail(); }
   void FicheroDatos(const std::string&) override {}
@@ -207,12 +212,14 @@ int main(int /*argc*/, char** argv) {
   Expect("boxes of the screen around them", host.boxes.texts.size(), 1U);
 
   // The application ends while a screen is open, and another one above it: what was typed is a draft.
+  host.platform.components.Register(zendara::kBannerClass, [] { return std::make_unique<CountingBanner>(); });
   const struct {
     const char* what;
     void (*end)();
   } ends[] = {{"quit", QApplication::quit}, {"exit", [] { QApplication::exit(); }}};
   for (const auto& [what, end] : ends) {
     bool returned = false;
+    CountingBanner::closings = 0;
     const QString word = QStringLiteral("%1%2").arg(what).arg(QCoreApplication::applicationPid());
     QTimer::singleShot(0, qApp, [&] { returned = show(); });
     Next([&, end = end] {
@@ -225,6 +232,7 @@ int main(int /*argc*/, char** argv) {
     QApplication::exec();
     Check(what, "the call has returned", returned);
     Check(what, "the call is done", zendara::LastCall().status == zendara::CallStatus::kDone);
+    Check(what, "the screens have closed", CountingBanner::closings == 2);
     Check(what, "what was typed is a draft", DraftHas(word.toUtf8()));
   }
 

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
+#include <vector>
 
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/own_window.hpp"
@@ -63,10 +64,28 @@ class Browser : public QTextBrowser {
       format.setBottomMargin(em / 2.0);
       table->setFormat(format);
     }
+    DressLinks();
     QTextFrameFormat page = document()->rootFrame()->frameFormat();
     page.setMargin(em);
     document()->rootFrame()->setFrameFormat(page);
     all.endEditBlock();
+  }
+
+  // In the window's colours: the reader of the text takes the application's.
+  void DressLinks() {
+    std::vector<QTextCursor> links;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+      for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+        const QTextFragment words = piece.fragment();
+        if (!words.charFormat().isAnchor()) continue;
+        QTextCursor& link = links.emplace_back(document());
+        link.setPosition(words.position());
+        link.setPosition(words.position() + words.length(), QTextCursor::KeepAnchor);
+      }
+    }
+    QTextCharFormat colour;
+    colour.setForeground(palette().brush(QPalette::Link));
+    for (QTextCursor& link : links) link.mergeCharFormat(colour);
   }
 
   // The page that is shown already is not read again.

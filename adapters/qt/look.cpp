@@ -166,11 +166,11 @@ bool LookInstalled() { return installed.has_value(); }
 class Dresser : public QObject {
  public:
   explicit Dresser(QWidget& window) : QObject(&window), window_(window) {
-    static const QPointer<QStyle> style = [] {
-      QStyle* made = MakeStyle();
-      made->setParent(qApp);
-      return made;
-    }();
+    static QPointer<QStyle> style;  // goes with the application
+    if (!style) {
+      style = MakeStyle();
+      style->setParent(qApp);
+    }
     style_ = style;
     window.setStyle(style_);
     Renew();

@@ -28,6 +28,7 @@ namespace {
 constexpr std::size_t kBatch = 256;
 constexpr std::size_t kBatches = 32;
 constexpr qint64 kSlice = 20;  // milliseconds of reading, after which a key may come
+constexpr qint64 kShowAgain = 200;
 constexpr int kRowsShown = 18;
 
 // With points between the thousands.
@@ -78,12 +79,17 @@ class RowsModel : public QAbstractTableModel {
   template <typename Change>
   void Reset(Change change) {
     beginResetModel();
+    Try(change);
+    endResetModel();
+  }
+
+  template <typename Reading>
+  void Try(Reading reading) {
     try {
-      change();
+      reading();
     } catch (...) {
       failure_ = std::current_exception();
     }
-    endResetModel();
   }
 
   std::exception_ptr Failure() const { return failure_; }
@@ -235,7 +241,13 @@ template <typename Change>
 void PickWindow::Show(Change change) {
   const std::optional<std::size_t> before = Current();
   const int top = table_->verticalScrollBar()->value();
-  if (!model_->Failure()) model_->Reset(change);
+  if (!model_->Failure()) {
+    model_->Reset([&] {
+      change();
+      search_.ShowRead();
+    });
+  }
+  since_shown_.start();
   if (model_->Failure()) {
     reading_.stop();
     return reject();
@@ -253,18 +265,22 @@ void PickWindow::Show(Change change) {
 // Each puts its rows among those that are there: the more of these, the more at once.
 std::size_t PickWindow::Batch() const { return std::max(kBatch, search_.Read() / kBatches); }
 
+// To show rows takes as long as to read thousands of them, so that it is done now and then; but hits that are to be
+// seen are shown at once.
 void PickWindow::ReadOn() {
   if (search_.Complete() && !model_->Failure()) return reading_.stop();
-  Show([this] {
+  model_->Try([this] {
     QElapsedTimer since;
     since.start();
     while (!search_.Complete() && since.elapsed() < kSlice) search_.ReadOn(Batch());
   });
+  const bool to_be_seen = search_.Shown() < kRowsShown && search_.Waiting() > 0;
+  if (to_be_seen || search_.Complete() || model_->Failure() || since_shown_.elapsed() >= kShowAgain) Show([] {});
 }
 
 void PickWindow::Settle() {
   const auto may_change = [this] { return search_.Looking() ? !search_.Complete() : search_.PresentMayCome(); };
-  if (moved_ || !may_change()) return;
+  if (moved_ || !(may_change() || search_.Waiting() > 0)) return;
   Show([&] {
     while (may_change()) search_.ReadOn(kBatch);
   });

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QTimer>
 #include <functional>
 #include <optional>
@@ -44,7 +45,8 @@ class PickWindow : public QDialog {
   void LayOut(const QString& title);
   std::optional<std::size_t> Current() const;
   void StandOn(std::size_t place);
-  // Changes what is shown, by the search, and shows it. An error closes the window and is thrown by Chosen.
+  // Changes what is shown, by the search, and shows it with what was read. An error closes the window and is thrown by
+  // Chosen.
   template <typename Change>
   void Show(Change change);
   std::size_t Batch() const;
@@ -68,6 +70,7 @@ class PickWindow : public QDialog {
   QLabel* count_;
   QTimer reading_;
   std::function<void()> beep_ = QApplication::beep;
+  QElapsedTimer since_shown_;
   bool moved_ = false;  // the user has left the row on which the list begins, or the best of what was looked for
   int sorted_ = -1;     // section of the heading
   bool descending_ = false;

@@ -36,7 +36,7 @@ class Value {
   Value() = default;  // Null
   Value(Null) {}
   Value(std::string text) : data_(std::move(text)) {}
-  Value(std::string_view text) : data_(std::string(text)) {}
+  Value(std::string_view text) : data_(std::in_place_type<std::string>, text) {}
   Value(const char* text) : data_(std::string(text)) {}
   Value(double number) : data_(number) {}
   Value(int number) : data_(static_cast<double>(number)) {}

@@ -35,13 +35,15 @@ constexpr CorteLista kCortes[] = {{1, 5, true}};
 constexpr Lista kBuscador = {.titulo = "Buscar trabajador", .columnas = kColumnas, .cortes = kCortes};
 
 constexpr std::size_t kMasVistos = 10;
-constexpr std::size_t kTrabajadoresDeUnaVez = 256;
+constexpr std::size_t kTrabajadoresDeUnaVez = 512;
 constexpr int kNumeros = 100000;  // 00000 to 99999
 constexpr std::size_t kCifras = 5;
 constexpr Date kSinFecha = {-1e9};  // before all others
 
 // As text comparisons of the store have it.
-std::string Clave(const std::string& numero) { return LCase(RTrim(numero)); }
+std::string Clave(const std::string& numero) {
+  return std::ranges::all_of(numero, IsDigit) ? numero : LCase(RTrim(numero));
+}
 
 // Null for what is stored in a date column and is no date: the screens say so when they show it.
 Value ValorDe(Recordset& fila, int columna) try {
@@ -51,9 +53,19 @@ Value ValorDe(Recordset& fila, int columna) try {
   return {};
 }
 
-std::string TextoDe(Recordset& fila, int columna) {
+void Anade(Recordset& fila, int columna, std::string& texto) {
   const Value valor = ValorDe(fila, columna);
-  return valor.IsText() ? valor.Text() : valor.IsDate() ? ShortDate(valor.AsDate()) : TextoNoNulo(valor);
+  if (valor.IsText()) {
+    texto += valor.Text();
+  } else {
+    texto += valor.IsDate() ? ShortDate(valor.AsDate()) : TextoNoNulo(valor);
+  }
+}
+
+std::string TextoDe(Recordset& fila, int columna) {
+  std::string texto;
+  Anade(fila, columna, texto);
+  return texto;
 }
 
 Date FechaDe(Recordset& fila, int columna) {
@@ -62,37 +74,45 @@ Date FechaDe(Recordset& fila, int columna) {
 }
 
 // The workers by number, some at a time: a query reads those behind the last one, another one their situaciones. In
-// between nothing stays open.
+// between nothing stays open. The texts of a row are used again for one of the next time.
 class FilasTrabajadores : public PickRows {
  public:
   FilasTrabajadores(std::shared_ptr<Database> base, std::vector<std::string> vistos) : base_(std::move(base)) {
     for (const std::string& numero : vistos) Lee("= '" + SqlText(numero) + "'");
-    al_principio_ = leidos_.size();
+    al_principio_ = leidos_;
     vistos_ = std::move(vistos);
   }
 
   std::size_t AlPrincipio() const { return al_principio_; }
 
   bool Siguiente(std::vector<std::string>& textos) override {
-    while (dados_ == leidos_.size()) {
+    while (dados_ == leidos_) {
       if (!quedan_) return false;
-      leidos_.clear();
+      leidos_ = 0;
       dados_ = 0;
       quedan_ = Lee(*quedan_);
     }
-    textos = std::move(leidos_[dados_++]);
+    textos.swap(filas_[dados_++]);
     return true;
   }
 
  private:
   using Textos = std::vector<std::string>;  // of a row
 
+  Textos& Nueva() {
+    if (leidos_ == filas_.size()) filas_.emplace_back();
+    Textos& textos = filas_[leidos_++];
+    textos.resize(std::size(kColumnas));
+    for (std::string& texto : textos) texto.clear();
+    return textos;
+  }
+
   // Some of those whose number is so, but for those that were read before all others. If there are more of them, what
   // their number is like.
   std::optional<std::string> Lee(const std::string& numero) {
-    const std::size_t desde = leidos_.size();
+    const std::size_t desde = leidos_;
     auto quedan = LeeTrabajadores(numero);
-    if (leidos_.size() > desde) LeeSituaciones(std::span(leidos_).subspan(desde));
+    if (leidos_ > desde) LeeSituaciones(std::span(filas_).subspan(desde, leidos_ - desde));
     return quedan;
   }
 
@@ -101,15 +121,14 @@ class FilasTrabajadores : public PickRows {
         "SELECT Campo0, Campo1, Campo2, Campo3, Campo5, Campo6, Campo7, Campo8 FROM TrabajadoresFijo WHERE Campo0 " +
             numero,
         RecordsetType::kForward);
-    const auto texto = [&](int columna) { return TextoDe(*fijos, columna); };
     std::string ultimo;
     for (std::size_t n = 0; n < kTrabajadoresDeUnaVez && !fijos->Eof(); ++n, fijos->MoveNext()) {
-      ultimo = texto(0);
+      ultimo = TextoDe(*fijos, 0);
       if (std::ranges::count(vistos_, ultimo) > 0) continue;
-      Textos& textos = leidos_.emplace_back(std::size(kColumnas));
+      Textos& textos = Nueva();
       textos[0] = ultimo;
-      for (const int columna : {1, 2, 3, 4}) textos[static_cast<std::size_t>(columna)] = texto(columna);
-      for (const int columna : {5, 6, 7}) textos[5] += texto(columna);
+      for (const int columna : {1, 2, 3, 4}) Anade(*fijos, columna, textos[static_cast<std::size_t>(columna)]);
+      for (const int columna : {5, 6, 7}) Anade(*fijos, columna, textos[5]);
     }
     if (fijos->Eof()) return std::nullopt;
     return "> '" + SqlText(ultimo) + "'";
@@ -125,33 +144,41 @@ class FilasTrabajadores : public PickRows {
         RecordsetType::kForward);
     std::vector<std::string> claves;
     for (const Textos& trabajador : trabajadores) claves.push_back(Clave(trabajador[0]));
+    std::vector<Date> inicios(trabajadores.size(), kSinFecha);
     auto clave = claves.begin();
     std::string numero;
-    Date inicio = kSinFecha;
     for (; !situaciones->Eof(); situaciones->MoveNext()) {
       std::string suyo = TextoDe(*situaciones, 0);
       if (suyo != numero) {
         const auto es = std::find(clave, claves.end(), Clave(suyo));
         if (es == claves.end()) continue;
-        if (es != clave) inicio = kSinFecha;
         clave = es;
         numero = std::move(suyo);
       }
+      const auto trabajador = static_cast<std::size_t>(clave - claves.begin());
       const Date empieza = FechaDe(*situaciones, 3);
-      if (empieza < inicio) continue;
-      inicio = empieza;
-      Textos& textos = trabajadores[static_cast<std::size_t>(clave - claves.begin())];
-      textos[6] = Trim(TextoDe(*situaciones, 1) + " " + TextoDe(*situaciones, 2));
-      textos[7] = inicio == kSinFecha ? std::string() : ShortDate(inicio);
-      textos[8] = TextoDe(*situaciones, 4);
+      if (empieza < inicios[trabajador]) continue;
+      inicios[trabajador] = empieza;
+      Textos& textos = trabajadores[trabajador];
+      for (const std::size_t texto : {6, 8}) textos[texto].clear();
+      Anade(*situaciones, 1, textos[6]);
+      textos[6] += ' ';
+      Anade(*situaciones, 2, textos[6]);
+      Anade(*situaciones, 4, textos[8]);
+    }
+    for (std::size_t i = 0; i < trabajadores.size(); ++i) {
+      std::string& centro = trabajadores[i][6];
+      if (centro.starts_with(' ') || centro.ends_with(' ')) centro = Trim(centro);
+      if (inicios[i] != kSinFecha) trabajadores[i][7] = ShortDate(inicios[i]);
     }
   }
 
   std::shared_ptr<Database> base_;
   std::vector<std::string> vistos_;
   std::size_t al_principio_ = 0;
-  std::vector<Textos> leidos_;
-  std::size_t dados_ = 0;                              // of them
+  std::vector<Textos> filas_;
+  std::size_t leidos_ = 0;                             // of them
+  std::size_t dados_ = 0;                              // of those
   std::optional<std::string> quedan_ = "IS NOT NULL";  // what the numbers of those are like that are left
 };
 

@@ -70,7 +70,8 @@ RowList::RowList(PickRows& rows, const std::vector<std::string>& columns, const 
   TakeColumns(columns, places);
 }
 
-RowList::RowList(std::vector<std::string> lines) : columns_(1), lines_(std::move(lines)), complete_(true) {
+RowList::RowList(const std::vector<std::string>& lines) : columns_(1), complete_(true) {
+  for (const std::string& line : lines) lines_.Begin() += line;
   Present({});
 }
 
@@ -83,12 +84,11 @@ void RowList::Present(PickView view) {
 }
 
 bool RowList::Reach(std::size_t row) {
-  while (made_ && !complete_ && lines_.size() <= row) {
+  while (made_ && !complete_ && lines_.Size() <= row) {
     complete_ = !made_->Siguiente(texts_);
     if (complete_) break;
-    line_.clear();
-    for (const std::string& text : texts_) (line_ += text) += kTextEnd;
-    lines_.push_back(line_);
+    std::string& line = lines_.Begin();
+    for (const std::string& text : texts_) (line += text) += kTextEnd;
   }
   while (rs_ && !complete_ && reached_.size() <= row) {
     if (!reached_.empty()) {
@@ -119,7 +119,7 @@ std::string RowList::Cell(std::size_t row, std::size_t column) const {
   return std::string(line.substr(0, line.find(kTextEnd)));
 }
 
-const std::string& RowList::Line(std::size_t row) {
+std::string_view RowList::Line(std::size_t row) {
   if (made_ && reads_as_made_) return lines_[row];
   line_.clear();
   for (const std::size_t column : view_.reading) {
@@ -134,7 +134,7 @@ const std::string& RowList::Line(std::size_t row) {
 }
 
 std::string RowList::Row(std::size_t row) const {
-  if (places_.empty()) return lines_[row];
+  if (places_.empty()) return std::string(lines_[row]);
   std::vector<std::string> texts;
   for (std::size_t i = 0; i < columns_.size(); ++i) texts.push_back(Cell(row, i));
   return LayOutRow(texts, places_);

@@ -5,8 +5,10 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "common/text_block.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/record_engine.hpp"
 
@@ -24,7 +26,7 @@ class RowList {
   // The arguments of PickList::ConsultaFilas; `rows` outlives the list. Error 5 as above.
   RowList(PickRows& rows, const std::vector<std::string>& columns, const std::vector<RowPlace>& places);
   // Fixed rows: one column, each line as it is.
-  explicit RowList(std::vector<std::string> lines);
+  explicit RowList(const std::vector<std::string>& lines);
 
   // What PickList::Presenta was given; headings and order are those of the row's columns until then.
   void Present(PickView view);
@@ -39,7 +41,7 @@ class RowList {
   // True if there is such a row; reads up to it.
   bool Reach(std::size_t row);
   // Rows reached so far, and whether there are no more.
-  std::size_t Reached() const { return rs_ ? reached_.size() : lines_.size(); }
+  std::size_t Reached() const { return rs_ ? reached_.size() : lines_.Size(); }
   bool Complete() const { return complete_; }
   // Reads all rows.
   std::size_t Total();
@@ -49,7 +51,7 @@ class RowList {
   // The texts of all columns in the order of reading, a zero behind each; empty for what is stored and is no value of
   // the column, which is an error for who comes to see it. Good until the next call that reads. REQUIRES: the row was
   // reached.
-  const std::string& Line(std::size_t row);
+  std::string_view Line(std::size_t row);
   // The row as the list returns it. REQUIRES: the row was reached.
   std::string Row(std::size_t row) const;
   // How many of the texts of PickView::present the row has, from the first on; zeros on the left do not count.
@@ -70,9 +72,9 @@ class RowList {
   std::vector<Column> columns_;     // in the row
   std::vector<RowPlace> places_;    // theirs; none of fixed rows
   std::vector<Bookmark> reached_;   // of the rows of the query
-  std::vector<std::string> lines_;  // the other rows; of those that are made the texts, each with its end
+  TextBlock lines_;                 // the other rows; of those that are made the texts, each with its end
   std::vector<std::string> texts_;  // of the row that is being made
-  std::string line_;                // the last one
+  std::string line_;                // the last one that was put together
   bool complete_ = false;
   PickView view_;
   bool reads_as_made_ = false;  // the columns are read in the order in which they are made

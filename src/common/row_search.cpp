@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <numeric>
+#include <span>
 #include <utility>
 
 #include "runtime/characters.hpp"
@@ -16,6 +17,7 @@ namespace {
 constexpr int kCodeKind = 1;
 constexpr int kDateKind = 2;
 constexpr char kColumnEnd = RowList::kTextEnd;  // comes before every letter
+constexpr std::size_t kFew = 8;                 // the part of all rows
 
 // The bytes of a text as it is searched: small letters, no accents, ñ a letter of its own. Such texts stand in the
 // order of their bytes: what begins ñ, and every letter that is left with a mark, comes after n.
@@ -50,7 +52,7 @@ std::string_view WithoutZeros(std::string_view number) {
 void AddSearched(std::string_view text, std::string& searched) {
   const std::size_t from = searched.size();
   AddUnmarked(text, searched);
-  for (std::size_t i = from; i < searched.size(); ++i) searched[i] = kSearched[static_cast<unsigned char>(searched[i])];
+  for (char& c : std::span(searched).subspan(from)) c = kSearched[static_cast<unsigned char>(c)];
 }
 
 std::string Searched(std::string_view text) {
@@ -73,19 +75,24 @@ RowSearch::RowSearch(RowList& rows) : rows_(rows), foremost_(rows.View().foremos
 void RowSearch::ReadOn(std::size_t rows) {
   const std::size_t from = Read();
   rows_.Reach(from + rows - 1);
-  std::vector<Row> hits;
   for (std::size_t row = from; row < std::min(from + rows, rows_.Reached()); ++row) {
     TakeIn(row);
-    if (Looking() && HoldsTheWords(static_cast<Row>(row))) hits.push_back(static_cast<Row>(row));
+    if (HoldsTheWords(static_cast<Row>(row))) waiting_.push_back(static_cast<Row>(row));
   }
-  if (Looking()) return Insert(shown_, std::move(hits));
-  Arrange();
-  shown_ = all_;
+}
+
+void RowSearch::ShowRead() {
+  if (Looking()) {
+    Insert(shown_, std::move(waiting_));
+  } else {
+    Arrange();
+    shown_ = all_;
+  }
+  waiting_.clear();
 }
 
 void RowSearch::TakeIn(std::size_t row) {
-  starts_.push_back(static_cast<std::uint32_t>(text_.size()));
-  AddSearched(rows_.Line(row), text_);
+  AddSearched(rows_.Line(row), texts_.Begin());
   if (sorted_turn_) keys_.push_back(KeyOf(static_cast<Row>(row)));
   if (present_texts_ == rows_.View().present.size()) return;
   const std::size_t texts = rows_.PresentIn(row);
@@ -94,17 +101,9 @@ void RowSearch::TakeIn(std::size_t row) {
   present_ = row;
 }
 
-std::uint32_t RowSearch::EndOf(Row row) const {
-  return row + 1 < starts_.size() ? starts_[row + 1] : static_cast<std::uint32_t>(text_.size());
-}
-
-std::string_view RowSearch::TextFrom(std::uint32_t start, Row row) const {
-  return std::string_view(text_).substr(start, EndOf(row) - start);
-}
-
 std::uint32_t RowSearch::StartOf(Row row, std::size_t turn) const {
-  std::size_t start = starts_[row];
-  for (; turn > 0; --turn) start = text_.find(kColumnEnd, start) + 1;
+  std::size_t start = 0;
+  for (; turn > 0; --turn) start = texts_[row].find(kColumnEnd, start) + 1;
   return static_cast<std::uint32_t>(start);
 }
 
@@ -121,17 +120,24 @@ void RowSearch::Look(std::string_view typed) {
   Filter();
 }
 
-// The texts are looked through as they lie in memory.
+// The texts are looked through as they lie in memory. Few hits are put into order by themselves; for many it is worth
+// while to do so with all rows.
 void RowSearch::Filter() {
-  Arrange();
-  std::vector<bool> holds(Read());
-  for (Row row = 0; row < holds.size(); ++row) holds[row] = HoldsTheWords(row);
   shown_.clear();
-  std::ranges::copy_if(all_, std::back_inserter(shown_), [&](Row row) { return holds[row]; });
+  waiting_.clear();
+  for (Row row = 0; row < Read(); ++row) {
+    if (HoldsTheWords(row)) waiting_.push_back(row);
+  }
+  if (waiting_.size() < Read() / kFew) return ShowRead();
+  Arrange();
+  std::vector<bool> is_hit(Read());
+  for (const Row row : waiting_) is_hit[row] = true;
+  waiting_.clear();
+  std::ranges::copy_if(all_, std::back_inserter(shown_), [&](Row row) { return is_hit[row]; });
 }
 
 bool RowSearch::HoldsTheWords(Row row) const {
-  const std::string_view text = TextFrom(starts_[row], row);
+  const std::string_view text = texts_[row];
   return std::ranges::all_of(words_, [&](const std::string& word) { return text.find(word) != std::string::npos; });
 }
 
@@ -148,7 +154,7 @@ std::size_t RowSearch::Best() const {
   for (std::size_t turn = 0; turn < reading.size(); ++turn) {
     if (rows_.Kind(reading[turn]) != kCodeKind) continue;
     const auto is_it = [&](Row row) {
-      const std::string_view text = std::string_view(text_).substr(StartOf(row, turn));
+      const std::string_view text = texts_[row].substr(StartOf(row, turn));
       return WithoutZeros(text.substr(0, text.find(kColumnEnd))) == wanted;
     };
     const auto found = std::ranges::find_if(shown_, is_it);
@@ -199,9 +205,9 @@ void RowSearch::Sort(std::optional<std::size_t> column, bool descending) {
 
 // Rows that stay on top have no text to compare. Dates are counted, an empty one comes first.
 RowSearch::Key RowSearch::KeyOf(Row row) const {
-  if (row < foremost_) return {{}, EndOf(row), row};
+  if (row < foremost_) return {{}, static_cast<std::uint32_t>(texts_[row].size()), row};
   const std::uint32_t start = StartOf(row, *sorted_turn_);
-  const std::string_view text = TextFrom(start, row);
+  const std::string_view text = texts_[row].substr(start);
   if (rows_.Kind(rows_.Reading()[*sorted_turn_]) != kDateKind) return {FirstLetters(text), start, row};
   const auto date = ReadDateStrict(text.substr(0, text.find(kColumnEnd)), rows_.View().years);
   const auto day = date ? static_cast<std::uint64_t>(std::max(date->serial, 0.0)) + 1 : 0;
@@ -210,7 +216,7 @@ RowSearch::Key RowSearch::KeyOf(Row row) const {
 
 bool RowSearch::Before(const Key& a, const Key& b) const {
   if (a.numbers != b.numbers) return (a.numbers < b.numbers) != descending_;
-  const int order = TextFrom(a.start, a.row).compare(TextFrom(b.start, b.row));
+  const int order = texts_[a.row].substr(a.start).compare(texts_[b.row].substr(b.start));
   return order == 0 ? a.row < b.row : (order < 0) != descending_;
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "common/row_list.hpp"
+#include "common/text_block.hpp"
 
 namespace zendara {
 
@@ -29,12 +30,14 @@ class RowSearch {
   // In the order of the view that the list was given. `rows` outlives it.
   explicit RowSearch(RowList& rows);
 
-  // Takes in that many more rows at most; what belongs there is shown from then on.
+  // Takes in that many more rows at most. What belongs there of them waits to be shown.
   void ReadOn(std::size_t rows);
-  std::size_t Read() const { return starts_.size(); }
+  std::size_t Waiting() const { return waiting_.size(); }
+  void ShowRead();
+  std::size_t Read() const { return texts_.Size(); }
   bool Complete() const { return rows_.Complete() && Read() == rows_.Reached(); }
 
-  // Shows the rows that hold each word in some column, whatever case and accents; all for the empty text.
+  // Shows the rows read that hold each word in some column, whatever case and accents; all for the empty text.
   void Look(std::string_view typed);
   bool Looking() const { return !words_.empty(); }
   // In the order of that column and those that are read after it, or as they stand in the list; rows that are alike
@@ -66,9 +69,7 @@ class RowSearch {
   };
 
   void TakeIn(std::size_t row);
-  std::uint32_t EndOf(Row row) const;
-  std::string_view TextFrom(std::uint32_t start, Row row) const;
-  // Of a column, by its turn in reading.
+  // Of a column in the row, by its turn in reading.
   std::uint32_t StartOf(Row row, std::size_t turn) const;
   Key KeyOf(Row row) const;
   bool Before(const Key& a, const Key& b) const;
@@ -81,11 +82,11 @@ class RowSearch {
   void Filter();
 
   RowList& rows_;
-  std::string text_;                   // of all rows, a zero behind each column, in the order of reading
-  std::vector<std::uint32_t> starts_;  // in it, of each row
+  TextBlock texts_;  // of each row, a zero behind each column, in the order of reading
   std::vector<std::string> words_;
-  std::vector<Row> all_;    // in the order asked for, but for those that were read since
-  std::vector<Row> shown_;  // those of them that hold the words
+  std::vector<Row> all_;      // in the order asked for, but for those that were read since
+  std::vector<Row> shown_;    // those that hold the words
+  std::vector<Row> waiting_;  // the same, as they were read
 
   std::optional<std::size_t> sorted_turn_;  // of the column, in reading
   bool descending_ = false;

@@ -17,12 +17,18 @@ Recordset& Sesion::Tabla(int ranura) const {
 
 void Sesion::PonEjercicio(std::string_view ejercicio) {
   AnoTrabajo = Right(ejercicio, 2);
+  const std::optional<int> year = Ejercicio();
+  if (!year) return;
+  VentanaFechas = WindowOfDates(*year);
+  VentanaNacimientos = WindowOfBirths(*year);
+}
+
+std::optional<int> Sesion::Ejercicio() const {
   const std::string digits = Trim(AnoTrabajo.str());
-  if (digits.empty() || !std::ranges::all_of(digits, IsDigit)) return;
+  if (digits.empty() || !std::ranges::all_of(digits, IsDigit)) return std::nullopt;
   int year = 0;
   for (const char digit : digits) year = 10 * year + (digit - '0');
-  VentanaFechas = WindowOfDates(year);
-  VentanaNacimientos = WindowOfBirths(year);
+  return year;
 }
 
 }  // namespace zendara

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -74,6 +75,8 @@ struct Sesion {
   Recordset& Tabla(int ranura) const;
   // AnoTrabajo takes the last two characters; the windows are those of that year if they are a number.
   void PonEjercicio(std::string_view ejercicio);
+  // That number.
+  std::optional<int> Ejercicio() const;
 };
 
 }  // namespace zendara

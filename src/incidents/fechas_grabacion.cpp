@@ -1,12 +1,11 @@
 // Saving an incident with dates, the rule before it, and the listing that hosts may ask for.
-#include <cstdint>
-#include <iterator>
-#include <memory>
+#include <vector>
 
 #include "frame/bases_datos.hpp"
 #include "incidents/incidencias_fechas.hpp"
 #include "incidents/lectura_incidencias.hpp"
 #include "incidents/solape.hpp"
+#include "listings/mesa_listado.hpp"
 #include "runtime/date.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/format.hpp"
@@ -17,7 +16,11 @@ namespace {
 
 using enum CampoFechas;
 
-// The listing of GeneraPendientes. The first column of a row is the name.
+// The listing of GeneraPendientes, and the columns that its rows are made of.
+const DescripcionListado kPendientes = {
+    .titulo = "Listados de Epígrafes",
+    .columnas = {{"Descripción", 2, "500"}, {"Nº de Epígrafe", 1, "1300"}, {"I.L.T.", 1, "900"}, {"I.M.S.", 1, "900"}},
+    .pendientes = true};
 constexpr int kCopiadas[] = {kColumnaNombre, kColumnaTrabajador, kColumnaTipo, kColumnaInicio};
 
 }  // namespace
@@ -103,33 +106,18 @@ bool IncidenciasFechas::GrabarRegistro() {
 }
 
 void IncidenciasFechas::GeneraPendientes(int ranura) {
-  AbreFichero(sesion_, FileKind::kCompany);
-  const auto listado = sesion_.BDEmpresa->OpenRecordset("ListadosNOM", RecordsetType::kTable);
-  listado->SetIndex("ICampo0_1");
-  if (listado->RecordCount() > 0) sesion_.BDEmpresa->Execute("DELETE * FROM ListadosNom");
+  MesaListado mesa(sesion_, "ICampo0_1");
   Recordset& origen = sesion_.Tabla(ranura);
   if (origen.RecordCount() > 0) {
     for (origen.MoveFirst(); !origen.Eof(); origen.MoveNext()) {
-      listado->AddNew();
-      for (std::size_t columna = 0; columna < std::size(kCopiadas); ++columna) {
-        listado->Fields(static_cast<int>(columna)).Set(origen.Fields(kCopiadas[columna]).Get());
-      }
-      listado->Update();
-      sesion_.platform.engine->Idle(1);
+      std::vector<Value> linea;
+      for (const int columna : kCopiadas) linea.push_back(origen.Fields(columna).Get());
+      mesa.Anade(linea);
     }
-    listado->MoveFirst();
   }
-  listado->SetIndex("ICampo1");
-  constexpr std::int16_t kNumero = 1;
-  constexpr std::int16_t kDescripcion = 2;
-  ListingDescription descripcion = {
-      "4",   "Descripción", kDescripcion, "500", "Nº de Epígrafe",        kNumero, "1300", "I.L.T.", kNumero,
-      "900", "I.M.S.",      kNumero,      "900", "Listados de Epígrafes", true};
-  const std::unique_ptr<ListingViewer> visor = CreateListingViewer(sesion_.platform.components);
-  visor->FicheroDatos(sesion_.DirPrograma + "datos\\Nom" + sesion_.CodEmpresa.str() + ".mdb");
-  visor->TablaDatos("ListadosNOM");
-  visor->FormularioPadre(this);
-  visor->Visualiza(descripcion);
+  mesa.Termina();
+  VisualizaListado(sesion_, kPendientes, sesion_.DirPrograma + "datos\\Nom" + sesion_.CodEmpresa.str() + ".mdb",
+                   "ListadosNOM", this);
 }
 
 }  // namespace zendara

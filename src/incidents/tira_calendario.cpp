@@ -1,11 +1,9 @@
 #include "incidents/tira_calendario.hpp"
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 
 #include "incidents/lectura_incidencias.hpp"
-#include "runtime/characters.hpp"
 #include "runtime/date.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
@@ -28,11 +26,8 @@ std::optional<Date> FechaTecleada(const std::string& campo, YearWindow ventana) 
 }
 
 int AnoDe(const Sesion& sesion) {
-  const std::string cifras = Trim(sesion.AnoTrabajo.str());
-  if (cifras.empty() || !std::ranges::all_of(cifras, IsDigit)) return PartsOf(sesion.FechaSesion).year;
-  int ano = 0;
-  for (const char cifra : cifras) ano = 10 * ano + (cifra - '0');
-  return FullYear(ano, sesion.VentanaFechas);
+  const std::optional<int> ejercicio = sesion.Ejercicio();
+  return ejercicio ? FullYear(*ejercicio, sesion.VentanaFechas) : PartsOf(sesion.FechaSesion).year;
 }
 
 }  // namespace

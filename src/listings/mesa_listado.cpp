@@ -11,11 +11,11 @@ constexpr std::size_t kLineasDeUnaVez = 1000;
 
 }  // namespace
 
-MesaListado::MesaListado(Sesion& sesion) : sesion_(sesion) {
+MesaListado::MesaListado(Sesion& sesion, std::string_view indice) : sesion_(sesion) {
   AbreFichero(sesion_, FileKind::kCompany);
   base_ = sesion_.BDEmpresa;
   sesion_.TablaListados = base_->OpenRecordset(kTabla, RecordsetType::kTable);
-  sesion_.TablaListados->SetIndex(kIndice);
+  sesion_.TablaListados->SetIndex(indice);
   sesion_.platform.engine->Idle(1);
   if (sesion_.TablaListados->RecordCount() > 0) base_->Execute("DELETE * FROM ListadosNom");
 }
@@ -45,8 +45,7 @@ void MesaListado::Asienta() {
 
 void MesaListado::Termina() {
   Asienta();
-  if (lineas_ == 0) return;
-  sesion_.TablaListados->MoveFirst();
+  if (lineas_ > 0) sesion_.TablaListados->MoveFirst();
   sesion_.TablaListados->SetIndex(kIndice);
 }
 
@@ -59,7 +58,7 @@ void VisualizaListado(const Sesion& sesion, const DescripcionListado& descripcio
     elementos.emplace_back(std::string(columna.ancho));
   }
   elementos.emplace_back(std::string(descripcion.titulo));
-  elementos.emplace_back(false);
+  elementos.emplace_back(descripcion.pendientes);
   const std::unique_ptr<ListingViewer> visor = CreateListingViewer(sesion.platform.components);
   visor->FicheroDatos(fichero);
   visor->TablaDatos(std::string(tabla));

@@ -8,9 +8,16 @@
 namespace zendara {
 namespace {
 
-// The characters U+00E0 to U+00FF without their marks; a dot stands for those that stay.
-constexpr std::string_view kUnmarked = "aaaaaa.ceeeeiiii..ooooo..uuuuy.y";
-constexpr int kFirstMarked = 0xE0;
+// The characters U+00C0 to U+00FF without their marks and their case; a dot stands for those that stay.
+constexpr std::string_view kUnmarked = "aaaaaa.ceeeeiiii..ooooo..uuuuy..aaaaaa.ceeeeiiii..ooooo..uuuuy.y";
+constexpr int kFirstMarked = 0xC0;
+constexpr int kCapitalYDiaeresis = 0x178;  // its small letter is the last of them
+
+char Unmarked(int character) {
+  if (character == kCapitalYDiaeresis) return kUnmarked.back();
+  const int marked = character - kFirstMarked;
+  return marked >= 0 && marked < static_cast<int>(kUnmarked.size()) ? kUnmarked[static_cast<std::size_t>(marked)] : '.';
+}
 
 }  // namespace
 
@@ -28,11 +35,9 @@ void AddUnmarked(std::string_view text, std::string& unmarked) {
     unmarked.append(text.begin(), plain);
     text = std::string_view(plain, text.end());
     if (text.empty()) break;
-    const std::string small = LCase(TakeCharacter(text));
-    const int marked = CodePoint(small) - kFirstMarked;
-    const bool known = marked >= 0 && marked < static_cast<int>(kUnmarked.size());
-    const char letter = known ? kUnmarked[static_cast<std::size_t>(marked)] : '.';
-    letter == '.' ? unmarked += small : unmarked += letter;
+    const std::string_view character = TakeCharacter(text);
+    const char letter = Unmarked(CodePoint(character));
+    letter == '.' ? unmarked += LCase(character) : unmarked += letter;
   }
 }
 

@@ -45,7 +45,7 @@ TEST_F(ListsTest, EveryWorkerIsFoundWithHisLastSituacion) {
 }
 
 TEST_F(ListsTest, ManyWorkersKeepTheirOwnSituaciones) {
-  constexpr int kWorkers = 600;
+  constexpr int kWorkers = 1100;
   const auto number = [](int n) { return std::to_string(10000 + n); };
   for (int n = 1; n <= kWorkers; ++n) {
     if (n % 7 != 0) Add(FileKind::kCompany, "TrabajadoresFijo", {{0, number(n)}});

@@ -121,7 +121,7 @@ void ScriptedWindows::ShowHelp(const std::string& file, int context, const HelpP
 // For its picture; the command `drafts restore` chooses.
 void ScriptedWindows::ShowDrafts(Form& form) {
   if (player_.Ended() || !player_.Drafts()) return;
-  DraftsWindow window(form, windows_.Top());
+  DraftsWindow window(form, *this, windows_.Top());
   const OnceOpen user([&] {
     Photograph(window, window.windowTitle());
     PressKey(window.Table(), {.code = key::kEsc, .shift = 0, .text = {}});

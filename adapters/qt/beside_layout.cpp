@@ -36,7 +36,7 @@ QLayoutItem* BesideLayout::takeAt(int index) {
   return item ? picture_.release() : nullptr;
 }
 
-QSize BesideLayout::Wanted() const { return twips_ * zoom::Percent() / (100 * kTwipsPerPixel); }
+QSize BesideLayout::Wanted() const { return twips_ * (TextScale() / kTwipsPerPixel); }
 
 QSize BesideLayout::Least() const { return Wanted() * 3 / 4; }
 

@@ -2,7 +2,6 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -114,7 +113,7 @@ class ListView : public ControlView {
 
   // As wide as its widest entry and the arrow.
   void Rescale() override {
-    const QFontMetrics metrics(QApplication::font());
+    const QFontMetrics metrics(TextFont());
     int width = metrics.horizontalAdvance(QStringLiteral("00"));
     for (int i = 0; i < list_->count(); ++i) width = std::max(width, metrics.horizontalAdvance(list_->itemText(i)));
     list_->setFixedWidth(width + metrics.height() * 5 / 2);
@@ -236,7 +235,7 @@ class ImageView : public ControlView {
   QString NameBehind(const QString& field) const override { return QStringLiteral("Lista de ") + field; }
 
   void Rescale() override {
-    const int size = QFontMetrics(QApplication::font()).height();
+    const int size = QFontMetrics(TextFont()).height();
     button_->setIcon(LensIcon(size * 2));
     button_->setIconSize({size, size});
   }

@@ -17,6 +17,7 @@
 #include "adapters/qt/fit.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -73,6 +74,7 @@ class RoomyCells : public QStyledItemDelegate {
 
 DetailWindow::DetailWindow(const std::vector<BoxDetail>& rows, const QString& title, KeepDetail keep, QWidget* parent)
     : QDialog(parent), keep_(std::move(keep)) {
+  BeginOwnWindow(*this);
   setWindowModality(Qt::ApplicationModal);
   setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style marks what has the keyboard
   setWindowTitle(title);

@@ -10,7 +10,7 @@
 #include "adapters/qt/fit.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
-#include "adapters/qt/message_box.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -22,7 +22,8 @@ constexpr int kWidestPlace = 34;  // characters of a column that is not the last
 
 }  // namespace
 
-DraftsWindow::DraftsWindow(Form& form, QWidget* parent) : QDialog(parent), form_(form) {
+DraftsWindow::DraftsWindow(Form& form, Dialogs& boxes, QWidget* parent) : QDialog(parent), form_(form), boxes_(boxes) {
+  BeginOwnWindow(*this);
   setWindowModality(Qt::ApplicationModal);
   setWindowTitle(QStringLiteral("Borradores"));
   const QStringList headings = {QStringLiteral("Pantalla"), QStringLiteral("Empresa y año"), QStringLiteral("Ficha"),
@@ -116,12 +117,16 @@ void DraftsWindow::Remove() {
   const Box question{.text = "¿Desea eliminar lo que escribió en " + current->draft.title + "? No se podrá recuperar.",
                      .buttons = BoxButtons::kYesNo,
                      .icon = BoxIcon::kQuestion,
+                     .title = FromQt(windowTitle()),
                      .default_button = 2};
-  const BoxAnswer answer = MessageBox(question, windowTitle(), {}, this).Ask();
+  const BoxAnswer answer = boxes_.Show(question);
   activateWindow();
   if (answer != BoxAnswer::kYes) return;
-  form_.RemoveDraft(current->id);
-  Fill();
+  // Nothing may fly through the toolkit.
+  form_.Run([&] {
+    form_.RemoveDraft(current->id);
+    Fill();
+  });
 }
 
 bool DraftsWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -15,8 +15,8 @@ namespace zendara {
 // Enter and a double click choose a draft of the form, Delete removes any after asking, Esc leaves.
 class DraftsWindow : public QDialog {
  public:
-  // `form` outlives the window.
-  DraftsWindow(Form& form, QWidget* parent);
+  // `boxes` asks before a draft is removed, and throws nothing. Both outlive the window.
+  DraftsWindow(Form& form, Dialogs& boxes, QWidget* parent);
 
   // The id of the draft to restore; empty: none.
   const std::string& Chosen() const { return chosen_; }
@@ -35,6 +35,7 @@ class DraftsWindow : public QDialog {
   QString Summary(const Draft& draft) const;
 
   Form& form_;
+  Dialogs& boxes_;
   std::vector<KeptDraft> drafts_;          // a row each
   std::vector<std::string> why_not_here_;  // of each row
   QTableWidget* table_;

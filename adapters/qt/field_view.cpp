@@ -1,6 +1,6 @@
 #include "adapters/qt/field_view.hpp"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -42,7 +42,7 @@ class FieldView : public ControlView {
   }
 
   void Rescale() override {
-    const QFontMetrics metrics(QApplication::font());
+    const QFontMetrics metrics(TextFont());
     const int characters = box_.Width() == 0 ? kWidthOfFreeText : std::min(box_.Width(), kWidest);
     const int frame = 2 * edit_->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, edit_);
     edit_->setFixedWidth(TextWidth(metrics, characters) + metrics.height() / 2 + frame);

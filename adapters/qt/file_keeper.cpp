@@ -45,7 +45,7 @@ QString FileKeeper::Keep(const Begin& begin, std::span<const FileFormat> kinds, 
     chosen_last_ = file.path;
     said = QStringLiteral("Guardado en ") + ToQt(file.path);
   } catch (...) {
-    ShowFailure("No se ha podido guardar:\n" + file.path);
+    ShowFailure("No se ha podido guardar:" + (file.path.empty() ? "" : "\n" + file.path));
   }
   over.activateWindow();
   return said;

@@ -1,6 +1,5 @@
 #include "adapters/qt/form_layout.hpp"
 
-#include <QApplication>
 #include <QBoxLayout>
 #include <QFontMetrics>
 #include <QGridLayout>
@@ -484,11 +483,11 @@ void RenewSizes(QWidget& content) {
 }
 
 void RescaleSpacing(QWidget& content) {
-  const QFontMetrics metrics(QApplication::font());
+  const QFontMetrics metrics(TextFont());
   const int em = metrics.height();
   for (QWidget* widget : content.findChildren<QWidget*>()) {
     if (const QVariant height = widget->property(kStripHeight); height.isValid()) {
-      widget->setFixedHeight(height.toInt() * zoom::Percent() / (100 * kTwipsPerPixel));
+      widget->setFixedHeight(static_cast<int>(height.toInt() * TextScale() / kTwipsPerPixel));
     }
     if (const QVariant lines = widget->property(kLines); lines.isValid()) {
       widget->setFixedHeight(lines.toInt() * metrics.lineSpacing());

@@ -16,6 +16,7 @@
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/names.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/status_line.hpp"
 #include "adapters/qt/text.hpp"
 
@@ -79,6 +80,7 @@ void ControlView::ClickOn(int /*row*/, int /*column*/) { ClickWidget(*widget_, w
 // Window.
 
 FormWindow::FormWindow(Form& form, QWidget* parent) : QWidget(parent, Qt::Window), form_(form) {
+  BeginOwnWindow(*this);
   setWindowModality(Qt::ApplicationModal);
   Build();
   form_.SetView(this);
@@ -188,7 +190,8 @@ QRect FormWindow::PlaceOf(const Control& control) {
   if (isVisible()) return {widget->mapTo(this, QPoint(0, 0)), widget->size()};
   // Nothing is laid out by itself before it is shown; the content begins in the window's corner then.
   Fit();
-  content_->resize(size().expandedTo(content_->minimumSize()));
+  const QSize above_status = size() - QSize(0, status_->HeightFor(width()));
+  content_->resize(above_status.expandedTo(content_->minimumSize()));
   content_->layout()->setGeometry(content_->rect());
   return {widget->mapTo(content_, QPoint(0, 0)), widget->size()};
 }
@@ -202,9 +205,17 @@ void FormWindow::Grow() {
 
 void FormWindow::Pass(const std::function<void()>& call) {
   ++passing_;
-  call();
+  Guard(call);
   --passing_;
   Flush();
+}
+
+void FormWindow::Guard(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (...) {
+    form_.Run([] { throw; });
+  }
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -268,7 +279,13 @@ bool FormWindow::PressKeys(const QKeyEvent& event) {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // the form says whether it goes
+  // Nobody but an application that ends asks this of a window behind others: these go first.
+  for (QWidget* modal = QApplication::activeModalWidget(); modal && modal != this;
+       modal = QApplication::activeModalWidget()) {
+    if (!modal->close()) return;
+  }
   Pass([&] { form_.Close(); });
+  event->setAccepted(!form_.Loaded());
 }
 
 bool FormWindow::focusNextPrevChild(bool /*next*/) { return false; }
@@ -304,6 +321,11 @@ void FormWindow::Flush() {
   queued_ = false;
   if (syncing_) return;
   syncing_ = true;
+  Guard([this] { ShowChanges(); });
+  syncing_ = false;
+}
+
+void FormWindow::ShowChanges() {
   if (std::exchange(form_changed_, false)) {
     ShowStatus();
     // The hourglass takes no input away.
@@ -325,7 +347,6 @@ void FormWindow::Flush() {
     }
   }
   if (std::exchange(focus_moved_, false) || moved) ShowFocus();
-  syncing_ = false;
 }
 
 void FormWindow::ShowStatus() {

@@ -112,6 +112,9 @@ class FormWindow : public QWidget, public FormView {
  private:
   friend class ControlView;
 
+  // No exception may fly through the toolkit: one that escapes is shown as that of an event.
+  void Guard(const std::function<void()>& call);
+  void ShowChanges();
   void Build();
   void Rescale();
   void Grow();

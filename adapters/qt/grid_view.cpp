@@ -1,7 +1,7 @@
 #include "adapters/qt/grid_view.hpp"
 
 #include <QAbstractTableModel>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
@@ -141,7 +141,7 @@ class GridView : public ControlView {
   }
 
   void Rescale() override {
-    const QFontMetrics metrics(QApplication::font());
+    const QFontMetrics metrics(TextFont());
     const int height = metrics.height() + metrics.height() / 3;
     table_->verticalHeader()->setMinimumSectionSize(height);
     table_->verticalHeader()->setDefaultSectionSize(height);
@@ -193,7 +193,7 @@ class GridView : public ControlView {
   }
 
   void SetWidths() {
-    const QFontMetrics metrics(QApplication::font());
+    const QFontMetrics metrics(TextFont());
     const double scale = metrics.height() / kDesignFontHeight;
     int all = 2 * table_->frameWidth();
     for (int column = 0; column < grid_.Columns(); ++column) {

@@ -1,6 +1,5 @@
 #include "adapters/qt/heading.hpp"
 
-#include <QApplication>
 #include <QPainter>
 #include <QStyle>
 
@@ -35,7 +34,7 @@ void FormHeading::ShowText(const QString& text) {
 }
 
 void FormHeading::Rescale() {
-  QFont large = QApplication::font();
+  QFont large = TextFont();
   large.setPointSizeF(large.pointSizeF() * kLarger);
   large.setBold(true);
   setFont(large);

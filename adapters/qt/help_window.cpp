@@ -17,8 +17,10 @@
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
+#include <vector>
 
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/text.hpp"
 #include "common/ayuda.hpp"
 
@@ -62,10 +64,28 @@ class Browser : public QTextBrowser {
       format.setBottomMargin(em / 2.0);
       table->setFormat(format);
     }
+    DressLinks();
     QTextFrameFormat page = document()->rootFrame()->frameFormat();
     page.setMargin(em);
     document()->rootFrame()->setFrameFormat(page);
     all.endEditBlock();
+  }
+
+  // In the window's colours: the reader of the text takes the application's.
+  void DressLinks() {
+    std::vector<QTextCursor> links;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+      for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+        const QTextFragment words = piece.fragment();
+        if (!words.charFormat().isAnchor()) continue;
+        QTextCursor& link = links.emplace_back(document());
+        link.setPosition(words.position());
+        link.setPosition(words.position() + words.length(), QTextCursor::KeepAnchor);
+      }
+    }
+    QTextCharFormat colour;
+    colour.setForeground(palette().brush(QPalette::Link));
+    for (QTextCursor& link : links) link.mergeCharFormat(colour);
   }
 
   // The page that is shown already is not read again.
@@ -97,7 +117,7 @@ class Browser : public QTextBrowser {
 // A dialog stays above the window that it is opened from.
 HelpWindow::HelpWindow(WindowPlaces& places)
     : QWidget(nullptr, Qt::Dialog | Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint), places_(places) {
-  setAttribute(Qt::WA_QuitOnClose, false);
+  BeginOwnWindow(*this);
   search_ = new QLineEdit(this);
   search_->setPlaceholderText(QStringLiteral("palabras, en todas las páginas"));
   auto* label = new QLabel(QStringLiteral("&Buscar:"), this);
@@ -291,7 +311,7 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
 
 void HelpWindow::SetTextSize(int percent) {
   percent_ = std::clamp(percent, kSmallest, kLargest);
-  QFont font = QApplication::font();
+  QFont font = TextFont();
   font.setPointSizeF(font.pointSizeF() * percent_ / 100);
   browser_->document()->setDefaultFont(font);
   static_cast<Browser*>(browser_)->Dress();
@@ -301,7 +321,7 @@ void HelpWindow::SetTextSize(int percent) {
 void HelpWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   // Colours of links and lines are in the text.
-  if (event->type() == QEvent::PaletteChange && !browser_->source().isEmpty()) browser_->reload();
+  if (event->type() == QEvent::PaletteChange && browser_ && !browser_->source().isEmpty()) browser_->reload();
 }
 
 // Search.

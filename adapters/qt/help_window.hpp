@@ -49,7 +49,7 @@ class HelpWindow : public QWidget {
   void ScrollTo(int block);
 
   WindowPlaces& places_;
-  QTextBrowser* browser_;
+  QTextBrowser* browser_ = nullptr;
   QLineEdit* search_;
   QListWidget* found_;
   QLabel* nothing_;

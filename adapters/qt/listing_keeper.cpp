@@ -12,6 +12,7 @@
 
 #include "adapters/cairo/cairo_listing_writer.hpp"
 #include "adapters/csv/csv_listing_writer.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/print_dialog.hpp"
 #include "adapters/qt/text.hpp"
 #include "adapters/xlsx/xlsx_listing_writer.hpp"
@@ -27,6 +28,7 @@ class Wait {
  public:
   Wait(const QString& words, const print::PagedListing& listing, QWidget& over)
       : listing_(listing), dialog_(words, QStringLiteral("&Detener"), 0, 0, &over) {
+    BeginOwnWindow(dialog_);
     dialog_.setWindowModality(Qt::ApplicationModal);
     dialog_.setWindowTitle(over.windowTitle());
     dialog_.setMinimumDuration(kPatience);

@@ -18,6 +18,7 @@
 #include "adapters/qt/flow_layout.hpp"
 #include "adapters/qt/listing_view.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/status_line.hpp"
 #include "adapters/qt/text.hpp"
 #include "runtime/format.hpp"
@@ -77,13 +78,14 @@ ListingWindow::ListingWindow(print::PagedListing& listing, const PangoMeasure& m
       listing_(listing),
       actions_(std::move(actions)),
       view_(new ListingView(listing, measure, this)) {
+  BeginOwnWindow(*this);
   setWindowModality(Qt::ApplicationModal);
   setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style marks what has the keyboard
   setWindowTitle(ToQt(listing.Description().title));
   LayOut();
   view_->OnChanged([this] { ShowState(); });
   reading_.setInterval(0);
-  reading_.callOnTimeout(this, [this] { ReadOn(); });
+  reading_.callOnTimeout(this, [this] { Act(&ListingWindow::ReadOn); });
   zoom::Watch(this, [this] { Rescale(); });
   Rescale();
   ShowState();
@@ -97,7 +99,7 @@ QPushButton* ListingWindow::AddButton(QHBoxLayout& group, const QString& words, 
   button->setToolTip(hint);
   button->setAccessibleDescription(hint);
   button->installEventFilter(this);
-  connect(button, &QPushButton::clicked, this, act);
+  connect(button, &QPushButton::clicked, this, [this, act] { Act(act); });
   group.addWidget(button);
   return button;
 }
@@ -178,9 +180,9 @@ void ListingWindow::LayOut() {
   column->addWidget(status_);
   setTabOrder(view_, page_);
   view_->installEventFilter(this);
-  connect(page_, &QLineEdit::returnPressed, this, &ListingWindow::GoToTypedPage);
-  connect(line_, &QLineEdit::returnPressed, this, &ListingWindow::FindNext);
-  connect(line_, &QLineEdit::textChanged, this, &ListingWindow::Look);
+  connect(page_, &QLineEdit::returnPressed, this, [this] { Act(&ListingWindow::GoToTypedPage); });
+  connect(line_, &QLineEdit::returnPressed, this, [this] { Act(&ListingWindow::FindNext); });
+  connect(line_, &QLineEdit::textChanged, this, [this] { Act(&ListingWindow::Look); });
 }
 
 // As wide as the paper at the size of the text, as high as there is room.
@@ -206,17 +208,22 @@ void ListingWindow::showEvent(QShowEvent* event) {
 
 // Reading.
 
-void ListingWindow::ReadOn() {
+// No exception may fly through the toolkit, and a part of a listing is none.
+void ListingWindow::Act(void (ListingWindow::*act)()) {
+  if (failure_) return;
   try {
-    QElapsedTimer since;
-    since.start();
-    while (listing_.ReadOn(kBatch) && since.elapsed() < kSlice) {
-    }
+    (this->*act)();
   } catch (...) {
-    // A part of a listing is none.
     failure_ = std::current_exception();
     reading_.stop();
-    return reject();
+    reject();
+  }
+}
+
+void ListingWindow::ReadOn() {
+  QElapsedTimer since;
+  since.start();
+  while (listing_.ReadOn(kBatch) && since.elapsed() < kSlice) {
   }
   view_->Refresh();
   ShowState();
@@ -375,7 +382,7 @@ bool ListingWindow::HandleKey(const QKeyEvent& event) {
     if (action.key != event.key() || action.modifiers != modifiers) continue;
     if (action.where == Where::kOutsideOfFields && in_field) return false;
     if (action.where == Where::kInPages && focusWidget() != view_) return false;
-    (this->*action.act)();
+    Act(action.act);
     return true;
   }
   return false;

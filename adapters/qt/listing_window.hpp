@@ -56,6 +56,8 @@ class ListingWindow : public QDialog {
   void Rescale();
   bool HandleKey(const QKeyEvent& event);
 
+  // All that the user and the timer do.
+  void Act(void (ListingWindow::*act)());
   void ReadOn();
   void ShowState();
   // At once, or as soon as all is read; what the user does next comes in its place.

@@ -1,9 +1,13 @@
 #include "adapters/qt/look.hpp"
 
 #include <QApplication>
+#include <QChildEvent>
+#include <QFontInfo>
 #include <QPalette>
 #include <QPointer>
+#include <QStyle>
 #include <QToolTip>
+#include <QWidget>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusVariant>
@@ -16,32 +20,29 @@
 #include "adapters/qt/style.hpp"
 
 namespace zendara {
+
+class Dresser;
+
 namespace {
 
 constexpr double kBasePoints = 9;
 constexpr int kPatienceWithDesktop = 500;  // milliseconds
 constexpr int kSteps[] = {80, 90, 100, 110, 125, 150, 175, 200, 225, zoom::kMost};
 
-struct Shades {
-  Role role;
-  QRgb light;
-  QRgb dark;
-  QRgb contrast;
-};
-constexpr Shades kShades[kRoles] = {
-    {Role::kWindow, 0xF4F5F8, 0x1E2228, 0x000000},  {Role::kInput, 0xFFFFFF, 0x14171B, 0x000000},
-    {Role::kActive, 0xFFF7D6, 0x36321B, 0x000000},  {Role::kShown, 0xE8EBF0, 0x2A3038, 0x000000},
-    {Role::kButton, 0xE8EBF0, 0x363D47, 0x000000},  {Role::kHeading, 0xDDE2EA, 0x2F353E, 0x262626},
-    {Role::kText, 0x1B222C, 0xE8EBEF, 0xFFFFFF},    {Role::kQuiet, 0x4E5866, 0xB0B8C4, 0xD0D0D0},
-    {Role::kBorder, 0x737D8B, 0x8E98A6, 0xFFFFFF},  {Role::kLine, 0xC3CAD4, 0x4A525D, 0x8C8C8C},
-    {Role::kAccent, 0x1F5FA8, 0x6CB2F5, 0xFFFF00},  {Role::kOnAccent, 0xFFFFFF, 0x0B1016, 0x000000},
-    {Role::kFound, 0xFFE28A, 0x65500F, 0x5A4A00},   {Role::kFoundSelected, 0x123F73, 0xB4DAFF, 0xFFFFFF},
-    {Role::kWarning, 0xC2410C, 0xFF9E64, 0xFF9B9B}, {Role::kSeries1, 0x2166AC, 0x74B6F4, 0x6FB7FF},
-    {Role::kSeries2, 0x7B3FA0, 0xCDA4F2, 0xDDA3FF}, {Role::kSeries3, 0xA61B4B, 0xFF8FB0, 0xFF7F50},
-    {Role::kSeries4, 0x1B7340, 0x7FD6A0, 0x6FFF9F}, {Role::kSeries5, 0x7A5B00, 0xE3C464, 0xFFD84D},
-};
+// What InstallLook has set; nothing while the application's look is its own.
+std::optional<Colours> installed;
 
-Colours colours_now = Colours::kLight;
+// Of the application's palette, made anew when it has another one.
+const Shades& ShadesOfApplication() {
+  static Shades shades;
+  static qint64 made_of = -1;
+  const QPalette palette = QApplication::palette();
+  if (made_of != palette.cacheKey()) {
+    shades = ShadesOf(palette);
+    made_of = palette.cacheKey();
+  }
+  return shades;
+}
 
 struct Use {
   QPalette::ColorRole place;
@@ -97,16 +98,12 @@ std::optional<Colours> ColoursOfDesktopSettings() {
 
 Colours FindDesktopColours() {
   if (const auto said = ColoursOfDesktopSettings()) return *said;
-  const QPalette given = QApplication::palette();
-  const bool dark = given.color(QPalette::Window).lightnessF() < given.color(QPalette::WindowText).lightnessF();
-  return dark ? Colours::kDark : Colours::kLight;
+  return IsDark(QApplication::palette()) ? Colours::kDark : Colours::kLight;
 }
 
-QFont FontOf(int percent) {
-  QFont font(QStringLiteral("DejaVu Sans"));
-  font.setStyleHint(QFont::SansSerif);
-  font.setPointSizeF(kBasePoints * percent / 100);
-  return font;
+std::vector<QPointer<Dresser>>& Dressers() {
+  static std::vector<QPointer<Dresser>> dressers;
+  return dressers;
 }
 
 struct Watcher {
@@ -115,6 +112,10 @@ struct Watcher {
 };
 
 int percent_now = 100;
+
+// Of the text at 100 percent.
+double BasePoints() { return installed ? kBasePoints : QFontInfo(QApplication::font()).pointSizeF(); }
+
 std::vector<Watcher>& Watchers() {
   static std::vector<Watcher> watchers;
   return watchers;
@@ -135,31 +136,94 @@ Colours DesktopColours() {
   return found;
 }
 
-QColor ColourOf(Role role) { return ColourOf(role, colours_now); }
+QColor ColourOf(Role role) { return installed ? ColourOf(role, *installed) : ColourOf(role, ShadesOfApplication()); }
 
-QColor ColourOf(Role role, Colours colours) {
-  const Shades& shades = *std::ranges::find(kShades, role, &Shades::role);
-  return QColor::fromRgb(colours == Colours::kLight  ? shades.light
-                         : colours == Colours::kDark ? shades.dark
-                                                     : shades.contrast);
+QColor PaintedGround(QColor painted) {
+  const Colours like = IsDark(QApplication::palette()) ? Colours::kDark : Colours::kLight;
+  return PaintedGround(painted, installed.value_or(like));
 }
 
-QColor PaintedGround(QColor painted) { return PaintedGround(painted, colours_now); }
-
-// As light as it was dark; no pattern stands behind words where contrast is asked for.
-QColor PaintedGround(QColor painted, Colours colours) {
-  if (colours == Colours::kLight) return painted;
-  if (colours == Colours::kContrast) return ColourOf(Role::kWindow, colours);
-  const QColor tone = painted.toHsl();
-  return QColor::fromHslF(std::max(tone.hslHueF(), 0.0F), tone.hslSaturationF() / 2, 1 - tone.lightnessF());
+QFont TextFont() {
+  QFont font = installed ? QFont(QStringLiteral("DejaVu Sans")) : QApplication::font();
+  if (installed) font.setStyleHint(QFont::SansSerif);
+  font.setPointSizeF(BasePoints() * percent_now / 100);
+  return font;
 }
+
+double TextScale() { return BasePoints() / kBasePoints * percent_now / 100; }
 
 void InstallLook(Colours colours) {
-  colours_now = colours;
+  installed = colours;
   QApplication::setStyle(MakeStyle());
   QApplication::setPalette(PaletteNow());
   QToolTip::setPalette(PaletteNow());
-  QApplication::setFont(FontOf(percent_now));
+  QApplication::setFont(TextFont());
+}
+
+bool LookInstalled() { return installed.has_value(); }
+
+// One window and what stands in it.
+class Dresser : public QObject {
+ public:
+  explicit Dresser(QWidget& window) : QObject(&window), window_(window) {
+    static QPointer<QStyle> style;  // goes with the application
+    if (!style) {
+      style = MakeStyle();
+      style->setParent(qApp);
+    }
+    style_ = style;
+    window.setStyle(style_);
+    Renew();
+    Take(window);
+  }
+
+  void Renew() {
+    window_.setPalette(PaletteNow());
+    window_.setFont(TextFont());
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto& widget = static_cast<QWidget&>(*watched);
+    switch (event->type()) {
+      case QEvent::Polish:
+        widget.setStyle(style_);
+        if (widget.isWindow() && &widget != &window_) {  // a list that falls out, a menu
+          widget.setPalette(window_.palette());
+          widget.setFont(window_.font());
+        }
+        return false;
+      case QEvent::ChildAdded:
+        if (QObject* child = static_cast<QChildEvent*>(event)->child(); child->isWidgetType()) {
+          Take(*static_cast<QWidget*>(child));
+        }
+        return false;
+      case QEvent::ApplicationPaletteChange:
+      case QEvent::ApplicationFontChange:
+        if (&widget == &window_) zoom::Set(zoom::Percent());
+        return false;
+      default:
+        return false;
+    }
+  }
+
+ private:
+  // Windows that stand before it see to themselves, or are somebody else's.
+  void Take(QWidget& widget) {
+    if (&widget != &window_ && widget.isWindow() && widget.windowType() != Qt::Popup) return;
+    widget.installEventFilter(this);
+    if (widget.testAttribute(Qt::WA_WState_Polished)) widget.setStyle(style_);
+    for (QObject* child : widget.children()) {
+      if (child->isWidgetType()) Take(*static_cast<QWidget*>(child));
+    }
+  }
+
+  QWidget& window_;
+  QStyle* style_;
+};
+
+void Dress(QWidget& window) {
+  if (!installed) Dressers().emplace_back(new Dresser(window));
 }
 
 int RingWidth(const QFontMetrics& metrics) { return std::max(2, metrics.height() / 9); }
@@ -170,8 +234,12 @@ int Percent() { return percent_now; }
 
 void Set(int percent) {
   percent_now = std::clamp(percent, *std::begin(kSteps), kMost);
-  QApplication::setFont(FontOf(percent_now));
-  QToolTip::setFont(FontOf(percent_now));
+  if (installed) {
+    QApplication::setFont(TextFont());
+    QToolTip::setFont(TextFont());
+  }
+  std::erase_if(Dressers(), [](const auto& dresser) { return !dresser; });
+  for (const auto& dresser : Dressers()) dresser->Renew();
   // The widgets get their font by an event.
   QMetaObject::invokeMethod(qApp, CallWatchers, Qt::QueuedConnection);
 }

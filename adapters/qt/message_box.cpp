@@ -14,6 +14,7 @@
 #include "adapters/qt/fit.hpp"
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -40,6 +41,7 @@ QStyle::StandardPixmap PixmapOf(BoxIcon icon) {
 
 MessageBox::MessageBox(const Box& box, const QString& title, const QString& about, QWidget* parent)
     : QDialog(parent), icon_(box.icon), detail_(box.detail) {
+  BeginOwnWindow(*this);
   setWindowModality(Qt::ApplicationModal);
   setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style marks what has the keyboard
   setWindowTitle(title);
@@ -109,7 +111,7 @@ void MessageBox::Build(const QString& text, const QString& about) {
 }
 
 void MessageBox::Fit() {
-  const int line = QFontMetrics(QGuiApplication::font()).height();
+  const int line = QFontMetrics(TextFont()).height();
   const QRect room = RoomFor(*this);
   layout()->setContentsMargins(line, line, line, line);
   layout()->setSpacing(line);
@@ -185,6 +187,8 @@ void MessageBox::reject() {
 }
 
 BoxAnswer MessageBox::Ask() {
+  // Nothing answers it when the application ends.
+  answer_ = second_ ? BoxAnswer::kNo : BoxAnswer::kOk;
   exec();
   return answer_;
 }

@@ -19,6 +19,7 @@
 
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -143,6 +144,7 @@ class MarkedCells : public QStyledItemDelegate {
 
 PickWindow::PickWindow(const QString& title, RowList& rows, QWidget* parent)
     : QDialog(parent), rows_(rows), search_(rows) {
+  BeginOwnWindow(*this);
   setWindowModality(Qt::ApplicationModal);
   setWindowTitle(title);
   model_ = new RowsModel(rows, search_, this);
@@ -367,7 +369,7 @@ void PickWindow::Take() {
   Settle();
   if (Current()) return accept();
   if (!search_.Looking()) return reject();
-  QApplication::beep();
+  beep_();
 }
 
 bool PickWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -1,10 +1,13 @@
 // The window of a pick list: a search line over the rows that hold what is typed there.
 #pragma once
 
+#include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QTimer>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "common/row_search.hpp"
 
@@ -23,6 +26,8 @@ class PickWindow : public QDialog {
   // `rows` outlives the window.
   PickWindow(const QString& title, RowList& rows, QWidget* parent);
 
+  // In place of the machine's own, when there is no row to take.
+  void OnBeep(std::function<void()> beep) { beep_ = std::move(beep); }
   // The row taken, nothing if the window was left. Throws what reading the rows threw.
   std::optional<std::size_t> Chosen() const;
   // Brings that row to sight, as the current one, with no search. REQUIRES: it exists.
@@ -64,6 +69,7 @@ class PickWindow : public QDialog {
   QLineEdit* line_;
   QLabel* count_;
   QTimer reading_;
+  std::function<void()> beep_ = QApplication::beep;
   QElapsedTimer since_shown_;
   bool moved_ = false;  // the user has left the row on which the list begins, or the best of what was looked for
   int sorted_ = -1;     // section of the heading

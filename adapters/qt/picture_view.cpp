@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QApplication>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPalette>
@@ -37,6 +36,7 @@ QColor ColourOf(Ink ink) {
 
 class QtScreen : public Screen {
  public:
+  explicit QtScreen(const QPalette& palette) : palette_(palette) {}
   double TwipsPerPixel() const override { return kTwips; }
   std::uint32_t TranslateColor(std::int32_t color) const override {
     if (color >= 0) return static_cast<std::uint32_t>(color);
@@ -49,9 +49,12 @@ class QtScreen : public Screen {
     for (const auto& [index, named] : kRoles) {
       if (index == (color & 0xFF)) role = named;
     }
-    const QColor found = QApplication::palette().color(role);
+    const QColor found = palette_.color(role);
     return static_cast<std::uint32_t>(found.red() | found.green() << 8 | found.blue() << 16);
   }
+
+ private:
+  const QPalette& palette_;
 };
 
 class Surface : public DrawingSurface {
@@ -135,10 +138,10 @@ class PictureWidget : public QWidget {
     pixmap_ = QPixmap(wanted);
     pixmap_.setDevicePixelRatio(devicePixelRatioF());
     pixmap_.fill(ColourOf(Role::kWindow));
-    QFont caption = QApplication::font();
+    QFont caption = TextFont();
     caption.setBold(true);
     Surface surface(pixmap_, caption);
-    picture_.Paint(QtScreen(), surface);
+    picture_.Paint(QtScreen(palette()), surface);
   }
 
   Picture& picture_;
@@ -160,7 +163,7 @@ class PictureView : public ControlView {
   void Rescale() override {
     // A caption on it begins its size in points left of the middle.
     if (!widget_->property(kBeside).toBool()) {
-      widget_->setFixedWidth(static_cast<int>(QApplication::font().pointSizeF() * 3));
+      widget_->setFixedWidth(static_cast<int>(TextFont().pointSizeF() * 3));
     }
     static_cast<PictureWidget*>(widget_)->Renew();
   }

@@ -9,6 +9,7 @@
 #include <QRegularExpressionValidator>
 
 #include "adapters/qt/look.hpp"
+#include "adapters/qt/own_window.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
@@ -32,6 +33,7 @@ bool AreInOrder(const QString& ranges) {
 }  // namespace
 
 PrintDialog::PrintDialog(const std::vector<Printer>& printers, QWidget* parent) : QDialog(parent) {
+  BeginOwnWindow(*this);
   setWindowModality(Qt::ApplicationModal);
   setAttribute(Qt::WA_KeyboardFocusChange);  // so that the style marks what has the keyboard
   setWindowTitle(QStringLiteral("Imprimir"));

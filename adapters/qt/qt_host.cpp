@@ -22,7 +22,6 @@
 #include "adapters/qt/pick_window.hpp"
 #include "adapters/qt/qt_listing_viewer.hpp"
 #include "adapters/qt/text.hpp"
-#include "adapters/qt/window_chain.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -47,8 +46,7 @@ void GoBackTo(const QPointer<QWidget>& window) {
 
 }  // namespace
 
-QtHost::QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts)
-    : chain_(std::make_unique<WindowChain>()), documents_(documents), drafts_(drafts) {}
+QtHost::QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts) : documents_(documents), drafts_(drafts) {}
 
 QtHost::~QtHost() {
   // Without the application no window can be taken down any more.
@@ -77,6 +75,8 @@ QWidget* QtHost::Behind() const {
   QWidget* active = QApplication::activeWindow();
   return active == help_.get() ? nullptr : active;
 }
+
+Dialogs& QtHost::BoxesOfScreens() { return Top() ? Top()->Shown().Boxes() : *this; }
 
 void QtHost::FlushAll() {
   for (FormWindow* window : windows_) window->Flush();
@@ -112,6 +112,8 @@ void QtHost::ShowModal(Form& form) {
     QEventLoop loop;
     window->OnUnloaded([&loop] { loop.quit(); });
     loop.exec();
+    // The application ends: what was typed is in the drafts.
+    if (form.Loaded()) form.Unload();
   }
   std::erase(windows_, window.get());
   places_.Keep(*window, ToQt(form.Name()), natural);
@@ -141,7 +143,7 @@ void QtHost::ShowDrafts(Form& form) {
   const QPointer<QWidget> behind = Behind();
   std::string chosen;
   {
-    DraftsWindow window(form, behind);
+    DraftsWindow window(form, boxes_, behind);
     window.exec();
     chosen = window.Chosen();
   }
@@ -195,6 +197,7 @@ std::optional<std::size_t> QtHost::Choose(const std::string& title, RowList& row
   FlushAll();
   const QPointer<QWidget> behind = Behind();
   PickWindow window(ToQt(title), rows, behind);
+  window.OnBeep([this] { boxes_.Beep(); });
   window.exec();
   GoBackTo(behind);
   return window.Chosen();

@@ -13,6 +13,7 @@
 #include "adapters/qt/document_keeper.hpp"
 #include "adapters/qt/file_keeper.hpp"
 #include "adapters/qt/listing_keeper.hpp"
+#include "adapters/qt/own_boxes.hpp"
 #include "adapters/qt/window_places.hpp"
 #include "common/row_list.hpp"
 #include "print/document_writer.hpp"
@@ -27,12 +28,11 @@ namespace zendara {
 
 class FormWindow;
 class HelpWindow;
-class WindowChain;
 
 class QtHost : public FormHost, public Dialogs, public Shell {
  public:
   // `documents` writes what the user keeps, `drafts` keeps what was typed and not saved, nullptr: nobody does. Both
-  // outlive the host. REQUIRES: a QApplication with the look installed.
+  // outlive the host. REQUIRES: a QApplication.
   explicit QtHost(const print::DocumentWriter& documents, DraftKeeper* drafts = nullptr);
   ~QtHost() override;
   QtHost(const QtHost&) = delete;
@@ -78,12 +78,14 @@ class QtHost : public FormHost, public Dialogs, public Shell {
  private:
   std::unique_ptr<FormWindow> MakeWindow(Form& form, QWidget* behind);
   void FlushAll();
+  // Those that the platform had when the screen on top was made; these here while there is none.
+  Dialogs& BoxesOfScreens();
   // The window that a new one stands before.
   QWidget* Behind() const;
 
-  std::unique_ptr<WindowChain> chain_;
   const print::DocumentWriter& documents_;
-  FileKeeper files_{*this};
+  OwnBoxes boxes_{[this]() -> Dialogs& { return BoxesOfScreens(); }, *this};
+  FileKeeper files_{boxes_};
   DocumentKeeper keeper_{documents_, files_};
   CupsPrinters machine_printers_;
   const Printers* printers_ = &machine_printers_;

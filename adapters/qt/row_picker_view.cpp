@@ -1,6 +1,6 @@
 #include "adapters/qt/row_picker_view.hpp"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -60,7 +60,7 @@ class RowPickerView : public ControlView {
         item.setToolTip(column, shown);
       }
     }
-    const QFontMetrics metrics(QApplication::font());
+    const QFontMetrics metrics(TextFont());
     for (int row = 0; row < rows; ++row) list_->topLevelItem(row)->setSizeHint(0, {0, RowHeight(metrics)});
     QTreeWidgetItem* current = list_->topLevelItem(picker_.Row() - 1);
     list_->setCurrentItem(current);
@@ -70,7 +70,7 @@ class RowPickerView : public ControlView {
 
   void Rescale() override {
     Sync();
-    const QFontMetrics metrics(QApplication::font());
+    const QFontMetrics metrics(TextFont());
     list_->setMinimumHeight((kFewestRows + 1) * metrics.height() * 3 / 2);
   }
 
@@ -104,7 +104,7 @@ class RowPickerView : public ControlView {
  private:
   // As designed; the widest column takes the rest.
   void SetWidths() {
-    const double scale = QFontMetrics(QApplication::font()).height() / kDesignFontHeight;
+    const double scale = QFontMetrics(TextFont()).height() / kDesignFontHeight;
     int all = 2 * list_->frameWidth() + list_->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     int widest = 0;
     for (int column = 0; column < picker_.Columns(); ++column) {

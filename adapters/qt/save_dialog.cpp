@@ -9,10 +9,14 @@
 #include <QTranslator>
 #include <algorithm>
 
+#include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
 
 namespace zendara {
 
+namespace {
+
+// All that the toolkit says by itself.
 void SpeakSpanish() {
   static QTranslator translator;
   if (!translator.isEmpty()) return;
@@ -20,15 +24,27 @@ void SpeakSpanish() {
   if (translator.load(QStringLiteral("qtbase_es"), folder)) QCoreApplication::installTranslator(&translator);
 }
 
+// What this dialog says, in an application whose language is its own.
+void SpeakSpanish(QFileDialog& dialog) {
+  dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Buscar en:"));
+  dialog.setLabelText(QFileDialog::FileName, QStringLiteral("&Nombre:"));
+  dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Tipo:"));
+  dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Guardar"));
+  dialog.setLabelText(QFileDialog::Reject, QStringLiteral("&Cancelar"));
+}
+
+}  // namespace
+
 std::optional<ChosenFile> ChooseFileInDialog(QWidget& over, const std::string& path,
                                              std::span<const FileFormat> kinds) {
-  SpeakSpanish();
+  if (LookInstalled()) SpeakSpanish();
   QStringList filters;
   for (const FileFormat& kind : kinds) filters << QStringLiteral("%1 (*.%2)").arg(ToQt(kind.words), ToQt(kind.suffix));
   const QFileInfo proposed(ToQt(path));
   QFileDialog dialog(&over, QStringLiteral("Guardar"), proposed.path());
   dialog.setNameFilters(filters);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
+  if (!LookInstalled()) SpeakSpanish(dialog);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   const auto kind_now = [&] {
     return static_cast<std::size_t>(std::max(filters.indexOf(dialog.selectedNameFilter()), qsizetype{0}));

@@ -30,7 +30,4 @@ using ChooseFile =
 // here.
 std::optional<ChosenFile> ChooseFileInDialog(QWidget& over, const std::string& path, std::span<const FileFormat> kinds);
 
-// The toolkit's own words, of which dialogs like this one show some, in Spanish from now on.
-void SpeakSpanish();
-
 }  // namespace zendara

@@ -6,6 +6,10 @@
 #include <QLabel>
 #include <QTime>
 #include <algorithm>
+#include <cmath>
+
+#include "runtime/failure.hpp"
+#include "runtime/surroundings.hpp"
 
 namespace zendara {
 namespace {
@@ -17,6 +21,19 @@ QAccessibleInterface* Accessible(const QString& /*key*/, QObject* object) {
 
 int WidthOf(const QLabel* label) {
   return label->text().isEmpty() ? 0 : label->fontMetrics().horizontalAdvance(label->text()) + 1;
+}
+
+// "09:05" by the clock of the host; nothing when that fails.
+QString TimeOfDay() {
+  try {
+    constexpr int kMinutesOfADay = 24 * 60;
+    const double now = Now().serial;
+    const int minutes = static_cast<int>((now - std::floor(now)) * kMinutesOfADay + 1e-6);
+    return QTime(minutes / 60 % 24, minutes % 60).toString(QStringLiteral("HH:mm"));
+  } catch (...) {
+    LogCurrentError();
+    return {};
+  }
 }
 
 // Of its words at that width.
@@ -52,7 +69,7 @@ StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
 void StatusLine::ShowMessage(const QString& message) {
   if (message_->text() == message) return;
   message_->setText(message);
-  time_->setText(message.isEmpty() ? QString() : QTime::currentTime().toString(QStringLiteral("HH:mm")));
+  time_->setText(message.isEmpty() ? QString() : TimeOfDay());
   Arrange();
   if (message.isEmpty()) return;
   QAccessibleEvent alert(message_, QAccessible::Alert);

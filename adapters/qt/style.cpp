@@ -1,6 +1,5 @@
 #include "adapters/qt/style.hpp"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QPainter>
 #include <QProxyStyle>
@@ -275,7 +274,7 @@ class Style : public QProxyStyle {
     font.setBold(true);
     return font;
   }
-  static QFontMetrics TitleMetrics() { return QFontMetrics(TitleFont(QApplication::font())); }
+  static QFontMetrics TitleMetrics() { return QFontMetrics(TitleFont(TextFont())); }
 
   void DrawGroup(const QStyleOptionGroupBox& group, QPainter& painter, const QWidget* widget) const {
     const auto rect = [&](SubControl part) { return subControlRect(CC_GroupBox, &group, part, widget); };

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QRegularExpression>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTimer>
 #include <exception>
 #include <memory>
@@ -11,6 +12,7 @@
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/hosting/row_pick_list.hpp"
 #include "adapters/hosting/silent_banner.hpp"
+#include "adapters/qt/drafts_window.hpp"
 #include "adapters/qt/form_window.hpp"
 #include "adapters/qt/help_window.hpp"
 #include "adapters/qt/input_events.hpp"
@@ -114,6 +116,17 @@ void ScriptedWindows::ShowHelp(const std::string& file, int context, const HelpP
   HelpWindow& help = windows_.Help();
   Photograph(help, help.windowTitle());
   PressKey(help, {.code = key::kEsc, .shift = 0, .text = {}});
+}
+
+// For its picture; the command `drafts restore` chooses.
+void ScriptedWindows::ShowDrafts(Form& form) {
+  if (player_.Ended() || !player_.Drafts()) return;
+  DraftsWindow window(form, *this, windows_.Top());
+  const OnceOpen user([&] {
+    Photograph(window, window.windowTitle());
+    PressKey(window.Table(), {.code = key::kEsc, .shift = 0, .text = {}});
+  });
+  window.exec();
 }
 
 BoxAnswer ScriptedWindows::Show(const Box& box) {

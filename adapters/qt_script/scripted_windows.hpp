@@ -31,6 +31,7 @@ class ScriptedWindows : public FormHost, public Dialogs {
   void ShowHelp(const std::string& file, int context, const HelpPlace& place) override;
   void Untrapped(int number, const std::string& text) override { player_.Error(number, text); }
   DraftKeeper* Drafts() override { return player_.Drafts(); }
+  void ShowDrafts(Form& form) override;
   std::int32_t WindowHandle(Form& form) override { return windows_.WindowHandle(form); }
   std::optional<ControlPlace> PlaceOf(const Control& control) override { return windows_.PlaceOf(control); }
 

@@ -148,7 +148,7 @@ int main(int count, char** arguments) try {
   InstallPlatform(platform);
   const OpenedCompany company = OpenCompany(*engine, arguments[1], "00001", "2001");
   Session session;
-  ClsZendara().Carga_Formulario("Trabajadores", company.company, company.general, company.slots, session);
+  ClsZendara().Carga_Formulario("Trabajadores", company.company, company.general, company.recordsets, session);
   const CallReport report = LastCall();
   InstallPlatform({});
   if (!report.reason.empty()) std::cerr << "own_front_end: " << report.reason << "\n";

@@ -13,6 +13,9 @@
 
 namespace zendara {
 
+// Of the library that was loaded, as ZENDARA_VERSION is of the headers.
+ZENDARA_EXPORT const char* Version() noexcept;
+
 // How a call came out.
 enum class CallStatus : std::int32_t {
   kDone = 0,          // a screen was shown and closed; the platform was installed

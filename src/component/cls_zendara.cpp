@@ -11,6 +11,7 @@
 #include "runtime/surroundings.hpp"
 #include "runtime/text.hpp"
 #include "zendara/runtime_error.hpp"
+#include "zendara/version.h"
 #include "zendara/zendara.hpp"
 
 namespace zendara {
@@ -128,6 +129,8 @@ Componente& ElComponente() {
   static Componente componente;
   return componente;
 }
+
+const char* Version() noexcept { return ZENDARA_VERSION; }
 
 CallReport LastCall() { return {ultima_llamada.estado, ultima_llamada.motivo}; }
 

@@ -1,4 +1,4 @@
-// The pages of help/ against the table of the help: files, titles, links.
+// The pages of help/ against the table of the help and the manual's list of chapters: files, titles, links.
 #include "common/ayuda.hpp"
 
 #include <gmock/gmock.h>
@@ -13,17 +13,22 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace zendara {
 namespace {
 
 namespace fs = std::filesystem;
 
+std::string Contents(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 std::map<std::string, std::string> ReadPages() {
   std::map<std::string, std::string> pages;
   for (const auto& entry : fs::directory_iterator(fs::path(ZENDARA_SOURCE_DIR) / "help")) {
-    std::ifstream file(entry.path(), std::ios::binary);
-    pages[entry.path().filename().string()].assign(std::istreambuf_iterator<char>(file), {});
+    pages[entry.path().filename().string()] = Contents(entry.path());
   }
   return pages;
 }
@@ -47,6 +52,21 @@ TEST(Ayuda, EveryPageOfTheTableStandsUnderItsTitleAndIsLinked) {
   EXPECT_EQ(linked.size(), pages.size()) << "no link leads to one";
   EXPECT_EQ(PaginaDeContexto(20004).fichero, "trabajadores.md");
   for (const int otro : {0, 30002, -1}) EXPECT_EQ(PaginaDeContexto(otro).fichero, "index.md") << otro;
+}
+
+TEST(Ayuda, EveryPageIsOneChapterOfTheManual) {
+  const fs::path root = ZENDARA_SOURCE_DIR;
+  std::vector<std::string> pages;
+  for (const char* folder : {"help", "manual"}) {
+    for (const auto& entry : fs::directory_iterator(root / folder)) {
+      if (entry.path().extension() == ".md") pages.push_back(fs::relative(entry.path(), root).string());
+    }
+  }
+  const std::string book = Contents(root / "manual" / "libro.toml");
+  const std::string parts = book.substr(0, book.find("[titles]"));
+  static const std::regex kChapter(R"re("([^"]+\.md)")re");
+  const std::vector<std::string> chapters{std::sregex_token_iterator(parts.begin(), parts.end(), kChapter, 1), {}};
+  EXPECT_THAT(chapters, testing::UnorderedElementsAreArray(pages));
 }
 
 // What the viewer would swallow or show raw: tags of HTML, rows with another number of cells than their table.

@@ -1,9 +1,12 @@
 // A host application with a desktop as its maker writes it: the public headers, the library with windows, boxes and a
 // banner of its own, and nothing else.
 #include <QApplication>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QTimer>
+#include <QToolTip>
 #include <QWidget>
+#include <tuple>
 
 #include "sample_host.hpp"
 #include "zendara/windows.hpp"
@@ -21,6 +24,12 @@ struct HostBanner : zendara::Banner {
   static inline zendara::BannerPlace place;
 };
 
+// What an application has to itself.
+auto LookOfApplication() {
+  return std::tuple(QApplication::style(), QApplication::font(), QApplication::palette(), QToolTip::font(),
+                    QToolTip::palette(), QApplication::quitOnLastWindowClosed(), QFileDialog::tr("Look in:"));
+}
+
 // Where the panel of the banner is seen: its inside, 4 pixels from its edges.
 zendara::BannerPlace SeenPlace(QWidget& window) {
   const auto* panel = window.findChild<QWidget*>("SSPanel1(25)");
@@ -35,6 +44,10 @@ zendara::BannerPlace SeenPlace(QWidget& window) {
 int main(int /*argc*/, char** argv) {
   int no_arguments = 1;
   QApplication application(no_arguments, argv);
+  QApplication::setStyle(QStringLiteral("Windows"));
+  QApplication::setFont(QFont(QStringLiteral("Serif"), 8));
+  QApplication::setPalette(QPalette(Qt::darkGreen, QColor(0xD5F0D5)));
+  const auto look = LookOfApplication();
   SampleHost host(argv[1]);
   const auto windows = zendara::MakeWindows();
   windows->Install(host.platform);
@@ -42,10 +55,12 @@ int main(int /*argc*/, char** argv) {
   host.platform.components.Register(zendara::kBannerClass,
                                     [] { return std::unique_ptr<zendara::Banner>(new HostBanner); });
 
-  // The user looks at the screen, saves nothing (Alt+G), and closes it.
+  // The user makes the text larger, looks at the screen, saves nothing (Alt+G), and closes it.
   std::string title;
   WId window_id = 0;
   zendara::BannerPlace seen;
+  QFont font;
+  QColor ground;
   QTimer user;
   user.callOnTimeout([&] {
     QWidget* window = QApplication::activeWindow();
@@ -53,6 +68,10 @@ int main(int /*argc*/, char** argv) {
     title = window->windowTitle().toStdString();
     window_id = window->winId();
     seen = SeenPlace(*window);
+    QKeyEvent larger(QEvent::KeyPress, Qt::Key_Plus, Qt::ControlModifier, "+");
+    QApplication::sendEvent(window->focusWidget(), &larger);
+    font = window->focusWidget()->font();
+    ground = window->grab().toImage().pixelColor(1, 1);
     QKeyEvent save(QEvent::KeyPress, Qt::Key_G, Qt::AltModifier, "g");
     QApplication::sendEvent(window->focusWidget(), &save);
     window->close();
@@ -67,5 +86,9 @@ int main(int /*argc*/, char** argv) {
   Expect("window at the closing", HostBanner::closed, HostBanner::window);
   Expect("the panel is to be seen", seen.width > 0, true);
   Expect("the banner is in its panel", HostBanner::place == seen, true);
+  Expect("the application looks as before", LookOfApplication() == look, true);
+  Expect("family of the window's font", font.family().toStdString(), "Serif");
+  Expect("its size is the user's", font.pointSizeF() > 8, true);
+  Expect("ground of the window", ground == QApplication::palette().color(QPalette::Window), true);
   return failed ? 1 : 0;
 }

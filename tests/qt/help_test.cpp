@@ -1,11 +1,14 @@
 // The help: its places, its search, and that it stays usable beside whatever is modal.
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QWindow>
 #include <set>
 
@@ -38,21 +41,27 @@ class HelpTest : public QtTest {
   static void Press(QWidget& widget, int code) { PressKey(widget, {.code = code, .shift = 0, .text = {}}); }
 };
 
+// Those of the help, and the chapters that the manual adds.
 TEST_F(HelpTest, EveryLinkLeadsToAPageAndAHeading) {
-  host.ShowHelp({}, 0, {});
   std::set<QString> places;  // pages, and their headings
   std::set<QString> links;
-  for (const PaginaAyuda& page : PaginasAyuda()) {
-    const QUrl address = HelpAddress(ToQt(page.fichero));
-    places.insert(address.toString());
-    Browser().setSource(address);
-    for (QTextBlock block = Browser().document()->begin(); block.isValid(); block = block.next()) {
-      if (block.blockFormat().headingLevel() > 0) {
-        places.insert(address.toString() + QLatin1Char('#') + AnchorOf(block.text()));
-      }
-      for (auto piece = block.begin(); piece != block.end(); ++piece) {
-        const QString link = piece.fragment().charFormat().anchorHref();
-        if (!link.isEmpty()) links.insert(address.resolved(QUrl(link)).toString());
+  for (const QString folder : {"help/", "manual/"}) {
+    const QDir pages(QStringLiteral(ZENDARA_SOURCE_DIR) + QLatin1Char('/') + folder);
+    for (const QString& name : pages.entryList({QStringLiteral("*.md")})) {
+      QFile file(pages.filePath(name));
+      ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+      QTextDocument page;
+      page.setMarkdown(QString::fromUtf8(file.readAll()));
+      const QUrl address(folder + name);
+      places.insert(address.toString());
+      for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0) {
+          places.insert(address.toString() + QLatin1Char('#') + AnchorOf(block.text()));
+        }
+        for (auto piece = block.begin(); piece != block.end(); ++piece) {
+          const QString link = piece.fragment().charFormat().anchorHref();
+          if (!link.isEmpty()) links.insert(address.resolved(QUrl(link)).toString());
+        }
       }
     }
   }

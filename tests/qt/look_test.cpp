@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <QTableView>
 #include <cmath>
+#include <random>
 
 #include "qt/demo_form.hpp"
 
@@ -28,6 +29,26 @@ constexpr Colours kPalettes[] = {Colours::kLight, Colours::kDark, Colours::kCont
 constexpr double kWords = 4.5;
 constexpr double kMarks = 3;
 
+// Of applications of somebody else's: usual ones, one of little contrast, and any.
+std::vector<QPalette> HostPalettes() {
+  const auto made = [](QRgb button, QRgb window, QRgb base) {
+    QPalette palette{QColor(button), QColor(window)};
+    palette.setColor(QPalette::Base, QColor(base));
+    return palette;
+  };
+  std::vector<QPalette> palettes = {made(0xBFE5BF, 0xD5F0D5, 0xEFFFEF), made(0x404040, 0x303030, 0x202020),
+                                    made(0xD4D0C8, 0xD4D0C8, 0xFFFFFF), made(0x000000, 0x000000, 0x000000),
+                                    made(0x808080, 0x7F7F7F, 0xFFFFFF), made(0x303030, 0x303030, 0xFFFFFF)};
+  std::mt19937 random(1);
+  const auto any = [&] { return QColor::fromRgb(static_cast<QRgb>(random()) & 0xFFFFFF); };
+  for (int i = 0; i < 200; ++i) {
+    QPalette palette(any(), any());
+    for (const auto role : {QPalette::WindowText, QPalette::Base, QPalette::Highlight}) palette.setColor(role, any());
+    palettes.push_back(palette);
+  }
+  return palettes;
+}
+
 TEST(LookTest, ColoursThatMeetCanBeToldApart) {
   using enum Role;
   struct Meeting {
@@ -50,19 +71,24 @@ TEST(LookTest, ColoursThatMeetCanBeToldApart) {
       {kSeries5, kMarks, {kInput, kHeading}},
       {kOnAccent, kWords, {kWarning, kSeries1, kSeries2, kSeries3, kSeries4, kSeries5}},
   };
-  for (const Colours palette : kPalettes) {
+  const auto expect_apart = [&](const auto& palette, const std::string& name) {
     for (const auto& [front, least, grounds] : meetings) {
       for (const Role ground : grounds) {
         EXPECT_GE(Contrast(ColourOf(front, palette), ColourOf(ground, palette)), least)
-            << "palette " << int(palette) << ", " << int(front) << " on " << int(ground);
+            << "palette " << name << ", " << int(front) << " on " << int(ground);
       }
     }
+  };
+  for (const Colours palette : kPalettes) {
+    expect_apart(palette, std::to_string(int(palette)));
     // The band at the side, from its lower end to its upper one.
     const QColor ends[] = {QColor(0x80, 0x80, 0xFF), QColor(0xFF, 0xC0, 0xC0)};
     for (const QColor& end : ends) {
       EXPECT_GE(Contrast(ColourOf(kText, palette), PaintedGround(end, palette)), kWords) << int(palette);
     }
   }
+  int host = 0;
+  for (const QPalette& palette : HostPalettes()) expect_apart(ShadesOf(palette), "host " + std::to_string(host++));
 }
 
 // Fields as they are painted: three looks of which no two have both ground and border in common.

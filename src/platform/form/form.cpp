@@ -156,7 +156,11 @@ void Form::ShowCurrentError() noexcept {
   try {
     const RuntimeError error = CurrentError();
     LogDetail(error);
-    host_.Untrapped(error.number(), error.text());
+    try {
+      host_.Untrapped(error.number(), error.text());
+    } catch (...) {
+      LogCurrentError();
+    }
     dialogs_.Show({.text = "Error en tiempo de ejecución '" + std::to_string(error.number()) + "':\n" + error.text()});
   } catch (...) {
     LogCurrentError();

@@ -1,0 +1,1 @@
+# The first window where there is no company.

@@ -46,6 +46,15 @@ int main(int /*argc*/, char** argv) {
   zendara_screens* screens = nullptr;
   Expect(zendara_windows(7, &screens) == ZENDARA_INVALID, "a look that there is not");
   Expect(zendara_windows(ZENDARA_LOOK_ZENDARA, &screens) == ZENDARA_OK, "no windows");
+  // The same by name.
+  const zendara_guid dispatch = ZENDARA_IID_DISPATCH;
+  void* maker = nullptr;
+  zendara_variant made{};
+  Expect(zendara_create("Zendara.Screens", &dispatch, &maker) == ZENDARA_OK, "no class of screens");
+  Expect(zendara_call(maker, "Windows", ZENDARA_METHOD, nullptr, 0, &made) == ZENDARA_OK, "no windows by name");
+  Expect(made.type == ZENDARA_OBJECT && made.value.object, "windows by name are no object");
+  zendara_variant_clear(&made);
+  zendara_release(maker);
   zendara_engine* engine = nullptr;
   zendara_company* company = nullptr;
   Expect(zendara_engine_open(nullptr, ZENDARA_WRITE, &engine) == ZENDARA_OK, "no engine");

@@ -55,6 +55,7 @@ diff -r registered classes
 c++ -std=c++20 "$examples/host-cpp/console_host.cpp" -o console_host $(pkg-config --cflags --libs zendara)
 try ./console_host COMPANY
 cp -r "$examples/host-c" .
+# shellcheck disable=SC2046
 make -s -C host-c host $([[ ! -e $libraries/libzendara-windows.so ]] || echo windows)
 try host-c/host COMPANY
 

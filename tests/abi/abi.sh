@@ -2,8 +2,8 @@
 # The binary contract in C of a library, compared with the one that was given out under its major number, or written:
 # check|write LIBRARY HEADERS. Needs debugging information in the library (77 if there is none).
 #
-# Further functions are compatible, and further members at the end of a structure that begins with its size or of a table
-# of an object; everything else needs another major number.
+# Further functions are compatible, and further members at the end of a structure that begins with its size or of a
+# table of an object; everything else needs another major number.
 set -euo pipefail
 act=$1 library=$2 headers=$3
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -15,7 +15,8 @@ trap 'rm -rf "$folder"' EXIT
 mkdir "$folder/headers"
 cp "$headers"/*.h "$folder/headers"
 abidw --headers-dir "$folder/headers" --suppressions "$here/functions.supp" --drop-private-types \
-  --exported-interfaces-only --no-corpus-path --no-comp-dir-path --no-show-locs --no-elf-needed --out-file "$folder/found" "$library"
+  --exported-interfaces-only --no-corpus-path --no-comp-dir-path --no-show-locs --no-elf-needed \
+  --out-file "$folder/found" "$library"
 grep -q '<function-decl .*elf-symbol-id=' "$folder/found" ||
   { echo "abi: $library has no debugging information"; exit 77; }
 

@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "adapters/host/descriptor.hpp"
-#include "platform/form/drafts.hpp"
+#include "zendara/forms/drafts.hpp"
 
 namespace zendara {
 

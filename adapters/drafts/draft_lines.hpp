@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/form/drafts.hpp"
+#include "zendara/forms/drafts.hpp"
 
 namespace zendara {
 

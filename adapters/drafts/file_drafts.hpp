@@ -21,7 +21,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/form/drafts.hpp"
+#include "zendara/forms/drafts.hpp"
 
 namespace zendara {
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/form/drafts.hpp"
+#include "zendara/forms/drafts.hpp"
 
 namespace zendara {
 

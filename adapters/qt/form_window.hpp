@@ -12,7 +12,7 @@
 #include <set>
 #include <vector>
 
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 
 class QScrollArea;
 

@@ -9,7 +9,7 @@
 
 #include "adapters/qt/help_pages.hpp"
 #include "adapters/qt/window_places.hpp"
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 
 class QLabel;
 class QLineEdit;

@@ -3,7 +3,7 @@
 
 #include <QPoint>
 
-#include "platform/form/control.hpp"
+#include "zendara/forms/control.hpp"
 
 class QWidget;
 

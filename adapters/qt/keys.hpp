@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <vector>
 
-#include "platform/form/control.hpp"
+#include "zendara/forms/control.hpp"
 
 namespace zendara {
 

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "platform/form/control.hpp"
+#include "zendara/forms/control.hpp"
 
 namespace zendara {
 

@@ -10,7 +10,7 @@
 
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
-#include "platform/drawing.hpp"
+#include "zendara/forms/drawing.hpp"
 
 namespace zendara {
 namespace {

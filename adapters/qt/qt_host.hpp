@@ -16,9 +16,9 @@
 #include "adapters/qt/own_boxes.hpp"
 #include "adapters/qt/window_places.hpp"
 #include "common/row_list.hpp"
-#include "platform/form/form.hpp"
 #include "print/document_writer.hpp"
 #include "print/listing.hpp"
+#include "zendara/forms/form.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
 

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "adapters/script/script_driver.hpp"
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {

@@ -2,7 +2,7 @@
 // sends key and mouse events to the widgets that show it; both end in the same calls of the model.
 #pragma once
 
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 
 namespace zendara {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/form/control.hpp"
+#include "zendara/forms/control.hpp"
 
 namespace zendara {
 

@@ -31,9 +31,9 @@
 #include "adapters/script/script_driver.hpp"
 #include "adapters/script/script_listing.hpp"
 #include "common/row_list.hpp"
-#include "platform/form/drafts.hpp"
 #include "print/document_writer.hpp"
 #include "zendara/automation.hpp"
+#include "zendara/forms/drafts.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
 

@@ -19,7 +19,7 @@ struct Platform {
   Dialogs* dialogs = nullptr;
   Files* files = nullptr;
   std::string application_folder;  // holds DATOS; without a separator at its end
-  FormHost* forms = nullptr;       // shows the screens
+  FormHost* forms = nullptr;       // shows the screens: see zendara/forms.hpp
   Shell* shell = nullptr;          // programs beside; null: the calculator is error 429
   Components components{};         // pick list, banner, listing viewer
   Clock* clock = nullptr;          // null: the machine's

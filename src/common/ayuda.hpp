@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/form/control.hpp"
+#include "zendara/forms/control.hpp"
 
 namespace zendara {
 

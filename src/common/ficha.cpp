@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 #include "runtime/date.hpp"
 #include "runtime/format.hpp"
 #include "runtime/number.hpp"

@@ -10,7 +10,7 @@
 
 #include "common/campos.hpp"
 #include "frame/sesion.hpp"
-#include "platform/form/control.hpp"
+#include "zendara/forms/control.hpp"
 
 namespace zendara {
 

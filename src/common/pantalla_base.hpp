@@ -10,7 +10,7 @@
 
 #include "frame/registro_pantallas.hpp"
 #include "frame/sesion.hpp"
-#include "platform/form/form.hpp"
+#include "platform/form/screen_parts.hpp"
 #include "zendara/neighbours.hpp"
 
 namespace zendara {

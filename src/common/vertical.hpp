@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/drawing.hpp"
+#include "zendara/forms/drawing.hpp"
 
 namespace zendara {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "incidents/tabla_incidencias.hpp"
-#include "platform/drawing.hpp"
+#include "zendara/forms/drawing.hpp"
 #include "zendara/value.hpp"
 
 namespace zendara {

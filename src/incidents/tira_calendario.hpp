@@ -13,7 +13,7 @@
 
 #include "frame/sesion.hpp"
 #include "incidents/calendario.hpp"
-#include "platform/form/form.hpp"
+#include "platform/form/screen_parts.hpp"
 
 namespace zendara {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 #include "print/document_writer.hpp"
 #include "print/page_flow.hpp"
 #include "zendara/ports.hpp"

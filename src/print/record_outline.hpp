@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 #include "print/page_flow.hpp"
 #include "print/table.hpp"
 

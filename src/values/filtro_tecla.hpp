@@ -1,7 +1,7 @@
 // The key filter of numeric fields.
 #pragma once
 
-#include "platform/text_field.hpp"
+#include "zendara/forms/text_field.hpp"
 
 namespace zendara {
 

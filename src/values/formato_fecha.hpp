@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/text_field.hpp"
+#include "zendara/forms/text_field.hpp"
 #include "zendara/ports.hpp"
 #include "zendara/value.hpp"
 

@@ -1,7 +1,7 @@
 // What the help has on each control of the worker screen.
 #pragma once
 
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 
 namespace zendara {
 

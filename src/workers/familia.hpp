@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "platform/form/control.hpp"
+#include "zendara/forms/control.hpp"
 
 namespace zendara {
 

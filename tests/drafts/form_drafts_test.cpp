@@ -7,7 +7,7 @@
 #include <random>
 
 #include "adapters/drafts/memory_drafts.hpp"
-#include "platform/form/form.hpp"
+#include "platform/form/screen_parts.hpp"
 #include "support/fake_form_host.hpp"
 
 namespace zendara {

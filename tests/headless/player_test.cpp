@@ -4,7 +4,7 @@
 #include "adapters/headless/headless.hpp"
 #include "apps/demo/demo_company.hpp"
 #include "component/componente.hpp"
-#include "platform/form/form.hpp"
+#include "platform/form/screen_parts.hpp"
 #include "support/pdf.hpp"
 #include "support/temp_folder.hpp"
 #include "zendara/engines.hpp"

@@ -42,11 +42,14 @@ Table ReadTable() {
   return table;
 }
 
-// The entry that a file belongs to: a public header itself, otherwise the innermost folder that the table has.
+// The entry that a file belongs to: a public header itself, with what stands in the folder of its name, otherwise the
+// innermost folder that the table has.
 std::string EntryOf(const Table& table, const std::string& file) {
   const fs::path path = file;
-  if (file.starts_with("include/"))
-    return "<" + (path.extension() == ".h" ? path.filename() : path.stem()).string() + ">";
+  if (file.starts_with("include/")) {
+    const fs::path header = *std::next(path.begin(), 2);
+    return "<" + (header.extension() == ".h" ? header : header.stem()).string() + ">";
+  }
   fs::path folder = path.parent_path();
   while (!folder.empty() && !table.contains(folder.string())) folder = folder.parent_path();
   return folder.string();

@@ -1,5 +1,5 @@
 // Rules of focus, keys, clicks and typing of the form runtime.
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 
 #include <gmock/gmock.h>
 

@@ -9,6 +9,7 @@
 #include <set>
 #include <utility>
 
+#include "platform/form/screen_parts.hpp"
 #include "print/fixed_measure.hpp"
 #include "runtime/format.hpp"
 #include "support/fake_form_host.hpp"

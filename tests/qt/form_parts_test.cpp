@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QTreeWidget>
 
+#include "platform/form/screen_parts.hpp"
 #include "qt/demo_form.hpp"
 
 namespace zendara {

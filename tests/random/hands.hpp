@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "apps/demo/random.hpp"
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 #include "random/ledger.hpp"
 
 namespace zendara {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 #include "support/fake_dialogs.hpp"
 
 namespace zendara {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/form/form.hpp"
+#include "platform/form/screen_parts.hpp"
 
 namespace zendara {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/text_field.hpp"
+#include "zendara/forms/text_field.hpp"
 #include "support/fake_dialogs.hpp"
 #include "values/filtro_tecla.hpp"
 #include "values/formato_fecha.hpp"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 #include "print/listing.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"

@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "platform/form/control.hpp"
 #include "runtime/text.hpp"
+#include "zendara/forms/control.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {

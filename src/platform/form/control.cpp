@@ -1,13 +1,26 @@
-#include "platform/form/control.hpp"
+#include "zendara/forms/control.hpp"
 
-#include "platform/form/form.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
+#include "zendara/forms/form.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
 
-void FailNoMember() { throw RuntimeError(kSubscriptOutOfRange); }
+// Not in the header, so that each kind of control is described in one library alone.
+Control::~Control() = default;
+TextBox::~TextBox() = default;
+ComboBox::~ComboBox() = default;
+CheckBox::~CheckBox() = default;
+OptionButton::~OptionButton() = default;
+Button::~Button() = default;
+Image::~Image() = default;
+Label::~Label() = default;
+Frame::~Frame() = default;
+Picture::~Picture() = default;
+Tabs::~Tabs() = default;
+Grid::~Grid() = default;
+RowPicker::~RowPicker() = default;
 
 Control::Control(Form& form, ControlKind kind, std::string_view name, int index)
     : form_(form), kind_(kind), name_(name), index_(index) {

@@ -1,8 +1,9 @@
-#include "platform/form/form.hpp"
+#include "zendara/forms/form.hpp"
 
 #include <algorithm>
 #include <utility>
 
+#include "platform/form/form_drafts.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
 
@@ -26,7 +27,8 @@ void Fire(const Handler& handler, Args&&... args) {
 
 }  // namespace
 
-Form::Form(FormHost& host, Dialogs& dialogs, std::string_view name) : host_(host), dialogs_(dialogs), name_(name) {}
+Form::Form(FormHost& host, Dialogs& dialogs, std::string_view name)
+    : host_(host), dialogs_(dialogs), name_(name), drafts_(std::make_unique<FormDrafts>(*this)) {}
 
 Form::~Form() = default;
 
@@ -76,6 +78,25 @@ void Form::PutInto(const Layout& layout, Control* container, int page) {
   }
 }
 
+// The record.
+
+void Form::AddToRecord(Control& control, bool key) { drafts_->Sheet().Add(control, key); }
+void Form::AddBeside(Control& control, Button& opener) { drafts_->Sheet().Add(control, false, &opener); }
+void Form::RecordComesWhole() { drafts_->Sheet().ComesWhole(); }
+void Form::Settle(const Control& control) { drafts_->Sheet().Settle(control, true); }
+void Form::SettleIn(const Control& frame) { drafts_->Sheet().SettleIn(frame); }
+void Form::Stored(const Control& control) { drafts_->Sheet().Settle(control, false); }
+void Form::Saved() { drafts_->Saved(false); }
+void Form::SavedBeside() { drafts_->Saved(true); }
+bool Form::Unsaved() const { return drafts_->AnythingUnsaved(); }
+std::vector<KeptDraft> Form::Drafts() const { return drafts_->Left(); }
+std::string Form::WhyNotHere(const Draft& draft) const { return drafts_->WhyNotHere(draft); }
+void Form::RemoveDraft(const std::string& id) { drafts_->Remove(id); }
+
+void Form::RestoreDraft(const std::string& id) {
+  Input([&] { drafts_->Restore(id); });
+}
+
 // Life.
 
 void Form::Show() {
@@ -88,7 +109,7 @@ void Form::Show() {
   } ending{*this, before};
   if (!loaded_) {
     loaded_ = true;
-    drafts_.Begin();
+    drafts_->Begin();
     Run([this] { OnLoad(); });
   }
   if (!loaded_) return;  // its load has unloaded it
@@ -102,7 +123,7 @@ void Form::Unload() {
   if (!loaded_) return;
   loaded_ = false;
   Run([this] { OnUnload(); });
-  Run([this] { drafts_.End(); });
+  Run([this] { drafts_->End(); });
   if (view_) view_->FormChanged();
 }
 
@@ -120,7 +141,7 @@ void Form::Run(const std::function<void()>& event) {
 
 void Form::FollowDraft() noexcept {
   try {
-    drafts_.EventEnded();
+    drafts_->EventEnded();
   } catch (...) {
     LogCurrentError();
   }
@@ -176,9 +197,9 @@ void Form::SetFocus(Control& control) {
 void Form::Leave(const Control& control) {
   leaving_ = true;
   aimed_ = nullptr;
-  const bool changed = drafts_.Sheet().IsChanged(control);
+  const bool changed = drafts_->Sheet().IsChanged(control);
   Run([&control] { Fire(control.On().lost_focus, control.Index()); });
-  drafts_.Sheet().Left(control, changed);
+  drafts_->Sheet().Left(control, changed);
   leaving_ = false;
 }
 
@@ -190,9 +211,9 @@ void Form::Enter(Control& control) {
     page = outer->Page();
   }
   if (view_) view_->FocusMoved();
-  const bool changed = drafts_.Sheet().IsChanged(control);
+  const bool changed = drafts_->Sheet().IsChanged(control);
   Run([&control] { Fire(control.On().got_focus, control.Index()); });
-  drafts_.Sheet().Entered(control, changed);
+  drafts_->Sheet().Entered(control, changed);
 }
 
 void Form::FocusNext(bool backwards) {
@@ -270,11 +291,7 @@ void Form::Press(const Key& pressed) {
 
 void Form::Undo(Control* control) {
   if (control && control->TakesInput() && control->Undo()) return;
-  drafts_.RestoreOffered();
-}
-
-void Form::RestoreDraft(const std::string& id) {
-  Input([&] { drafts_.Restore(id); });
+  drafts_->RestoreOffered();
 }
 
 void Form::PressOn(Control& control, int code, const Key& pressed) {
@@ -353,7 +370,7 @@ bool Form::MoveFocusTo(Control& control) {
   if (!control.TakesFocus()) return true;
   SetFocus(control);
   // What that has called up is there before the user changes it.
-  if (drafts_.Sheet().Settled()) FollowDraft();
+  if (drafts_->Sheet().Settled()) FollowDraft();
   return control.TakesInput();
 }
 

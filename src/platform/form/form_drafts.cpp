@@ -4,8 +4,8 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/form/form.hpp"
 #include "runtime/failure.hpp"
+#include "zendara/forms/form.hpp"
 
 namespace zendara {
 namespace {

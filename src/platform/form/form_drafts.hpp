@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/form/drafts.hpp"
 #include "platform/form/unsaved.hpp"
+#include "zendara/forms/drafts.hpp"
 
 namespace zendara {
 

@@ -1,5 +1,5 @@
-#include "platform/form/control.hpp"
-#include "platform/form/form.hpp"
+#include "zendara/forms/control.hpp"
+#include "zendara/forms/form.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {

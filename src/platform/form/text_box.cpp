@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "platform/form/control.hpp"
 #include "runtime/text.hpp"
+#include "zendara/forms/control.hpp"
 
 namespace zendara {
 namespace {

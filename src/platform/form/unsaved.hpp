@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/form/control.hpp"
-#include "platform/form/drafts.hpp"
+#include "zendara/forms/control.hpp"
+#include "zendara/forms/drafts.hpp"
 
 namespace zendara {
 

@@ -38,8 +38,8 @@ struct KeptDraft {
 
 using DraftFilter = std::function<bool(const KeptDraft& kept)>;
 
-// Where drafts are kept. Nothing here throws, waits long, or fails for the caller: what could not be kept is told by
-// TakeTrouble.
+// Where drafts are kept, by the front end (FormHost::Drafts). Nothing here throws, waits long, or fails for the caller:
+// what could not be kept is told by TakeTrouble.
 class DraftKeeper {
  public:
   virtual ~DraftKeeper() = default;

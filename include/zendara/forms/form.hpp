@@ -9,11 +9,11 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/form/control.hpp"
-#include "platform/form/form_drafts.hpp"
-#include "platform/form/layout.hpp"
+#include "zendara/export.h"
+#include "zendara/forms/control.hpp"
+#include "zendara/forms/drafts.hpp"
+#include "zendara/forms/layout.hpp"
 #include "zendara/ports.hpp"
-#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 
@@ -31,13 +31,13 @@ struct HelpPlace {
   std::string words;  // to be marked there, behind the section's heading; may be empty
 };
 
-// The place that shows forms. Nothing is owned.
+// The place that shows forms, as zendara/forms.hpp describes it.
 class FormHost {
  public:
   virtual ~FormHost() = default;
 
-  // Shows the form over the others and returns when it was unloaded. The form's focus is on its first control that can
-  // have it, unless its load has put it elsewhere.
+  // Shows the form over the others and returns when it was unloaded; unloads it if it ends before. The form's focus is
+  // on its first control that can have it, unless its load has put it elsewhere.
   virtual void ShowModal(Form& form) = 0;
   // Lets pending events run, so that what has changed is seen before a long action; keys and clicks wait for its end.
   virtual void DoEvents() = 0;
@@ -83,7 +83,7 @@ class Form {
   void SetTitle(std::string_view title);
   // A line that the user may read and does not have to answer; it stands until the next one. Empty: nothing.
   const std::string& Status() const { return status_; }
-  void SetStatus(std::string_view status);
+  ZENDARA_EXPORT void SetStatus(std::string_view status);
   // What a front end shows about the record, asked after every event, so each answers from what it has at hand. Empty:
   // nothing.
   // Who or what is on the screen, for the title bar: "00900 Peña Güell, Begoña".
@@ -120,7 +120,7 @@ class Form {
 
   // Controls in the order of creation.
   const std::vector<Control*>& Controls() const { return controls_; }
-  Control* Find(std::string_view id) const;  // "Text1(7)"; case counts; nullptr if there is none
+  ZENDARA_EXPORT Control* Find(std::string_view id) const;  // "Text1(7)"; case counts; nullptr if there is none
   const Layout& GetLayout() const { return layout_; }
   // The controls know from it what they stand in. Its order is the tab order, but the buttons of a page come after the
   // page's fields.
@@ -130,32 +130,32 @@ class Form {
 
   // The record. Whoever shows, empties and stores rows says which controls hold them; `key`: of those that say which
   // record it is, in their order. The user types over these to call up another one.
-  void AddToRecord(Control& control, bool key = false) { drafts_.Sheet().Add(control, key); }
+  void AddToRecord(Control& control, bool key = false);
   // The key alone does not call a record up again: its drafts hold all of it.
-  void RecordComesWhole() { drafts_.Sheet().ComesWhole(); }
+  void RecordComesWhole();
   // Figures of the record that are worked on in a frame of their own and stored by themselves. `opener` brings the
   // frame up and fills it. They are settled whenever the frame is shown or hidden.
-  void AddBeside(Control& control, Button& opener) { drafts_.Sheet().Add(control, false, &opener); }
+  void AddBeside(Control& control, Button& opener);
   // A row or nothing was put there; what other code puts there in the same event belongs to it.
-  void Settle(const Control& control) { drafts_.Sheet().Settle(control, true); }
+  void Settle(const Control& control);
   // What stands there was stored: in that control, in all of the record.
-  void Stored(const Control& control) { drafts_.Sheet().Settle(control, false); }
-  void Saved() { drafts_.Saved(false); }
-  void SavedBeside() { drafts_.Saved(true); }
+  void Stored(const Control& control);
+  void Saved();
+  void SavedBeside();
   // Something of the record stands there that was not stored, as of the end of the last event.
-  bool Unsaved() const { return drafts_.AnythingUnsaved(); }
+  ZENDARA_EXPORT bool Unsaved() const;
   // What was left unsaved, now or earlier, on this screen and on others: first what can be restored here, and the last
-  // first in each part. See FormDrafts.
-  std::vector<KeptDraft> Drafts() const { return drafts_.Left(); }
+  // first in each part.
+  ZENDARA_EXPORT std::vector<KeptDraft> Drafts() const;
   // A line for the user that says where it can be restored; empty: here.
-  std::string WhyNotHere(const Draft& draft) const { return drafts_.WhyNotHere(draft); }
-  void RestoreDraft(const std::string& id);
-  void RemoveDraft(const std::string& id) { drafts_.Remove(id); }
+  ZENDARA_EXPORT std::string WhyNotHere(const Draft& draft) const;
+  ZENDARA_EXPORT void RestoreDraft(const std::string& id);
+  ZENDARA_EXPORT void RemoveDraft(const std::string& id);
 
   // Life. Show loads the form if it is not loaded, and is modal; on a form that is being shown it returns at once.
   // Unload ends the show.
   void Show();
-  void Unload();
+  ZENDARA_EXPORT void Unload();
   bool Loaded() const { return loaded_; }
   bool Shown() const { return loaded_ && showing_; }
 
@@ -167,30 +167,31 @@ class Form {
   // nullptr: none.
   const Control* Concerned() const { return concerned_ ? concerned_ : focus_; }
   void SetConcerned(const Control* control) { concerned_ = control; }
-  void SetFocus(Control& control);
+  ZENDARA_EXPORT void SetFocus(Control& control);
   void FocusNext(bool backwards = false);
   // Past the buttons of the pages: whoever fills in the fields comes from the last one of a page to the next page.
   void FocusNextField();
 
-  // What a front end passes in. Each runs as an event, on a form that is loaded: otherwise nothing happens.
+  // What a front end passes in. Each runs as an event, on a form that is loaded: otherwise nothing happens. Items,
+  // pages and cells are those of the control and exist; the cells are not fixed.
   // Ctrl with Page Up or Page Down turns pages, as a click on them does: all in turn and around, those of inner tabs
   // when the outer page is in front. Ctrl+Z takes back what was typed in the field, Ctrl+Y does it again; where nothing
   // was, Ctrl+Z restores the draft that the record brought up, and Ctrl+Shift+Z shows all.
-  void Press(const Key& key);
-  void Click(Control& control);                       // mouse; the focus moves there first
-  void PointTo(TextBox& box, int start, int length);  // mouse in a text, once the focus is there
-  void Pick(ComboBox& combo, int item);
-  void TurnTo(Control& tabs, int page);
-  void PointTo(Grid& grid, int row, int column);  // to a cell, which is no click of a RowPicker yet
+  ZENDARA_EXPORT void Press(const Key& key);
+  ZENDARA_EXPORT void Click(Control& control);                       // mouse; the focus moves there first
+  ZENDARA_EXPORT void PointTo(TextBox& box, int start, int length);  // mouse in a text, once the focus is there
+  ZENDARA_EXPORT void Pick(ComboBox& combo, int item);
+  ZENDARA_EXPORT void TurnTo(Control& tabs, int page);
+  ZENDARA_EXPORT void PointTo(Grid& grid, int row, int column);  // to a cell, which is no click of a RowPicker yet
   // Into the text box that has the focus: no key press, so the form's keys are not asked. As much as the field has room
   // for, each character through its key_press, as one change.
-  void Paste(std::string_view text);
-  void MouseOver(Control& control, bool right_button_only = false);
+  ZENDARA_EXPORT void Paste(std::string_view text);
+  ZENDARA_EXPORT void MouseOver(Control& control, bool right_button_only = false);
   // The user closes the window.
-  void Close();
+  ZENDARA_EXPORT void Close();
   // Runs a routine as an event: whatever exception escapes it ends it and is shown in a box, an error that is none of
   // the run-time library as error 51. The form stays as it is.
-  void Run(const std::function<void()>& event);
+  ZENDARA_EXPORT void Run(const std::function<void()>& event);
 
   // 0 if the last mouse movement over a look-up image was with the right button alone held, otherwise 1; 0 at start.
   int ImageButtonMark() const { return image_button_mark_; }
@@ -210,7 +211,7 @@ class Form {
  private:
   friend class Control;
 
-  void SettleIn(const Control& frame) { drafts_.Sheet().SettleIn(frame); }
+  void SettleIn(const Control& frame);
   void FollowDraft() noexcept;
   void Undo(Control* control);
   void Add(Control& control) { controls_.push_back(&control); }
@@ -252,7 +253,7 @@ class Form {
   const Control* concerned_ = nullptr;
   int image_button_mark_ = 0;
   FormView* view_ = nullptr;
-  FormDrafts drafts_{*this};
+  std::unique_ptr<FormDrafts> drafts_;
   int events_ = 0;  // that run, one within the other
 };
 

@@ -1,43 +1,64 @@
-// Where the controls of a form stand, as structure: a front end turns it into widgets that scale with the font.
+// What screens are written with: arrays of controls, and layouts.
 #pragma once
 
+#include <map>
+#include <memory>
 #include <string>
+#include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "platform/form/control.hpp"
+#include "zendara/forms/form.hpp"
+#include "zendara/runtime_error.hpp"
 
 namespace zendara {
 
-enum class LayoutKind {
-  kColumn,    // children below each other; their labels and those of the frames among them are aligned
-  kRow,       // children side by side
-  kFlow,      // the same, on further lines where there is no room
-  kJoined,    // buttons side by side that belong together, each as narrow as its words
-  kControl,   // one control; a field shows its caption as the label before it
-  kFrame,     // a titled frame around its children; `control` is the frame
-  kTabs,      // `control` is the tabs, one child a page
-  kTable,     // fields under `headings`: each child is a frame, whose caption stands before its row
-  kScrolled,  // its children, scrolled where there is no room, so that what stands around them stays in view
-  kHeading,   // the form's subject, or its title when it has none
-  kBeside,    // a part and a picture at its right, which is left out where there is no room for both
-  kStrip,     // an empty strip for one control, as wide as there is room; gone while the control is hidden
-  kSpace,     // what is left over goes here
-};
+// Controls of one name and kind by index, with handlers in common.
+template <typename T>
+class ControlArray {
+ public:
+  ControlArray(Form& form, std::string_view name) : form_(form), name_(name) {}
 
-struct Layout {
-  LayoutKind kind = LayoutKind::kColumn;
-  Control* control = nullptr;
-  std::vector<Layout> children;
-  // Controls shown right behind the field in the same line without a label of their own: its look-up image, the words
-  // that its code stands for.
-  std::vector<Control*> attached;
-  int height = 0;                       // of a strip or of a picture beside, in twips, before scaling
-  int width = 0;                        // of a picture beside
-  int lines = 0;                        // of a label: room for that many, in which its words are wrapped
-  bool labelled = true;                 // a field shows its caption
-  bool main = false;                    // the button that the work on the form ends with
-  std::vector<std::string> headings{};  // of a table, one a field
+  T& Add(int index) {
+    auto control = std::make_unique<T>(form_, name_, index);
+    control->events_ = &events_;
+    return *(members_[index] = std::move(control));
+  }
+  // Error 9 for an index that the array does not have.
+  T& operator()(int index) const {
+    T* member = Find(index);
+    if (!member) throw RuntimeError(kSubscriptOutOfRange);
+    return *member;
+  }
+  // Of an index that a screen has named.
+  template <typename Index>
+    requires std::is_enum_v<Index>
+  T& operator()(Index index) const {
+    return (*this)(static_cast<int>(index));
+  }
+  T* Find(int index) const {
+    const auto member = members_.find(index);
+    return member == members_.end() ? nullptr : member->second.get();
+  }
+  // The member that has the focus, if one has it.
+  T* Focused() const {
+    for (const auto& [index, member] : members_) {
+      if (member->HasFocus()) return member.get();
+    }
+    return nullptr;
+  }
+  int UBound() const { return members_.empty() ? -1 : members_.rbegin()->first; }
+  Events& On() { return events_; }
+
+  auto begin() const { return members_.begin(); }
+  auto end() const { return members_.end(); }
+
+ private:
+  Form& form_;
+  std::string name_;
+  Events events_;
+  std::map<int, std::unique_ptr<T>> members_;
 };
 
 inline Layout Column(std::vector<Layout> children) { return {LayoutKind::kColumn, nullptr, std::move(children), {}}; }

@@ -1,18 +1,16 @@
 // The controls of a screen as a model: state and events, no toolkit. A front end shows the state and passes keys and
-// clicks to the form; everything that follows from them happens here.
+// clicks to the form; everything that follows from them happens here. What sets the state is for the screens.
 #pragma once
 
 #include <cstdint>
 #include <functional>
-#include <map>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "platform/text_field.hpp"
+#include "zendara/export.h"
+#include "zendara/forms/text_field.hpp"
 #include "zendara/keys.hpp"
 
 namespace zendara {
@@ -63,10 +61,10 @@ enum class ControlKind {
 
 // What the kinds of controls have in common. Where they differ a control answers for itself: the defaults are those of
 // one that takes no input.
-class Control {
+class ZENDARA_EXPORT Control {
  public:
   Control(Form& form, ControlKind kind, std::string_view name, int index = kNoIndex);
-  virtual ~Control() = default;
+  virtual ~Control();
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
@@ -189,10 +187,11 @@ class Control {
 enum class Alignment { kLeft, kRight, kCenter };
 
 // A line of text. Positions count characters.
-class TextBox : public Control, public TextField {
+class ZENDARA_EXPORT TextBox : public Control, public TextField {
  public:
   TextBox(Form& form, std::string_view name, int index = kNoIndex)
       : Control(form, ControlKind::kTextBox, name, index) {}
+  ~TextBox() override;
 
   std::string Text() const override { return text_; }
   // Cut to MaxLength. The caret goes to the start, as after any text set by code.
@@ -277,10 +276,11 @@ class TextBox : public Control, public TextField {
 
 // A list of which one entry shows. Not editable: the text is that of the entry, typing picks the next entry that begins
 // with the character. Editable: the text is free.
-class ComboBox : public Control {
+class ZENDARA_EXPORT ComboBox : public Control {
  public:
   ComboBox(Form& form, std::string_view name, int index = kNoIndex)
       : Control(form, ControlKind::kComboBox, name, index) {}
+  ~ComboBox() override;
 
   const std::vector<std::string>& Items() const { return items_; }
   void SetItems(std::vector<std::string> items);
@@ -310,10 +310,11 @@ class ComboBox : public Control {
   std::string text_;
 };
 
-class CheckBox : public Control {
+class ZENDARA_EXPORT CheckBox : public Control {
  public:
   CheckBox(Form& form, std::string_view name, int index = kNoIndex)
       : Control(form, ControlKind::kCheckBox, name, index) {}
+  ~CheckBox() override;
   int Value() const { return value_; }  // 0, 1, 2 (greyed)
   void SetValue(int value);             // error 380 for others; fires click when it changes
 
@@ -331,10 +332,11 @@ class CheckBox : public Control {
 };
 
 // Options in one container exclude each other.
-class OptionButton : public Control {
+class ZENDARA_EXPORT OptionButton : public Control {
  public:
   OptionButton(Form& form, std::string_view name, int index = kNoIndex)
       : Control(form, ControlKind::kOptionButton, name, index) {}
+  ~OptionButton() override;
   bool Value() const { return value_; }
   void SetValue(bool value);  // true clears the others and fires click
   void Unchoose() override { SetValue(false); }
@@ -352,9 +354,10 @@ class OptionButton : public Control {
   bool value_ = false;
 };
 
-class Button : public Control {
+class ZENDARA_EXPORT Button : public Control {
  public:
   Button(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kButton, name, index) {}
+  ~Button() override;
   // True while its click runs because the user pressed it.
   bool Value() const { return pressed_; }
 
@@ -368,9 +371,10 @@ class Button : public Control {
 };
 
 // A lookup image: it is clicked, never focused. Its button mark is that of the last mouse movement over it.
-class Image : public Control {
+class ZENDARA_EXPORT Image : public Control {
  public:
   Image(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kImage, name, index) {}
+  ~Image() override;
 
   bool TakesFocus() const override { return false; }
 
@@ -379,28 +383,31 @@ class Image : public Control {
   bool MarksMouseButton() const override { return true; }
 };
 
-class Label : public Control {
+class ZENDARA_EXPORT Label : public Control {
  public:
   Label(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kLabel, name, index) {}
+  ~Label() override;
 
   bool TakesFocus() const override { return false; }
 };
 
-class Frame : public Control {
+class ZENDARA_EXPORT Frame : public Control {
  public:
   Frame(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kFrame, name, index) {}
+  ~Frame() override;
 
   bool TakesFocus() const override { return false; }
   bool HoldsControls() const override { return true; }
 };
 
 // A surface that a routine of the screen paints on, as often as the front end has to show it.
-class Picture : public Control {
+class ZENDARA_EXPORT Picture : public Control {
  public:
   using Painter = std::function<void(const Screen& screen, DrawingSurface& surface)>;
 
   Picture(Form& form, std::string_view name, int index = kNoIndex)
       : Control(form, ControlKind::kPicture, name, index) {}
+  ~Picture() override;
 
   bool TakesFocus() const override { return false; }
   void SetPainter(Painter painter) {
@@ -421,9 +428,10 @@ class Picture : public Control {
   std::string description_;
 };
 
-class Tabs : public Control {
+class ZENDARA_EXPORT Tabs : public Control {
  public:
   Tabs(Form& form, std::string_view name, int index = kNoIndex) : Control(form, ControlKind::kTabs, name, index) {}
+  ~Tabs() override;
   const std::vector<std::string>& Titles() const { return titles_; }
   void SetTitles(std::vector<std::string> titles);
   int Tab() const { return tab_; }
@@ -444,7 +452,7 @@ class Tabs : public Control {
 
 // Cells of text with fixed rows and columns at the top and left. Widths in twips before scaling. Left and Right move
 // the current cell in its row, Page Up and Page Down to another row: the screens have other uses for Up and Down.
-class Grid : public Control {
+class ZENDARA_EXPORT Grid : public Control {
  public:
   struct Column {
     int width = 960;
@@ -452,6 +460,7 @@ class Grid : public Control {
   };
 
   Grid(Form& form, std::string_view name, int index = kNoIndex) : Grid(form, ControlKind::kGrid, name, index) {}
+  ~Grid() override;
 
   // Empties all cells. The current cell is the first that is not fixed. This and Clear settle it (Form::Settle).
   void Resize(int rows, int columns, int fixed_rows, int fixed_columns);
@@ -506,12 +515,13 @@ class Grid : public Control {
 
 // Rows to choose one from, under one row of headings: Enter, a blank or a double click on a row is its click. It holds
 // nothing that is entered, so whoever goes by Enter from field to field passes it by.
-class RowPicker : public Grid {
+class ZENDARA_EXPORT RowPicker : public Grid {
  public:
   static constexpr int kNoRow = -1;
 
   RowPicker(Form& form, std::string_view name, int index = kNoIndex)
       : Grid(form, ControlKind::kRowPicker, name, index) {}
+  ~RowPicker() override;
   // The row of what is on the screen, which becomes the current one.
   int Marked() const { return marked_; }
   void Mark(int row);
@@ -527,57 +537,5 @@ class RowPicker : public Grid {
  private:
   int marked_ = kNoRow;
 };
-
-// Controls of one name and kind by index, with handlers in common.
-template <typename T>
-class ControlArray {
- public:
-  ControlArray(Form& form, std::string_view name) : form_(form), name_(name) {}
-
-  T& Add(int index) {
-    auto control = std::make_unique<T>(form_, name_, index);
-    control->events_ = &events_;
-    return *(members_[index] = std::move(control));
-  }
-  // Error 9 for an index that the array does not have.
-  T& operator()(int index) const;
-  // Of an index that a screen has named.
-  template <typename Index>
-    requires std::is_enum_v<Index>
-  T& operator()(Index index) const {
-    return (*this)(static_cast<int>(index));
-  }
-  T* Find(int index) const {
-    const auto member = members_.find(index);
-    return member == members_.end() ? nullptr : member->second.get();
-  }
-  // The member that has the focus, if one has it.
-  T* Focused() const {
-    for (const auto& [index, member] : members_) {
-      if (member->HasFocus()) return member.get();
-    }
-    return nullptr;
-  }
-  int UBound() const { return members_.empty() ? -1 : members_.rbegin()->first; }
-  Events& On() { return events_; }
-
-  auto begin() const { return members_.begin(); }
-  auto end() const { return members_.end(); }
-
- private:
-  Form& form_;
-  std::string name_;
-  Events events_;
-  std::map<int, std::unique_ptr<T>> members_;
-};
-
-[[noreturn]] void FailNoMember();
-
-template <typename T>
-T& ControlArray<T>::operator()(int index) const {
-  T* member = Find(index);
-  if (!member) FailNoMember();
-  return *member;
-}
 
 }  // namespace zendara

@@ -34,7 +34,8 @@ constexpr double kTwipsPerPixel = 15;
 
 bool Same(const zendara_guid& one, const zendara_guid& other) { return std::memcmp(&one, &other, sizeof one) == 0; }
 
-std::atomic<long> uses = 0;  // objects alive and locks held
+std::atomic<long> uses = 0;  // objects alive
+std::atomic<long> locks = 0;
 
 // What all objects have in common: the table in front, and the count. Object::kInterface is their own.
 template <typename Object, typename Table>
@@ -102,7 +103,8 @@ struct Factory : Counted<Factory, zendara_class_factory_table> {
     return result;
   }
   static zendara_result LockServer(void* /*self*/, int32_t lock) {
-    lock ? ++uses : --uses;
+    if (!lock && locks == 0) return ZENDARA_FALSE;
+    lock ? ++locks : --locks;
     return ZENDARA_OK;
   }
 };
@@ -140,7 +142,7 @@ ZENDARA_EXPORT zendara_result DllGetClassObject(const zendara_guid* clsid, const
   return result;
 }
 
-ZENDARA_EXPORT zendara_result DllCanUnloadNow() { return uses == 0 ? ZENDARA_OK : ZENDARA_FALSE; }
+ZENDARA_EXPORT zendara_result DllCanUnloadNow() { return uses == 0 && locks == 0 ? ZENDARA_OK : ZENDARA_FALSE; }
 
 ZENDARA_EXPORT zendara_result DllRegisterServer() {
   std::error_code error;

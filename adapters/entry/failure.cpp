@@ -90,6 +90,7 @@ zendara_result CurrentFailure() noexcept {
 }
 
 zendara_result ResultOfException() noexcept { return CurrentFailure(); }
+zendara_result ResultOfRefusal(zendara_result result, std::string_view why) noexcept { return Failed(result, why); }
 
 void BeginTurn() {
   if (!InThread()) Refuse(ZENDARA_WRONG_THREAD, "not the thread that has installed the platform");

@@ -25,7 +25,7 @@ class TableDialogs final : public Dialogs {
   BoxAnswer Show(const Box& box) override {
     if (!table_.Show && rest_) return rest_->Show(box);
     const PlainBox plain(box);
-    std::uint32_t answer = ZENDARA_ANSWER_OK;
+    auto answer = static_cast<std::uint32_t>(DefaultAnswer(box));
     CallOutside("dialogs: Show", table_.Show, table_.self, plain.Get(), &answer);
     return AnswerTo(box, answer);
   }

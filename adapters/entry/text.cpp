@@ -6,6 +6,7 @@
 #include "adapters/entry/failure.hpp"
 #include "runtime/text.hpp"
 #include "zendara/zendara.h"
+#include "zendara/zendara.hpp"
 
 namespace zendara {
 
@@ -46,5 +47,5 @@ char* zendara_text(const char* utf8) {
   return copy ? static_cast<char*>(std::memcpy(copy, utf8, bytes)) : nullptr;
 }
 
-const char* zendara_version(void) { return ZENDARA_VERSION; }
+const char* zendara_version(void) { return zendara::Version(); }
 }

@@ -1,10 +1,15 @@
 #include "adapters/entry/use.hpp"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <atomic>
+#include <cstddef>
 #include <mutex>
+#include <string>
+#include <string_view>
 #include <thread>
+#include <vector>
 
 namespace zendara {
 namespace {
@@ -15,11 +20,33 @@ void* own_handle = nullptr;
 
 std::atomic<std::thread::id> thread{};
 
+// Libraries that keep for themselves what they have once worked out. Unloaded together with this one they would lose
+// it, and its memory, each time: they stay.
+constexpr std::string_view kCaching[] = {"/libicui18n.so", "/libcairo.so"};
+
+void KeepCaches() try {
+  std::vector<std::string> loaded;
+  dl_iterate_phdr(
+      [](dl_phdr_info* library, std::size_t /*size*/, void* names) {
+        for (const std::string_view caching : kCaching) {
+          if (std::string_view(library->dlpi_name).find(caching) == std::string_view::npos) continue;
+          static_cast<std::vector<std::string>*>(names)->emplace_back(library->dlpi_name);
+        }
+        return 0;
+      },
+      &loaded);
+  for (const std::string& name : loaded) dlopen(name.c_str(), RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+} catch (...) {
+  // Without memory they go.
+}
+
 void* OpenOneself() {
   Dl_info self;
   if (dladdr(&own_handle, &self) == 0) return nullptr;
   // Part of a program, it is no library of that name, and needs no handle.
-  return dlopen(self.dli_fname, RTLD_NOW | RTLD_NOLOAD);
+  void* handle = dlopen(self.dli_fname, RTLD_NOW | RTLD_NOLOAD);
+  if (handle) KeepCaches();
+  return handle;
 }
 
 }  // namespace

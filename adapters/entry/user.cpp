@@ -47,7 +47,7 @@ class TableUser final : public ScreenUser {
   BoxAnswer OnBox(const Box& box) override {
     if (!table_.Box) return ScreenUser::OnBox(box);
     const PlainBox plain(box);
-    auto answer = static_cast<std::uint32_t>(ScreenUser::OnBox(box));
+    auto answer = static_cast<std::uint32_t>(DefaultAnswer(box));
     CallOutside("user: Box", table_.Box, table_.self, plain.Get(), &answer);
     return AnswerTo(box, answer);
   }

@@ -7,7 +7,7 @@
 #include "adapters/plain_c/list_handle.hpp"
 #include "adapters/plain_c/outside_call.hpp"
 #include "adapters/plain_c/plain_listing.hpp"
-#include "platform/form/form.hpp"
+#include "zendara/forms.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {

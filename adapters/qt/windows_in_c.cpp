@@ -57,10 +57,14 @@ void MakeApplication() {
 
 extern "C" zendara_result zendara_windows(uint32_t look, zendara_screens** screens) {
   using namespace zendara;
-  if (!screens) return ZENDARA_NULL_POINTER;
+  if (!screens) return ResultOfRefusal(ZENDARA_NULL_POINTER, "no place for the windows");
   *screens = nullptr;
-  if (std::strcmp(zendara_version(), ZENDARA_VERSION) != 0) return ZENDARA_WRONG_VERSION;
-  if (look != ZENDARA_LOOK_HOST && look != ZENDARA_LOOK_ZENDARA) return ZENDARA_INVALID;
+  if (std::strcmp(zendara_version(), ZENDARA_VERSION) != 0) {
+    return ResultOfRefusal(ZENDARA_WRONG_VERSION, "libzendara is not of the version " ZENDARA_VERSION);
+  }
+  if (look != ZENDARA_LOOK_HOST && look != ZENDARA_LOOK_ZENDARA) {
+    return ResultOfRefusal(ZENDARA_INVALID, "no such look");
+  }
   try {
     MakeApplication();
     *screens = ToC(MakeWindows(look == ZENDARA_LOOK_ZENDARA ? Look::kZendara : Look::kHost));

@@ -16,6 +16,8 @@
 #include "zendara/windows.h"
 #endif
 
+/* Of zendara/keys.hpp. */
+enum { kEnd = 35, kHome = 36, kShift = 1 };
 static const char *const kStreetField = "Text1(11)";
 static const char *const kStreet = "Calle del Puerto";
 
@@ -95,7 +97,9 @@ static zendara_result OnScreen(void *self, zendara_screen *screen) {
   Check(zendara_screen_click(screen, "CmdCalcular"), "the calculation of the rate"); /* asks in a box */
   Print(screen, "rate", "Text1(135)");
   Check(zendara_screen_focus(screen, kStreetField), "the street");
-  Check(zendara_screen_paste(screen, kStreet), "the street");
+  Check(zendara_screen_press(screen, kEnd, 0, NULL), "the end of the street");
+  Check(zendara_screen_press(screen, kHome, kShift, NULL), "all of the street"); /* is selected */
+  Check(zendara_screen_paste(screen, kStreet), "another street");
   Expect(zendara_screen_unsaved(screen) == ZENDARA_OK, "there is something to save");
   Check(zendara_screen_click(screen, "Grabar"), "Grabar");
   Expect(zendara_screen_unsaved(screen) == ZENDARA_FALSE, "it is saved");

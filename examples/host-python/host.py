@@ -13,6 +13,7 @@ from ctypes import (CDLL, CFUNCTYPE, POINTER, Structure, byref, c_char_p, c_doub
 
 OK, FALSE = 0, 1
 YES_NO, YES = 1, 1
+END, HOME, SHIFT = 35, 36, 1  # of zendara/keys.hpp
 STREET_FIELD, STREET = b"Text1(11)", "Calle de la Peña"
 
 # ---- What of zendara/zendara.h is used here ----
@@ -63,6 +64,7 @@ library.zendara_show.argtypes = [c_void_p, c_char_p, POINTER(Session)]
 library.zendara_variant_set_text.argtypes = [c_void_p, c_char_p]
 library.zendara_variant_set_date.argtypes = [c_void_p, c_double]
 library.zendara_screen_read.argtypes = [c_void_p, c_char_p, POINTER(c_void_p)]
+library.zendara_screen_press.argtypes = [c_void_p, c_int32, c_int32, c_char_p]
 library.zendara_screen_unsaved.argtypes = [c_void_p]
 for act in ("type", "focus", "paste", "click"):
     getattr(library, "zendara_screen_" + act).argtypes = [c_void_p, c_char_p]
@@ -123,6 +125,8 @@ def on_screen(_, screen):
         check(library.zendara_screen_click(screen, b"CmdCalcular"))  # asks in a box
         print("rate:", read(screen, b"Text1(135)"))
         check(library.zendara_screen_focus(screen, STREET_FIELD))
+        check(library.zendara_screen_press(screen, END, 0, None))
+        check(library.zendara_screen_press(screen, HOME, SHIFT, None))  # all of it is selected
         check(library.zendara_screen_paste(screen, STREET.encode()))
         expect(library.zendara_screen_unsaved(screen) == OK, "there is something to save")
         check(library.zendara_screen_click(screen, b"Grabar"))

@@ -5,18 +5,21 @@
  * ZENDARA_INVALID. A text that goes out belongs to the caller, who frees it with zendara_free, but for those that a
  * function calls borrowed. Dates are days since 30/12/1899, the time of day as the fraction.
  *
- * Structures begin with `size`, set by whoever fills them to sizeof of the structure that he knows; what lies behind it
- * counts as zero. A size that is smaller than the first version of a structure is ZENDARA_INVALID. A null function in a
- * table is one that its owner does not serve.
+ * Structures begin with `size`: whose structure it is sets it to sizeof of the one that he knows, also where the other
+ * side fills it in, which writes no more than that. What lies behind it counts as zero. A size that is smaller than the
+ * first version of a structure is ZENDARA_INVALID. A null function in a table is one that its owner does not serve.
  *
  * Results are 0 or more when it was done, negative when not; then zendara_last_error says why. No C++ exception and no
  * signal crosses this interface, in either direction; a function of the host's must not leave by longjmp.
  *
  * Objects are counted: who gets one releases it once, with zendara_release. Each begins with a pointer to its table and
- * answers to ZENDARA_IID_UNKNOWN and ZENDARA_IID_DISPATCH.
+ * answers to ZENDARA_IID_UNKNOWN and, but for class factories, ZENDARA_IID_DISPATCH. A handle of another class than the
+ * one that is asked for is ZENDARA_INVALID.
  *
- * Threads: all calls, but for those of the entry and the texts, come in the thread that called zendara_install; in
- * another one they are ZENDARA_WRONG_THREAD. */
+ * Threads: all calls come in the thread that called zendara_install; in another one they are ZENDARA_WRONG_THREAD. Any
+ * thread may make those of the entry, of errors, texts and variants, QueryInterface, AddRef and Release; before
+ * zendara_install and after zendara_install(NULL) it may make all, one thread at a time. An object whose last count
+ * another thread releases goes with the next call in the right one. */
 #ifndef ZENDARA_ZENDARA_H
 #define ZENDARA_ZENDARA_H
 
@@ -60,7 +63,8 @@ typedef int32_t zendara_result;
 
 typedef struct {
   uint32_t size;
-  int32_t number;     /* of the run-time library or the record engine, as zendara/runtime_error.hpp has them; 0: none */
+  int32_t number;     /* of the run-time library or the record engine, see zendara/runtime_error.hpp; a call that is
+                         refused has the one that says the same, as 5 for ZENDARA_INVALID; 0: there is none */
   const char *text;   /* for the user, in Spanish; may be empty */
   const char *detail; /* for a log, in English; may be empty */
 } zendara_error;
@@ -69,7 +73,7 @@ typedef struct {
  * until the next call in this thread that fails. */
 ZENDARA_EXPORT zendara_result zendara_last_error(zendara_error *error);
 /* For a function of the host's that is about to give a negative result: the error that the component then raises in its
- * place. Without it, it is 51. */
+ * place, 51 without it. The detail, which may be null, goes to the log and to zendara_last_error. */
 ZENDARA_EXPORT void zendara_set_error(int32_t number, const char *detail);
 
 /* "1.0.0": of the library that is loaded. Borrowed, always valid. */
@@ -87,7 +91,7 @@ typedef struct zendara_unknown zendara_unknown;
 typedef struct zendara_variant zendara_variant;
 
 enum {
-  ZENDARA_EMPTY = 0,
+  ZENDARA_EMPTY = 0, /* a variant whose bytes are all zero */
   ZENDARA_NULL = 1,
   ZENDARA_I2 = 2,
   ZENDARA_I4 = 3,
@@ -96,8 +100,8 @@ enum {
   ZENDARA_TEXT = 8,
   ZENDARA_OBJECT = 9,
   ZENDARA_BOOL = 11,     /* 0 or -1 */
-  ZENDARA_ARRAY = 0x2000 /* of variants, one-dimensional */,
-  ZENDARA_BY_REF = 0x4000 /* alone: `by_ref` points to the variant that is meant */
+  ZENDARA_ARRAY = 0x2000, /* of variants, one-dimensional */
+  ZENDARA_BY_REF = 0x4000 /* alone, in arguments: `by_ref` points to the variant that is meant, which is no other one */
 };
 
 typedef struct {
@@ -130,7 +134,8 @@ ZENDARA_EXPORT void zendara_free(void *memory);
 ZENDARA_EXPORT char *zendara_text(const char *utf8);
 /* Frees what it owns and makes it ZENDARA_EMPTY. */
 ZENDARA_EXPORT void zendara_variant_clear(zendara_variant *value);
-/* Each clears the variant first. */
+/* Each clears the variant first. What is refused leaves it empty: bad UTF-8, a date outside of 01/01/100 to
+ * 31/12/9999. */
 ZENDARA_EXPORT zendara_result zendara_variant_set_text(zendara_variant *value, const char *utf8);
 ZENDARA_EXPORT zendara_result zendara_variant_set_i2(zendara_variant *value, int16_t number);
 ZENDARA_EXPORT zendara_result zendara_variant_set_date(zendara_variant *value, double serial);
@@ -153,7 +158,7 @@ struct zendara_unknown {
   const zendara_unknown_table *table;
 };
 
-/* What a member is used for. */
+/* What a member is used for. A call may name several, as languages do that cannot tell a method from a getter. */
 enum { ZENDARA_METHOD = 1, ZENDARA_GET = 2, ZENDARA_PUT = 4 };
 
 /* Calls by name. */
@@ -163,7 +168,9 @@ typedef struct {
    * then -1. */
   zendara_result (*GetIDsOfNames)(void *self, const char *const *names, uint32_t count, int32_t *ids);
   /* Arguments in their order, the value of a put last; they stay the caller's. `result` is null or a variant, which is
-   * cleared first and then the caller's. */
+   * cleared first and then the caller's. Texts, numbers and dates are converted to what the member takes.
+   * ZENDARA_NO_MEMBER, ZENDARA_WRONG_COUNT, ZENDARA_WRONG_TYPE, ZENDARA_INVALID before anything was done,
+   * ZENDARA_EXCEPTION for a run-time error. */
   zendara_result (*Invoke)(void *self, int32_t id, uint32_t use, zendara_variant *arguments, uint32_t count,
                            zendara_variant *result);
 } zendara_dispatch_table;
@@ -178,18 +185,43 @@ ZENDARA_EXPORT void zendara_release(void *object);
 ZENDARA_EXPORT zendara_result zendara_call(void *object, const char *member, uint32_t use, zendara_variant *arguments,
                                            uint32_t count, zendara_variant *result);
 
-typedef struct zendara_engine zendara_engine;       /* by name: OpenDatabase(path), OpenCompany(folder, code, year) */
-typedef struct zendara_database zendara_database;   /* OpenRecordset(source, type), Name, Close */
-typedef struct zendara_recordset zendara_recordset; /* Index, Seek(keys...), NoMatch, MoveFirst, MoveLast, MoveNext,
-                                                       MovePrevious, Bof, Eof, RecordCount, Fields(column), Close */
-typedef struct zendara_company zendara_company;     /* Company, General, Slots */
-typedef struct zendara_screens zendara_screens;     /* a front end */
+/* By name. What stands in brackets are arguments, "=" marks what can be put, "()" a method.
+ *
+ *   Engine      OpenDatabase(path), OpenCompany(folder, code, year): objects
+ *   Database    OpenRecordset(source, type), which is ZENDARA_QUERY if it is left out; Name; Close()
+ *   Recordset   Index =; Seek(keys...); NoMatch; MoveFirst(), MoveLast(), MoveNext(), MovePrevious(); Bof; Eof;
+ *               RecordCount; Fields[column], by name or by number from 0; Close()
+ *   Company     Company, General: databases; Slots: an array of recordsets, empty where a slot is
+ *   Screens     Automation(user), Windows(look): screens; Install(engine, folder), with the default engine for an empty
+ *               one; Uninstall(). An object of the class Zendara.Screens makes others and shows nothing itself.
+ *
+ * So a language that can do nothing but call by name does all of a session: "Zendara.Engine" opens the company,
+ * "Zendara.Screens" makes screens, those install themselves, "Zendara.ClsZendara" shows one. Its own object is the user
+ * of an automation, with those of these methods that it needs:
+ *
+ *   OnScreen(screen)                                    what the user does; the screen closes afterwards
+ *   OnBox(text, buttons, icon, default_button, title)   a ZENDARA_ANSWER_...; empty: the default button
+ *   OnList(list)                                        the row that is taken, from 0; empty or negative: none
+ *   OnListing(title, file, table, form)
+ *
+ *   the screen  Shown; Name; Title; Subject; Status; Unsaved; Focused; Controls: an array of texts; Caption[control];
+ *               Usable[control]; Read(control); Focus(control); Type(text); Press(code, shift, text), of which the last
+ *               two may be left out; Paste(text); Click(control); Choose(list, text or number of the item);
+ *               Point(grid, row, column); Turn(tabs, page); Close()
+ *   the list    Title; Columns; Count; Heading[column]; Cell[row, column]
+ *
+ * Both are error 3420 once the call that got them has returned. */
+typedef struct zendara_engine zendara_engine;
+typedef struct zendara_database zendara_database;
+typedef struct zendara_recordset zendara_recordset;
+typedef struct zendara_company zendara_company;
+typedef struct zendara_screens zendara_screens; /* a front end */
 
 /* ---- The session of the host -------------------------------------------------------------------------------------- */
 
 /* The eleven operations of the session object, in their order. A getter puts a value into the variant, which is empty
- * when it comes and freed by the component; what it may hold is as zendara/morlane.hpp says. A negative result leaves
- * the value of the call before. */
+ * when it comes and freed by the component; what it may hold is as zendara/morlane.hpp says. A negative result, which
+ * goes to the log, and a null function leave the value of the call before. */
 typedef struct {
   uint32_t size;
   void *self; /* handed to each */
@@ -218,12 +250,15 @@ typedef struct {
 } zendara_slots;
 
 /* An instance of ClsZendara under ZENDARA_IID_CLASS. By name (ZENDARA_IID_DISPATCH): 1 Carga_Formulario, a method of
- * five arguments by reference or not: text, database, database or empty, array of recordsets, an object that answers to
- * the eleven names of the session (Retorno also by put); 2 NumBas, put; 3 fich2, get; 4 Fch, get. */
+ * five arguments by reference or not: text, database or empty, database or empty, array of recordsets with its lower
+ * bound, an object that answers to the eleven names of the session (Retorno also by put); 2 NumBas, put; 3 fich2, get;
+ * 4 Fch, get. By name Carga_Formulario fails for its arguments and for what the user of an automation fails with, and
+ * otherwise tells by its value how it came out: one of the results below. */
 typedef struct {
   ZENDARA_UNKNOWN_MEMBERS;
   /* Shows the screen of that name and returns when the user has closed it: see ClsZendara in zendara/zendara.hpp.
-   * `second` may be null. ZENDARA_OK, ZENDARA_NO_SCREEN, ZENDARA_BUSY, ZENDARA_NOT_INSTALLED, ZENDARA_FAILED. */
+   * `company` and `second` may be null, session and slots not. ZENDARA_OK, ZENDARA_NO_SCREEN, ZENDARA_BUSY,
+   * ZENDARA_NOT_INSTALLED, ZENDARA_FAILED. */
   zendara_result (*Carga_Formulario)(void *self, const char *screen, zendara_database *company,
                                      zendara_database *second, const zendara_slots *slots,
                                      const zendara_session *session);
@@ -267,10 +302,12 @@ typedef struct {
 
 /* Not declared for C++, where zendara/zendara.hpp has them with its own types. */
 #ifndef __cplusplus
-/* The class factory of ClsZendara, as ZENDARA_IID_CLASS_FACTORY or ZENDARA_IID_UNKNOWN. ZENDARA_NO_CLASS for another. */
+/* The factory of a class of the library, as ZENDARA_IID_CLASS_FACTORY or ZENDARA_IID_UNKNOWN. ZENDARA_NO_CLASS for one
+ * that it does not have. The instances of ClsZendara give out ZENDARA_IID_CLASS, and all ZENDARA_IID_DISPATCH. */
 ZENDARA_EXPORT zendara_result DllGetClassObject(const zendara_guid *clsid, const zendara_guid *iid, void **object);
-/* ZENDARA_OK when no object lives, nothing is locked and no screen is shown, otherwise ZENDARA_FALSE. Only after
- * ZENDARA_OK does unloading the library take it out of memory. */
+/* ZENDARA_OK when no object lives, nothing is locked, zendara_install has nothing installed and no screen is shown,
+ * otherwise ZENDARA_FALSE. Only after ZENDARA_OK does unloading the library take it out of memory; a host that unloads
+ * it earlier leaves it there, and whatever is in use goes on. Who has unloaded it asks this no more. */
 ZENDARA_EXPORT zendara_result DllCanUnloadNow(void);
 /* Writes the class files of this library, all or none, as zendara/loader.h describes them: into the first folder of
  * ZENDARA_CLASS_PATH if that is set, otherwise into the system's for root, and into the user's for everybody else.
@@ -291,7 +328,7 @@ ZENDARA_EXPORT zendara_result zendara_create(const char *name, const zendara_gui
 enum { ZENDARA_WRITE = 0, ZENDARA_READ = 1 };
 enum { ZENDARA_TABLE = 1, ZENDARA_QUERY = 2, ZENDARA_FORWARD = 8 };
 
-/* As MakeEngine of zendara/engines.hpp: `place` null or empty is the default engine. */
+/* As MakeEngine of zendara/engines.hpp: `place` null or empty is the default engine. Error 3170 for another kind. */
 ZENDARA_EXPORT zendara_result zendara_engine_open(const char *place, uint32_t access, zendara_engine **engine);
 /* The operations of the same names in zendara/record_engine.hpp. */
 ZENDARA_EXPORT zendara_result zendara_database_open(zendara_engine *engine, const char *path,
@@ -303,7 +340,7 @@ ZENDARA_EXPORT zendara_result zendara_recordset_set_index(zendara_recordset *rec
 /* A company's files and every slot of the catalogue: OpenCompany of zendara/company.hpp. */
 ZENDARA_EXPORT zendara_result zendara_company_open(zendara_engine *engine, const char *folder, const char *code,
                                                    const char *year, zendara_company **company);
-/* Borrowed from the company, which keeps them open for as long as it lives. */
+/* Borrowed from the company, which keeps them open for as long as it lives. Each may be null, who does not want it. */
 ZENDARA_EXPORT zendara_result zendara_company_parts(zendara_company *company, zendara_database **database,
                                                     zendara_database **general, zendara_slots *slots);
 /* Carga_Formulario of a new instance on the company's parts. */
@@ -337,13 +374,15 @@ typedef struct {
 typedef struct {
   uint32_t size;
   void *self;
-  /* Modal. Null function: the front end's boxes. An answer that the box does not offer counts as a failure. */
+  /* Modal. `answer` comes with that of the default button; one that the box does not offer is error 5. Null: the front
+   * end's boxes. */
   zendara_result (*Show)(void *self, const zendara_box *box, uint32_t *answer);
   zendara_result (*Beep)(void *self); /* null: silence */
 } zendara_dialogs;
 
-/* The rows of a list to pick from, for the length of the call that got them. Texts are borrowed until the next call on
- * the same list. */
+/* The rows of a list to pick from, for the length of the call that got them: rows and columns from 0, the columns in
+ * the order in which people read them. Texts are borrowed until the next call on the same list. Error 9 for a column
+ * that is not there. */
 typedef struct zendara_list zendara_list;
 ZENDARA_EXPORT zendara_result zendara_list_title(zendara_list *list, const char **title);
 ZENDARA_EXPORT zendara_result zendara_list_columns(zendara_list *list, uint32_t *count);
@@ -355,7 +394,7 @@ ZENDARA_EXPORT zendara_result zendara_list_cell(zendara_list *list, uint64_t row
 typedef struct {
   uint32_t size;
   void *self;
-  /* Modal. The row that was taken, from 0; ZENDARA_FALSE for none. */
+  /* Modal. The row that was taken, from 0; ZENDARA_FALSE for none. Error 380 for one that is not there. */
   zendara_result (*Choose)(void *self, zendara_list *list, uint64_t *row);
 } zendara_pick_list;
 
@@ -365,6 +404,7 @@ typedef struct {
   int32_t left, top, width, height;
 } zendara_banner_place;
 
+/* Null functions: it has nothing to show, and is told nothing. */
 typedef struct {
   uint32_t size;
   void *self;
@@ -404,6 +444,7 @@ typedef struct {
   zendara_result (*ReadRecord)(void *self, const char *path, uint8_t *bytes, size_t length);
 } zendara_files;
 
+/* Programs beside: Shell of zendara/ports.hpp. Null functions: the front end's. */
 typedef struct {
   uint32_t size;
   void *self;
@@ -425,8 +466,8 @@ typedef struct {
   zendara_result (*Line)(void *self, const char *line);
 } zendara_log;
 
-/* What is null is the front end's, a class file's, or the machine's, in this order of zendara/platform.hpp. The tables
- * are copied; what their `self` points to outlives the platform. The engine and the screens are counted. */
+/* What is null is the front end's, a class file's, or the machine's, see zendara/platform.hpp; the folder is needed.
+ * The tables are copied; what their `self` points to outlives the platform. The engine and the screens are counted. */
 typedef struct {
   uint32_t size;
   zendara_engine *engine;
@@ -442,7 +483,9 @@ typedef struct {
   const zendara_log *log;
 } zendara_platform;
 
-/* InstallPlatform of zendara/zendara.hpp; null takes away what was installed. ZENDARA_BUSY while a screen is shown. */
+/* InstallPlatform of zendara/zendara.hpp: what was installed before is replaced, and the component belongs to this
+ * thread; null takes it away, and it belongs to none. What is refused leaves what was installed. ZENDARA_BUSY while a
+ * screen is shown. */
 ZENDARA_EXPORT zendara_result zendara_install(const zendara_platform *platform);
 
 /* The tables of classes that other libraries bring, as their instances give them out: ZENDARA_IID_BANNER,
@@ -500,15 +543,20 @@ ZENDARA_EXPORT zendara_result zendara_screen_point(zendara_screen *screen, const
 ZENDARA_EXPORT zendara_result zendara_screen_turn(zendara_screen *screen, const char *tabs, int32_t page);
 ZENDARA_EXPORT zendara_result zendara_screen_close(zendara_screen *screen);
 
-/* In the user's place: ScreenUser in zendara/automation.hpp. A negative result ends what was asked, and is that of the
- * zendara_show around it. */
+/* In the user's place: ScreenUser in zendara/automation.hpp. A negative result ends what was asked: a screen closes, a
+ * box has its default answer, nothing is taken. The first of them makes the zendara_show around it ZENDARA_FAILED, with
+ * the error of zendara_set_error. */
 typedef struct {
   uint32_t size;
   void *self;
+  /* A screen is shown; when this returns it is closed, if it is still there. */
   zendara_result (*Screen)(void *self, zendara_screen *screen);
-  zendara_result (*Box)(void *self, const zendara_box *box, uint32_t *answer);       /* null: the default button */
-  zendara_result (*List)(void *self, zendara_list *list, uint64_t *row);             /* null: nothing is taken */
-  zendara_result (*Listing)(void *self, const zendara_listing *listing);             /* null: nothing is done */
+  /* As Show of zendara_dialogs; null: the default button. */
+  zendara_result (*Box)(void *self, const zendara_box *box, uint32_t *answer);
+  /* As Choose of zendara_pick_list; null: none is taken. */
+  zendara_result (*List)(void *self, zendara_list *list, uint64_t *row);
+  /* A listing is ready; null: nothing is done. */
+  zendara_result (*Listing)(void *self, const zendara_listing *listing);
 } zendara_user;
 
 ZENDARA_EXPORT zendara_result zendara_automation(const zendara_user *user, zendara_screens **screens);

@@ -229,38 +229,5 @@ TEST_F(Component, AScreenThatFailsOrCannotBeMadeIsPassedOver) {
   EXPECT_EQ(LastCall().status, CallStatus::kNotInstalled);
 }
 
-TEST_F(Component, IsLoadedThroughItsClassFactoryAndUnloadsWhenNothingIsInUse) {
-  void* object = &diary;
-  EXPECT_EQ(DllGetClassObject(&kZendaraId, &kClassFactoryId, &object), kClassNotAvailable);
-  EXPECT_EQ(object, nullptr);
-  EXPECT_EQ(DllGetClassObject(&kZendaraClassId, &kZendaraId, &object), kNoInterface);
-  EXPECT_EQ(DllGetClassObject(&kZendaraClassId, &kClassFactoryId, nullptr), kNullPointer);
-  EXPECT_EQ(DllCanUnloadNow(), kResultOk) << "a refusal leaves nothing alive";
-
-  ASSERT_EQ(DllGetClassObject(&kZendaraClassId, &kClassFactoryId, &object), kResultOk);
-  auto* factory = static_cast<ClassFactory*>(object);
-  EXPECT_EQ(factory->CreateInstance(factory, &kUnknownId, &object), kNoAggregation);
-  EXPECT_EQ(factory->CreateInstance(nullptr, &kClassFactoryId, &object), kNoInterface);
-  ASSERT_EQ(factory->CreateInstance(nullptr, &kZendaraId, &object), kResultOk);
-  auto* instance = static_cast<ZendaraObject*>(object);
-  factory->LockServer(true);
-
-  instance->NumBas(-5);
-  instance->Carga_Formulario("", bd, be, tablas, morlane);
-  EXPECT_EQ(sesion.BDEmpresa, bd);
-  EXPECT_EQ(instance->fich2(), -5);
-  EXPECT_EQ(ClsZendara().fich2(), -5) << "any instance has it";
-  EXPECT_EQ(instance->Fch(), "");
-
-  EXPECT_EQ(instance->QueryInterface(&kUnknownId, &object), kResultOk);
-  EXPECT_EQ(instance->QueryInterface(&kClassFactoryId, &object), kNoInterface);
-  EXPECT_EQ(instance->Release(), 1u);
-  EXPECT_EQ(instance->Release(), 0u);
-  EXPECT_EQ(DllCanUnloadNow(), kResultFalse) << "the factory lives";
-  factory->LockServer(false);
-  EXPECT_EQ(factory->Release(), 0u);
-  EXPECT_EQ(DllCanUnloadNow(), kResultOk);
-}
-
 }  // namespace
 }  // namespace zendara

@@ -19,6 +19,7 @@
 #include "component/componente.hpp"
 #include "runtime/failure.hpp"
 #include "zendara/runtime_error.hpp"
+#include "zendara/version.h"
 
 namespace zendara {
 namespace {
@@ -84,6 +85,7 @@ CLI::Validator Digits(std::size_t count) {
 int Main(int argc, char** argv) {
   DeskOptions options;
   CLI::App app("Zendara: el personal de una nómina, en ventanas", "zendara-desk");
+  app.set_version_flag("--version", "zendara-desk " ZENDARA_VERSION, "Print the version and exit");
   app.add_option(
       "--dir", options.dir,
       "the application's folder, its subfolder DATOS holds the files; otherwise the last one, or one that is "
@@ -105,6 +107,9 @@ int Main(int argc, char** argv) {
   } catch (const CLI::CallForHelp&) {
     std::cout << app.help();
     return 0;
+  } catch (const CLI::CallForVersion& version) {
+    std::cout << version.what() << '\n';
+    return 0;
   } catch (const CLI::ParseError& error) {
     return Fail(kWrongUsage, error.what());
   }
@@ -124,7 +129,7 @@ int Main(int argc, char** argv) {
   int no_arguments = 1;
   QApplication application(no_arguments, argv);
   QApplication::setApplicationName(QStringLiteral("Zendara"));
-  QApplication::setDesktopFileName(QStringLiteral("zendara"));
+  QApplication::setDesktopFileName(QStringLiteral("zendara-desk"));
   InstallLook(colours.empty() ? DesktopColours() : palettes.at(colours));
   QApplication::setWindowIcon(DeskIcon());
   return Desk(std::move(options)).Run();

@@ -9,6 +9,7 @@
 #include "zendara/automation.hpp"
 #include "zendara/company.hpp"
 #include "zendara/engines.hpp"
+#include "zendara/keys.hpp"
 #include "zendara/runtime_error.hpp"
 #include "zendara/zendara.hpp"
 
@@ -31,6 +32,7 @@ class Clerk : public zendara::ScreenUser {
     Expect(screen.Read("Text1(1)") == kWorker, "the worker is not on the screen");
     std::cout << screen.Subject() << "\n";
     screen.Focus(kStreetField);
+    while (!screen.Read(kStreetField).empty()) screen.Press({.code = zendara::key::kBack});
     screen.Paste(kStreet);
     Expect(screen.Unsaved(), "nothing is to be saved");
     screen.Click("Grabar");

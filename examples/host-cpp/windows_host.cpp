@@ -28,9 +28,12 @@ class HostBoxes : public zendara::Dialogs {
     QMessageBox shown(QMessageBox::NoIcon, "Nóminas", QString::fromStdString(box.text), buttons,
                       QApplication::activeWindow());
     switch (shown.exec()) {
-      case QMessageBox::Yes: return zendara::BoxAnswer::kYes;
-      case QMessageBox::No: return zendara::BoxAnswer::kNo;
-      default: return box.buttons == zendara::BoxButtons::kOk ? zendara::BoxAnswer::kOk : zendara::BoxAnswer::kNo;
+      case QMessageBox::Yes:
+        return zendara::BoxAnswer::kYes;
+      case QMessageBox::No:
+        return zendara::BoxAnswer::kNo;
+      default:
+        return box.buttons == zendara::BoxButtons::kOk ? zendara::BoxAnswer::kOk : zendara::BoxAnswer::kNo;
     }
   }
   void Beep() override { QApplication::beep(); }
@@ -60,7 +63,8 @@ int main(int argc, char** argv) try {
   QPushButton button("Trabajadores");
   QObject::connect(&button, &QPushButton::clicked, [&] {
     Session session("00001", "2001");
-    zendara::ClsZendara().Carga_Formulario("Trabajadores", company.company, company.general, company.recordsets, session);
+    zendara::ClsZendara().Carga_Formulario("Trabajadores", company.company, company.general, company.recordsets,
+                                           session);
     if (zendara::LastCall().status != zendara::CallStatus::kDone) {
       std::cerr << zendara::LastCall().reason << "\n";
       QApplication::exit(1);
@@ -73,8 +77,12 @@ int main(int argc, char** argv) try {
     auto* user = new QTimer(&application);
     user->callOnTimeout([&button, shown = false]() mutable {
       QWidget* screen = QApplication::activeModalWidget();
-      if (screen) shown = screen->close() || shown;
-      else if (shown) button.close();
+      if (screen) {
+        screen->close();
+        shown = true;
+      } else if (shown) {
+        button.close();
+      }
     });
     user->start(100);
   }

@@ -363,6 +363,7 @@ int RunCommand(const std::function<int(Console&)>& command, Console& console) {
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err, bool terminal) {
   CLI::App app("Withholding rates and stored tables of a Spanish payroll", "zendara");
   app.require_subcommand(1);
+  app.set_version_flag("--version", "zendara " ZENDARA_VERSION, "Print the version and exit");
   app.get_formatter()->label("REQUIRED", "(required)");
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.get_formatter()->label("Subcommands", "Commands");
@@ -374,7 +375,6 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   AddData(app, line);
   AddRun(app, line);
   AddClasses(app, line);
-  app.set_version_flag("--version", "zendara " ZENDARA_VERSION, "Print the version");
 
   Console console(out, err, terminal);
   try {

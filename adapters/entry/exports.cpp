@@ -117,7 +117,7 @@ extern "C" {
 Result DllGetClassObject(const Guid* class_id, const Guid* id, void** object) noexcept {
   return Answer([&] {
     Needed(object) = nullptr;
-    const Counted<Factory> factory(new Factory(MakerOf(Needed(class_id))));
+    const auto factory = Make<Factory>(MakerOf(Needed(class_id)));
     return factory->QueryInterface(id, object);
   });
 }

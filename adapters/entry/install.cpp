@@ -17,12 +17,10 @@ using MakeNeighbour = std::unique_ptr<Interface> (*)(const Table& table, std::st
                                                      std::shared_ptr<const void> keep);
 
 template <typename Interface, typename Table>
-void Register(Components& components, std::string_view name, const Table* table,
-              MakeNeighbour<Interface, Table> make) {
+void Register(Components& components, std::string_view name, const Table* table, MakeNeighbour<Interface, Table> make) {
   if (!table) return;
-  components.Register(name, [copy = CopyOf(table), own_name = std::string(name), make] {
-    return make(copy, own_name, nullptr);
-  });
+  components.Register(
+      name, [copy = CopyOf(table), own_name = std::string(name), make] { return make(copy, own_name, nullptr); });
 }
 
 // A platform, with all that it points to.

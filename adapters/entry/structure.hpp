@@ -16,6 +16,7 @@ namespace zendara {
 template <typename Structure>
 inline constexpr std::size_t kFirstSize = 0;
 
+// NOLINTBEGIN(bugprone-macro-parentheses,bugprone-sizeof-expression): names of types, sizes of pointers.
 #define ZENDARA_FIRST_VERSION(structure, last_member)  \
   template <>                                          \
   inline constexpr std::size_t kFirstSize<structure> = \
@@ -36,6 +37,7 @@ ZENDARA_FIRST_VERSION(zendara_platform, log);
 ZENDARA_FIRST_VERSION(zendara_user, Listing);
 
 #undef ZENDARA_FIRST_VERSION
+// NOLINTEND(bugprone-macro-parentheses,bugprone-sizeof-expression)
 
 // `size` comes first in all of them. It is all that may be read before it is known.
 template <typename Structure>

@@ -68,8 +68,8 @@ class ShownScreen {
   virtual void Close() = 0;                                               // the cross of its window
 };
 
-// The rows of a list to pick from, rows and columns from 0, the columns in the order in which people read them. What reading them throws is the store's error; 9 for a row
-// or a column that is not there.
+// The rows of a list to pick from, rows and columns from 0, the columns in the order in which people read them. What
+// reading them throws is the store's error; 9 for a row or a column that is not there.
 class ShownRows {
  public:
   virtual ~ShownRows() = default;

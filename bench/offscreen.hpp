@@ -26,7 +26,7 @@
 
 namespace zendara {
 
-using Clock = std::chrono::steady_clock;
+using Stopwatch = std::chrono::steady_clock;
 
 inline std::string company_folder;
 
@@ -106,21 +106,21 @@ inline TextBox& Enter(Form& form, IndiceCampo field) {
 }
 
 inline double SecondsOf(FormWindow& window, const std::function<void()>& action) {
-  const auto begin = Clock::now();
+  const auto begin = Stopwatch::now();
   action();
   BenchHost::Paint(window);
-  return std::chrono::duration<double>(Clock::now() - begin).count();
+  return std::chrono::duration<double>(Stopwatch::now() - begin).count();
 }
 
 // From the call of a list to its rows on the screen; none: it did not open, or has no rows. The list is closed again.
 inline double SecondsToRows(const std::function<void()>& open) {
-  const auto begin = Clock::now();
-  Clock::time_point painted = begin;
+  const auto begin = Stopwatch::now();
+  Stopwatch::time_point painted = begin;
   QTimer::singleShot(0, [&] {
     auto* list = dynamic_cast<PickWindow*>(QApplication::activeModalWidget());
     if (!list) return;
     list->repaint();
-    if (list->Rows().Shown() > 0) painted = Clock::now();
+    if (list->Rows().Shown() > 0) painted = Stopwatch::now();
     PressKey(*list, {key::kEsc, 0, {}});
   });
   open();

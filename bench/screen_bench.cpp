@@ -217,18 +217,18 @@ void Search(benchmark::State& state, OpenList open) {
   double memory = 0;
   for (auto _ : state) {
     const double before = Megabytes();
-    Clock::time_point opened = Clock::now();
+    Stopwatch::time_point opened = Stopwatch::now();
     double opening = 0;
     QTimer::singleShot(0, [&] {
       auto* list = dynamic_cast<PickWindow*>(QApplication::activeModalWidget());
       if (!list) return state.SkipWithError("the list did not open");
       list->repaint();
-      opening = std::chrono::duration<double>(Clock::now() - opened).count();
-      const auto since = [](Clock::time_point begin) {
-        return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+      opening = std::chrono::duration<double>(Stopwatch::now() - opened).count();
+      const auto since = [](Stopwatch::time_point begin) {
+        return std::chrono::duration<double, std::milli>(Stopwatch::now() - begin).count();
       };
       for (const char* sign : {"l", "a", "s", "a", " ", "g"}) PressKey(list->Line(), {0, 0, sign});
-      const auto typed = Clock::now();
+      const auto typed = Stopwatch::now();
       PressKey(list->Line(), {0, 0, "a"});
       while (list->Rows().Shown() == 0 && !list->Rows().Complete()) QApplication::processEvents();
       list->repaint();
@@ -237,7 +237,7 @@ void Search(benchmark::State& state, OpenList open) {
       list->repaint();
       whole = std::max(whole, since(typed));
       for (const Key& key : {Key{0, 0, "r"}, Key{key::kBack, 0, {}}}) {
-        const auto pressed = Clock::now();
+        const auto pressed = Stopwatch::now();
         PressKey(list->Line(), key);
         list->repaint();
         letter = std::max(letter, since(pressed));

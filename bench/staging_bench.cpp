@@ -26,7 +26,7 @@
 namespace zendara {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Stopwatch = std::chrono::steady_clock;
 
 constexpr int kRepetitions = 3;
 constexpr int kRowsOfATransaction = 1000;
@@ -162,9 +162,9 @@ class Screens {
   }
   void Time(Form& form) {
     auto& button = dynamic_cast<Button&>(*form.Find("Impresora"));
-    const auto begin = Clock::now();
+    const auto begin = Stopwatch::now();
     button.On().click(button.Index());
-    seconds_ = std::chrono::duration<double>(Clock::now() - begin).count();
+    seconds_ = std::chrono::duration<double>(Stopwatch::now() - begin).count();
   }
 
   std::unique_ptr<Engine> engine_ = MakeEngine();
@@ -191,9 +191,9 @@ void Compare(const std::string& folder, const char* name, const std::function<vo
     ours.push_back(screens.Seconds());
     lines = screens.Lines();
     Raw raw(folder + "/DATOS/Nom00001.MDB");
-    const auto begin = Clock::now();
+    const auto begin = Stopwatch::now();
     raw.Stage(query, columns);
-    direct.push_back(std::chrono::duration<double>(Clock::now() - begin).count());
+    direct.push_back(std::chrono::duration<double>(Stopwatch::now() - begin).count());
   }
   std::cout << name << ": " << lines << " lines, " << static_cast<int>(Median(ours) * 1000) << " ms, directly "
             << static_cast<int>(Median(direct) * 1000) << " ms, "

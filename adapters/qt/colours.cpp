@@ -39,7 +39,7 @@ double Luminance(const QColor& colour) {
 }
 
 double Contrast(const QColor& a, const QColor& b) {
-  const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
+  const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
   return (light + 0.05) / (dark + 0.05);
 }
 

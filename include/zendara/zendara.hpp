@@ -167,9 +167,9 @@ class ZendaraObject : public Unknown {
 extern "C" {
 
 // The class factory of kZendaraClassId, or of another class of zendara/zendara.h, as kClassFactoryId or kUnknownId.
-// kClassNotAvailable for one that is not there. The instances of kZendaraClassId give out ZendaraObject under kZendaraId,
-// whose texts and handles pass in the standard library's types, so that its host is built with the same compiler; the
-// interfaces in plain C are those of zendara/zendara.h.
+// kClassNotAvailable for one that is not there. The instances of kZendaraClassId give out ZendaraObject under
+// kZendaraId, whose texts and handles pass in the standard library's types, so that its host is built with the same
+// compiler; the interfaces in plain C are those of zendara/zendara.h.
 ZENDARA_EXPORT zendara::Result DllGetClassObject(const zendara::Guid* class_id, const zendara::Guid* id,
                                                  void** object) noexcept;
 // kResultOk when no object lives, nothing is locked, zendara_install has nothing installed and no screen is shown,

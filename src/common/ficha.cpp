@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "zendara/forms/form.hpp"
 #include "runtime/date.hpp"
 #include "runtime/format.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "values/valor_numero.hpp"
+#include "zendara/forms/form.hpp"
 
 namespace zendara {
 namespace {

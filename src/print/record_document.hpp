@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "zendara/forms/form.hpp"
 #include "print/document_writer.hpp"
 #include "print/page_flow.hpp"
+#include "zendara/forms/form.hpp"
 #include "zendara/ports.hpp"
 
 namespace zendara::print {

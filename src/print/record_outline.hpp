@@ -6,9 +6,9 @@
 #include <variant>
 #include <vector>
 
-#include "zendara/forms/form.hpp"
 #include "print/page_flow.hpp"
 #include "print/table.hpp"
+#include "zendara/forms/form.hpp"
 
 namespace zendara::print {
 

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "apps/demo/random.hpp"
-#include "zendara/forms/form.hpp"
 #include "random/ledger.hpp"
+#include "zendara/forms/form.hpp"
 
 namespace zendara {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "zendara/forms/form.hpp"
 #include "support/fake_dialogs.hpp"
+#include "zendara/forms/form.hpp"
 
 namespace zendara {
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "zendara/forms/text_field.hpp"
 #include "support/fake_dialogs.hpp"
 #include "values/filtro_tecla.hpp"
 #include "values/formato_fecha.hpp"
+#include "zendara/forms/text_field.hpp"
 
 namespace zendara {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "zendara/forms/form.hpp"
 #include "print/listing.hpp"
+#include "zendara/forms/form.hpp"
 #include "zendara/neighbours.hpp"
 #include "zendara/ports.hpp"
 

@@ -57,11 +57,11 @@ void PdfFile::Check(cairo_status_t status) {
 }
 
 std::string TimeNow() {
-  constexpr int kSecondsOfADay = 24 * 60 * 60;
+  constexpr long kSecondsOfADay = 24 * 60 * 60;
   const Date now = Now();
-  const int second =
-      std::min(static_cast<int>((now.serial - std::floor(now.serial)) * kSecondsOfADay + 0.5), kSecondsOfADay - 1);
-  const auto digits = [](int number) { return std::to_string(100 + number).substr(1); };
+  const double part = (now.serial - std::floor(now.serial)) * kSecondsOfADay;
+  const long second = std::min(std::lround(part), kSecondsOfADay - 1);
+  const auto digits = [](long number) { return std::to_string(100 + number).substr(1); };
   return FormatDate(now, "yyyy-mm-dd") + "T" + digits(second / 3600) + ":" + digits(second / 60 % 60) + ":" +
          digits(second % 60);
 }

@@ -1,11 +1,13 @@
 // What the functions in plain C refuse, what they take, and what they say of it.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
 #include <thread>
 
 #include "apps/demo/demo_company.hpp"
 #include "entry/script_object.hpp"
+#include "runtime/surroundings.hpp"
 #include "support/temp_folder.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/zendara.hpp"
@@ -264,6 +266,69 @@ TEST(PlainC, TheTablesOfTheHostServeInPlaceOfTheFrontEnds) {
   };
   EXPECT_EQ(host.Show(), ZENDARA_OK) << LastError().detail;
   EXPECT_THAT(told, ElementsAre(HasSubstr("Retorno"), "banner", "list", "box", "closed"));
+}
+
+TEST(PlainC, FilesProgramsAndTheClockAreTheHostsAndTheUserGetsListsAndListings) {
+  using Lines = std::vector<std::string>;
+  Host host;
+  Lines told;
+  const zendara_files files{sizeof files, &told, nullptr, [](void* self, const char*, uint8_t* bytes, size_t length) {
+                              static_cast<Lines*>(self)->push_back("record of " + std::to_string(length));
+                              std::fill_n(bytes, length, std::uint8_t{' '});
+                              return ZENDARA_OK;
+                            }};
+  const zendara_shell shell{sizeof shell,
+                            &told,
+                            [](void*, const char*, const char*, int32_t* window) {
+                              *window = 0;
+                              return ZENDARA_OK;
+                            },
+                            [](void* self, const char* program, int32_t* task) {
+                              static_cast<Lines*>(self)->emplace_back(program);
+                              *task = 5;
+                              return ZENDARA_OK;
+                            },
+                            nullptr,
+                            nullptr};
+  const zendara_clock clock{sizeof clock, &told, [](void*, double* serial) {
+                              *serial = 36965.5;
+                              return ZENDARA_OK;
+                            }};
+  host.user.List = [](void*, zendara_list*, uint64_t* row) {
+    *row = 2;
+    return ZENDARA_OK;
+  };
+  host.user.Listing = [](void* self, const zendara_listing* listing) {
+    Host::Of(self).marks.emplace_back(std::string(listing->form) + " " + listing->table);
+    return ZENDARA_OK;
+  };
+  zendara_release(host.screens);
+  ASSERT_EQ(zendara_automation(&host.user, &host.screens), ZENDARA_OK);
+  host.platform.size = sizeof host.platform;
+  host.platform.screens = host.screens;
+  host.platform.files = &files;
+  host.platform.shell = &shell;
+  host.platform.clock = &clock;
+  ASSERT_EQ(zendara_install(&host.platform), ZENDARA_OK);
+  EXPECT_EQ(Now().serial, 36965.5);
+  host.on_screen = [&](zendara_screen* screen) {
+    char* name = nullptr;
+    zendara_screen_name(screen, &name);
+    const bool workers = std::string(name) == "Trabajadores";
+    zendara_free(name);
+    if (!workers) return zendara_screen_click(screen, "Impresora");
+    zendara_screen_click(screen, "Image1(1)");
+    char* taken = nullptr;
+    zendara_screen_read(screen, "Text1(1)", &taken);
+    told.emplace_back(taken);
+    zendara_free(taken);
+    zendara_screen_click(screen, "Calculadora");
+    return zendara_screen_click(screen, "Pendientes");
+  };
+  EXPECT_EQ(host.Show(), ZENDARA_OK) << LastError().detail;
+  EXPECT_THAT(told, testing::IsSupersetOf({"record of 256", "record of 300", "Calc.exe"}));
+  EXPECT_THAT(told, testing::Contains(testing::StartsWith("0000")));
+  EXPECT_THAT(host.marks, testing::Contains("ListadoTrabajador ListadosNom"));
 }
 
 }  // namespace

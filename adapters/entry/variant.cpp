@@ -62,10 +62,8 @@ Value ToValue(const zendara_variant& variant) {
     case ZENDARA_TEXT:
       return TakeTextOrEmpty(meant.value.text);
     case ZENDARA_DATE:
-      if (!(meant.value.date >= kFirstDate && meant.value.date < kBehindLastDate)) {
-        Refuse(ZENDARA_INVALID, "a date is out of range");
-      }
-      return Date{meant.value.date};
+      if (meant.value.date >= kFirstDate && meant.value.date < kBehindLastDate) return Date{meant.value.date};
+      Refuse(ZENDARA_INVALID, "a date is out of range");
     default:
       Refuse(ZENDARA_WRONG_TYPE, "a value is an object, an array, or of no type");
   }

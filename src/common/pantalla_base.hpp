@@ -35,7 +35,6 @@ class PantallaBase : public Form, public Pantalla {
   std::string DraftScope() const override;
   std::string DraftPlace() const override;
   void Mostrar() override { Show(); }
-  bool EnPantalla() const override { return Shown(); }
 
   // A mouse movement over a button: the text, or with an empty one the default of its name.
   void PonPista(std::string_view texto, Control& control);

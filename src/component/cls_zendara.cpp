@@ -73,7 +73,10 @@ thread_local UltimaLlamada ultima_llamada{};
 void Apunta(CallStatus estado, const std::string& motivo = {}, int numero = 0) noexcept {
   ultima_llamada.estado = estado;
   ultima_llamada.numero = numero;
-  const std::size_t largo = motivo.copy(ultima_llamada.motivo, sizeof ultima_llamada.motivo - 1);
+  std::size_t largo = std::min(motivo.size(), sizeof ultima_llamada.motivo - 1);
+  // Never a part of a character.
+  while (largo < motivo.size() && largo > 0 && (static_cast<unsigned char>(motivo[largo]) & 0xC0) == 0x80) --largo;
+  motivo.copy(ultima_llamada.motivo, largo);
   ultima_llamada.motivo[largo] = '\0';
   if (estado != CallStatus::kDone && estado != CallStatus::kNoSuchScreen) LogLine(motivo);
 }

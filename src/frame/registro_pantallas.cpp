@@ -1,6 +1,5 @@
 #include "frame/registro_pantallas.hpp"
 
-#include <algorithm>
 #include <utility>
 
 namespace zendara {
@@ -26,15 +25,6 @@ bool RegistroPantallas::Muestra(std::string_view nombre) {
   if (!pantalla) return false;
   pantalla->Mostrar();
   return true;
-}
-
-bool RegistroPantallas::EnPantalla(std::string_view nombre) const {
-  const auto ficha = pantallas_.find(nombre);
-  return ficha != pantallas_.end() && ficha->second.objeto && ficha->second.objeto->EnPantalla();
-}
-
-bool RegistroPantallas::EnPantalla() const {
-  return std::ranges::any_of(pantallas_, [this](const auto& entrada) { return EnPantalla(entrada.first); });
 }
 
 void RegistroPantallas::Descarga(std::string_view nombre) {

@@ -14,7 +14,6 @@ class Pantalla {
   virtual ~Pantalla() = default;
   // Modal: returns when the user has closed it, and at once while it is being shown.
   virtual void Mostrar() = 0;
-  virtual bool EnPantalla() const = 0;
 };
 
 // Names are compared exactly, case included.
@@ -30,9 +29,6 @@ class RegistroPantallas {
   // The screen's object, created at its first use; it lives until the screen unloads. Nothing for a name that no screen
   // has. Errors of the factory go to the caller.
   std::shared_ptr<Pantalla> Objeto(std::string_view nombre);
-  // Whether it is being shown; without a name, whether any screen is.
-  bool EnPantalla(std::string_view nombre) const;
-  bool EnPantalla() const;
   // Shows it modally; false for a name that no screen has.
   bool Muestra(std::string_view nombre);
   // The screen unloaded: its next use creates it anew. A screen may call this itself while it is being shown.

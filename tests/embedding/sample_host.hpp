@@ -6,22 +6,16 @@
 #include <string>
 #include <vector>
 
+#include "../../examples/host-cpp/session.hpp"
 #include "zendara/engines.hpp"
 #include "zendara/zendara.hpp"
 
-class Session : public zendara::Morlane {
+// The session of the sample hosts, which keeps the mark that it gets back.
+class NotingSession : public Session {
  public:
-  std::string CodigoEmpresa() override { return "00001"; }
-  zendara::Value NombreEmpresa() override { return "Empresa de prueba"; }
-  std::string Retorno() override { return "P"; }
-  zendara::Value Ejercicio() override { return "2001"; }
+  NotingSession() : Session("00001", "2001") {}
+  using Session::Retorno;
   void Retorno(const std::string& text) override { returned = text; }
-  zendara::Value Valor8() override { return ""; }
-  zendara::Value Valor1() override { return ""; }
-  zendara::Value Cambio() override { return "166,386"; }
-  std::int16_t ValorEntero() override { return 0; }
-  zendara::Value FechaTrabajo() override { return "15/03/01"; }
-  std::string Programa() override { return "01"; }
 
   std::string returned;
 };
@@ -55,7 +49,7 @@ class SampleHost {
   // True when the session got its mark back.
   bool ShowWorkers() {
     zendara::InstallPlatform(platform);
-    Session session;
+    NotingSession session;
     zendara::ClsZendara().Carga_Formulario("Trabajadores", company_, nullptr, recordsets_, session);
     return session.returned == "P";
   }

@@ -114,7 +114,7 @@ int main(int /*argc*/, char** argv) {
   // True when the session got its mark back.
   const auto show = [&] {
     zendara::InstallPlatform(host.platform);
-    Session session;
+    NotingSession session;
     zendara::ClsZendara().Carga_Formulario("Trabajadores", open.company, open.general, open.recordsets, session);
     return session.returned == "P";
   };
@@ -201,7 +201,7 @@ int main(int /*argc*/, char** argv) {
     zendara::InstallPlatform({});
     Expect("an installation then", zendara::LastCall().status == zendara::CallStatus::kBusy, true);
     std::thread([&] {
-      Session session;
+      NotingSession session;
       zendara::ClsZendara().Carga_Formulario("Trabajadores", nullptr, nullptr, {}, session);
       Expect("another thread", zendara::LastCall().status == zendara::CallStatus::kWrongThread, true);
     }).join();

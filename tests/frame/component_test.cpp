@@ -57,14 +57,8 @@ class Component : public testing::Test {
  protected:
   struct FakePantalla : Pantalla {
     explicit FakePantalla(Component& t) : test(t) {}
-    void Mostrar() override {
-      mostrada = true;
-      const std::unique_ptr<bool, void (*)(bool*)> fin(&mostrada, [](bool* fuera) { *fuera = false; });
-      test.muestra();
-    }
-    bool EnPantalla() const override { return mostrada; }
+    void Mostrar() override { test.muestra(); }
     Component& test;
-    bool mostrada = false;
   };
 
   Component() {

@@ -28,7 +28,6 @@ class SampleScreen : public Form, public Pantalla {
     SetLayout(Column({Place(Check1), Place(Option1(0)), Place(Option1(1)), Place(Abrir), Place(Imprimir)}));
   }
   void Mostrar() override { Show(); }
-  bool EnPantalla() const override { return Shown(); }
 
  private:
   static void Print() {

@@ -23,7 +23,6 @@ using testing::StartsWith;
 
 struct FakeIncidencias : Pantalla {
   explicit FakeIncidencias(std::function<void()> f) : al_mostrar(std::move(f)) {}
-  bool EnPantalla() const override { return false; }
   void Mostrar() override { al_mostrar(); }
   std::function<void()> al_mostrar;
 };

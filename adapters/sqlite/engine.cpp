@@ -1,15 +1,15 @@
 // The default engine and the databases that a host holds.
+#include "adapters/sqlite/engine.hpp"
+
 #include <utility>
 
 #include "adapters/sqlite/connection.hpp"
 #include "adapters/sqlite/query_cursor.hpp"
 #include "adapters/sqlite/table_cursor.hpp"
 #include "adapters/sqlite/workspace.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
-namespace zendara {
-namespace sqlite {
+namespace zendara::sqlite {
 namespace {
 
 class OpenDatabase final : public Database {
@@ -118,11 +118,4 @@ std::shared_ptr<Database> MakeDatabase(std::shared_ptr<Connection> connection, s
   return std::make_shared<OpenDatabase>(std::move(connection), name);
 }
 
-}  // namespace sqlite
-
-std::unique_ptr<Engine> MakeEngine(std::string_view place, Access access) {
-  if (!place.empty() && place != "sqlite:") throw RuntimeError(kNoSuchEngine, {}, place);
-  return std::make_unique<sqlite::DefaultEngine>(access);
-}
-
-}  // namespace zendara
+}  // namespace zendara::sqlite

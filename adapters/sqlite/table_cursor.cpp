@@ -117,6 +117,7 @@ class Cursor final : public TableCursor, private Holder {
   }
 
   std::int64_t Count() const override { return connection_->Count(table_); }
+  bool HasRows() const override { return Count() > 0; }
 
  private:
   // Keeps the current row; the next move finds its place again by key.

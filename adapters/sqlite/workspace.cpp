@@ -83,6 +83,10 @@ std::shared_ptr<Database> FileWorkspace::CreateDatabase(std::string_view path, c
   return OpenDatabase(path);
 }
 
+std::unique_ptr<NewFiles> FileWorkspace::CreateFiles(std::string_view folder) {
+  throw RuntimeError(kNoSuchEngine, {}, folder);
+}
+
 bool FileWorkspace::Exists(std::string_view path) { return Find(path).has_value(); }
 
 std::vector<std::string> FileWorkspace::Databases(std::string_view folder) {

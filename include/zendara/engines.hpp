@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "zendara/export.h"
@@ -20,8 +21,26 @@ ZENDARA_EXPORT std::unique_ptr<Files> MakeHostFiles();
 enum class Access { kWrite, kRead };
 
 // The engine of a place, by its scheme: "sqlite:" or nothing is the default engine, one SQLite file for each database
-// file. Error 3170 for a place of any other kind.
+// file; "postgresql://" or "postgres://" is MakePostgresEngine. Error 3170 for a place of any other kind.
 ZENDARA_EXPORT std::unique_ptr<Engine> MakeEngine(std::string_view place = {}, Access access = Access::kWrite);
+
+// The databases of a PostgreSQL server, in the first schema of the connection's search path. `conninfo` is what libpq
+// takes: "postgresql://user@host,other/database?target_session_attrs=read-write", or "host=... dbname=...". A password
+// stands there at the host's own risk; libpq also finds one in its password file and its service file. It is in no
+// error and in no log line. Connects when something is opened. Errors: 3170 a text that is no conninfo, 3043 no server
+// answers, 3051 it refuses the user or the database. With kRead the session is read-only on the server too, which a
+// standby takes.
+ZENDARA_EXPORT std::unique_ptr<Engine> MakePostgresEngine(std::string_view conninfo, Access access = Access::kWrite);
+
+// Where the data of an installation stand, as Platform takes it.
+struct Store {
+  std::unique_ptr<Engine> engine;
+  std::unique_ptr<Files> files;  // those beside the databases
+  std::string folder;            // Platform::application_folder; of a server its name, without user and password
+};
+
+// `place`: an application's folder, or the connection of a server as MakeEngine takes it. Nothing is opened yet.
+ZENDARA_EXPORT Store OpenStore(std::string_view place, Access access = Access::kWrite);
 
 // The classes that libraries of this machine have registered in its class files (zendara/loader.h says where those are
 // looked for). A library is loaded at the first use of its class and stays.

@@ -13,6 +13,12 @@
 // comes first. Errors are RuntimeError with the numbers named at each operation; `detail()` holds the engine's own
 // words.
 //
+// An engine on a server can lose it in any operation: 3043. Nothing that was set or opened is lost with it: the next
+// operation connects again and finds its place by key; a transaction that was pending is undone, and what is written in
+// it from then on is 3043 too, until Rollback or CommitTrans. 3146 is a write whose answer was lost, so that nobody
+// knows whether it was done: the same Update, Delete or CommitTrans once more asks that first, and writes only what is
+// not there.
+//
 // Threads: one thread at a time for an engine and all that was opened through it.
 #pragma once
 
@@ -236,9 +242,29 @@ class ZENDARA_EXPORT Transaction {
   Database* database_;  // none once it is committed
 };
 
-// Paths: folders are separated by "\" or "/", names found whatever their case. Programs of one machine share a folder,
-// never two machines: a folder on a network file system is error 3043, but for an engine that only reads. Other errors:
-// 3044 missing folder, 3051 no permission, 3055 no name at all.
+// New files that get their names together: all of them, or, without Publish, none.
+class NewFiles {
+ public:
+  virtual ~NewFiles() = default;
+
+  // An empty database with these tables, open. What is written to it is durable with the name; it has no transactions
+  // of its own (3034). It is closed by Publish.
+  virtual std::shared_ptr<Database> Create(std::string_view name, const std::vector<TableDef>& tables) = 0;
+  // A file beside the databases, with these bytes.
+  virtual void Put(std::string_view name, std::string_view bytes) = 0;
+  // Names them in the order in which they were made. 3012 with the name that is taken, whatever its case: none has its
+  // name then. REQUIRES: no recordset of theirs is open.
+  virtual void Publish() = 0;
+};
+
+// Paths: folders are separated by "\" or "/", names found whatever their case.
+//
+// Of an engine on files: programs of one machine share a folder, never two machines: a folder on a network file system
+// is error 3043, but for an engine that only reads. Other errors: 3044 missing folder, 3051 no permission, 3055 no name
+// at all.
+//
+// Of an engine on a server: the server is the folder. Of a path the name behind the last separator counts, so desks
+// whose applications stand in different folders share the databases. Programs of any machine share them.
 class Workspace {
  public:
   virtual ~Workspace() = default;
@@ -252,6 +278,9 @@ class Workspace {
   // leaves nothing. 3012 when there is a file of that name: it is never touched.
   virtual std::shared_ptr<Database> CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) = 0;
   std::shared_ptr<Database> CreateDatabase(std::string_view path) { return CreateDatabase(path, {}); }
+  // Nothing that another program sees of them stands in the folder until they are published. A folder that is missing
+  // is made.
+  virtual std::unique_ptr<NewFiles> CreateFiles(std::string_view folder) = 0;
 
   // True when there is a file of that name, be it a database or not.
   virtual bool Exists(std::string_view path) = 0;

@@ -53,8 +53,10 @@ class TableCursor {
   // True if a row was deleted.
   virtual bool Erase() = 0;
 
-  // Exact; costs no scan while the table did not change.
+  // Exact.
   virtual std::int64_t Count() const = 0;
+  // Costs no more than a look-up.
+  virtual bool HasRows() const = 0;
 };
 
 // A running query: rows as they come, each readable until the next Step.

@@ -205,7 +205,7 @@ class TableRecordset final : public Recordset {
     Cursor();
     ReadFirst();
     if (place_ == Place::kRow || place_ == Place::kDeleted) return false;
-    return RecordCount() == 0;
+    return !Cursor().HasRows();
   }
 
   Value GetColumn(int ordinal) const override {

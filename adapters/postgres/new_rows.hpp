@@ -1,0 +1,31 @@
+// Rows that wait to be sent together: one statement, however many they are.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "adapters/icu/spanish_order.hpp"
+#include "adapters/postgres/link.hpp"
+#include "adapters/postgres/relation.hpp"
+
+namespace zendara::postgres {
+
+class NewRows {
+ public:
+  void Add(const Relation& relation, const std::vector<Value>& row);
+  bool Empty() const { return rows_.empty(); }
+  // There is no reason to let more wait.
+  bool Full() const { return count_ >= kMost; }
+  // In the order of writing within a table.
+  void Send(Link& link, const std::string& file, const SpanishOrder& order);
+  void Clear();
+
+ private:
+  static constexpr std::size_t kMost = 1000;
+
+  std::map<const Relation*, std::vector<std::vector<Value>>> rows_;
+  std::size_t count_ = 0;
+};
+
+}  // namespace zendara::postgres

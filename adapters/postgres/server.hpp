@@ -1,0 +1,64 @@
+// What the databases of one engine share: the connection, the catalogue, the order of texts.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/icu/spanish_order.hpp"
+#include "adapters/postgres/conninfo.hpp"
+#include "adapters/postgres/link.hpp"
+#include "adapters/postgres/relation.hpp"
+
+namespace zendara::postgres {
+
+class OpenFile;
+
+class Server {
+ public:
+  explicit Server(std::string_view conninfo, Access access);
+  ~Server();
+
+  const std::string& name() const { return place_.Name(); }
+  Access access() const { return place_.access(); }
+  const SpanishOrder& order() const { return order_; }
+
+  Link& main() { return main_; }
+  // A connection beside the main one, for a transaction.
+  std::unique_ptr<Link> Take();
+  void GiveBack(std::unique_ptr<Link> link);
+
+  // Moves on whenever rows that were read ahead may be no longer those that are stored: after each write of this
+  // engine, and when it idles.
+  std::uint64_t Tick() const { return tick_; }
+  void Changed() { ++tick_; }
+
+  // Catalogue.
+  // Definitions by number, which never change; those that are not known yet are read.
+  const Relation& Table(int number);
+  void ReadTables(const std::vector<int>& numbers);
+  // Makes the catalogue and the relations that are missing; the numbers of the tables.
+  std::vector<int> EnsureTables(const std::vector<TableDef>& tables);
+
+  // Files that this engine has open hold a lock on their name, so that nobody renames them.
+  void Opened(const std::string& file);
+  void Closed(const std::string& file);
+
+ private:
+  void Greet(Link& link);
+
+  Conninfo place_;
+  SpanishOrder order_;
+  Link::Greeting greeting_;
+  Link main_;
+  std::vector<std::unique_ptr<Link>> spare_;
+  std::uint64_t tick_ = 0;
+  std::map<int, Relation> tables_;
+  std::vector<std::string> open_;  // names of files
+};
+
+}  // namespace zendara::postgres

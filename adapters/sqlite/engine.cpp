@@ -118,4 +118,6 @@ std::shared_ptr<Database> MakeDatabase(std::shared_ptr<Connection> connection, s
   return std::make_shared<OpenDatabase>(std::move(connection), name);
 }
 
+std::unique_ptr<Engine> MakeFileEngine(Access access) { return std::make_unique<DefaultEngine>(access); }
+
 }  // namespace zendara::sqlite

@@ -14,7 +14,7 @@ constexpr std::string_view kFileParameter = "$1";
 
 // As texts are compared that have no sort key.
 std::string Compared(const std::string& value, ColumnType type) {
-  return type == ColumnType::kText ? "rtrim(" + value + ") COLLATE zendara_es" : value;
+  return type == ColumnType::kText ? "(rtrim(" + value + ") COLLATE zendara_es)" : value;
 }
 
 ColumnType TypeOf(const TableRef& table, int column) {

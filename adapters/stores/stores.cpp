@@ -10,9 +10,7 @@
 namespace zendara {
 namespace {
 
-bool IsServer(std::string_view place) {
-  return place.starts_with("postgresql://") || place.starts_with("postgres://");
-}
+bool IsServer(std::string_view place) { return place.starts_with("postgresql://") || place.starts_with("postgres://"); }
 
 }  // namespace
 
@@ -23,7 +21,9 @@ std::unique_ptr<Engine> MakeEngine(std::string_view place, Access access) {
 }
 
 Store OpenStore(std::string_view place, Access access) {
-  if (!IsServer(place)) return {sqlite::MakeFileEngine(access), MakeHostFiles(), std::string(place)};
+  const bool is_folder = !IsServer(place) && place.find("://") == std::string_view::npos;
+  if (!IsServer(place) && !is_folder) throw RuntimeError(kNoSuchEngine, {}, "no engine has places of that scheme");
+  if (is_folder) return {sqlite::MakeFileEngine(access), MakeHostFiles(), std::string(place)};
   return {MakePostgresEngine(place, access), postgres::MakeFilesBeside(place),
           postgres::Conninfo(place, access).Name()};
 }

@@ -21,7 +21,6 @@ class OpenFile;
 class Server {
  public:
   explicit Server(std::string_view conninfo, Access access);
-  ~Server();
 
   const std::string& name() const { return place_.Name(); }
   Access access() const { return place_.access(); }
@@ -38,15 +37,19 @@ class Server {
   void Changed() { ++tick_; }
 
   // Catalogue.
-  // Definitions by number, which never change; those that are not known yet are read.
-  const Relation& Table(int number);
-  void ReadTables(const std::vector<int>& numbers);
-  // Makes the catalogue and the relations that are missing; the numbers of the tables.
+  // Definitions by number, which never change; those that are not known yet are read, all of them at once.
+  void ReadTables(Link& link, const std::vector<int>& numbers);
+  // REQUIRES: it was read.
+  const Relation& Table(int number) const { return tables_.at(number); }
+  // Makes the catalogue and the relations that are missing; the numbers of the tables. Error 3027 for who only reads.
   std::vector<int> EnsureTables(const std::vector<TableDef>& tables);
+  void RequireWrites() const;
 
-  // Files that this engine has open hold a lock on their name, so that nobody renames them.
+  // Who has a file open holds a lock on its name, so that nobody renames it. This is what
+  // is locked, in SQL.
+  static std::string LockOf(std::string_view file_parameter);
   void Opened(const std::string& file);
-  void Closed(const std::string& file);
+  void Closed(const std::string& file) noexcept;
 
  private:
   void Greet(Link& link);

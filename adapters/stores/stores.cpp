@@ -10,9 +10,7 @@
 namespace zendara {
 namespace {
 
-bool IsServer(std::string_view place) {
-  return place.starts_with("postgresql://") || place.starts_with("postgres://");
-}
+bool IsServer(std::string_view place) { return place.starts_with("postgresql://") || place.starts_with("postgres://"); }
 
 }  // namespace
 

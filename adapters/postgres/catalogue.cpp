@@ -19,16 +19,16 @@ constexpr int kVersion = 1;
 
 // The collation orders what has no sort key as the keys do: Spanish, without regard to case.
 constexpr const char* kCatalogue[] = {
-    "CREATE COLLATION IF NOT EXISTS zendara_es (provider = icu, locale = 'es-u-ks-level2', deterministic = false)",
-    "CREATE TABLE IF NOT EXISTS zendara_store (version integer NOT NULL, keys text NOT NULL)",
-    "CREATE TABLE IF NOT EXISTS zendara_tables (number integer GENERATED ALWAYS AS IDENTITY PRIMARY KEY, "
+    "CREATE COLLATION zendara_es (provider = icu, locale = 'es-u-ks-level2', deterministic = false)",
+    "CREATE TABLE zendara_store (version integer NOT NULL, keys text NOT NULL)",
+    "CREATE TABLE zendara_tables (number integer GENERATED ALWAYS AS IDENTITY PRIMARY KEY, "
     "definition text NOT NULL, shape text NOT NULL, relation text NOT NULL)",
-    "CREATE UNIQUE INDEX IF NOT EXISTS zendara_tables_definition ON zendara_tables (md5(definition))",
-    "CREATE TABLE IF NOT EXISTS zendara_files (zendara_file text COLLATE \"C\" PRIMARY KEY, name text NOT NULL, "
+    "CREATE UNIQUE INDEX zendara_tables_definition ON zendara_tables (md5(definition))",
+    "CREATE TABLE zendara_files (zendara_file text COLLATE \"C\" PRIMARY KEY, name text NOT NULL, "
     "tables integer[] NOT NULL)",
-    "CREATE TABLE IF NOT EXISTS zendara_queries (zendara_file text COLLATE \"C\", folded text COLLATE \"C\", "
+    "CREATE TABLE zendara_queries (zendara_file text COLLATE \"C\", folded text COLLATE \"C\", "
     "name text NOT NULL, sql text NOT NULL, PRIMARY KEY (zendara_file, folded))",
-    "CREATE TABLE IF NOT EXISTS zendara_beside (zendara_file text COLLATE \"C\" PRIMARY KEY, name text NOT NULL, "
+    "CREATE TABLE zendara_beside (zendara_file text COLLATE \"C\" PRIMARY KEY, name text NOT NULL, "
     "bytes bytea NOT NULL)"};
 
 // Where an installation separates its clients, this function puts a new relation under its rules.
@@ -48,9 +48,7 @@ bool HasCatalogue(Link& link) { return link.Run("SELECT to_regclass('zendara_sto
 
 void CreateCatalogue(Link& link, const std::string& keys) {
   for (const char* statement : kCatalogue) link.RunOnce(statement);
-  link.RunOnce("INSERT INTO zendara_store SELECT " + std::to_string(kVersion) +
-                   ", $1 WHERE NOT EXISTS (SELECT 1 FROM zendara_store)",
-               Parameters().Text(keys));
+  link.RunOnce("INSERT INTO zendara_store VALUES (" + std::to_string(kVersion) + ", $1)", Parameters().Text(keys));
 }
 
 std::string FreeName(Link& link, const TableDef& table) {
@@ -142,7 +140,7 @@ std::vector<int> EnsureTables(Link& link, const std::vector<TableDef>& tables, c
   try {
     // One at a time in a schema.
     link.Run("SELECT pg_advisory_xact_lock(hashtextextended(current_schema() || '/zendara_tables', 0))");
-    CreateCatalogue(link, keys);
+    if (!HasCatalogue(link)) CreateCatalogue(link, keys);
     number_all(
         [&](const TableDef& table, const std::string& definition) { return AddDefinition(link, table, definition); });
     link.Commit();

@@ -45,8 +45,12 @@ bool IsRefusal(const PGconn* connection) {
 
 using Connection = std::unique_ptr<PGconn, decltype(&PQfinish)>;
 
+// What the server says beside its answers is for its own log.
 Connection Open(const Conninfo& place) {
-  return {PQconnectdbParams(place.Keywords().data(), place.Values().data(), 0), PQfinish};
+  Connection opened(PQconnectdbParams(place.Keywords().data(), place.Values().data(), 0), PQfinish);
+  PQsetNoticeReceiver(
+      opened.get(), [](void*, const PGresult*) {}, nullptr);
+  return opened;
 }
 
 }  // namespace

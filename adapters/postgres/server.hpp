@@ -13,10 +13,12 @@
 #include "adapters/postgres/conninfo.hpp"
 #include "adapters/postgres/link.hpp"
 #include "adapters/postgres/relation.hpp"
+#include "platform/sql/query_cache.hpp"
 
 namespace zendara::postgres {
 
 class OpenFile;
+struct PreparedQuery;
 
 class Server {
  public:
@@ -35,6 +37,9 @@ class Server {
   // engine, and when it idles.
   std::uint64_t Tick() const { return tick_; }
   void Changed() { ++tick_; }
+
+  // By shape and by the tables of the file, so files of the same tables have them in common.
+  sql::QueryCache<PreparedQuery>& queries() { return queries_; }
 
   // Catalogue.
   // Definitions by number, which never change; those that are not known yet are read, all of them at once.
@@ -61,6 +66,7 @@ class Server {
   std::vector<std::unique_ptr<Link>> spare_;
   std::uint64_t tick_ = 0;
   std::map<int, Relation> tables_;
+  sql::QueryCache<PreparedQuery> queries_;
   std::vector<std::string> open_;  // names of files
 };
 

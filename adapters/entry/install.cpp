@@ -6,7 +6,6 @@
 #include "adapters/entry/ports.hpp"
 #include "adapters/entry/structure.hpp"
 #include "adapters/plain_c/plain_neighbours.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/platform.hpp"
 
 namespace zendara {
@@ -27,9 +26,10 @@ void Register(Components& components, std::string_view name, const Table* table,
 class Surroundings {
  public:
   explicit Surroundings(const zendara_platform& given) {
-    platform.application_folder = TakeText(given.application_folder);
     engine_ =
         given.engine ? Counted<zendara_engine>::OneMore(Handle<zendara_engine>(given.engine)) : MakeEngineObject();
+    const bool own_folder = given.application_folder || engine_->folder.empty();
+    platform.application_folder = own_folder ? TakeText(given.application_folder) : engine_->folder;
     platform.engine = engine_->engine.get();
     if (given.screens) {
       screens = Counted<zendara_screens>::OneMore(Handle<zendara_screens>(given.screens));
@@ -38,7 +38,7 @@ class Surroundings {
     if (given.dialogs) platform.dialogs = (dialogs_ = DialogsOf(CopyOf(given.dialogs), platform.dialogs)).get();
     if (given.shell) platform.shell = (shell_ = ShellOf(CopyOf(given.shell), platform.shell)).get();
     const zendara_files files = given.files ? CopyOf(given.files) : zendara_files{};
-    platform.files = (files_ = FilesOf(files)).get();
+    platform.files = (files_ = FilesOf(files, *engine_->files)).get();
     // Tables without their only function.
     const zendara_clock clock = given.clock ? CopyOf(given.clock) : zendara_clock{};
     if (clock.Now) platform.clock = (clock_ = ClockOf(clock)).get();

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "adapters/plain_c/outside_call.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -40,14 +39,14 @@ class TableDialogs final : public Dialogs {
 
 class TableFiles final : public Files {
  public:
-  explicit TableFiles(const zendara_files& table) : table_(table) {}
+  TableFiles(const zendara_files& table, const Files& rest) : table_(table), rest_(rest) {}
 
   bool Exists(std::string_view path) const override {
-    if (!table_.Exists) return machine_->Exists(path);
+    if (!table_.Exists) return rest_.Exists(path);
     return CallOutside("files: Exists", table_.Exists, table_.self, std::string(path).c_str()) == ZENDARA_OK;
   }
   std::string ReadRecord(std::string_view path, std::size_t length) const override {
-    if (!table_.ReadRecord) return machine_->ReadRecord(path, length);
+    if (!table_.ReadRecord) return rest_.ReadRecord(path, length);
     std::string bytes(length, '\0');
     CallOutside("files: ReadRecord", table_.ReadRecord, table_.self, std::string(path).c_str(),
                 reinterpret_cast<std::uint8_t*>(bytes.data()), length);
@@ -56,7 +55,7 @@ class TableFiles final : public Files {
 
  private:
   zendara_files table_;
-  std::unique_ptr<Files> machine_ = MakeHostFiles();
+  const Files& rest_;
 };
 
 class TableShell final : public Shell {
@@ -141,7 +140,9 @@ BoxAnswer AnswerTo(const Box& box, std::int64_t answer) {
 std::unique_ptr<Dialogs> DialogsOf(const zendara_dialogs& table, Dialogs* rest) {
   return std::make_unique<TableDialogs>(table, rest);
 }
-std::unique_ptr<Files> FilesOf(const zendara_files& table) { return std::make_unique<TableFiles>(table); }
+std::unique_ptr<Files> FilesOf(const zendara_files& table, const Files& rest) {
+  return std::make_unique<TableFiles>(table, rest);
+}
 std::unique_ptr<Shell> ShellOf(const zendara_shell& table, Shell* rest) {
   return std::make_unique<TableShell>(table, rest);
 }

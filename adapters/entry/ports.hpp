@@ -26,9 +26,9 @@ class PlainBox {
 // The answer that a host gives. Error 5 for one that the box does not offer.
 BoxAnswer AnswerTo(const Box& box, std::int64_t answer);
 
-// Each serves what the table has; `rest`, which outlives it and may be null, what it leaves null.
+// Each serves what the table has; `rest`, which outlives it and may be null but for the files, what it leaves null.
 std::unique_ptr<Dialogs> DialogsOf(const zendara_dialogs& table, Dialogs* rest);
-std::unique_ptr<Files> FilesOf(const zendara_files& table);
+std::unique_ptr<Files> FilesOf(const zendara_files& table, const Files& rest);
 std::unique_ptr<Shell> ShellOf(const zendara_shell& table, Shell* rest);
 std::unique_ptr<Clock> ClockOf(const zendara_clock& table);
 std::unique_ptr<Log> LogOf(const zendara_log& table);

@@ -28,7 +28,7 @@ Field FieldOf(Recordset& recordset, const zendara_variant& column) {
 
 }  // namespace
 
-Counted<zendara_engine> MakeEngineObject() { return Make<zendara_engine>(MakeEngine()); }
+Counted<zendara_engine> MakeEngineObject() { return Make<zendara_engine>(OpenStore({})); }
 
 }  // namespace zendara
 
@@ -93,7 +93,11 @@ zendara_result zendara_engine_open(const char* place, uint32_t access, zendara_e
     Needed(engine) = nullptr;
     if (access != ZENDARA_WRITE && access != ZENDARA_READ) Refuse(ZENDARA_INVALID, "no such access");
     const auto kind = access == ZENDARA_READ ? Access::kRead : Access::kWrite;
-    GiveObject(engine, Make<zendara_engine>(MakeEngine(TakeTextOrEmpty(place), kind)));
+    const std::string wanted = TakeTextOrEmpty(place);
+    // An engine alone: a folder is the host's to name.
+    Store store = wanted.find("://") == std::string::npos ? Store{MakeEngine(wanted, kind), MakeHostFiles(), {}}
+                                                          : OpenStore(wanted, kind);
+    GiveObject(engine, Make<zendara_engine>(std::move(store)));
   });
 }
 

@@ -3,16 +3,21 @@
 
 #include <memory>
 #include <span>
+#include <string>
 #include <utility>
 
 #include "adapters/entry/members.hpp"
+#include "zendara/engines.hpp"
 #include "zendara/record_engine.hpp"
 
 struct zendara_engine final : zendara::Named<zendara_engine> {
-  explicit zendara_engine(std::shared_ptr<zendara::Engine> opened) : engine(std::move(opened)) {}
+  explicit zendara_engine(zendara::Store opened)
+      : engine(std::move(opened.engine)), files(std::move(opened.files)), folder(std::move(opened.folder)) {}
   static std::span<const zendara::Member<zendara_engine>> Members();
 
   const std::shared_ptr<zendara::Engine> engine;
+  const std::unique_ptr<zendara::Files> files;
+  const std::string folder;  // of a server, which is the folder; empty: it is the host's
 };
 
 struct zendara_database final : zendara::Named<zendara_database> {

@@ -1,6 +1,7 @@
 #include "adapters/icu/spanish_order.hpp"
 
 #include <unicode/ucol.h>
+#include <unicode/ustring.h>
 
 #include <algorithm>
 #include <vector>
@@ -49,6 +50,39 @@ int SpanishOrder::Compare(std::string_view a, std::string_view b) const {
   const auto next = static_cast<unsigned char>((a.size() > common ? a : b)[common]);
   if (next >= 128 || rank_[next] == 0) return CompareByCollator(a, b);
   return a.size() < b.size() ? -1 : 1;
+}
+
+void SpanishOrder::AppendKey(std::string_view text, std::string& bytes) const {
+  text = WithoutTrailingBlanks(text);
+  std::array<UChar, 256> room;
+  std::vector<UChar> more;
+  UChar* units = room.data();
+  if (text.size() > room.size()) {
+    more.resize(text.size());  // a text has at most as many units as bytes
+    units = more.data();
+  }
+  int32_t length = 0;
+  UErrorCode status = U_ZERO_ERROR;
+  u_strFromUTF8WithSub(units, static_cast<int32_t>(std::max(text.size(), room.size())), &length, text.data(),
+                       static_cast<int32_t>(text.size()), 0xFFFD, nullptr, &status);
+  std::array<std::uint8_t, 512> key;
+  const int32_t size = ucol_getSortKey(collator_, units, length, key.data(), static_cast<int32_t>(key.size()));
+  // Its last byte ends it and tells nothing.
+  if (static_cast<std::size_t>(size) <= key.size()) {
+    bytes.append(reinterpret_cast<const char*>(key.data()), static_cast<std::size_t>(size - 1));
+    return;
+  }
+  std::vector<std::uint8_t> long_key(static_cast<std::size_t>(size));
+  ucol_getSortKey(collator_, units, length, long_key.data(), size);
+  bytes.append(reinterpret_cast<const char*>(long_key.data()), static_cast<std::size_t>(size - 1));
+}
+
+std::string SpanishOrder::KeyVersion() const {
+  UVersionInfo version;
+  ucol_getVersion(collator_, version);
+  std::array<char, U_MAX_VERSION_STRING_LENGTH> text;
+  u_versionToString(version, text.data());
+  return text.data();
 }
 
 int SpanishOrder::CompareByCollator(std::string_view a, std::string_view b) const {

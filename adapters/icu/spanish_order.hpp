@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 struct UCollator;
@@ -20,6 +21,10 @@ class SpanishOrder {
 
   // Negative, zero or positive. ñ comes after n; accents separate only texts that are otherwise equal.
   int Compare(std::string_view a, std::string_view b) const;
+  // Appends bytes whose order is that of the texts; equal for texts that are. At least one.
+  void AppendKey(std::string_view text, std::string& bytes) const;
+  // Keys of different versions cannot be compared.
+  std::string KeyVersion() const;
 
  private:
   int CompareByCollator(std::string_view a, std::string_view b) const;

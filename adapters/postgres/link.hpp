@@ -18,6 +18,8 @@ namespace zendara::postgres {
 // or all that are left when somebody else needs the connection.
 class Reader {
  public:
+  // Somebody else needs the connection: all that is left arrives now.
+  virtual void Hurry() {}
   virtual void Arrived(Answer rows) = 0;
   // There are no more, because of this.
   virtual void Failed(std::exception_ptr error) = 0;
@@ -43,6 +45,9 @@ class Link {
   Answer Run(std::string_view sql, const Parameters& parameters = {});
   // Not prepared.
   Answer RunOnce(const std::string& sql, const Parameters& parameters = {});
+  // Of the last statement that failed: it was sent, and nobody knows what became of it.
+  bool AnswerWasLost() const { return answer_lost_; }
+  bool IsConnected() const { return connection_ != nullptr; }
 
   // Starts a statement, whose rows `reader` takes: together, or one by one with an answer each. Who starts or runs
   // anything lets the reader before have its rows first.
@@ -53,23 +58,31 @@ class Link {
   bool Next(Reader& reader);
   // Gives up what is left of its rows.
   void Leave(const Reader& reader);
+  // Lets the reader have its rows.
+  void Settle();
 
+  // Whether a commit whose answer was lost was done is asked on a new connection. 3146 when that cannot be had: the
+  // same call once more asks again.
   void Begin();
   void Commit();
   void Rollback();
   bool InTransaction() const { return in_transaction_; }
-  // The connection was lost, or a statement failed for good, since Begin: all of the transaction is undone.
-  bool IsBroken() const { return broken_; }
-
-  // Counts the connections: what was prepared or held on an earlier one is gone.
-  int Connections() const { return connections_; }
-  // The number of the server's process, for asking who waits for whom.
-  int Backend() const;
+  // Writes that leave the transaction, if there is one, as it was when one of them fails.
+  void AsOne(const std::function<void()>& writes);
 
  private:
+  struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+  };
   struct Prepared {
     std::string name;
-    std::list<std::string>::iterator use;  // in uses_
+    std::list<std::string_view>::iterator use;  // in uses_
+  };
+  // A statement that made a transaction useless.
+  struct Fault {
+    int number = 0;
+    std::string words;
   };
 
   void Connect();
@@ -79,20 +92,27 @@ class Link {
   void Send(const std::string& name, const Parameters& parameters);
   Answer Receive();
   Answer Wait();
-  [[noreturn]] void Fail(const PGresult* result);
-  void LetReaderHave();
+  void Drain();
+  void Check(const PGresult* result);
+  [[noreturn]] void FailLost(bool sent);
+  void FindBlocker();
+  void AskOutcome();
 
   const Conninfo& place_;
   const Greeting& greeting_;
   PGconn* connection_ = nullptr;
-  int connections_ = 0;
-  std::unordered_map<std::string, Prepared> prepared_;  // by text
-  std::list<std::string> uses_;                         // texts, the latest first
+  std::unordered_map<std::string, Prepared, TextHash, std::equal_to<>> prepared_;  // by text
+  std::list<std::string_view> uses_;                                               // texts, the latest first
   std::int64_t names_ = 0;
   Reader* reader_ = nullptr;
+  bool answer_lost_ = false;
   bool in_transaction_ = false;
-  bool broken_ = false;
-  std::string blocker_;  // who holds what this waits for, once it has been asked
+  int guarded_ = 0;        // AsOne
+  Fault fault_;            // of the transaction
+  std::string number_;     // of the transaction on the server
+  bool in_doubt_ = false;  // its commit
+  std::string blocker_user_;
+  std::string blocker_machine_;
 };
 
 }  // namespace zendara::postgres

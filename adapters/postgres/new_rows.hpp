@@ -11,6 +11,9 @@
 
 namespace zendara::postgres {
 
+// What the key column of a value gets.
+void BindKey(const Value& value, const SpanishOrder& order, Parameters& parameters);
+
 class NewRows {
  public:
   void Add(const Relation& relation, const std::vector<Value>& row);

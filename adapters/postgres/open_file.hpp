@@ -17,39 +17,48 @@ namespace zendara::postgres {
 // no part of it.
 class OpenFile {
  public:
-  OpenFile(std::shared_ptr<Server> server, std::string file, std::vector<int> tables);
-  // Rows of a file that does not exist for others yet: all of it goes through the link of whoever makes it.
-  OpenFile(std::shared_ptr<Server> server, std::string file, std::vector<int> tables, Link& maker);
+  // `maker`: nobody, or who makes the file, which does not exist for others yet: all goes through that link.
+  OpenFile(std::shared_ptr<Server> server, std::string file, std::vector<int> tables, Link* maker = nullptr);
   ~OpenFile();
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
 
   // The file's name as the server has it, the value of the first column everywhere.
   const std::string& name() const { return file_; }
   Server& server() { return *server_; }
 
-  // nullptr if the file has no such table. Good for the life of the engine.
+  // nullptr if the file has no such table. Good for the life of the engine. What other programs have added is seen.
   const Relation* FindTable(std::string_view table);
   const std::vector<int>& tables() const { return tables_; }
   void AddTable(int table) { tables_.push_back(table); }
+  // Whoever made the file is done with it: whatever is still open on it is 3420.
+  void Detach() { detached_ = true; }
 
   // Where a statement goes to, once all rows that wait were sent.
   Link& Reach();
-  // In a transaction and for a table that refuses no row, or in a new file: the row is sent later, with others.
-  bool Defers(const Relation& relation) const;
-  void Defer(const Relation& relation, const std::vector<Value>& row);
+  // In a transaction and for a table that refuses no row, or in a new file: true, and the row is sent later, with
+  // others.
+  bool Defer(const Relation& relation, const std::vector<Value>& row);
 
-  bool InTransaction() const { return link_ != nullptr; }
+  // Who still reads has what is left of it.
+  void Settle();
+
+  bool InTransaction() const { return transaction_ || maker_; }
   // Errors as Database names them.
   void Begin();
   void Commit();
   void Rollback();
 
  private:
+  const Relation* FindKnown(std::string_view table) const;
+  void EndTransaction();
+
   std::shared_ptr<Server> server_;
   std::string file_;
   std::vector<int> tables_;  // numbers in the catalogue, in the order of creation
-  std::unique_ptr<Link> own_;
-  Link* link_ = nullptr;  // of the transaction, or of the maker
-  bool made_elsewhere_ = false;
+  Link* const maker_;
+  bool detached_ = false;
+  std::unique_ptr<Link> transaction_;  // its link
   NewRows waiting_;
 };
 

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zendara/record_engine.hpp"
@@ -20,6 +21,7 @@ struct Relation {
   Relation(TableDef table, std::string_view relation);
 
   TableDef definition;
+  std::string plain_name;
   // For statements, quoted.
   std::string name;
   std::vector<std::string> columns;

@@ -13,15 +13,16 @@
 #include "adapters/postgres/conninfo.hpp"
 #include "adapters/postgres/link.hpp"
 #include "adapters/postgres/relation.hpp"
+#include "platform/sql/query_cache.hpp"
 
 namespace zendara::postgres {
 
 class OpenFile;
+struct PreparedQuery;
 
 class Server {
  public:
   explicit Server(std::string_view conninfo, Access access);
-  ~Server();
 
   const std::string& name() const { return place_.Name(); }
   Access access() const { return place_.access(); }
@@ -37,16 +38,23 @@ class Server {
   std::uint64_t Tick() const { return tick_; }
   void Changed() { ++tick_; }
 
-  // Catalogue.
-  // Definitions by number, which never change; those that are not known yet are read.
-  const Relation& Table(int number);
-  void ReadTables(const std::vector<int>& numbers);
-  // Makes the catalogue and the relations that are missing; the numbers of the tables.
-  std::vector<int> EnsureTables(const std::vector<TableDef>& tables);
+  // By shape and by the tables of the file, so files of the same tables have them in common.
+  sql::QueryCache<PreparedQuery>& queries() { return queries_; }
 
-  // Files that this engine has open hold a lock on their name, so that nobody renames them.
+  // Catalogue.
+  // Definitions by number, which never change; those that are not known yet are read, all of them at once.
+  void ReadTables(Link& link, const std::vector<int>& numbers);
+  // REQUIRES: it was read.
+  const Relation& Table(int number) const { return tables_.at(number); }
+  // Makes the catalogue and the relations that are missing; the numbers of the tables. Error 3027 for who only reads.
+  std::vector<int> EnsureTables(const std::vector<TableDef>& tables);
+  void RequireWrites() const;
+
+  // Who has a file open holds a lock on its name, so that nobody renames it. This is what
+  // is locked, in SQL.
+  static std::string LockOf(std::string_view file_parameter);
   void Opened(const std::string& file);
-  void Closed(const std::string& file);
+  void Closed(const std::string& file) noexcept;
 
  private:
   void Greet(Link& link);
@@ -58,6 +66,7 @@ class Server {
   std::vector<std::unique_ptr<Link>> spare_;
   std::uint64_t tick_ = 0;
   std::map<int, Relation> tables_;
+  sql::QueryCache<PreparedQuery> queries_;
   std::vector<std::string> open_;  // names of files
 };
 

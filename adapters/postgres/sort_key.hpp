@@ -8,7 +8,7 @@
 
 namespace zendara::postgres {
 
-// Empty for Null, never empty for anything else. No key is the beginning of another one.
+// Nothing for Null, at least one byte for anything else.
 void AppendSortKey(const Value& value, const SpanishOrder& order, std::string& bytes);
 std::string SortKey(const Value& value, const SpanishOrder& order);
 

@@ -17,11 +17,16 @@ namespace zendara::postgres {
 // The type that columns of ours have on the server.
 std::string_view StoredType(ColumnType type);
 
+// A date as the server counts: microseconds since 01/01/2000. The time of day is stored to the second.
+std::int64_t MomentOf(Date date);
+Date DateOf(std::int64_t moment);
+
 // The parameters $1, $2, ... of a statement, in this order.
 class Parameters {
  public:
   Parameters& Text(std::string_view text);
   Parameters& Bytes(std::string_view bytes);
+  Parameters& NullBytes();
   Parameters& Number(double number);
   Parameters& Integer(std::int64_t number);
   // As a column of that type holds it; Null is one of that type.

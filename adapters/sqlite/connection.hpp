@@ -13,8 +13,9 @@
 #include <vector>
 
 #include "adapters/icu/spanish_order.hpp"
-#include "adapters/sqlite/query_cache.hpp"
+#include "adapters/sqlite/prepared_query.hpp"
 #include "adapters/sqlite/statement.hpp"
+#include "platform/sql/query_cache.hpp"
 #include "zendara/record_engine.hpp"
 
 struct sqlite3;
@@ -83,7 +84,8 @@ class Connection {
   void Run(std::string_view sql) { Prepare(sql).Run(); }
   // From here on writing is error 3027.
   void RefuseWrites() { Run("PRAGMA query_only = ON"); }
-  QueryCache& queries() { return queries_; }
+  // Its tables keep their definitions as long as it is open.
+  sql::QueryCache<PreparedQuery>& queries() { return queries_; }
   // What the store allows at most, by its number for that.
   std::size_t Limit(int number) const;
   // Rows changed by the last write.
@@ -157,7 +159,7 @@ class Connection {
   Clock::time_point crowded_until_ = {};
   std::minstd_rand random_{std::random_device()()};
   Statement data_version_;
-  QueryCache queries_;
+  sql::QueryCache<PreparedQuery> queries_;
   std::unordered_map<std::string, std::unique_ptr<TableInfo>> tables_;  // by lower-case name
 };
 

@@ -5,7 +5,6 @@
 #include <exception>
 #include <utility>
 
-#include "adapters/sqlite/query_cache.hpp"
 #include "adapters/sqlite/rows_aside.hpp"
 #include "platform/sql/implied.hpp"
 #include "platform/sql/parser.hpp"
@@ -23,17 +22,21 @@ constexpr std::size_t kMaxTables = 64;
 class SqliteDialect final : public sql::Dialect {
  public:
   // Two literals are compared as a literal and a column are.
-  std::string Placeholder(const sql::Parameter& literal) const override {
+  std::string Literal(const sql::Parameter& literal, sql::Form) override {
     return "?" + std::to_string(literal.number) + (literal.type == ColumnType::kText ? " COLLATE es" : "");
   }
 
   // min and max give Null when either bound is Null, as the condition must.
-  std::string Between(const std::string& value, const std::string& a, const std::string& b) const override {
+  std::string Between(const std::string& value, const std::string& a, const std::string& b, bool) const override {
     return value + " BETWEEN min(" + a + ", " + b + ") AND max(" + a + ", " + b + ")";
   }
 
-  std::string OrderOfWriting(const std::string& table) const override { return table + ".rowid"; }
-  std::string NullOrder(bool) const override { return {}; }  // Null is the least of all here
+  // Null is the least of all here.
+  std::string OrderKey(const sql::TableRef& table, int column, bool descending) const override {
+    const std::string key =
+        column == sql::kOrderOfWriting ? Qualified(table, "rowid") : Column(table, column, sql::Form::kCompared);
+    return key + (descending ? " DESC" : "");
+  }
 };
 
 sql::Catalogue CatalogueOf(Connection& connection) {
@@ -56,17 +59,17 @@ void CheckLimits(const Connection& connection, const sql::Tokens& tokens, const 
 std::shared_ptr<PreparedQuery> Prepare(Connection& connection, sql::Tokens& tokens) {
   sql::Select select = ParseSelect(tokens, CatalogueOf(connection));
   AddImpliedKeys(select);
-  const sql::Printed printed = Print(select, SqliteDialect());
+  SqliteDialect dialect;
+  const sql::Printed printed = Print(select, dialect);
   CheckLimits(connection, tokens, printed);
   for (const std::size_t list : {select.items.size(), select.group_by.size(), select.order_by.size()}) {
     RequireAtMost(list, connection.Limit(SQLITE_LIMIT_COLUMN), tokens);
   }
   RequireAtMost(select.from.size(), kMaxTables, tokens);
   auto query = std::make_shared<PreparedQuery>();
-  query->shape = std::move(tokens.shape);
   for (const sql::SelectItem& item : select.items) query->columns.push_back(item.column);
   query->statement = connection.Prepare(printed.text);
-  connection.queries().Keep(query);
+  connection.queries().Keep(std::move(tokens.shape), query);
   return query;
 }
 
@@ -148,7 +151,8 @@ std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<Connection> connect
 void RunDelete(Connection& connection, std::string_view sql, YearWindow window) {
   const sql::Tokens tokens = sql::Tokenize(sql, window);
   const sql::Delete parsed = ParseDelete(tokens, CatalogueOf(connection));
-  const sql::Printed printed = Print(parsed, SqliteDialect());
+  SqliteDialect dialect;
+  const sql::Printed printed = Print(parsed, dialect);
   CheckLimits(connection, tokens, printed);
   connection.Acquire(nullptr);
   Statement statement = connection.Prepare(printed.text);

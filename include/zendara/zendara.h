@@ -328,7 +328,8 @@ ZENDARA_EXPORT zendara_result zendara_create(const char *name, const zendara_gui
 enum { ZENDARA_WRITE = 0, ZENDARA_READ = 1 };
 enum { ZENDARA_TABLE = 1, ZENDARA_QUERY = 2, ZENDARA_FORWARD = 8 };
 
-/* As MakeEngine of zendara/engines.hpp: `place` null or empty is the default engine. Error 3170 for another kind. */
+/* As MakeEngine of zendara/engines.hpp: `place` null or empty is the default engine, "postgresql://..." a server, which
+ * also has the files beside the databases and stands for the folder. Error 3170 for another kind. */
 ZENDARA_EXPORT zendara_result zendara_engine_open(const char *place, uint32_t access, zendara_engine **engine);
 /* The operations of the same names in zendara/record_engine.hpp. */
 ZENDARA_EXPORT zendara_result zendara_database_open(zendara_engine *engine, const char *path,
@@ -435,7 +436,7 @@ typedef struct {
   zendara_result (*Visualiza)(void *self, const zendara_listing *listing);
 } zendara_listing_viewer;
 
-/* Files beside the databases; null functions: the machine's. */
+/* Files beside the databases; null functions: the machine's, of a server the server's. */
 typedef struct {
   uint32_t size;
   void *self;
@@ -466,8 +467,9 @@ typedef struct {
   zendara_result (*Line)(void *self, const char *line);
 } zendara_log;
 
-/* What is null is the front end's, a class file's, or the machine's, see zendara/platform.hpp; the folder is needed.
- * The tables are copied; what their `self` points to outlives the platform. The engine and the screens are counted. */
+/* What is null is the front end's, a class file's, or the machine's, see zendara/platform.hpp; the folder is needed, but for an engine on a
+ * server. The tables are copied; what their `self` points to outlives the platform. The engine and the screens are
+ * counted. */
 typedef struct {
   uint32_t size;
   zendara_engine *engine;

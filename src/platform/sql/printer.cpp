@@ -1,14 +1,11 @@
 #include "platform/sql/printer.hpp"
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <utility>
 
 namespace zendara::sql {
 namespace {
-
-constexpr std::array<std::string_view, 4> kAggregateNames = {"min", "max", "count", "sum"};
 
 std::string_view Symbol(Operator op) {
   switch (op) {
@@ -41,62 +38,99 @@ constexpr std::size_t kGroup = 8;
 
 class Printer {
  public:
-  Printer(const std::vector<TableRef>& from, const Dialect& dialect) : from_(from), dialect_(dialect) {}
+  Printer(const std::vector<TableRef>& from, Dialect& dialect) : from_(from), dialect_(dialect) {}
 
   void Add(std::string_view text) { printed_.text += text; }
 
   void AddTables() {
     for (const TableRef& ref : from_) {
       if (&ref != from_.data()) Add(", ");
-      Add(QuoteName(ref.table->name) + " AS " + QuoteName(ref.alias));
+      Add(dialect_.Table(*ref.table) + " AS " + QuoteName(ref.alias));
     }
   }
 
   void AddWhere(const std::optional<Expression>& where) {
+    std::string_view before = " WHERE ";
+    for (const TableRef& ref : from_) {
+      const std::string rows = dialect_.RowsOf(ref);
+      if (rows.empty()) continue;
+      Add(std::exchange(before, " AND "));
+      Add(rows);
+    }
     if (!where) return;
-    Add(" WHERE ");
+    Add(before);
     AddCondition(*where);
   }
 
-  // What a condition compares, or an item of the select list.
-  std::string Text(const Expression& operand) const {
-    return std::visit([this](const auto& node) { return Node(node); }, operand.node);
+  // An item of the select list.
+  std::string Item(const Expression& item, bool of_group) {
+    if (const auto* call = std::get_if<Call>(&item.node)) return Text(*call);
+    return Text(item, of_group ? Form::kOfGroup : Form::kRead);
   }
 
-  std::string Node(ColumnRef ref) const {
-    const TableRef& table = from_[static_cast<std::size_t>(ref.table)];
-    if (ref.column == kOrderOfWriting) return dialect_.OrderOfWriting(QuoteName(table.alias));
-    return QuoteName(table.alias) + "." + QuoteName(table.table->columns[static_cast<std::size_t>(ref.column)].name);
+  std::string GroupKey(ColumnRef ref) const { return dialect_.GroupKey(TableOf(ref), ref.column); }
+
+  std::string OrderKey(const OrderTerm& term) const {
+    return dialect_.OrderKey(TableOf(term.column), term.column.column, term.descending);
   }
 
   Printed Finish() { return std::move(printed_); }
 
  private:
-  std::string Node(Null) const { return "NULL"; }
-  std::string Node(const Parameter& literal) const { return dialect_.Placeholder(literal); }
-  std::string Node(const Operation&) const { return {}; }  // no operand
+  const TableRef& TableOf(ColumnRef ref) const { return from_[static_cast<std::size_t>(ref.table)]; }
+  bool HasKey(ColumnRef ref) const { return dialect_.HasKey(*TableOf(ref).table, ref.column); }
+  std::string Text(ColumnRef ref, Form form) const { return dialect_.Column(TableOf(ref), ref.column, form); }
 
-  std::string Node(const Call& call) const {
-    std::string text(kAggregateNames[static_cast<std::size_t>(call.function)]);
-    return text + "(" + (call.argument ? Node(*call.argument) : "*") + ")";
+  std::string Text(const Expression& operand, Form form) {
+    if (const auto* ref = std::get_if<ColumnRef>(&operand.node)) return Text(*ref, form);
+    if (const auto* literal = std::get_if<Parameter>(&operand.node)) return dialect_.Literal(*literal, form);
+    return "NULL";
+  }
+
+  std::string Text(const Call& call) const {
+    if (!call.argument) return "count(*)";
+    switch (call.function) {
+      case Aggregate::kMin:
+      case Aggregate::kMax:
+        return dialect_.Extreme(TableOf(*call.argument), call.argument->column, call.function == Aggregate::kMax);
+      case Aggregate::kCount:
+        return "count(" + Text(*call.argument, Form::kRead) + ")";
+      case Aggregate::kSum:
+        return "sum(" + Text(*call.argument, Form::kRead) + ")";
+    }
+    return {};
+  }
+
+  // Of values that are compared with each other.
+  Form FormOf(std::span<const Expression> operands) const {
+    const bool by_key = std::ranges::all_of(operands, [this](const Expression& operand) {
+      const auto* ref = std::get_if<ColumnRef>(&operand.node);
+      return !ref || HasKey(*ref);
+    });
+    return by_key ? Form::kKey : Form::kCompared;
   }
 
   void AddCondition(const Expression& condition) {
-    const auto& operation = std::get<Operation>(condition.node);
-    const auto operand = [&](std::size_t i) { return Text(operation.operands[i]); };
-    switch (operation.op) {
+    const auto& [op, operands] = std::get<Operation>(condition.node);
+    switch (op) {
       case Operator::kAnd:
       case Operator::kOr:
-        return Within("(", 1, [&] { AddChain(operation.operands, Symbol(operation.op)); });
+        return Within("(", 1, [&] { AddChain(operands, Symbol(op)); });
       case Operator::kNot:
-        return Within("NOT ", 1, [&] { AddCondition(operation.operands[0]); });
-      case Operator::kIsNull:
-        return Add("(" + operand(0) + " IS NULL)");
-      case Operator::kBetween:
-        return Add("(" + dialect_.Between(operand(0), operand(1), operand(2)) + ")");
+        return Within("NOT ", 1, [&] { AddCondition(operands[0]); });
       default:
-        return Add("(" + operand(0) + std::string(Symbol(operation.op)) + operand(1) + ")");
+        return Add("(" + Comparison(op, operands) + ")");
     }
+  }
+
+  std::string Comparison(Operator op, const std::vector<Expression>& operands) {
+    const Form form = FormOf(operands);
+    const std::string left = Text(operands[0], form);
+    if (op == Operator::kIsNull) return left + " IS NULL";
+    const std::string right = Text(operands[1], form);
+    if (op != Operator::kBetween) return left + std::string(Symbol(op)) + right;
+    const auto nullable = [](const Expression& end) { return !std::holds_alternative<Parameter>(end.node); };
+    return dialect_.Between(left, right, Text(operands[2], form), nullable(operands[1]) || nullable(operands[2]));
   }
 
   void AddChain(std::span<const Expression> conditions, std::string_view symbol) {
@@ -122,7 +156,7 @@ class Printer {
   }
 
   const std::vector<TableRef>& from_;
-  const Dialect& dialect_;
+  Dialect& dialect_;
   Printed printed_;
   int open_ = 0;
 };
@@ -135,28 +169,46 @@ std::string QuoteName(std::string_view name) {
   return text + '"';
 }
 
-Printed Print(const Select& select, const Dialect& dialect) {
+std::string Qualified(const TableRef& table, std::string_view quoted_column) {
+  return (QuoteName(table.alias) += '.').append(quoted_column);
+}
+
+std::string Dialect::Table(const TableDef& table) const { return QuoteName(table.name); }
+
+std::string Dialect::Column(const TableRef& table, int column, Form) const {
+  return Qualified(table, QuoteName(table.table->columns[static_cast<std::size_t>(column)].name));
+}
+
+std::string Dialect::Extreme(const TableRef& table, int column, bool greatest) const {
+  return (greatest ? "max(" : "min(") + Column(table, column, Form::kRead) + ")";
+}
+
+std::string Dialect::GroupKey(const TableRef& table, int column) const {
+  return Column(table, column, Form::kCompared);
+}
+
+Printed Print(const Select& select, Dialect& dialect) {
   Printer printer(select.from, dialect);
   printer.Add("SELECT ");
   for (const SelectItem& item : select.items) {
     if (&item != select.items.data()) printer.Add(", ");
-    printer.Add(printer.Text(item.expression));
+    printer.Add(printer.Item(item.expression, !select.group_by.empty()));
   }
   printer.Add(" FROM ");
   printer.AddTables();
   printer.AddWhere(select.where);
   for (const ColumnRef& column : select.group_by) {
     printer.Add(&column == select.group_by.data() ? " GROUP BY " : ", ");
-    printer.Add(printer.Node(column));
+    printer.Add(printer.GroupKey(column));
   }
   for (const OrderTerm& term : select.order_by) {
     printer.Add(&term == select.order_by.data() ? " ORDER BY " : ", ");
-    printer.Add(printer.Node(term.column) + (term.descending ? " DESC" : "") + dialect.NullOrder(term.descending));
+    printer.Add(printer.OrderKey(term));
   }
   return printer.Finish();
 }
 
-Printed Print(const Delete& statement, const Dialect& dialect) {
+Printed Print(const Delete& statement, Dialect& dialect) {
   const std::vector<TableRef> from = {statement.table};
   Printer printer(from, dialect);
   printer.Add("DELETE FROM ");

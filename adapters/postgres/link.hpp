@@ -72,6 +72,7 @@ class Link {
   void Commit();
   void Rollback();
   bool InTransaction() const { return in_transaction_; }
+  bool IsInDoubt() const { return in_doubt_; }
   // Writes that leave the transaction, if there is one, as it was when one of them fails.
   void AsOne(const std::function<void()>& writes);
 

@@ -136,7 +136,7 @@ TEST_F(FirstWindowTest, CompaniesAreChosenByYearsInFull) {
   EXPECT_EQ(window.Companies()->ChosenCompany()->code + window.Companies()->ChosenYear(), "0000299");
   window.Use("/none");
   EXPECT_NE(told.find("/none"), std::string::npos);
-  EXPECT_EQ(window.Folder(), "/full");
+  EXPECT_EQ(window.Place(), "/full");
 }
 
 TEST_F(FirstWindowTest, WithoutCompaniesADemonstrationIsOffered) {
@@ -166,7 +166,7 @@ TEST_F(FirstWindowTest, WithoutCompaniesADemonstrationIsOffered) {
   companies[demo.toStdString()] = {{"00001", "Demostración", {"01"}}};
   Wait([&] { return window.Companies() != nullptr; });
   EXPECT_EQ(made, demo.toStdString());
-  EXPECT_EQ(window.Folder(), made);
+  EXPECT_EQ(window.Place(), made);
 }
 
 }  // namespace

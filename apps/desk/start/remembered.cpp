@@ -10,6 +10,7 @@
 
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/stores/password.hpp"
 
 namespace zendara {
 namespace {
@@ -41,6 +42,7 @@ Remembered ReadRemembered(const QString& file) {
   QSettings settings(file, QSettings::IniFormat);
   Remembered read;
   read.folder = FromQt(settings.value(kFolder).toString());
+  if (HoldsPassword(read.folder)) read.folder.clear();
   read.company = FromQt(settings.value(kCompany).toString());
   read.year = FromQt(settings.value(kYear).toString());
   if (!AllDigits(read.company, 5)) read.company.clear();

@@ -9,7 +9,7 @@
 namespace zendara {
 
 struct Remembered {
-  std::string folder;  // the application's; empty: none was chosen yet
+  std::string folder;  // or the connection of a server, without a password; empty: none was chosen yet
   std::string company;
   std::string year;  // two digits
   int zoom = 100;    // percent

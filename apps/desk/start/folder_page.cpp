@@ -1,3 +1,5 @@
+#include "apps/desk/start/folder_page.hpp"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QGroupBox>
@@ -10,7 +12,6 @@
 #include <utility>
 
 #include "adapters/qt/look.hpp"
-#include "apps/desk/start/folder_page.hpp"
 
 namespace zendara {
 namespace {
@@ -81,7 +82,10 @@ FolderPage::FolderPage(std::function<void(const QString&)> make, std::function<v
 
 void FolderPage::Tell(const QString& words) { words_->setText(words); }
 
-void FolderPage::Propose(const QString& place) { place_->setText(place); }
+void FolderPage::Propose(const QString& place) {
+  place_->setText(place);
+  place_->setCursorPosition(0);
+}
 
 void FolderPage::Enable(bool enabled) {
   for (QWidget* widget : std::initializer_list<QWidget*>{place_, browse_, make_, choose_, server_}) {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QStackedLayout>
+#include <algorithm>
 #include <utility>
 
 #include "adapters/qt/keys.hpp"
@@ -43,8 +44,11 @@ std::optional<std::vector<Company>> StartWindow::Find(const std::string& place,
   return companies;
 } catch (const RuntimeError& error) {
   QApplication::restoreOverrideCursor();
-  tell("No se puede abrir " + (IsServer(place) ? std::string("el servidor") : "la carpeta " + place) + ": " +
-       OneLine(error));
+  std::string words = "No se puede abrir ";
+  words += IsServer(place) ? "el servidor: " : "la carpeta " + place + ": ";
+  words += OneLine(error);
+  std::ranges::replace(words, '\t', ' ');  // the server's own words are for a terminal
+  tell(words);
   return std::nullopt;
 }
 

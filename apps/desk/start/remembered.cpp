@@ -42,7 +42,6 @@ Remembered ReadRemembered(const QString& file) {
   QSettings settings(file, QSettings::IniFormat);
   Remembered read;
   read.folder = FromQt(settings.value(kFolder).toString());
-  if (HoldsPassword(read.folder)) read.folder.clear();
   read.company = FromQt(settings.value(kCompany).toString());
   read.year = FromQt(settings.value(kYear).toString());
   if (!AllDigits(read.company, 5)) read.company.clear();
@@ -66,7 +65,7 @@ bool WriteRemembered(const QString& file, const Remembered& remembered) {
   if (!made.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner)) return false;
   QSettings settings(file, QSettings::IniFormat);
   settings.clear();
-  settings.setValue(kFolder, ToQt(remembered.folder));
+  if (!HoldsPassword(remembered.folder)) settings.setValue(kFolder, ToQt(remembered.folder));
   settings.setValue(kCompany, ToQt(remembered.company));
   settings.setValue(kYear, ToQt(remembered.year));
   settings.setValue(kZoom, remembered.zoom);

@@ -9,7 +9,9 @@ using testing::ElementsAre;
 
 class QueryContract : public EngineContract {
  protected:
-  QueryContract() {
+  void SetUp() override {
+    EngineContract::SetUp();
+    if (IsSkipped()) return;
     db->CreateTable(
         {"Otra", {{"Campo0", ColumnType::kText, 5}, {"Campo1", ColumnType::kText, 5}}, {{"Icampo0_1", {0, 1}, true}}});
     auto rs = Open("Gente");
@@ -85,6 +87,14 @@ TEST_P(QueryContract, GroupsJoinsAndAggregates) {
   EXPECT_EQ(rs->Fields("mincod").Get(), Value("álamo"));
   EXPECT_EQ(Read(*rs, [] {}), (std::vector<std::vector<Value>>{{"álamo", *MakeDate(2001, 12, 25), 5, 9}}));
   EXPECT_THAT(Query("SELECT Max(Campo2) FROM Gente WHERE Campo0 = '9'"), ElementsAre(Null()));
+}
+
+TEST_P(QueryContract, AJoinOfTextsThatAreWrittenInTwoWays) {
+  for (const char* table : {"Una", "Dos"}) db->CreateTable({table, {{"Campo0", ColumnType::kText, 5}}, {}});
+  for (const char* text : {"a", "ñ  ", "", "b"}) Add(*Open("Una"), {text});
+  for (const char* text : {"A  ", "Ñ", "  ", "á"}) Add(*Open("Dos"), {text});
+  EXPECT_THAT(Query("select una.campo0 from una, dos where una.campo0 = dos.campo0"), ElementsAre("a", "ñ  ", ""));
+  EXPECT_THAT(Query("select campo0 from dos where campo0 between 'n' and 'á'"), ElementsAre("á"));
 }
 
 // However a join and an OR find their rows: with the OR in two negations, of which no key follows, they are the same.
@@ -231,6 +241,7 @@ TEST_P(QueryContract, RefusedTexts) {
       {"select campo0, max(campo1) from gente", 3075},
       {"select * from gente where campo0=7", 3421},
       {"select * from gente where campo2='05/03/01'", 3421},
+      {"select sum(campo1) from gente", 3421},
       {"select * from gente; delete * from gente", 3075},
       {"insert into gente values ('x')", 3075},
       {"", 3075},

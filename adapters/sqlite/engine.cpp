@@ -12,7 +12,7 @@
 namespace zendara::sqlite {
 namespace {
 
-class OpenDatabase final : public Database {
+class OpenDatabase : public Database {
  public:
   OpenDatabase(std::shared_ptr<Connection> connection, std::string_view name)
       : connection_(std::move(connection)), name_(name) {}
@@ -97,6 +97,15 @@ class OpenDatabase final : public Database {
   std::string name_;
 };
 
+class NewDatabase final : public OpenDatabase {
+ public:
+  using OpenDatabase::OpenDatabase;
+
+  void BeginTrans() override { throw RuntimeError(kNoTransaction); }
+  void CommitTrans() override { throw RuntimeError(kNoTransaction); }
+  void Rollback() override { throw RuntimeError(kNoTransaction); }
+};
+
 class DefaultEngine final : public Engine {
  public:
   explicit DefaultEngine(Access access) : workspace_(std::make_shared<FileWorkspace>(access)) {}
@@ -116,6 +125,10 @@ class DefaultEngine final : public Engine {
 
 std::shared_ptr<Database> MakeDatabase(std::shared_ptr<Connection> connection, std::string_view name) {
   return std::make_shared<OpenDatabase>(std::move(connection), name);
+}
+
+std::shared_ptr<Database> MakeNewDatabase(std::shared_ptr<Connection> connection, std::string_view name) {
+  return std::make_shared<NewDatabase>(std::move(connection), name);
 }
 
 std::unique_ptr<Engine> MakeFileEngine(Access access) { return std::make_unique<DefaultEngine>(access); }

@@ -1,56 +1,25 @@
 #include "adapters/sqlite/workspace.hpp"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <fstream>
+#include <iterator>
 
 #include "adapters/host/host_files.hpp"
 #include "adapters/host/network.hpp"
 #include "adapters/host/new_file.hpp"
+#include "adapters/sqlite/file_faults.hpp"
+#include "adapters/sqlite/new_files.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara::sqlite {
-namespace {
-
 namespace fs = std::filesystem;
 
-// What the machine's refusal means for a database file.
-[[noreturn]] void Fail(const std::error_code& error, std::string_view path) {
-  const auto number = [&]() -> int {
-    switch (error.value()) {
-      case EEXIST:
-      case ENOTEMPTY:
-        return kObjectExists;
-      case ENOENT:
-      case ENOTDIR:
-        return kFolderNotFound;
-      case ENOSPC:
-      case EDQUOT:
-      case EFBIG:
-        return kNoDiskSpace;
-      case EROFS:
-        return kReadOnly;
-      case ENAMETOOLONG:
-        return kBadFileName;
-      default:
-        return kCannotOpenFile;
-    }
-  };
-  throw RuntimeError(number(), {std::string(path)}, std::string(path) + ": " + error.message(), error.value());
-}
-
-// The programs that share a file share memory, which two machines never do.
-void RefuseNetwork(const fs::path& place, std::string_view path) {
-  if (!IsOnNetwork(place)) return;
-  throw RuntimeError(kDiskOrNetwork, {},
-                     std::string(path) + " is on a network file system, where it can only be opened for reading");
-}
-
-}  // namespace
-
 std::shared_ptr<Database> FileWorkspace::OpenDatabase(std::string_view path) {
-  const fs::path file = FindDatabase(path);
+  const fs::path file = FindFile(path);
   const FileId id = IdOf(file, path);
   auto connection = connections_[id].lock();
   if (!connection || connection->FileIsGone()) {
@@ -84,10 +53,20 @@ std::shared_ptr<Database> FileWorkspace::CreateDatabase(std::string_view path, c
 }
 
 std::unique_ptr<NewFiles> FileWorkspace::CreateFiles(std::string_view folder) {
-  throw RuntimeError(kNoSuchEngine, {}, folder);
+  RequireWrites(folder);
+  return std::make_unique<FilesTogether>(folder, order_);
 }
 
 bool FileWorkspace::Exists(std::string_view path) { return Find(path).has_value(); }
+
+std::string FileWorkspace::ReadFile(std::string_view path) {
+  const fs::path file = FindFile(path);
+  std::ifstream in(file, std::ios::binary);
+  if (!in) Fail({errno, std::generic_category()}, path);
+  std::string bytes{std::istreambuf_iterator<char>(in), {}};
+  if (in.bad()) Fail({errno, std::generic_category()}, path);
+  return bytes;
+}
 
 std::vector<std::string> FileWorkspace::Databases(std::string_view folder) {
   const auto found = Find(folder);
@@ -96,8 +75,10 @@ std::vector<std::string> FileWorkspace::Databases(std::string_view folder) {
   std::error_code error;
   for (fs::directory_iterator entry(*found, error), end; !error && entry != end; entry.increment(error)) {
     std::error_code vanished;
-    if (entry->is_regular_file(vanished) && Connection::IsDatabase(entry->path())) {
-      names.push_back(entry->path().filename().string());
+    const fs::path& file = entry->path();
+    if (!entry->is_regular_file(vanished)) continue;
+    if (access(file.c_str(), R_OK) != 0 || Connection::IsDatabase(file)) {
+      names.push_back(file.filename().string());
     }
   }
   if (error) Fail(error, folder);
@@ -107,7 +88,7 @@ std::vector<std::string> FileWorkspace::Databases(std::string_view folder) {
 
 void FileWorkspace::Rename(std::string_view from, std::string_view to) {
   RequireWrites(from);
-  const fs::path file = FindDatabase(from);
+  const fs::path file = FindFile(from);
   const fs::path renamed = PathOfNew(to);
   const auto open = connections_[IdOf(file, from)].lock();
   if (open && !open->FileIsGone()) throw RuntimeError(kFileInUse, {std::string(from)});
@@ -133,12 +114,12 @@ std::optional<fs::path> FileWorkspace::Find(std::string_view path) {
   return found;
 }
 
-// The file of a database that is to be opened.
-fs::path FileWorkspace::FindDatabase(std::string_view path) {
+// The file that is to be opened.
+fs::path FileWorkspace::FindFile(std::string_view path) {
   const auto found = path.empty() ? std::nullopt : Find(path);
   if (!found) FailMissing(path);
   std::error_code error;
-  if (!fs::is_regular_file(*found, error)) throw RuntimeError(kCannotOpenFile, {std::string(path)}, "no file");
+  if (!fs::is_regular_file(*found, error)) throw RuntimeError(kCannotOpenFile, {std::string(path)}, "is no file");
   return *found;
 }
 

@@ -49,15 +49,14 @@ inline constexpr int kMaxDemoWorkers = 100'000;  // the last one has the number 
 inline constexpr int kDemoCases = 23;
 
 struct DemoOptions {
-  std::string folder;  // the application's; created if need be, the files go to its subfolder DATOS
+  std::string folder;  // Store::folder; one of the machine is made if need be, its files go to the subfolder DATOS
   int workers = 60;    // 1 to kMaxDemoWorkers
   std::uint64_t seed = 1;
 };
 
-// Writes all files or none: they come into being in a folder of their own in DATOS and get their names at the end.
-// Throws std::runtime_error with one line for the user when the options are wrong, when DATOS holds a file of such a
-// name already (nothing is touched then), or when writing fails. `progress` may be empty; it gets now and then how many
-// workers are done, of how many: first 0, last all of them, when the files stand. What it throws ends the run.
+// Writes all files or none. Errors of CompanyFiles, 3012 when there is a file of such a name already: nothing is
+// touched then; std::runtime_error for a wrong number of workers. `progress` may be empty; it gets now and then how
+// many workers are done, of how many: first 0, last all of them, when the files stand. What it throws ends the run.
 void WriteDemoCompany(Engine& engine, const DemoOptions& options,
                       const std::function<void(int done, int of)>& progress = {});
 

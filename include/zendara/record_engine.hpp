@@ -242,7 +242,8 @@ class ZENDARA_EXPORT Transaction {
   Database* database_;  // none once it is committed
 };
 
-// New files that get their names together: all of them, or, without Publish, none.
+// New files that get their names together: all of them, or, without Publish, none. A name that is taken, whatever its
+// case, is error 3012, whose detail is that name as it stands there: early where it is known early, by Publish always.
 class NewFiles {
  public:
   virtual ~NewFiles() = default;
@@ -252,8 +253,8 @@ class NewFiles {
   virtual std::shared_ptr<Database> Create(std::string_view name, const std::vector<TableDef>& tables) = 0;
   // A file beside the databases, with these bytes.
   virtual void Put(std::string_view name, std::string_view bytes) = 0;
-  // Names them in the order in which they were made. 3012 with the name that is taken, whatever its case: none has its
-  // name then. REQUIRES: no recordset of theirs is open.
+  // Names them in the order in which they were made. Whatever fails, none has its name. REQUIRES: no recordset of theirs
+  // is open.
   virtual void Publish() = 0;
 };
 
@@ -279,12 +280,14 @@ class Workspace {
   virtual std::shared_ptr<Database> CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) = 0;
   std::shared_ptr<Database> CreateDatabase(std::string_view path) { return CreateDatabase(path, {}); }
   // Nothing that another program sees of them stands in the folder until they are published. A folder that is missing
-  // is made.
+  // is made, and goes again with files that are not published.
   virtual std::unique_ptr<NewFiles> CreateFiles(std::string_view folder) = 0;
 
   // True when there is a file of that name, be it a database or not.
   virtual bool Exists(std::string_view path) = 0;
-  // Names of the databases of this engine in a folder, ascending.
+  // The bytes of a file beside the databases. 3024 when it is missing, 3051 when it is no file or cannot be read.
+  virtual std::string ReadFile(std::string_view path) = 0;
+  // Names of the databases of this engine in a folder, ascending. A file that may not be read is among them.
   virtual std::vector<std::string> Databases(std::string_view folder) = 0;
   // Gives a closed database another name in the same file system. 3012 when there is a file of the new one, 3024 when
   // there is none of the old one, 3045 when somebody has it open.

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "apps/zendara/commands/company_data.hpp"
 #include "apps/zendara/commands/console.hpp"
-#include "apps/zendara/commands/data_folder.hpp"
 #include "zendara/record_engine.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -40,15 +40,14 @@ struct Situation {
 class Tables {
  public:
   // `sound`: the files have no faults, so a table that cannot be read is a RuntimeError.
-  Tables(const DataFolder& folder, Engine& engine, Console& console, bool sound)
-      : folder_(folder), engine_(engine), console_(console), sound_(sound) {}
+  Tables(const CompanyData& data, Console& console, bool sound) : data_(data), console_(console), sound_(sound) {}
 
   // In the order of its primary key. False when it cannot be read to its end, for a fault that was found before.
   template <typename Visit>
   bool Read(FileKind file, std::string_view table, Visit visit) const {
-    const std::string place = folder_.FileName(file) + ": " + std::string(table);
+    const std::string place = data_.FileName(file) + ": " + std::string(table);
     try {
-      const std::shared_ptr<Database> database = folder_.Open(engine_, file, console_);
+      const std::shared_ptr<Database> database = data_.Open(file, console_);
       console_.Doing("reading " + place);
       const std::shared_ptr<Recordset> rows = database->OpenRecordset(table, RecordsetType::kForward);
       for (std::int64_t number = 1; !rows->Eof(); rows->MoveNext(), ++number) {
@@ -63,8 +62,7 @@ class Tables {
   }
 
  private:
-  const DataFolder& folder_;
-  Engine& engine_;
+  const CompanyData& data_;
   Console& console_;
   bool sound_;
 };

@@ -13,16 +13,17 @@
 
 namespace zendara {
 
-// The files that a command works on.
+// The files that a command works on. A place is an application's folder, whose subfolder DATOS holds the files, or the
+// connection of a server, as OpenStore takes them.
 struct CompanyOptions {
-  std::string dir;      // the application's folder, its subfolder DATOS holds the files
+  std::string place;
   std::string company;  // five characters
   std::string year;     // two digits
   Access access = Access::kWrite;
 };
 
 struct DemoCommandOptions {
-  std::string dir;
+  std::string place;
   int workers = 60;
   std::uint64_t seed = 1;
 };
@@ -90,8 +91,16 @@ struct TableOptions {
 int DataLoad(const TableOptions& options, const std::string& csv_path, Console& console);
 int DataDump(const TableOptions& options, Console& console);
 
+struct CopyOptions {
+  std::string from;  // places
+  std::string to;
+  std::string company;  // five characters
+};
+// All years of a company. 1 when what was written is not what was read.
+int DataCopy(const CopyOptions& options, Console& console);
+
 struct RunOptions {
-  std::string dir;
+  std::string place;
   std::string script;  // path
 };
 // 1 when an expectation fails or something cannot be opened, 2 for a fault of the script.

@@ -229,8 +229,8 @@ std::string OneLine(const Advice& advice) {
   return line + ": " + Joined(std::vector{advice.field, advice.value, advice.text});
 }
 
-std::vector<Advice> ReadAdvice(const DataFolder& folder, Engine& engine, Console& console, bool sound) {
-  const Tables tables(folder, engine, console, sound);
+std::vector<Advice> ReadAdvice(const CompanyData& data, Console& console, bool sound) {
+  const Tables tables(data, console, sound);
   const Fields fields(tables);
   std::vector<Advice> advice;
 
@@ -265,7 +265,7 @@ std::vector<Advice> ReadAdvice(const DataFolder& folder, Engine& engine, Console
     }
     before = std::move(this_one);
   });
-  const int year = FullWorkingYear(std::stoi(folder.year()));
+  const int year = FullWorkingYear(std::stoi(data.year()));
   if (all_concepts) AdviseOnConcepts(situations, paid, year, advice);
   variable.Advise(staff, all_concepts, year, advice);
 

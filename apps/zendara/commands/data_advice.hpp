@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/company_data.hpp"
 
 namespace zendara {
 
@@ -23,6 +23,6 @@ std::string OneLine(const Advice& advice);
 
 // Sorted by worker and situación. `sound`: the files have no faults, so a table that cannot be read is a RuntimeError;
 // otherwise there is no advice that needs it.
-std::vector<Advice> ReadAdvice(const DataFolder& folder, Engine& engine, Console& console, bool sound);
+std::vector<Advice> ReadAdvice(const CompanyData& data, Console& console, bool sound);
 
 }  // namespace zendara

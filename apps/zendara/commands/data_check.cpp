@@ -1,14 +1,13 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "apps/zendara/commands/company_data.hpp"
 #include "apps/zendara/commands/data_advice.hpp"
-#include "apps/zendara/commands/data_folder.hpp"
 #include "apps/zendara/commands/stored_row.hpp"
 #include "frame/parametros.hpp"
 #include "platform/record/names.hpp"
 #include "runtime/failure.hpp"
 #include "runtime/text.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -125,8 +124,8 @@ class Check {
  public:
   Check(CheckReport& report, Console& console) : report_(report), console_(console) {}
 
-  void File(const DataFolder& folder, Engine& engine, const StoredFile& stored);
-  void Parameters(const DataFolder& folder, const ParameterFile& file);
+  void File(const CompanyData& data, const StoredFile& stored);
+  void Parameters(const CompanyData& data, const ParameterFile& file);
 
   int faults() const { return faults_; }
 
@@ -143,11 +142,11 @@ class Check {
   int faults_ = 0;
 };
 
-void Check::File(const DataFolder& folder, Engine& engine, const StoredFile& stored) {
-  const std::string name = folder.FileName(stored.kind);
-  if (!folder.Find(name)) return Fault(name, "missing file");
+void Check::File(const CompanyData& data, const StoredFile& stored) {
+  const std::string name = data.FileName(stored.kind);
+  if (!data.Has(name)) return Fault(name, "missing file");
   try {
-    const std::shared_ptr<Database> database = folder.Open(engine, stored.kind, console_);
+    const std::shared_ptr<Database> database = data.Open(stored.kind, console_);
     for (const std::string& fault : database->CheckIntegrity()) Fault(name, fault);
     const std::vector<TableDef> tables = database->Tables();
     for (const TableDef& wanted : stored.tables) {
@@ -206,30 +205,29 @@ void Check::Rows(const std::string& place, Database& database, const TableDef& t
   }
 }
 
-void Check::Parameters(const DataFolder& folder, const ParameterFile& file) {
+void Check::Parameters(const CompanyData& data, const ParameterFile& file) {
   const std::string name(file.name);
-  const std::optional<std::filesystem::path> path = folder.Find(name);
-  if (!path) return Fault(name, "missing file");
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(*path, error)) return Fault(name, "is no file");
-  const std::uintmax_t length = std::filesystem::file_size(*path, error);
-  if (error) return Fault(name, error.message());
-  if (length != file.length) {
-    Fault(name, std::to_string(length) + " bytes, not " + std::to_string(file.length));
+  if (!data.Has(name)) return Fault(name, "missing file");
+  try {
+    const std::size_t length = data.Read(name, console_).size();
+    if (length != file.length) {
+      Fault(name, std::to_string(length) + " bytes, not " + std::to_string(file.length));
+    }
+  } catch (const RuntimeError& error) {
+    Fault(name, error.number() == kCannotOpenFile ? error.detail() : OneLine(error));
   }
 }
 
 }  // namespace
 
 int DataCheck(const CheckOptions& options, Console& console) {
-  const std::unique_ptr<Engine> engine = MakeEngine({}, options.company.access);
-  const DataFolder folder(options.company);
+  const CompanyData data(options.company);
   std::unique_ptr<CheckReport> report = std::make_unique<TextReport>(console);
   if (options.json) report = std::make_unique<JsonReport>(console);
   Check check(*report, console);
-  for (const StoredFile& file : StoredFiles()) check.File(folder, *engine, file);
-  for (const ParameterFile& file : kParameterFiles) check.Parameters(folder, file);
-  report->Advise(ReadAdvice(folder, *engine, console, check.faults() == 0));
+  for (const StoredFile& file : StoredFiles()) check.File(data, file);
+  for (const ParameterFile& file : kParameterFiles) check.Parameters(data, file);
+  report->Advise(ReadAdvice(data, console, check.faults() == 0));
   return check.faults() == 0 ? 0 : 1;
 }
 

@@ -1,43 +1,59 @@
-#include <system_error>
+#include <algorithm>
 
-#include "adapters/host/new_file.hpp"
-#include "apps/zendara/commands/command_error.hpp"
-#include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/company_data.hpp"
 #include "frame/parametros.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
 
-void CreateParameterFile(const ParameterFile& file, const std::filesystem::path& path) {
-  const std::error_code error = WriteNewFile(path, std::string(file.length, ' '));
-  if (error == std::errc::file_exists) throw RuntimeError(kObjectExists);
-  if (error) throw CommandError(path.string() + ": " + error.message());
+// In the order in which they are made.
+std::vector<std::string> MissingFiles(const CompanyData& data) {
+  std::vector<std::string> names;
+  for (const StoredFile& file : StoredFiles()) names.push_back(data.FileName(file.kind));
+  for (const ParameterFile& file : kParameterFiles) names.emplace_back(file.name);
+  std::erase_if(names, [&](const std::string& name) { return data.Has(name); });
+  return names;
 }
 
-// Makes a file unless it is there, also when another program makes it in the meantime.
-template <typename Make>
-void CreateMissing(const DataFolder& folder, const std::string& name, Console& console, Make make) {
-  if (folder.Find(name)) return;
-  console.Doing("creating " + name);
-  try {
-    make(folder.path() / name);
-    console.Out("created " + name + "\n");
-  } catch (const RuntimeError& error) {
-    if (error.number() != kObjectExists) throw;
+void Create(const CompanyData& data, const std::vector<std::string>& names, NewFiles& files) {
+  const auto wanted = [&](std::string_view name) { return std::ranges::find(names, name) != names.end(); };
+  for (const StoredFile& file : StoredFiles()) {
+    if (const std::string name = data.FileName(file.kind); wanted(name)) files.Create(name, file.tables);
+  }
+  for (const ParameterFile& file : kParameterFiles) {
+    if (wanted(file.name)) files.Put(file.name, std::string(file.length, ' '));
+  }
+  files.Publish();
+}
+
+// Also when another program makes some of them in the meantime. What one that ended has left behind goes before they
+// are looked for, and the names that it had given already with it.
+void CreateMissing(const CompanyData& data, Console& console) {
+  console.Doing("creating files in " + DataFolder(data.store()));
+  for (std::vector<std::string> before;;) {
+    const std::unique_ptr<NewFiles> files = data.workspace()->CreateFiles(DataFolder(data.store()));
+    const std::vector<std::string> names = MissingFiles(data);
+    if (names.empty()) return;
+    try {
+      Create(data, names, *files);
+      for (const std::string& name : names) console.Out("created " + name + "\n");
+      return;
+    } catch (const RuntimeError& error) {
+      if (error.number() != kObjectExists || names == before) throw;
+    }
+    before = names;
   }
 }
 
 // The row of the company in a file of general tables; a row that is there stays as it is.
-void NameCompany(Engine& engine, const DataFolder& folder, FileKind kind, const CreateOptions& options,
-                 Console& console) {
-  const std::shared_ptr<Database> database = folder.Open(engine, kind, console);
+void NameCompany(const CompanyData& data, FileKind kind, const CreateOptions& options, Console& console) {
+  const std::shared_ptr<Database> database = data.Open(kind, console);
   const std::shared_ptr<Recordset> companies = database->OpenRecordset("EmpresasNom", RecordsetType::kTable);
   companies->SetIndex("Icampo0");
   companies->Seek({options.company.company});
-  const std::string place = folder.FileName(kind) + ": EmpresasNom: company " + options.company.company;
-  console.Doing("naming the company in " + folder.FileName(kind));
+  const std::string place = data.FileName(kind) + ": EmpresasNom: company " + options.company.company;
+  console.Doing("naming the company in " + data.FileName(kind));
   bool there = !companies->NoMatch();
   if (!there) {
     try {
@@ -56,22 +72,10 @@ void NameCompany(Engine& engine, const DataFolder& folder, FileKind kind, const 
 }  // namespace
 
 int DataCreate(const CreateOptions& options, Console& console) {
-  const std::unique_ptr<Engine> engine = MakeEngine();
-  DataFolder folder(options.company);
-  if (folder.Create()) console.Out("created " + folder.path().string() + "\n");
-  for (const StoredFile& file : StoredFiles()) {
-    CreateMissing(folder, folder.FileName(file.kind), console, [&](const std::filesystem::path& path) {
-      engine->Workspaces(0)->CreateDatabase(path.string(), file.tables);
-    });
-  }
-  for (const ParameterFile& file : kParameterFiles) {
-    CreateMissing(folder, std::string(file.name), console,
-                  [&](const std::filesystem::path& path) { CreateParameterFile(file, path); });
-  }
+  const CompanyData data(options.company);
+  CreateMissing(data, console);
   if (options.name.empty()) return 0;
-  for (const FileKind kind : {FileKind::kEmpresa, FileKind::kEmpresas}) {
-    NameCompany(*engine, folder, kind, options, console);
-  }
+  for (const FileKind kind : {FileKind::kEmpresa, FileKind::kEmpresas}) NameCompany(data, kind, options, console);
   return 0;
 }
 

@@ -6,42 +6,39 @@
 #include "adapters/csv/csv.hpp"
 #include "adapters/csv/stored_text.hpp"
 #include "apps/zendara/commands/command_error.hpp"
-#include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/company_data.hpp"
 #include "apps/zendara/commands/stored_row.hpp"
 #include "platform/record/names.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
 namespace {
 
 struct OpenTable {
-  std::unique_ptr<Engine> engine;
+  CompanyData data;
   std::shared_ptr<Database> database;
   std::shared_ptr<Recordset> rows;
   TableDef stored;    // as it stands in the file
   std::string place;  // for messages
 };
 
-const StoredFile& FileFor(const TableOptions& options, const DataFolder& folder) {
+const StoredFile& FileFor(const TableOptions& options, const CompanyData& data) {
   if (options.file.empty()) {
     const StoredFile* file = FileWithTable(options.table);
     if (!file) throw CommandError("no database file holds a table " + options.table);
     return *file;
   }
   for (const StoredFile& file : StoredFiles()) {
-    if (SameName(folder.FileName(file.kind), options.file)) return file;
+    if (SameName(data.FileName(file.kind), options.file)) return file;
   }
   throw CommandError(options.file + " is no database file of this company and year");
 }
 
 OpenTable Open(const TableOptions& options, Console& console) {
-  const DataFolder folder(options.company);
-  const StoredFile& file = FileFor(options, folder);
-  OpenTable table{
-      .engine = MakeEngine({}, options.company.access), .database = {}, .rows = {}, .stored = {}, .place = {}};
-  table.place = folder.FileName(file.kind) + ": " + options.table;
-  table.database = folder.Open(*table.engine, file.kind, console);
+  OpenTable table{.data = CompanyData(options.company), .database = {}, .rows = {}, .stored = {}, .place = {}};
+  const StoredFile& file = FileFor(options, table.data);
+  table.place = table.data.FileName(file.kind) + ": " + options.table;
+  table.database = table.data.Open(file.kind, console);
   console.Doing("opening " + table.place);
   table.rows = table.database->OpenRecordset(options.table, RecordsetType::kTable);
   for (const TableDef& stored : table.database->Tables()) {

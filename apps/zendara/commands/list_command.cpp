@@ -7,11 +7,10 @@
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/xlsx/xlsx_listing_writer.hpp"
 #include "apps/zendara/commands/commands.hpp"
-#include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/company_data.hpp"
 #include "apps/zendara/commands/listing_clerk.hpp"
 #include "print/listing_text.hpp"
 #include "runtime/text.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -50,11 +49,11 @@ std::vector<ScreenOrder> OrdersOf(const ListOptions& options) {
 }
 
 // Empty where the general tables do not say.
-std::string NameOf(const CompanyOptions& company, Engine& engine, Console& console) try {
-  const auto general = DataFolder(company).Open(engine, FileKind::kEmpresas, console);
+std::string NameOf(const std::string& company, const CompanyData& data, Console& console) try {
+  const auto general = data.Open(FileKind::kEmpresas, console);
   const auto companies = general->OpenRecordset("EmpresasNom", RecordsetType::kTable);
   companies->SetIndex("Icampo0");
-  companies->Seek({company.company});
+  companies->Seek({company});
   if (companies->NoMatch()) return {};
   const Value name = companies->Fields(1).Get();
   return name.IsText() ? Trim(name.Text()) : std::string();
@@ -63,21 +62,20 @@ std::string NameOf(const CompanyOptions& company, Engine& engine, Console& conso
 }
 
 // The screens of the company put the rows together.
-StagedListing Stage(const ListOptions& options, Engine& engine, YearWindow& years, Console& console) {
-  const auto files = MakeHostFiles();
+StagedListing Stage(const ListOptions& options, const CompanyData& data, YearWindow& years, Console& console) {
   ListingClerk clerk(OrdersOf(options));
-  CompanyHost host({.engine = &engine,
+  CompanyHost host({.engine = data.store().engine.get(),
                     .dialogs = &clerk,
-                    .files = files.get(),
-                    .application_folder = options.company.dir,
+                    .files = data.store().files.get(),
+                    .application_folder = data.store().folder,
                     .forms = &clerk,
                     .components = clerk.Neighbours()});
   SessionValues session;
   session.company = options.company.company;
   session.year = options.company.year;
-  session.name = NameOf(options.company, engine, console);
+  session.name = NameOf(options.company.company, data, console);
   console.Doing("opening company " + options.company.company + ", year " + options.company.year + ", in " +
-                options.company.dir);
+                data.store().folder);
   host.Open(session);
   years = host.Years();
   host.Show(OrdersOf(options).front().screen);
@@ -87,9 +85,9 @@ StagedListing Stage(const ListOptions& options, Engine& engine, YearWindow& year
 }  // namespace
 
 int List(const ListOptions& options, Console& console) {
-  const auto engine = MakeEngine();
+  const CompanyData data(options.company);
   YearWindow years;
-  StagedListing staged = Stage(options, *engine, years, console);
+  StagedListing staged = Stage(options, data, years, console);
   console.Doing("reading the listing");
   if (options.pdf.empty() && options.xlsx.empty() && options.csv.empty()) {
     console.Out(print::ListingText(staged.listing, *staged.rows));

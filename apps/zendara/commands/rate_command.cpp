@@ -6,14 +6,13 @@
 #include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/csv/csv.hpp"
 #include "apps/zendara/commands/command_error.hpp"
-#include "apps/zendara/commands/data_folder.hpp"
+#include "apps/zendara/commands/company_data.hpp"
 #include "print/record_document.hpp"
 #include "runtime/number.hpp"
 #include "runtime/text.hpp"
 #include "withholding/calculo_irpf.hpp"
 #include "withholding/entradas_irpf.hpp"
 #include "withholding/explicacion.hpp"
-#include "zendara/engines.hpp"
 #include "zendara/runtime_error.hpp"
 
 namespace zendara {
@@ -197,16 +196,14 @@ std::string WorkerName(Recordset& workers) {
 }  // namespace
 
 int Rate(const RateOptions& options, Console& console) {
-  const DataFolder folder(options.company);
-  const std::unique_ptr<Engine> engine = MakeEngine({}, options.company.access);
-
-  const std::shared_ptr<Database> official = folder.Open(*engine, FileKind::kOfficial, console);
+  const CompanyData data(options.company);
+  const std::shared_ptr<Database> official = data.Open(FileKind::kOfficial, console);
   console.Doing("reading table IRPF of " + official->Name());
   const std::shared_ptr<Recordset> irpf = official->OpenRecordset("IRPF", RecordsetType::kTable);
   irpf->SetIndex("Icampo0");
   const ParametrosIRPF parameters = LeeParametrosIRPF(*irpf);
 
-  const std::shared_ptr<Database> company = folder.Open(*engine, FileKind::kCompany, console);
+  const std::shared_ptr<Database> company = data.Open(FileKind::kCompany, console);
   console.Doing("reading table TrabajadoresFijo of " + company->Name());
   const std::shared_ptr<Recordset> workers = company->OpenRecordset("TrabajadoresFijo", RecordsetType::kTable);
   workers->SetIndex("Icampo0");

@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
@@ -9,6 +10,7 @@
 #include <new>
 #include <tuple>
 
+#include "adapters/stores/password.hpp"
 #include "apps/demo/demo_company.hpp"
 #include "apps/zendara/commands/command_error.hpp"
 #include "apps/zendara/commands/commands.hpp"
@@ -73,23 +75,38 @@ struct CommandLine {
   TableOptions load;
   std::string csv;
   TableOptions dump;
+  CopyOptions copy;
   RunOptions run;
   std::string library = "libzendara.so." + std::to_string(ZENDARA_VERSION_MAJOR);
   std::function<int(Console&)> chosen;
 };
 
-void AddDir(CLI::App* command, std::string& dir) {
-  command->add_option("--dir", dir, "The application's folder; its subfolder DATOS holds the files")
-      ->required()
-      ->type_name("DIR");
+// A folder by an option or a bare word, or a server, as the place that a command works on: one of them.
+void AddPlace(CLI::App* command, const std::string& folder, const std::string& what, std::string& place) {
+  CLI::Option* dir = command->add_option(folder, place, what)->type_name(folder.starts_with("--") ? "DIR" : "");
+  CLI::Option* store =
+      command->add_option("--store", place, "The server with the data in place of a folder: postgresql://HOST/DATABASE")
+          ->type_name("PLACE");
+  store->excludes(dir);
+  command->parse_complete_callback([folder, dir, store] {
+    if (dir->count() + store->count() == 0) throw CLI::RequiredError(folder + " or --store");
+  });
 }
 
-void AddCompany(CLI::App* command, CompanyOptions& options) {
-  AddDir(command, options.dir);
-  command->add_option("--company", options.company, "Company number")
+void AddDir(CLI::App* command, std::string& place) {
+  AddPlace(command, "--dir", "The application's folder; its subfolder DATOS holds the files", place);
+}
+
+void AddCode(CLI::App* command, std::string& company) {
+  command->add_option("--company", company, "Company number")
       ->required()
       ->type_name("CODE")
       ->transform(Transform(PadCode));
+}
+
+void AddCompany(CLI::App* command, CompanyOptions& options) {
+  AddDir(command, options.place);
+  AddCode(command, options.company);
   command->add_option("--year", options.year, "Working year, such as 01")
       ->required()
       ->type_name("YY")
@@ -111,9 +128,7 @@ void AddTable(CLI::App* command, TableOptions& options) {
 
 void AddDemo(CLI::App& app, CommandLine& line) {
   CLI::App* demo = app.add_subcommand("demo", "Write a demonstration company");
-  demo->add_option("DIR", line.demo.dir, "The application's folder; the files go to its subfolder DATOS")
-      ->required()
-      ->type_name("");
+  AddPlace(demo, "DIR", "The application's folder; the files go to its subfolder DATOS", line.demo.place);
   demo->add_option("--workers", line.demo.workers, "Number of workers (default: 60)")
       ->type_name("N")
       ->check(CLI::Range(1, kMaxDemoWorkers).description(""));
@@ -254,6 +269,17 @@ void AddData(CLI::App& app, CommandLine& line) {
   AddReadOnly(dump, line.dump.company);
   dump->callback([&line] { line.chosen = [&line](Console& console) { return DataDump(line.dump, console); }; });
 
+  CLI::App* copy = data->add_subcommand("copy", "Copy a company with all its years to another folder or server");
+  copy->add_option("--from", line.copy.from, "Folder or server that has the company")->required()->type_name("PLACE");
+  copy->add_option("--to", line.copy.to, "Folder or server that has not")->required()->type_name("PLACE");
+  AddCode(copy, line.copy.company);
+  copy->footer(
+      "A PLACE is an application's folder, or postgresql://HOST/DATABASE. All files of the company are written or "
+      "none,\n"
+      "then read again and compared, value by value: status 1 if any differs. Files that companies share stay where\n"
+      "they are there; the rows of the company in the general tables are added, and what differs is printed.");
+  copy->callback([&line] { line.chosen = [&line](Console& console) { return DataCopy(line.copy, console); }; });
+
   for (CLI::App* command : {load, dump}) {
     command->footer(
         "CSV as in RFC 4180: an unquoted empty field is Null, a quoted one the empty text,\n"
@@ -266,7 +292,7 @@ void AddRun(CLI::App& app, CommandLine& line) {
   run->add_option("SCRIPT", line.run.script, "The script; a line for every event goes to standard output")
       ->required()
       ->type_name("");
-  AddDir(run, line.run.dir);
+  AddDir(run, line.run.place);
   run->footer(
       "Exit status: 0 played to the end, 1 a value differs from the expected or a file cannot be opened,\n"
       "2 a fault of the script.");
@@ -323,6 +349,12 @@ std::string UsageError(const CLI::App& app, const std::vector<std::string>& word
   return cause + " (see " + reached.name + " --help)";
 }
 
+// Of a word, or of the value that is a part of one: "--store=...".
+bool HasPassword(const std::string& word) {
+  const auto value = word.starts_with("--") ? word.find('=') : std::string::npos;
+  return HoldsPassword(value == std::string::npos ? word : word.substr(value + 1));
+}
+
 // What the failed command printed so far goes out before its error line.
 int Fail(Console& console, const std::string& cause) {
   try {
@@ -333,6 +365,8 @@ int Fail(Console& console, const std::string& cause) {
   console.Error(cause);
   return kFailed;
 }
+
+std::string WhatWasDone(const Console& console) { return console.Doing().empty() ? "" : console.Doing() + ": "; }
 
 int RunCommand(const std::function<int(Console&)>& command, Console& console) {
   try {
@@ -346,15 +380,15 @@ int RunCommand(const std::function<int(Console&)>& command, Console& console) {
       console.Error("standard output: " + std::string(std::strerror(error.system_error)));
     return kFailed;
   } catch (const RuntimeError& error) {
-    return Fail(console, console.Doing() + ": " + OneLine(error));
+    return Fail(console, WhatWasDone(console) + OneLine(error));
   } catch (const CommandError& error) {
     return Fail(console, error.what());
   } catch (const std::filesystem::filesystem_error& error) {
-    return Fail(console, console.Doing() + ": " + error.path1().string() + ": " + error.code().message());
+    return Fail(console, WhatWasDone(console) + error.path1().string() + ": " + error.code().message());
   } catch (const std::bad_alloc&) {
-    return Fail(console, console.Doing() + ": there is not enough memory");
+    return Fail(console, WhatWasDone(console) + "there is not enough memory");
   } catch (const std::exception& error) {
-    return Fail(console, console.Doing() + ": " + error.what());
+    return Fail(console, WhatWasDone(console) + error.what());
   }
 }
 
@@ -377,6 +411,12 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   AddClasses(app, line);
 
   Console console(out, err, terminal);
+  if (std::ranges::any_of(arguments, HasPassword)) {
+    console.Error(
+        "a password is no part of a command, which every user of the machine can read: it goes into the variable "
+        "PGPASSWORD, the password file ~/.pgpass or a service file");
+    return kWrongUsage;
+  }
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForHelp&) {

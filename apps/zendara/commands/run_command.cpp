@@ -35,14 +35,13 @@ int RunScript(const RunOptions& options, Console& console) {
     return fail(error.status(), error.what());
   }
   console.Doing("playing " + options.script);
-  const auto engine = MakeEngine();
-  const auto files = MakeHostFiles();
+  const Store store = OpenStore(options.place);
   // Line by line, so that whoever reads along, or looks after a run that was cut short, has what was done.
   const auto print = [&](std::string_view line) {
     console.Out(line);
     console.Flush();
   };
-  const ScriptResult result = PlayHeadless(std::move(script), *engine, *files, options.dir, print);
+  const ScriptResult result = PlayHeadless(std::move(script), *store.engine, *store.files, store.folder, print);
   return result.status == 0 ? 0 : fail(result.status, result.message);
 }
 

@@ -1,4 +1,4 @@
-#include "apps/demo/staging_folder.hpp"
+#include "adapters/host/staging_folder.hpp"
 
 #include <gmock/gmock.h>
 

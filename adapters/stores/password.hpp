@@ -1,0 +1,13 @@
+// Passwords in the text of a place.
+#pragma once
+
+#include <string_view>
+
+namespace zendara {
+
+// True when the text of a place, as OpenStore takes it, holds a password or the like: what is said of the place, asked
+// for on a command line or remembered would give it away. Also for a text that is no connection but may have been meant
+// as one.
+bool HoldsPassword(std::string_view place);
+
+}  // namespace zendara

@@ -10,6 +10,8 @@
 namespace zendara::postgres {
 namespace {
 
+[[noreturn]] void FailTaken(const std::string& name) { throw RuntimeError(kObjectExists, {name}, name); }
+
 // Others who make a file of the same name wait for the end of this transaction, so a name that was free stays so.
 class MadeTogether final : public NewFiles {
  public:
@@ -36,10 +38,10 @@ class MadeTogether final : public NewFiles {
 
   void Put(std::string_view name, std::string_view bytes) override {
     RequireFree(name);
-    link_->AsOne([&] {
-      link_->Run("INSERT INTO zendara_beside (zendara_file, name, bytes) VALUES ($1, $2, $3)",
-                 Parameters().Text(FileOf(name)).Text(NameOf(name)).Bytes(bytes));
-    });
+    const Answer added =
+        link_->Run("INSERT INTO zendara_beside (zendara_file, name, bytes) VALUES ($1, $2, $3) ON CONFLICT DO NOTHING",
+                   Parameters().Text(FileOf(name)).Text(NameOf(name)).Bytes(bytes));
+    if (added.Affected() == 0) FailTaken(NameOf(name));
   }
 
   void Publish() override {
@@ -52,10 +54,10 @@ class MadeTogether final : public NewFiles {
  private:
   void RequireFree(std::string_view name) {
     const Answer taken = link_->Run(
-        "SELECT 1 FROM zendara_files WHERE zendara_file = $1 UNION ALL SELECT 1 FROM zendara_beside WHERE "
+        "SELECT name FROM zendara_files WHERE zendara_file = $1 UNION ALL SELECT name FROM zendara_beside WHERE "
         "zendara_file = $1",
         Parameters().Text(FileOf(name)));
-    if (taken.Rows() > 0) throw RuntimeError(kObjectExists, {std::string(name)});
+    if (taken.Rows() > 0) FailTaken(std::string(taken.Bytes(0, 0)));
   }
 
   std::shared_ptr<Server> server_;
@@ -74,7 +76,7 @@ void AddFile(Link& link, const std::string& name, const std::vector<int>& tables
       "INSERT INTO zendara_files (zendara_file, name, tables) VALUES ($1, $2, ('{' || $3 || '}')::integer[]) "
       "ON CONFLICT DO NOTHING",
       Parameters().Text(FileOf(name)).Text(name).Text(NumbersText(tables)));
-  if (added.Affected() == 0) throw RuntimeError(kObjectExists, {name});
+  if (added.Affected() == 0) FailTaken(name);
 }
 
 }  // namespace zendara::postgres

@@ -67,6 +67,15 @@ bool ServerWorkspace::Exists(std::string_view path) {
   return found && found.Rows() > 0;
 }
 
+std::string ServerWorkspace::ReadFile(std::string_view path) {
+  const Answer found = AskCatalogue([&] {
+    return server_->main().Run("SELECT bytes FROM zendara_beside WHERE zendara_file = $1",
+                               Parameters().Text(FileOf(path)));
+  });
+  if (!found || found.Rows() == 0) throw RuntimeError(kDatabaseNotFound, {std::string(path)});
+  return std::string(found.Bytes(0, 0));
+}
+
 std::vector<std::string> ServerWorkspace::Databases(std::string_view) {
   const Answer found =
       AskCatalogue([&] { return server_->main().Run("SELECT name FROM zendara_files ORDER BY name COLLATE \"C\""); });

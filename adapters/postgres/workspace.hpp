@@ -24,6 +24,7 @@ class ServerWorkspace final : public Workspace {
   std::shared_ptr<Database> CreateDatabase(std::string_view path, const std::vector<TableDef>& tables) override;
   std::unique_ptr<NewFiles> CreateFiles(std::string_view folder) override;
   bool Exists(std::string_view path) override;
+  std::string ReadFile(std::string_view path) override;
   std::vector<std::string> Databases(std::string_view folder) override;
   void Rename(std::string_view from, std::string_view to) override;
 

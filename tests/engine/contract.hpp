@@ -1,4 +1,5 @@
-// The contract of zendara/record_engine.hpp, tested through the port alone: every engine passes the same tests.
+// The contract of zendara/record_engine.hpp, tested through the port alone: every engine passes the same tests, each
+// test with databases of its own. Those of the engine on a server are skipped without one (support/site.hpp).
 #pragma once
 
 #include <gmock/gmock.h>
@@ -13,20 +14,23 @@
 
 #include "support/errors.hpp"
 #include "support/print_value.hpp"
-#include "support/temp_folder.hpp"
+#include "support/site.hpp"
+#include "zendara/engines.hpp"
 #include "zendara/record_engine.hpp"
 
 namespace zendara {
 
 struct EngineUnderTest {
   std::string name;
-  std::function<std::unique_ptr<Engine>()> make;
+  std::function<std::unique_ptr<Site>()> site;
+  bool files;  // the databases are files of the machine, in its folders; otherwise the whole place is one folder
 };
 
 inline void PrintTo(const EngineUnderTest& engine, std::ostream* out) { *out << engine.name; }
 
-// All engines of this build.
+// All engines of this build, and those whose databases are files, or are not.
 std::vector<EngineUnderTest> EnginesUnderTest();
+std::vector<EngineUnderTest> EnginesUnderTest(bool files);
 
 // Key of five characters, a name, a date and a number, with indexes that admit repeats and Nulls.
 inline TableDef People() {
@@ -87,9 +91,19 @@ struct Program {
 
 class EngineContract : public testing::TestWithParam<EngineUnderTest> {
  protected:
-  EngineContract() { db->CreateTable(People()); }
+  void SetUp() override {
+    if (!GetParam().files && !TestServer()) GTEST_SKIP() << "ZENDARA_TEST_SERVER says of no server";
+    site = GetParam().site();
+    Store store = OpenStore(site->Place());
+    folder = store.folder;
+    engine = std::move(store.engine);
+    db = engine->Workspaces(0)->CreateDatabase(Path("Prueba.MDB"), {People()});
+  }
 
-  std::string Path(const std::string& file) const { return folder / file; }
+  std::string Path(const std::string& file) const { return folder + "/" + file; }
+  std::unique_ptr<Engine> AnotherEngine(Access access = Access::kWrite) const {
+    return OpenStore(site->Place(), access).engine;
+  }
 
   std::shared_ptr<Recordset> Open(const std::string& table, const std::string& index = {}) const {
     auto rs = db->OpenRecordset(table, RecordsetType::kTable);
@@ -97,7 +111,7 @@ class EngineContract : public testing::TestWithParam<EngineUnderTest> {
     return rs;
   }
 
-  Program OtherProgram() const { return {GetParam().make(), Path("Prueba.MDB")}; }
+  Program OtherProgram() const { return {AnotherEngine(), Path("Prueba.MDB")}; }
 
   // First column of every row of a query.
   std::vector<Value> Query(const std::string& sql) const {
@@ -107,13 +121,15 @@ class EngineContract : public testing::TestWithParam<EngineUnderTest> {
     return values;
   }
 
-  TempFolder folder;
-  std::unique_ptr<Engine> engine = GetParam().make();
-  std::shared_ptr<Database> db = engine->Workspaces(0)->CreateDatabase(Path("Prueba.MDB"));
+  std::unique_ptr<Site> site;
+  std::string folder;
+  std::unique_ptr<Engine> engine;
+  std::shared_ptr<Database> db;
 };
 
 }  // namespace zendara
 
-#define ZENDARA_FOR_EVERY_ENGINE(suite)                                           \
-  INSTANTIATE_TEST_SUITE_P(Engines, suite, testing::ValuesIn(EnginesUnderTest()), \
+#define ZENDARA_FOR_ENGINES(suite, engines)                            \
+  INSTANTIATE_TEST_SUITE_P(Engines, suite, testing::ValuesIn(engines), \
                            [](const auto& engine) { return engine.param.name; })
+#define ZENDARA_FOR_EVERY_ENGINE(suite) ZENDARA_FOR_ENGINES(suite, EnginesUnderTest())

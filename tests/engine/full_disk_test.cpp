@@ -86,20 +86,6 @@ TEST_F(DiskTest, AQueryThatAnotherProgramCreatesMeanwhileExists) {
   EXPECT_TRUE(waited);
 }
 
-TEST_F(DiskTest, AnEngineForReadingSeesWhatOthersWriteAndWritesNothing) {
-  Create();
-  auto engine = MakeEngine({}, Access::kRead);
-  const auto files = engine->Workspaces(0);
-  const Program reader(std::move(engine), path);
-  Change(*Open().people, 1, "nueva");
-  EXPECT_EQ(reader.people->Fields(1).Get(), Value("nueva"));
-  EXPECT_EQ(ErrorOf([&] { Change(*reader.people, 1, "otra"); }), 3027);
-  EXPECT_EQ(ErrorOf([&] { Add(*reader.people, {"00002"}); }), 3027);
-  EXPECT_EQ(ErrorOf([&] { reader.db->Execute("DELETE * FROM Gente"); }), 3027);
-  EXPECT_EQ(ErrorOf([&] { files->CreateDatabase(folder / "Otra.MDB"); }), 3027);
-  EXPECT_EQ(ErrorOf([&] { files->Rename(path, folder / "Otra.MDB"); }), 3027);
-}
-
 TEST_F(DiskTest, AFileOfAnEarlierVersionKeepsItsRowsAndItsNumbersFromNowOn) {
   Create();
   sqlite3* raw = nullptr;

@@ -27,10 +27,10 @@ class Hands {
   // What all draw from; it makes the session.
   Random random;
 
-  // The company's folder is watched; `events` is the share of the session. `aloud`: prints each event, and what came
+  // The company's place is watched; `events` is the share of the session. `aloud`: prints each event, and what came
   // of it: boxes, lists, errors.
-  Hands(std::uint64_t seed, const std::filesystem::path& folder, int events, bool aloud, Findings& findings)
-      : random(seed), ledger_(folder), left_(events), aloud_(aloud), findings_(findings) {}
+  Hands(std::uint64_t seed, const std::string& place, int events, bool aloud, Findings& findings)
+      : random(seed), ledger_(place), left_(events), aloud_(aloud), findings_(findings) {}
 
   // Whether the form takes another event: it is open, nothing has failed, the session has events left.
   bool Going(const Form& form) const { return form.Loaded() && !Done(); }

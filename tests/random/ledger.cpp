@@ -1,30 +1,33 @@
 #include "random/ledger.hpp"
 
+#include <array>
+#include <iterator>
 #include <span>
-#include <stdexcept>
 #include <string_view>
 #include <utility>
-#include <vector>
 
+#include "runtime/iso_date.hpp"
+#include "runtime/number.hpp"
 #include "runtime/text.hpp"
+#include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
 
 struct WatchedTable {
   std::string_view name;
-  std::string_view key;
+  std::vector<int> key;
+  char between;  // the columns of the key
 };
-constexpr std::string_view kDay = "Campo0 || ' ' || Campo3";
-constexpr WatchedTable kCompany[] = {{"TrabajadoresFijo", "Campo0"},
-                                     {"TrabajadoresVar", "Campo0 || '/' || Campo1"},
-                                     {"TincidenciasIT", kDay},
-                                     {"TincidenciasESP", kDay}};
-constexpr WatchedTable kYear[] = {{"ConTrabajadorConceptos", "Campo1 || '/' || Campo2"},
-                                  {"ConTrabajadorPagas", "Campo1 || '/' || Campo2"},
-                                  {"TIncidenciasVar", "Campo0 || ' ' || Campo1 || ' ' || Campo3 || ' ' || Campo4"}};
+const WatchedTable kCompany[] = {{"TrabajadoresFijo", {0}, ' '},
+                                 {"TrabajadoresVar", {0, 1}, '/'},
+                                 {"TincidenciasIT", {0, 3}, ' '},
+                                 {"TincidenciasESP", {0, 3}, ' '}};
+const WatchedTable kYear[] = {{"ConTrabajadorConceptos", {1, 2}, '/'},
+                              {"ConTrabajadorPagas", {1, 2}, '/'},
+                              {"TIncidenciasVar", {0, 1, 3, 4}, ' '}};
 struct WatchedFile {
-  std::string name;  // in the statements
+  std::string name;  // in the places of tables
   std::string file;
   std::span<const WatchedTable> tables;
 };
@@ -33,27 +36,41 @@ const WatchedFile kFiles[] = {{"company", "Nom00001.MDB", kCompany},
                               {"y01", "N0000101.MDB", kYear},
                               {"y02", "N0000102.MDB", kYear}};
 
-}  // namespace
-
-Ledger::Ledger(const std::filesystem::path& folder) {
-  sqlite3* connection = nullptr;
-  sqlite3_open(":memory:", &connection);
-  connection_.reset(connection);
-  for (const WatchedFile& file : kFiles) {
-    Read("ATTACH '" + (folder / "DATOS" / file.file).string() + "' AS " + file.name);
-  }
-  Changed();
+std::string TextOf(const Value& value) {
+  if (value.IsNull()) return {};
+  return value.IsDate() ? IsoDate(value.AsDate()) : CStr(value);
 }
 
-Ledger::Rows Ledger::Read(const std::string& sql) const {
-  Rows rows;
-  const auto add = [](void* to, int columns, char** texts, char**) {
-    std::string& row = (*static_cast<Rows*>(to))[LCase(texts[0])];
-    for (int i = 1; i < columns; ++i) row.append(texts[i] ? texts[i] : "").append("|");
-    return 0;
-  };
-  if (sqlite3_exec(connection_.get(), sql.c_str(), add, &rows, nullptr) == SQLITE_OK) return rows;
-  throw std::runtime_error(sql + ": " + sqlite3_errmsg(connection_.get()));
+Ledger::Rows Read(Database& file, const WatchedTable& table) {
+  Ledger::Rows rows;
+  const auto rs = file.OpenRecordset(table.name, RecordsetType::kForward);
+  for (; !rs->Eof(); rs->MoveNext()) {
+    std::string key;
+    for (const int column : table.key) {
+      if (column != table.key.front()) key += table.between;
+      key += TextOf(rs->Fields(column).Get());
+    }
+    std::string& row = rows[LCase(key)];
+    for (int column = 0; column < static_cast<int>(rs->Columns().size()); ++column) {
+      row += TextOf(rs->Fields(column).Get()) + "|";
+    }
+  }
+  return rows;
+}
+
+}  // namespace
+
+Ledger::Ledger(const std::string& place) {
+  Store store = OpenStore(place);
+  engine_ = std::move(store.engine);
+  std::vector<std::string> paths;
+  for (const WatchedFile& file : kFiles) {
+    paths.push_back(store.folder + "/DATOS/" + file.file);
+    files_.push_back(engine_->Workspaces(0)->OpenDatabase(paths.back()));
+  }
+  pulse_ = MakePulse(place, paths);
+  beats_.resize(files_.size());
+  Changed();
 }
 
 bool Ledger::Has(const std::string& key) const {
@@ -62,12 +79,13 @@ bool Ledger::Has(const std::string& key) const {
 
 std::vector<Ledger::Change> Ledger::Changed() {
   std::vector<Change> changed;
-  for (const WatchedFile& file : kFiles) {
-    const Rows version = Read("PRAGMA " + file.name + ".data_version");
-    if (version == std::exchange(versions_[file.name], version)) continue;
-    for (const auto& [table, key] : file.tables) {
-      const std::string place = file.name + "." + std::string(table);
-      const Rows now = Read("SELECT " + std::string(key) + ", * FROM " + place);
+  const std::vector<std::string> beats = pulse_->Beats();
+  engine_->Idle(1);
+  for (std::size_t i = 0; i < files_.size(); ++i) {
+    if (beats[i] == std::exchange(beats_[i], beats[i])) continue;
+    for (const WatchedTable& table : kFiles[i].tables) {
+      const std::string place = kFiles[i].name + "." + std::string(table.name);
+      const Rows now = Read(*files_[i], table);
       const Rows before = std::exchange(rows_[place], now);
       Rows keys = before;
       keys.insert(now.begin(), now.end());

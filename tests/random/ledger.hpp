@@ -1,13 +1,13 @@
-// Watches the tables of workers and of incidents from outside, through the store itself: whose rows have changed.
+// Watches the tables of workers and of incidents from outside, as another program: whose rows have changed.
 #pragma once
 
-#include <sqlite3.h>
-
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "random/pulse.hpp"
+#include "zendara/record_engine.hpp"
 
 namespace zendara {
 
@@ -21,8 +21,8 @@ class Ledger {
                         // incident, "01 00012 001 004" one of a concept
   };
 
-  // The folder of a demonstration company.
-  explicit Ledger(const std::filesystem::path& folder);
+  // The place of a demonstration company, as OpenStore takes it.
+  explicit Ledger(const std::string& place);
 
   // What has changed since the last call.
   std::vector<Change> Changed();
@@ -32,14 +32,11 @@ class Ledger {
   bool Has(const std::string& key) const;
 
  private:
-  Rows Read(const std::string& sql) const;
-
-  struct Close {
-    void operator()(sqlite3* connection) const { sqlite3_close(connection); }
-  };
-  std::unique_ptr<sqlite3, Close> connection_;
-  std::map<std::string, Rows> versions_;  // by file
-  std::map<std::string, Rows> rows_;      // by table
+  std::unique_ptr<Engine> engine_;
+  std::vector<std::shared_ptr<Database>> files_;
+  std::unique_ptr<Pulse> pulse_;
+  std::vector<std::string> beats_;
+  std::map<std::string, Rows> rows_;  // by table
 };
 
 }  // namespace zendara

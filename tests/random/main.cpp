@@ -3,6 +3,7 @@
 //   random_sessions                 the seeds that once failed
 //   random_sessions SEED            one session, each event printed
 //   random_sessions SEED COUNT      that many, from this one on
+//   random_sessions --server ...    the same on the test server; a seed plays the same session there
 #include <stdlib.h>
 
 #include <cstdint>
@@ -20,7 +21,7 @@
 #include "component/componente.hpp"
 #include "random/clerk.hpp"
 #include "random/player.hpp"
-#include "support/temp_folder.hpp"
+#include "support/site.hpp"
 #include "zendara/engines.hpp"
 
 namespace zendara {
@@ -70,26 +71,27 @@ std::string FaultsOf(const std::string& folder) {
   return faults ? out.str() : "";
 }
 
-// On a copy of the company in `model`. What failed, empty if nothing; the same seed gives the same session.
-std::string PlaySession(const std::filesystem::path& model, std::uint64_t seed, bool aloud, Findings& findings) {
-  const TempFolder folder;
-  std::filesystem::copy(model, folder.path(), std::filesystem::copy_options::recursive);
-  Hands hands(seed, folder.path(), kEvents, aloud, findings);
-  PlayOnScreens(hands, folder.path().string());
+// On a copy of the company. What failed, empty if nothing; the same seed gives the same session.
+std::string PlaySession(const Site& company, std::uint64_t seed, bool aloud, Findings& findings) {
+  const std::unique_ptr<Site> site = company.Copy();
+  Hands hands(seed, site->Place(), kEvents, aloud, findings);
+  PlayOnScreens(hands, site->Place());
   // Nothing of the component's state passes on to the next session, nor keeps files open.
   ElComponente().sesion = Sesion(Platform{});
-  if (const std::string faults = FaultsOf(folder.path().string()); !faults.empty()) hands.Fail(faults);
+  if (const std::string faults = FaultsOf(site->Place()); !faults.empty()) hands.Fail(faults);
   return hands.Failure();
 }
 
-int Play(const std::vector<std::uint64_t>& seeds, bool aloud) {
-  const TempFolder model;
-  WriteDemoCompany(*MakeEngine(), {.folder = model.path().string(), .workers = kRandomWorkers});
+int Play(const Site& company, const std::vector<std::uint64_t>& seeds, bool aloud) {
+  {
+    const Store store = OpenStore(company.Place());
+    WriteDemoCompany(*store.engine, {.folder = store.folder, .workers = kRandomWorkers});
+  }
   Findings findings;
   int failed = 0;
   for (const std::uint64_t seed : seeds) {
     std::cout << "seed " << seed << std::endl;  // the last one that is seen if the process dies
-    const std::string failure = PlaySession(model.path(), seed, aloud, findings);
+    const std::string failure = PlaySession(company, seed, aloud, findings);
     if (failure.empty()) continue;
     std::cout << "failed, " << failure << "\n";
     ++failed;
@@ -110,12 +112,18 @@ int main(int argc, char** argv) {
   // The sessions need not wait for a disk.
   if (std::filesystem::exists("/dev/shm")) setenv("TMPDIR", "/dev/shm", 0);
   try {
-    std::vector<std::uint64_t> seeds = zendara::kFailedOnce;
-    if (argc > 1) {
-      seeds.resize(argc > 2 ? std::stoul(argv[2]) : 1);
-      std::iota(seeds.begin(), seeds.end(), std::stoull(argv[1]));
+    std::vector<std::string> words(argv + 1, argv + argc);
+    std::unique_ptr<zendara::Site> site = std::make_unique<zendara::FolderSite>();
+    if (std::erase(words, "--server") > 0) {
+      if (!zendara::TestServer()) throw std::runtime_error("ZENDARA_TEST_SERVER says of no server");
+      site = std::make_unique<zendara::ServerSite>();
     }
-    return zendara::Play(seeds, argc == 2);
+    std::vector<std::uint64_t> seeds = zendara::kFailedOnce;
+    if (!words.empty()) {
+      seeds.resize(words.size() > 1 ? std::stoul(words[1]) : 1);
+      std::iota(seeds.begin(), seeds.end(), std::stoull(words[0]));
+    }
+    return zendara::Play(*site, seeds, words.size() == 1);
   } catch (const std::exception& error) {
     std::cerr << "random_sessions: " << error.what() << "\n";
     return 2;

@@ -16,11 +16,12 @@ bool MoveToAny(Random& random, Recordset& rows) {
 
 }  // namespace
 
-OtherProgram::OtherProgram(Hands& hands, const std::string& folder, const std::string& year)
-    : hands_(hands),
-      engine_(MakeEngine()),
-      company_(engine_->Workspaces(0)->OpenDatabase(folder + "/DATOS/Nom00001.MDB")),
-      year_(engine_->Workspaces(0)->OpenDatabase(folder + "/DATOS/N00001" + year + ".MDB")) {}
+OtherProgram::OtherProgram(Hands& hands, const std::string& place, const std::string& year) : hands_(hands) {
+  Store store = OpenStore(place);
+  engine_ = std::move(store.engine);
+  company_ = engine_->Workspaces(0)->OpenDatabase(store.folder + "/DATOS/Nom00001.MDB");
+  year_ = engine_->Workspaces(0)->OpenDatabase(store.folder + "/DATOS/N00001" + year + ".MDB");
+}
 
 void OtherProgram::Interfere() {
   Random& random = hands_.random;

@@ -14,8 +14,8 @@ namespace zendara {
 
 class OtherProgram {
  public:
-  // `folder` is the application's.
-  OtherProgram(Hands& hands, const std::string& folder, const std::string& year);
+  // `place` as OpenStore takes it.
+  OtherProgram(Hands& hands, const std::string& place, const std::string& year);
 
   // A row of a worker, or of the incidents of any screen.
   void Interfere();

@@ -32,7 +32,7 @@ class Player : public FakeFormHost {
  public:
   explicit Player(Hands& hands);
 
-  void Play(const std::string& folder);
+  void Play(const std::string& place);
 
   void ShowModal(Form& form) override;
   void DoEvents() override {
@@ -60,13 +60,12 @@ Player::Player(Hands& hands) : hands_(hands) {
   });
 }
 
-void Player::Play(const std::string& folder) {
-  const auto engine = MakeEngine();
-  const auto files = MakeHostFiles();
-  CompanyHost company({.engine = engine.get(),
+void Player::Play(const std::string& place) {
+  const Store store = OpenStore(place);
+  CompanyHost company({.engine = store.engine.get(),
                        .dialogs = this,
-                       .files = files.get(),
-                       .application_folder = folder,
+                       .files = store.files.get(),
+                       .application_folder = store.folder,
                        .forms = this,
                        .components = components_});
   Random& random = hands_.random;
@@ -76,7 +75,7 @@ void Player::Play(const std::string& folder) {
   if (random.Chance(25)) values.currency = "E";
   if (random.Chance(10)) values.program = "05";
   company.Open(values);
-  other_.emplace(hands_, folder, values.year);
+  other_.emplace(hands_, place, values.year);
   watch_.emplace(hands_, *other_, values.year);
   hands_.ChangeShown = [this](Form& form) { watch_->ChangeShown(form); };
   while (!hands_.Done()) {
@@ -106,6 +105,6 @@ void Player::ShowModal(Form& form) {
 
 }  // namespace
 
-void PlayOnScreens(Hands& hands, const std::string& folder) { Player(hands).Play(folder); }
+void PlayOnScreens(Hands& hands, const std::string& place) { Player(hands).Play(place); }
 
 }  // namespace zendara

@@ -8,7 +8,7 @@
 namespace zendara {
 
 // Opens the worker screen and those of incidents, again and again, until the session's events are used up or something
-// has failed. `folder` is the application's.
-void PlayOnScreens(Hands& hands, const std::string& folder);
+// has failed. `place` of the company, as OpenStore takes it.
+void PlayOnScreens(Hands& hands, const std::string& place);
 
 }  // namespace zendara

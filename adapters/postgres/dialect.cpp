@@ -14,7 +14,7 @@ constexpr std::string_view kFileParameter = "$1";
 
 // As texts are compared that have no sort key.
 std::string Compared(const std::string& value, ColumnType type) {
-  return type == ColumnType::kText ? "rtrim(" + value + ") COLLATE zendara_es" : value;
+  return type == ColumnType::kText ? "(rtrim(" + value + ") COLLATE zendara_es)" : value;
 }
 
 ColumnType TypeOf(const TableRef& table, int column) {
@@ -72,7 +72,15 @@ std::string ServerDialect::Literal(const sql::Parameter& literal, Form form) {
     arguments_.push_back({literal, key});
     printed[i] = "$" + std::to_string(arguments_.size() + 1);
   }
-  return form == Form::kCompared ? Compared(printed[i], literal.type) : printed[i];
+  switch (form) {
+    case Form::kCompared:
+      return Compared(printed[i], literal.type);
+    case Form::kKey:
+      return printed[i];
+    default:
+      // With its type, since statements are known by their text.
+      return (printed[i] + "::").append(StoredType(literal.type));
+  }
 }
 
 // The server's own condition for ends in either order is false for some values when an end is Null, and is no range of

@@ -66,6 +66,7 @@ void Link::Connect() {
     throw RuntimeError(number, {place_.Name()}, WordsOf(opened.get()));
   }
   connection_ = opened.release();
+  plans_ = Plans::kAny;
   try {
     greeting_(*this);
   } catch (...) {
@@ -217,6 +218,13 @@ void Link::FindBlocker() {
   if (at == std::string_view::npos) return;
   blocker_user_ = name.substr(0, at);
   blocker_machine_ = name.substr(at + 1);
+}
+
+void Link::Allow(Plans plans) {
+  RequireConnection();
+  if (plans == plans_) return;
+  Run(plans == Plans::kAny ? "SET enable_bitmapscan = on" : "SET enable_bitmapscan = off");
+  plans_ = plans;
 }
 
 // Readers.

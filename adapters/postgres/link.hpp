@@ -49,6 +49,11 @@ class Link {
   bool AnswerWasLost() const { return answer_lost_; }
   bool IsConnected() const { return connection_ != nullptr; }
 
+  // Which plans the server may make from here on for statements that it has not planned yet. Without figures of a new
+  // relation it takes its companies for small and would sort all of one for each batch of a walk.
+  enum class Plans { kAny, kInIndexOrder };
+  void Allow(Plans plans);
+
   // Starts a statement, whose rows `reader` takes: together, or one by one with an answer each. Who starts or runs
   // anything lets the reader before have its rows first.
   enum class Rows { kTogether, kOneByOne };
@@ -67,6 +72,7 @@ class Link {
   void Commit();
   void Rollback();
   bool InTransaction() const { return in_transaction_; }
+  bool IsInDoubt() const { return in_doubt_; }
   // Writes that leave the transaction, if there is one, as it was when one of them fails.
   void AsOne(const std::function<void()>& writes);
 
@@ -105,6 +111,7 @@ class Link {
   std::list<std::string_view> uses_;                                               // texts, the latest first
   std::int64_t names_ = 0;
   Reader* reader_ = nullptr;
+  Plans plans_ = Plans::kAny;
   bool answer_lost_ = false;
   bool in_transaction_ = false;
   int guarded_ = 0;        // AsOne

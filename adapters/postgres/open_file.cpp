@@ -74,7 +74,9 @@ void OpenFile::Commit() {
     Reach().Commit();
   } catch (...) {
     // In doubt it stays, for the next try.
-    if (!transaction_->InTransaction()) EndTransaction();
+    if (transaction_->IsInDoubt()) throw;
+    if (transaction_->InTransaction()) transaction_->Rollback();
+    EndTransaction();
     throw;
   }
   EndTransaction();

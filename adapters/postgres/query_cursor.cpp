@@ -55,6 +55,7 @@ class Cursor final : public QueryCursor, private Reader {
  public:
   Cursor(std::shared_ptr<OpenFile> file, std::shared_ptr<const PreparedQuery> query, const Parameters& parameters)
       : file_(std::move(file)), query_(std::move(query)), link_(&file_->Reach()) {
+    link_->Allow(Link::Plans::kAny);
     link_->Start(query_->text, parameters, *this, Link::Rows::kOneByOne);
   }
 
@@ -139,6 +140,7 @@ void RunDelete(OpenFile& file, std::string_view sql, YearWindow window) {
   file.server().RequireWrites();
   const Parameters parameters = Bind(file, dialect.Arguments(), tokens.literals);
   Link& link = file.Reach();
+  link.Allow(Link::Plans::kAny);
   file.server().Changed();
   link.AsOne([&] { link.RunOnce(printed.text, parameters); });
 }

@@ -19,15 +19,16 @@ namespace {
 constexpr std::size_t kMostInMemory = 1 << 20;
 constexpr std::int32_t kNull = -1;
 
-[[noreturn]] void FailAside() {
-  const int error = errno;
+[[noreturn]] void FailAside(int error = errno) {
   const bool full = error == ENOSPC || error == EDQUOT || error == EFBIG;
   throw RuntimeError(full ? kNoDiskSpace : kDeviceIoError, {},
                      "rows put aside: " + std::system_category().message(error), error);
 }
 
 std::FILE* OpenNameless() {
-  std::string path = std::filesystem::temp_directory_path() / "zendara-XXXXXX";
+  std::error_code error;
+  std::string path = std::filesystem::temp_directory_path(error) / "zendara-XXXXXX";
+  if (error) FailAside(error.value());
   const int descriptor = mkostemp(path.data(), O_CLOEXEC);
   if (descriptor < 0) FailAside();
   unlink(path.c_str());

@@ -262,7 +262,9 @@ class Cursor final : public TableCursor, private Reader {
     if (!follows || !TakeComing()) {
       DropAhead();
       Ahead fresh = Asked(size);
-      fresh.block = MakeBlock(file_->Reach().Run(MoveText(size), Behind(from)));
+      Link& link = file_->Reach();
+      if (size >= kLongWalk) link.Allow(Link::Plans::kInIndexOrder);
+      fresh.block = MakeBlock(link.Run(MoveText(size), Behind(from)));
       ahead_ = std::move(fresh);
     }
     if (ahead_.Rows() == 0) return false;

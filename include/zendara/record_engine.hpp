@@ -185,9 +185,9 @@ class Database {
   virtual const std::string& Name() const = 0;
 
   // kTable: `source` is a table, 3011 if it does not exist. kQuery and kForward: a table or one SELECT of the dialect,
-  // 3078 unknown table, 3061 unknown column, 3421 a comparison of different types, 3075 anything else that is wrong
-  // with the text: also a table twice, or more conditions, columns, tables or brackets in each other than the store has
-  // room for (27,734 conditions and 10 brackets in each other are taken).
+  // 3078 unknown table, 3061 unknown column, 3421 a comparison of different types or a sum of what are no numbers, 3075
+  // anything else that is wrong with the text: also a table twice, or more conditions, columns, tables or brackets in
+  // each other than the store has room for (27,734 conditions and 10 brackets in each other are taken).
   virtual std::shared_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) = 0;
   // kQuery.
   std::shared_ptr<Recordset> OpenRecordset(std::string_view sql) { return OpenRecordset(sql, RecordsetType::kQuery); }

@@ -3,7 +3,8 @@
 //   random_sessions                 the seeds that once failed
 //   random_sessions SEED            one session, each event printed
 //   random_sessions SEED COUNT      that many, from this one on
-//   random_sessions --server ...    the same on the test server; a seed plays the same session there
+//   random_sessions --server ...    the same on the test server: a seed plays the same session, up to the first fault
+//   of the store
 #include <stdlib.h>
 
 #include <cstdint>
@@ -60,12 +61,12 @@ constexpr std::string_view kMustWrite[] = {"click Grabar",
 constexpr int kLongRun = 20'000;
 
 // What `zendara data check` finds, empty if nothing.
-std::string FaultsOf(const std::string& folder) {
+std::string FaultsOf(const std::string& place) {
   std::ostringstream out;
   Console console(out, out, false);
   bool faults = false;
   for (const char* year : {"00", "01", "02"}) {
-    faults |= DataCheck({.company = {.dir = folder, .company = "00001", .year = year}}, console) != 0;
+    faults |= DataCheck({.company = {.place = place, .company = "00001", .year = year}}, console) != 0;
   }
   console.Flush();
   return faults ? out.str() : "";

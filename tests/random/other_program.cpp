@@ -1,5 +1,7 @@
 #include "random/other_program.hpp"
 
+#include <utility>
+
 #include "random/clerk.hpp"
 #include "runtime/failure.hpp"
 #include "zendara/engines.hpp"
@@ -105,8 +107,7 @@ void OtherProgram::Hold(const IncidentTable& table) {
 }
 
 void OtherProgram::Release() {
-  if (held_) held_->Rollback();
-  held_ = nullptr;
+  if (Database* held = std::exchange(held_, nullptr)) held->Rollback();
 }
 
 }  // namespace zendara

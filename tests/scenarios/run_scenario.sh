@@ -3,8 +3,9 @@
 #
 #   run_scenario.sh SCENARIO.zs COMPANY WORK COMMAND...
 #
-# COMPANY: an application's folder, copied. WORK: a folder for the copy and for what was printed, emptied first.
-# COMMAND gets the script and --dir. A run that fails is a scenario too: its error line and status end the transcript.
+# COMPANY: the place of a company, copied: an application's folder, or a database of the test server. WORK: a folder for
+# what was printed, and the copy of a folder, emptied first. COMMAND gets the script and the place. A run that fails is a
+# scenario too: its error line and status end the transcript.
 set -euo pipefail
 
 scenario=$1 company=$2 work=$3
@@ -14,11 +15,20 @@ name=$(basename "$scenario" .zs)
 
 rm -rf "$work"
 mkdir -p "$work"
-cp -r "$company" "$work/company"
+if [[ $company == postgresql:* ]]; then
+  original=${company#postgresql:///} original=${original%%\?*} copy=scenario_$$
+  drop() { psql -qX "$ZENDARA_TEST_SERVER" -c "DROP DATABASE $copy WITH (FORCE)"; }
+  psql -qX "$ZENDARA_TEST_SERVER" -c "CREATE DATABASE $copy TEMPLATE $original STRATEGY FILE_COPY"
+  trap drop EXIT
+  place=(--store "${company/$original/$copy}")
+else
+  cp -r "$company" "$work/company"
+  place=(--dir "$work/company")
+fi
 
 status=0
 # From the scenario's folder, so that error lines name the script alone.
-(cd "$(dirname "$scenario")" && "$@" "$name.zs" --dir "$work/company") >"$work/$name.out" 2>"$work/$name.err" || status=$?
+(cd "$(dirname "$scenario")" && "$@" "$name.zs" "${place[@]}") >"$work/$name.out" 2>"$work/$name.err" || status=$?
 if ((status != 0)); then
   sed 's/^zendara[a-z-]*: //' "$work/$name.err" >>"$work/$name.out"
   echo "status $status" >>"$work/$name.out"

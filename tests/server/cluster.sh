@@ -5,16 +5,24 @@
 #   cluster.sh place DIR                 the connection text of the server that belongs to this folder
 #   cluster.sh start DIR [SETTING...]    makes it with these settings (fsync=off) if there is none; starts it
 #   cluster.sh stop DIR                  its data stay
+#   cluster.sh kill DIR                  the same, at once: connections are cut, what was not written is written at start
+#   cluster.sh standby DIR OF            makes it as a standby of another one, which waits for it at each commit; starts it
+#   cluster.sh promote DIR
 #   cluster.sh remove DIR                with its data, in whatever state it was left
 #
 # Its files stand in /var/tmp: a build folder may have too long a path for a socket (107 bytes), or, when root builds,
 # be one that the server's user cannot enter.
 set -euo pipefail
 
+place_of() {
+  local hash
+  hash=$(echo "$EUID $(realpath -m "$1")" | md5sum)
+  echo "/var/tmp/zendara-server-${hash:0:12}"
+}
 action=$1
-hash=$(echo "$EUID $(realpath -m "$2")" | md5sum)
-server=/var/tmp/zendara-server-${hash:0:12}
+server=$(place_of "$2")
 settings=("${@:3}")
+primary=${3:-}
 cd /
 
 # The server refuses to run as root.
@@ -36,6 +44,17 @@ make() {
     as_server tee -a "$server/data/postgresql.conf" >/dev/null
 }
 
+make_standby() {
+  local primary=$1
+  as_server mkdir -m 700 -p "$server"
+  as_server "$programs/pg_basebackup" --host "$primary" --username "$(id -un)" --pgdata "$server/data" \
+    --write-recovery-conf --checkpoint=fast --no-sync
+  echo "unix_socket_directories = '$server'" | as_server tee -a "$server/data/postgresql.conf" >/dev/null
+  control start
+  as_server "$programs/psql" --quiet --host "$primary" --username "$(id -un)" postgres --output /dev/null \
+    --command "ALTER SYSTEM SET synchronous_standby_names = '*'" --command "SELECT pg_reload_conf()"
+}
+
 case $action in
   place) echo "postgresql:///postgres?host=$server" ;;
   start)
@@ -44,6 +63,9 @@ case $action in
     control start || { tail "$server/log" >&2; exit 1; }
     ;;
   stop) control stop --mode fast ;;
+  kill) control stop --mode immediate ;;
+  standby) make_standby "$(place_of "$primary")" ;;
+  promote) control promote ;;
   remove)
     control stop --mode immediate --timeout 5 >/dev/null 2>&1 || true
     rm -rf "$server"

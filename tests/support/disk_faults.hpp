@@ -1,8 +1,11 @@
-// A disk that fills up after any number of writes, fails once, or ends the program: the system calls of this test
-// program pass through here. Nothing waits for the disk. For one source file of a test program.
+// A disk that fills up after any number of writes, a disk or a connection that fails once, or ends the program: the
+// system calls of this test program pass through here. Nothing waits for the disk. For one source file of a test
+// program.
 #pragma once
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -19,13 +22,14 @@ namespace zendara {
 
 struct Disk {
   int writes_left = -1;  // calls that take room; -1: as many as wanted
-  int fault_in = -1;     // making, reading, writing or syncing a file, after as many of these; -1: none
+  int fault_in = -1;     // making, reading, writing or syncing a file, sending or receiving, after as many of these;
+                         // -1: none
   bool kills = false;    // that fault is the end of the program
   bool sleeps = true;    // false: a sleep is over at once
   int faults = 0;        // that came
   int syncs = 0;
   int waited = 0;                       // microseconds that the program wanted to sleep, for a lock to go
-  std::function<void()> while_waiting;  // called then; may be empty
+  std::function<void()> while_waiting;  // called then, and when a server does not answer soon; may be empty
 };
 inline Disk disk;
 
@@ -100,6 +104,13 @@ inline int Open(const char* path, int flags, mode_t mode) {
   return makes && Fails(true) ? -1 : static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
+inline bool Loses(int socket) {
+  if (!Fails(false)) return false;
+  shutdown(socket, SHUT_RDWR);
+  errno = ECONNRESET;
+  return true;
+}
+
 }  // namespace disk_faults
 }  // namespace zendara
 
@@ -151,5 +162,23 @@ ZENDARA_CALL int usleep(useconds_t microseconds) {
   if (zendara::disk.while_waiting) zendara::disk.while_waiting();
   if (zendara::disk.sleeps) std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
   return 0;
+}
+
+// A connection that is lost stays so.
+ZENDARA_CALL ssize_t send(int socket, const void* data, size_t size, int flags) {
+  if (zendara::disk_faults::Loses(socket)) return -1;
+  return syscall(SYS_sendto, socket, data, size, flags, nullptr, 0);
+}
+ZENDARA_CALL ssize_t recv(int socket, void* data, size_t size, int flags) {
+  if (zendara::disk_faults::Loses(socket)) return -1;
+  return syscall(SYS_recvfrom, socket, data, size, flags, nullptr, nullptr);
+}
+ZENDARA_CALL int poll(pollfd* files, nfds_t count, int timeout) {
+  constexpr int kSoon = 50;  // milliseconds
+  if (zendara::disk.while_waiting && (timeout < 0 || timeout > kSoon)) {
+    if (const auto ready = syscall(SYS_poll, files, count, kSoon)) return static_cast<int>(ready);
+    zendara::disk.while_waiting();
+  }
+  return static_cast<int>(syscall(SYS_poll, files, count, timeout));
 }
 #undef ZENDARA_CALL

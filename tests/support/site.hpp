@@ -43,7 +43,7 @@ inline const char* TestServer() { return getenv("ZENDARA_TEST_SERVER"); }
 class ServerSite : public Site {
  public:
   explicit ServerSite(const std::string& original = "template0") {
-    Run("CREATE DATABASE " + name_ + " TEMPLATE " + original);
+    Run("CREATE DATABASE " + name_ + " TEMPLATE " + original + " STRATEGY FILE_COPY");
   }
   ~ServerSite() override {
     try {

@@ -152,7 +152,8 @@ void CompanyCopy::CompareDatabase(const CopiedFile& file) {
   const auto to = to_.Open(file.name, console_);
   const DatabasePair pair{file.name, *from, *to};
   if (file.stays) {
-    console_.Out(file.name + ": was there, " + RowsText(file.added) + " added\n" + Differences(pair, console_));
+    const std::string added = file.added ? ", " + RowsText(file.added) + " added" : "";
+    console_.Out(file.name + ": was there" + added + "\n" + Differences(pair, console_));
   } else {
     const std::int64_t rows = CompareAll(pair, console_);
     console_.Out(file.name + ": " + std::to_string(from->Tables().size()) + " tables, " + RowsText(rows) + "\n");

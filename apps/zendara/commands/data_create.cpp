@@ -27,14 +27,22 @@ void Create(const CompanyData& data, const std::vector<std::string>& names, NewF
   files.Publish();
 }
 
+// Nothing when none is missing in a place that may only be read.
+std::unique_ptr<NewFiles> Begin(const CompanyData& data) try {
+  return data.workspace()->CreateFiles(DataFolder(data.store()));
+} catch (const RuntimeError&) {
+  if (!MissingFiles(data).empty()) throw;
+  return nullptr;
+}
+
 // Also when another program makes some of them in the meantime. What one that ended has left behind goes before they
 // are looked for, and the names that it had given already with it.
 void CreateMissing(const CompanyData& data, Console& console) {
   console.Doing("creating files in " + DataFolder(data.store()));
   for (std::vector<std::string> before;;) {
-    const std::unique_ptr<NewFiles> files = data.workspace()->CreateFiles(DataFolder(data.store()));
+    const std::unique_ptr<NewFiles> files = Begin(data);
     const std::vector<std::string> names = MissingFiles(data);
-    if (names.empty()) return;
+    if (names.empty() || !files) return;
     try {
       Create(data, names, *files);
       for (const std::string& name : names) console.Out("created " + name + "\n");

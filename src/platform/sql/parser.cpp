@@ -293,6 +293,9 @@ class Parser {
     Call call{function, {}};
     if (function != Aggregate::kCount || !AcceptSymbol("*")) call.argument = Column();
     ExpectSymbol(")");
+    if (function == Aggregate::kSum && unknown_.empty() && Definition(*call.argument).type != ColumnType::kNumber) {
+      throw RuntimeError(kDataConversion);
+    }
     return {call};
   }
 

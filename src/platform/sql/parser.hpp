@@ -14,7 +14,8 @@ namespace zendara::sql {
 using Catalogue = std::function<const TableDef*(std::string_view name)>;
 
 // One SELECT, or the name of a table for all of it. Errors: 3078 unknown table, 3061 unknown or doubtful column, 3421 a
-// comparison of different types, 3075 everything else. They depend on the types of the literals, never on their values.
+// comparison of different types or a sum of what are no numbers, 3075 everything else. They depend on the types of the
+// literals, never on their values.
 Select ParseSelect(const Tokens& tokens, const Catalogue& catalogue);
 
 // One DELETE * FROM table [WHERE ...], with the same errors.

@@ -48,6 +48,7 @@ std::shared_ptr<PreparedQuery> Prepare(OpenFile& file, const sql::Tokens& tokens
   for (const sql::SelectItem& item : select.items) query->columns.push_back(item.column);
   query->text = std::move(printed.text);
   query->arguments = dialect.Arguments();
+  query->relations = dialect.Relations();
   return query;
 }
 
@@ -56,7 +57,7 @@ std::shared_ptr<PreparedQuery> Prepare(OpenFile& file, const sql::Tokens& tokens
 class Cursor final : public QueryCursor, private Reader {
  public:
   Cursor(std::shared_ptr<OpenFile> file, std::shared_ptr<const PreparedQuery> query, const Parameters& parameters)
-      : file_(std::move(file)), query_(std::move(query)), link_(&file_->Reach()) {
+      : file_(std::move(file)), query_(std::move(query)), link_(&file_->ReachFor(query_->relations)) {
     link_->Allow(Link::Plans::kAny);
     link_->Start(query_->text, parameters, *this, Link::Rows::kOneByOne);
   }

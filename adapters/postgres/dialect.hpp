@@ -30,6 +30,8 @@ class ServerDialect final : public sql::Dialect {
   sql::Catalogue Tables();
   // Of the parameters behind the first one, which is the name of the file.
   const std::vector<Argument>& Arguments() const { return arguments_; }
+  // Those that the statement names.
+  const std::vector<const Relation*>& Relations() const { return relations_; }
 
   std::string Table(const TableDef& table) const override;
   std::string RowsOf(const sql::TableRef& table) const override;

@@ -1,6 +1,7 @@
 // Rows that wait to be sent together: one statement, however many they are.
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
@@ -17,6 +18,9 @@ void BindKey(const Value& value, const SpanishOrder& order, Parameters& paramete
 class NewRows {
  public:
   void Add(const Relation& relation, const std::vector<Value>& row);
+  bool HasAnyOf(const std::vector<const Relation*>& relations) const {
+    return std::ranges::any_of(relations, [this](const Relation* relation) { return rows_.contains(relation); });
+  }
   bool Empty() const { return rows_.empty(); }
   // There is no reason to let more wait.
   bool Full() const { return count_ >= kMost; }

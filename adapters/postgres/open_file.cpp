@@ -38,11 +38,19 @@ const Relation* OpenFile::FindTable(std::string_view table) {
   return FindKnown(table);
 }
 
-Link& OpenFile::Reach() {
+Link& OpenFile::CurrentLink() {
   if (detached_) throw RuntimeError(kObjectClosed);
-  Link& link = maker_ ? *maker_ : transaction_ ? *transaction_ : server_->main();
+  return maker_ ? *maker_ : transaction_ ? *transaction_ : server_->main();
+}
+
+Link& OpenFile::Reach() {
+  Link& link = CurrentLink();
   if (!waiting_.Empty()) waiting_.Send(link, file_, server_->order());
   return link;
+}
+
+Link& OpenFile::ReachFor(const std::vector<const Relation*>& tables) {
+  return waiting_.HasAnyOf(tables) ? Reach() : CurrentLink();
 }
 
 void OpenFile::Settle() {

@@ -36,6 +36,8 @@ class OpenFile {
 
   // Where a statement goes to, once all rows that wait were sent.
   Link& Reach();
+  // For a statement that reads these tables alone: rows that wait for others go on waiting.
+  Link& ReachFor(const std::vector<const Relation*>& tables);
   // In a transaction and for a table that refuses no row, or in a new file: true, and the row is sent later, with
   // others.
   bool Defer(const Relation& relation, const std::vector<Value>& row);
@@ -50,6 +52,7 @@ class OpenFile {
   void Rollback();
 
  private:
+  Link& CurrentLink();
   const Relation* FindKnown(std::string_view table) const;
   void EndTransaction();
 

@@ -12,6 +12,7 @@ struct PreparedQuery {
   std::vector<ColumnDef> columns;
   std::string text;
   std::vector<Argument> arguments;
+  std::vector<const Relation*> relations;  // that it reads
 };
 
 }  // namespace zendara::postgres

@@ -17,6 +17,7 @@ void Server::Greet(Link& link) {
   link.RunOnce("SET lock_timeout = '5s'");
   if (access() == Access::kRead) link.RunOnce("SET default_transaction_read_only = on");
   if (&link != &main_) return;
+  link.RunOnce("SELECT pg_advisory_lock_shared(" + LockOfStore() + ")");
   for (const std::string& file : open_) {
     link.RunOnce("SELECT pg_advisory_lock_shared(" + LockOf("$1") + ")", Parameters().Text(file));
   }

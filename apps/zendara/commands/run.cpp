@@ -349,12 +349,6 @@ std::string UsageError(const CLI::App& app, const std::vector<std::string>& word
   return cause + " (see " + reached.name + " --help)";
 }
 
-// Of a word, or of the value that is a part of one: "--store=...".
-bool HasPassword(const std::string& word) {
-  const auto value = word.starts_with("--") ? word.find('=') : std::string::npos;
-  return HoldsPassword(value == std::string::npos ? word : word.substr(value + 1));
-}
-
 // What the failed command printed so far goes out before its error line.
 int Fail(Console& console, const std::string& cause) {
   try {
@@ -411,10 +405,8 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   AddClasses(app, line);
 
   Console console(out, err, terminal);
-  if (std::ranges::any_of(arguments, HasPassword)) {
-    console.Error(
-        "a password is no part of a command, which every user of the machine can read: it goes into the variable "
-        "PGPASSWORD, the password file ~/.pgpass or a service file");
+  if (std::ranges::any_of(arguments, WordHoldsPassword)) {
+    console.Error(kNoPasswords);
     return kWrongUsage;
   }
   try {

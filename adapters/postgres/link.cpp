@@ -296,6 +296,7 @@ void Link::Leave(const Reader& reader) {
 void Link::Begin() {
   Run("BEGIN");
   in_transaction_ = true;
+  plans_before_ = plans_;
   if (place_.access() == Access::kRead) return;
   try {
     // The number by which the server can be asked for it later.
@@ -352,6 +353,7 @@ void Link::Rollback() {
   if (lost || !connection_) return;
   try {
     Run("ROLLBACK");
+    plans_ = plans_before_;
   } catch (const RuntimeError&) {
     // With the connection the transaction is gone too.
     Drop();

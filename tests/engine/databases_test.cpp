@@ -65,6 +65,8 @@ TEST_P(DatabaseContract, NewFilesGetTheirNamesTogetherOrNotAtAll) {
   EXPECT_THAT(Work()->Databases(folder), ElementsAre("Dos.MDB", "Prueba.MDB", "Uno.MDB"));
   EXPECT_EQ(Program(AnotherEngine(), Path("uno.mdb")).people->RecordCount(), 1);
   EXPECT_TRUE(beside());
+  EXPECT_EQ(Work()->ReadFile(Path("nota.DAT")), "bytes");
+  EXPECT_EQ(ErrorOf([&] { Work()->ReadFile(Path("nada.DAT")); }), 3024);
 }
 
 TEST_P(DatabaseContract, ADatabaseIsRenamedWholeAndNeverOverAnother) {

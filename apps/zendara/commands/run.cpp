@@ -76,6 +76,7 @@ struct CommandLine {
   std::string csv;
   TableOptions dump;
   CopyOptions copy;
+  std::string rekeyed;  // a server
   RunOptions run;
   std::string library = "libzendara.so." + std::to_string(ZENDARA_VERSION_MAJOR);
   std::function<int(Console&)> chosen;
@@ -279,6 +280,12 @@ void AddData(CLI::App& app, CommandLine& line) {
       "then read again and compared, value by value: status 1 if any differs. Files that companies share stay where\n"
       "they are there; the rows of the company in the general tables are added, and what differs is printed.");
   copy->callback([&line] { line.chosen = [&line](Console& console) { return DataCopy(line.copy, console); }; });
+
+  CLI::App* rekey =
+      data->add_subcommand("rekey", "Make the sort keys of a server's rows anew, after an upgrade of ICU");
+  rekey->add_option("--store", line.rekeyed, "The server: postgresql://HOST/DATABASE")->required()->type_name("PLACE");
+  rekey->footer("Nobody else may be connected. When it is interrupted no program opens a file until it is done again.");
+  rekey->callback([&line] { line.chosen = [&line](Console& console) { return DataRekey(line.rekeyed, console); }; });
 
   for (CLI::App* command : {load, dump}) {
     command->footer(

@@ -44,11 +44,9 @@ class OpenDatabase final : public Database {
   }
 
   std::shared_ptr<QueryDef> QueryDefs(std::string_view name) override {
-    const Answer found = Shared()->Reach().Run(
-        "SELECT name, sql FROM zendara_queries WHERE zendara_file = $1 AND folded = $2", OfQuery(name));
-    if (found.Rows() == 0) throw RuntimeError(kItemNotFound);
-    return std::make_shared<QueryDef>(found.Read(0, 0, ColumnType::kText).Text(),
-                                      found.Read(0, 1, ColumnType::kText).Text());
+    auto query = FindQuery(name);
+    if (!query) throw RuntimeError(kItemNotFound);
+    return query;
   }
 
   std::vector<TableDef> Tables() override {
@@ -82,6 +80,14 @@ class OpenDatabase final : public Database {
   const std::shared_ptr<OpenFile>& Shared() const {
     if (!file_) throw RuntimeError(kObjectClosed);
     return file_;
+  }
+
+  std::shared_ptr<QueryDef> FindQuery(std::string_view name) {
+    const Answer found = Shared()->Reach().Run(
+        "SELECT name, sql FROM zendara_queries WHERE zendara_file = $1 AND folded = $2", OfQuery(name));
+    if (found.Rows() == 0) return nullptr;
+    return std::make_shared<QueryDef>(found.Read(0, 0, ColumnType::kText).Text(),
+                                      found.Read(0, 1, ColumnType::kText).Text());
   }
 
   Parameters OfQuery(std::string_view name) const { return Parameters().Text(file_->name()).Text(LCase(name)); }

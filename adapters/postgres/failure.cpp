@@ -45,7 +45,8 @@ constexpr Row kStates[] = {
 
 std::string OneLine(std::string_view words) {
   std::string line(words.substr(0, words.find_last_not_of(" \n") + 1));
-  std::ranges::replace(line, '\n', ' ');
+  std::ranges::replace_if(
+      line, [](char c) { return c == '\n' || c == '\t'; }, ' ');
   return line;
 }
 

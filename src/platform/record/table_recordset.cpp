@@ -54,6 +54,7 @@ class TableRecordset final : public Recordset {
   bool Eof() const override { return eof_ || WithoutRows(); }
 
   std::int64_t RecordCount() const override { return Cursor().Count(); }
+  bool IsEmpty() const override { return !Cursor().HasRows(); }
 
   void MoveFirst() override {
     DropChange();
@@ -205,7 +206,7 @@ class TableRecordset final : public Recordset {
     Cursor();
     ReadFirst();
     if (place_ == Place::kRow || place_ == Place::kDeleted) return false;
-    return !Cursor().HasRows();
+    return IsEmpty();
   }
 
   Value GetColumn(int ordinal) const override {

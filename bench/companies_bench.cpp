@@ -31,9 +31,9 @@ namespace {
 using Stopwatch = std::chrono::steady_clock;
 
 constexpr int kFew = 10;
-constexpr int kAtOnce = 500;   // companies made in one transaction
-constexpr int kPrograms = 60;  // of each kind
-constexpr int kInOne = 200;
+constexpr int kAtOnce = 500;    // companies made in one transaction
+constexpr int kPrograms = 100;  // of each kind
+constexpr int kInOne = 1000;
 
 double SecondsSince(Stopwatch::time_point begin) {
   return std::chrono::duration<double>(Stopwatch::now() - begin).count();
@@ -134,8 +134,9 @@ void ReportSizes(PlainServer& server) {
             << ", indexes "
             << server.Run("SELECT pg_size_pretty(sum(pg_indexes_size(oid))) FROM pg_class WHERE relkind = 'r'")
             << "; rows "
-            << server.Run("SELECT sum(reltuples)::bigint FROM pg_class WHERE relkind = 'r' AND relnamespace = "
-                          "current_schema()::regnamespace")
+            << server.Run(
+                   "SELECT sum(reltuples)::bigint FROM pg_class WHERE relkind = 'r' AND relnamespace = "
+                   "current_schema()::regnamespace")
             << '\n';
 }
 
@@ -147,8 +148,8 @@ void ReportVacuum(PlainServer& server) {
       "SELECT zendara_file, campo0, campo1, campo2, campo3, campo0_key, convert_to(campo1, 'UTF8') "
       "FROM trabajadoresfijo");
   const std::string rows = server.Run("SELECT count(*) FROM listadosnom");
-  std::cout << "staging tables filled with " << rows << " rows in " << SecondsSince(begin) << " s: "
-            << server.Run(size) << '\n';
+  std::cout << "staging tables filled with " << rows << " rows in " << SecondsSince(begin) << " s: " << server.Run(size)
+            << '\n';
   begin = Stopwatch::now();
   server.Run("DELETE FROM listadosnom");
   std::cout << "emptied in " << SecondsSince(begin) << " s: " << server.Run(size) << '\n';

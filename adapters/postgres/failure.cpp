@@ -20,6 +20,7 @@ constexpr Row kStates[] = {
     {"57P02", kDiskOrNetwork},   // it has crashed
     {"57P03", kDiskOrNetwork},   // it is not up yet
     {"57P05", kDiskOrNetwork},   // idle for too long
+    {"25P03", kDiskOrNetwork},   // the same, in a transaction
     {"53300", kDiskOrNetwork},   // it takes no more connections
     {"57P04", kCannotOpenFile},  // the database was dropped
     {"28", kCannotOpenFile},     // user or password refused

@@ -17,6 +17,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t kMostPrepared = 500;
+// Bytes of a text. What the server makes of a longer one takes megabytes there, and it hardly comes again.
+constexpr std::size_t kLongestKept = 16384;
 constexpr int kBinary = 1;
 // Who waits for so long is about to be told for whom. In milliseconds.
 constexpr int kLongWait = 2000;
@@ -120,7 +122,8 @@ const std::string& Link::Prepare(std::string_view sql, const Parameters& paramet
     uses_.splice(uses_.begin(), uses_, known->second.use);
     return known->second.name;
   }
-  if (prepared_.size() >= kMostPrepared) {
+  const bool keep = sql.size() <= kLongestKept;
+  if (keep && prepared_.size() >= kMostPrepared) {
     const auto oldest = prepared_.find(uses_.back());
     const std::string forget = "DEALLOCATE " + oldest->second.name;
     uses_.pop_back();
@@ -129,7 +132,8 @@ const std::string& Link::Prepare(std::string_view sql, const Parameters& paramet
     Receive();
   }
   const std::string text(sql);
-  const std::string name = "z" + std::to_string(++names_);
+  // The statement without a name is there until the next one.
+  const std::string name = keep ? "z" + std::to_string(++names_) : std::string();
   if (PQsendPrepare(connection_, name.c_str(), text.c_str(), Count(parameters), parameters.Types().data()) == 0) {
     FailLost(false);
   }
@@ -139,6 +143,8 @@ const std::string& Link::Prepare(std::string_view sql, const Parameters& paramet
     answer_lost_ = false;  // nothing was done yet
     throw;
   }
+  static const std::string kNoName;
+  if (!keep) return kNoName;
   const auto kept = prepared_.emplace(text, Prepared{name, {}}).first;
   uses_.push_front(kept->first);
   kept->second.use = uses_.begin();
@@ -290,6 +296,7 @@ void Link::Leave(const Reader& reader) {
 void Link::Begin() {
   Run("BEGIN");
   in_transaction_ = true;
+  plans_before_ = plans_;
   if (place_.access() == Access::kRead) return;
   try {
     // The number by which the server can be asked for it later.
@@ -346,6 +353,7 @@ void Link::Rollback() {
   if (lost || !connection_) return;
   try {
     Run("ROLLBACK");
+    plans_ = plans_before_;
   } catch (const RuntimeError&) {
     // With the connection the transaction is gone too.
     Drop();

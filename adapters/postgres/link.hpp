@@ -112,6 +112,7 @@ class Link {
   std::int64_t names_ = 0;
   Reader* reader_ = nullptr;
   Plans plans_ = Plans::kAny;
+  Plans plans_before_ = Plans::kAny;  // the transaction
   bool answer_lost_ = false;
   bool in_transaction_ = false;
   int guarded_ = 0;        // AsOne

@@ -71,7 +71,13 @@ void OpenFile::Begin() {
   server_->RequireWrites();
   if (InTransaction()) throw RuntimeError(kNoTransaction);
   auto link = server_->Take();
-  link->Begin();
+  try {
+    link->Begin();
+  } catch (const RuntimeError& error) {
+    // The connection has waited for this since the last transaction, and nothing was done on it.
+    if (error.number() != kDiskOrNetwork) throw;
+    link->Begin();
+  }
   transaction_ = std::move(link);
 }
 

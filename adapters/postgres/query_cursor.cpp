@@ -7,6 +7,7 @@
 #include "adapters/postgres/prepared_query.hpp"
 #include "adapters/postgres/rows_aside.hpp"
 #include "adapters/postgres/sort_key.hpp"
+#include "platform/sql/alternatives.hpp"
 #include "platform/sql/implied.hpp"
 #include "zendara/runtime_error.hpp"
 
@@ -39,6 +40,7 @@ std::shared_ptr<PreparedQuery> Prepare(OpenFile& file, const sql::Tokens& tokens
   ServerDialect dialect(file);
   sql::Select select = ParseSelect(tokens, dialect.Tables());
   AddImpliedKeys(select);
+  JoinAlternatives(select.where);
   sql::Printed printed = Print(select, dialect);
   RequireAtMost(dialect.Arguments().size() + 1, kMaxParameters, tokens);
   RequireAtMost(select.items.size() + select.group_by.size() + select.order_by.size(), kMaxColumns, tokens);
@@ -135,15 +137,22 @@ std::unique_ptr<QueryCursor> MakeQueryCursor(std::shared_ptr<OpenFile> file, std
 void RunDelete(OpenFile& file, std::string_view sql, YearWindow window) {
   const sql::Tokens tokens = sql::Tokenize(sql, window);
   ServerDialect dialect(file);
-  const sql::Delete parsed = ParseDelete(tokens, dialect.Tables());
+  sql::Delete parsed = ParseDelete(tokens, dialect.Tables());
+  JoinAlternatives(parsed.where);
   const sql::Printed printed = Print(parsed, dialect);
   RequireAtMost(dialect.Arguments().size() + 1, kMaxParameters, tokens);
   file.server().RequireWrites();
   const Parameters parameters = Bind(file, dialect.Arguments(), tokens.literals);
   Link& link = file.Reach();
   link.Allow(Link::Plans::kAny);
-  file.server().Changed();
-  link.AsOne([&] { link.RunOnce(printed.text, parameters); });
+  try {
+    link.AsOne([&] { link.RunOnce(printed.text, parameters); });
+    file.server().Changed();
+  } catch (const RuntimeError& error) {
+    file.server().Changed();
+    if (file.InTransaction() || !link.AnswerWasLost()) throw;
+    throw RuntimeError(kOutcomeUnknown, {}, error.detail());
+  }
 }
 
 }  // namespace zendara::postgres

@@ -82,15 +82,23 @@ std::vector<std::string> Relation::Creation() const {
     if (never_null[i]) table += " NOT NULL";
   }
   std::vector<std::string> statements = {table + ", PRIMARY KEY (" + file + ", " + std::string(kRowColumn) + "))"};
-  for (std::size_t i = 0; i < definition.indexes.size(); ++i) {
+  const std::vector<std::string> names = IndexNames();
+  for (std::size_t i = 0; i < names.size(); ++i) {
     const IndexDef& index = definition.indexes[i];
     std::string columns_of = file;
     for (const std::string& column : OrderOf(index)) columns_of += ", " + column;
-    statements.push_back(std::string("CREATE ") + (index.primary ? "UNIQUE " : "") + "INDEX " +
-                         QuoteName(plain_name + "_index" + std::to_string(i + 1)) + " ON " + name + " (" + columns_of +
-                         ")");
+    statements.push_back(std::string("CREATE ") + (index.primary ? "UNIQUE " : "") + "INDEX " + names[i] + " ON " +
+                         name + " (" + columns_of + ")");
   }
   return statements;
+}
+
+std::vector<std::string> Relation::IndexNames() const {
+  std::vector<std::string> names;
+  for (std::size_t i = 1; i <= definition.indexes.size(); ++i) {
+    names.push_back(QuoteName(plain_name + "_index" + std::to_string(i)));
+  }
+  return names;
 }
 
 std::string ShapeOf(const TableDef& table) {

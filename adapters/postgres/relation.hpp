@@ -32,8 +32,10 @@ struct Relation {
   // index is the primary key's.
   std::vector<std::string> OrderOf(const IndexDef& index) const;
 
-  // The statements that make it: the relation and its indexes.
+  // The statements that make it: the relation, then its indexes.
   std::vector<std::string> Creation() const;
+  // Of these indexes, quoted.
+  std::vector<std::string> IndexNames() const;
 };
 
 // What relations have in common whose tables are the same but for widths and letter case: these share one.

@@ -15,8 +15,12 @@ void Server::Greet(Link& link) {
   // What the server compiles of a statement is never worth it here.
   link.RunOnce("SET jit = off");
   link.RunOnce("SET lock_timeout = '5s'");
+  // A program that was ended leaves no long query behind; servers before version 14 do not look.
+  link.RunOnce(
+      "SELECT set_config(name, '10s', false) FROM pg_settings WHERE name = 'client_connection_check_interval'");
   if (access() == Access::kRead) link.RunOnce("SET default_transaction_read_only = on");
   if (&link != &main_) return;
+  link.RunOnce("SELECT pg_advisory_lock_shared(" + LockOfStore() + ")");
   for (const std::string& file : open_) {
     link.RunOnce("SELECT pg_advisory_lock_shared(" + LockOf("$1") + ")", Parameters().Text(file));
   }

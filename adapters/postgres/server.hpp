@@ -53,6 +53,8 @@ class Server {
   // Who has a file open holds a lock on its name, so that nobody renames it. This is what
   // is locked, in SQL.
   static std::string LockOf(std::string_view file_parameter);
+  // And every engine holds one on the whole, so that nobody changes that under it.
+  static std::string LockOfStore() { return LockOf("'zendara_store'"); }
   void Opened(const std::string& file);
   void Closed(const std::string& file) noexcept;
 

@@ -129,9 +129,12 @@ void MessageBox::Fit() {
     label->setMinimumWidth(std::min(wanted, widest));
   }
   const int title = text_->fontMetrics().horizontalAdvance(windowTitle()) + kLinesOfTitleButtons * line;
-  setMinimumWidth(std::min(title, room.width()));
   layout()->activate();
-  adjustSize();
+  // The toolkit's own way stops at two thirds of the screen, which large text needs more than.
+  const int width = std::max(std::min(title, room.width()), layout()->totalMinimumSize().width());
+  const bool wraps = layout()->hasHeightForWidth();
+  setMinimumWidth(width);
+  resize(width, wraps ? layout()->totalHeightForWidth(width) : layout()->totalSizeHint().height());
   if (isVisible()) KeepOnScreen(*this);
 }
 

@@ -37,4 +37,9 @@ bool HoldsPassword(std::string_view place) {
   return false;
 }
 
+bool WordHoldsPassword(std::string_view word) {
+  const auto value = word.starts_with("--") ? word.find('=') : std::string_view::npos;
+  return HoldsPassword(value == std::string_view::npos ? word : word.substr(value + 1));
+}
+
 }  // namespace zendara

@@ -79,8 +79,6 @@ void Album::Take(QWidget& window, const std::string& name) {
 
 Desk::Desk(DeskOptions options)
     : options_(std::move(options)),
-      engine_(MakeEngine()),
-      files_(MakeHostFiles()),
       drafts_(options_.script.empty() ? std::make_unique<FileDrafts>(DraftsFolder()) : nullptr),
       host_(documents_, drafts_.get()) {
   if (!options_.screenshots.empty()) album_.emplace(options_.screenshots);
@@ -97,14 +95,20 @@ int Desk::Run() {
   return Choose();
 }
 
-Platform Desk::Surroundings(const std::string& folder) {
-  // However the folder is named, its drafts are the same.
+const Store& Desk::At(const std::string& place) {
+  const auto known = stores_.find(place);
+  return known != stores_.end() ? known->second : stores_.emplace(place, OpenStore(place)).first->second;
+}
+
+Platform Desk::Surroundings(const std::string& place) {
+  const Store& store = At(place);
+  // However a folder is named, its drafts are the same. A server has one name.
   std::error_code error;
-  const std::filesystem::path one_name = std::filesystem::canonical(folder, error);
-  Platform platform{.engine = engine_.get(),
+  const std::filesystem::path one_name = std::filesystem::canonical(store.folder, error);
+  Platform platform{.engine = store.engine.get(),
                     .dialogs = &host_,
-                    .files = files_.get(),
-                    .application_folder = error || !drafts_ ? folder : one_name.string(),
+                    .files = store.files.get(),
+                    .application_folder = error || !drafts_ ? store.folder : one_name.string(),
                     .forms = &host_,
                     .shell = &host_};
   host_.OfferNeighbours(platform.components);
@@ -129,7 +133,7 @@ int Desk::Play() {
     if (!std::cout) throw std::runtime_error("standard output takes no more");
   };
   if (album_) {
-    const auto first = FirstWindow(options_.dir);
+    const auto first = FirstWindow(options_.place);
     first->show();
     QApplication::processEvents();
     album_->Take(*first, "Zendara");
@@ -137,18 +141,18 @@ int Desk::Play() {
   ScriptedWindows::Photographer photographer;
   if (album_) photographer = [this](QWidget& window, const std::string& name) { album_->Take(window, name); };
   const ScriptResult result =
-      ScriptedWindows(host_, std::move(script), print, std::move(photographer)).Play(Surroundings(options_.dir));
+      ScriptedWindows(host_, std::move(script), print, std::move(photographer)).Play(Surroundings(options_.place));
   if (result.status != 0) return Fail(result.status, options_.script + ":" + result.message);
   if (album_ && !album_->Trouble().empty()) return Fail(kFailed, options_.screenshots + ": " + album_->Trouble());
   return 0;
 }
 
-void Desk::Show(const std::string& folder, const std::string& company, const std::string& name, const std::string& year,
+void Desk::Show(const std::string& place, const std::string& company, const std::string& name, const std::string& year,
                 const std::string& screen) {
-  if (!company_ || folder != folder_) {
+  if (!company_ || place != place_) {
     company_.reset();
-    company_.emplace(Surroundings(folder));
-    folder_ = folder;
+    company_.emplace(Surroundings(place));
+    place_ = place;
   }
   SessionValues values;
   values.company = company;
@@ -156,7 +160,7 @@ void Desk::Show(const std::string& folder, const std::string& company, const std
   values.name = name;
   company_->Open(values);
   if (remembered_) {
-    remembered_->folder = folder;
+    remembered_->folder = place;
     remembered_->company = company;
     remembered_->year = year;
     Remember();  // here already: who knows how the program ends
@@ -175,15 +179,15 @@ void Desk::Remember() {
 }
 
 int Desk::OpenScreen() {
-  const std::string folder = options_.dir.empty() && remembered_ ? remembered_->folder : options_.dir;
-  if (folder.empty()) return Fail(kWrongUsage, "--screen needs --dir: no folder was chosen yet");
-  const auto companies = FindCompanies(*engine_, folder);
+  const std::string place = options_.place.empty() && remembered_ ? remembered_->folder : options_.place;
+  if (place.empty()) return Fail(kWrongUsage, "--screen needs --dir or --store: no place was chosen yet");
+  const auto companies = Companies(place);
   const Company* company = Named(companies, options_.company);
-  Show(folder, options_.company, company ? company->name : std::string(), options_.year, options_.screen);
+  Show(place, options_.company, company ? company->name : std::string(), options_.year, options_.screen);
   return 0;
 }
 
-std::unique_ptr<StartWindow> Desk::FirstWindow(const std::string& folder) {
+std::unique_ptr<StartWindow> Desk::FirstWindow(const std::string& place) {
   const auto open = [this](const std::string& where, const Company& company, const std::string& year,
                            const std::string& screen) {
     try {
@@ -195,10 +199,12 @@ std::unique_ptr<StartWindow> Desk::FirstWindow(const std::string& folder) {
     }
   };
   const auto write_demo = [](const std::string& where, const std::function<void(int, int)>& progress) {
-    WriteDemoCompany(*MakeEngine(), {.folder = where}, progress);
+    // An engine of the thread's own.
+    const Store store = OpenStore(where);
+    WriteDemoCompany(*store.engine, {.folder = store.folder}, progress);
   };
   StartActions actions = {
-      .companies = [this](const std::string& where) { return FindCompanies(*engine_, where); },
+      .companies = [this](const std::string& where) { return Companies(where); },
       .open = open,
       .write_demo = write_demo,
       .tell = [this](const std::string& words) { host_.Show({.text = words, .icon = BoxIcon::kExclamation}); },
@@ -206,23 +212,24 @@ std::unique_ptr<StartWindow> Desk::FirstWindow(const std::string& folder) {
       .closed = [] { QApplication::quit(); },
   };
   auto window = std::make_unique<StartWindow>(std::move(actions), Screens());
-  window->Begin(folder);
+  window->Begin(place);
   return window;
 }
 
 int Desk::Choose() {
-  const std::string folder = options_.dir.empty() && remembered_ ? remembered_->folder : options_.dir;
-  const auto window = FirstWindow(folder);
+  const std::string place = options_.place.empty() && remembered_ ? remembered_->folder : options_.place;
+  const auto window = FirstWindow(place);
   if (Chooser* chooser = window->Companies()) {
-    const auto companies = FindCompanies(*engine_, folder);
+    const auto companies = Companies(place);
     if (remembered_) chooser->Select(remembered_->company, remembered_->year);
     const Company* company = Named(companies, options_.company);
     if (!options_.company.empty() && !company) {
-      return Fail(kFailed, folder + ": there is no company " + options_.company);
+      return Fail(kFailed, At(place).folder + ": there is no company " + options_.company);
     }
     chooser->Select(options_.company, options_.year);
     if (!options_.year.empty() && chooser->ChosenYear() != options_.year) {
-      return Fail(kFailed, folder + ": company " + chooser->ChosenCompany()->code + " has no year " + options_.year);
+      return Fail(kFailed,
+                  At(place).folder + ": company " + chooser->ChosenCompany()->code + " has no year " + options_.year);
     }
   }
   const QSize natural = window->size();
@@ -236,7 +243,7 @@ int Desk::Choose() {
   host_.Places().Keep(*window, kPlace, natural);
   const Chooser* chooser = window->Companies();
   if (remembered_ && chooser && chooser->ChosenCompany()) {
-    remembered_->folder = window->Folder();
+    remembered_->folder = window->Place();
     remembered_->company = chooser->ChosenCompany()->code;
     remembered_->year = chooser->ChosenYear();
   }

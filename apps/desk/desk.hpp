@@ -5,15 +5,16 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "adapters/cairo/cairo_writer.hpp"
 #include "adapters/drafts/file_drafts.hpp"
 #include "adapters/hosting/company_host.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/qt_host.hpp"
+#include "apps/desk/start/companies.hpp"
 #include "apps/desk/start/remembered.hpp"
-#include "zendara/ports.hpp"
-#include "zendara/record_engine.hpp"
+#include "zendara/engines.hpp"
 
 class QWidget;
 
@@ -22,7 +23,7 @@ namespace zendara {
 class StartWindow;
 
 struct DeskOptions {
-  std::string dir;  // empty: the folder that is remembered, or none
+  std::string place;  // folder or server; empty: the one that is remembered, or none
   std::string company;
   std::string year;
   std::string screen;
@@ -63,24 +64,26 @@ class Desk {
   int Run();
 
  private:
-  Platform Surroundings(const std::string& folder);
+  // Of a place; open from its first use on.
+  const Store& At(const std::string& place);
+  std::vector<Company> Companies(const std::string& place) { return FindCompanies(At(place)); }
+  Platform Surroundings(const std::string& place);
   int Play();
   int OpenScreen();
   int Choose();
-  std::unique_ptr<StartWindow> FirstWindow(const std::string& folder);
-  // Another folder than that of the company that is open closes it.
-  void Show(const std::string& folder, const std::string& company, const std::string& name, const std::string& year,
+  std::unique_ptr<StartWindow> FirstWindow(const std::string& place);
+  // Another place than that of the company that is open closes it.
+  void Show(const std::string& place, const std::string& company, const std::string& name, const std::string& year,
             const std::string& screen);
   void Remember();
 
   DeskOptions options_;
   std::optional<Remembered> remembered_;  // scripts and pictures know of none
-  std::unique_ptr<Engine> engine_;
-  std::unique_ptr<Files> files_;
+  std::map<std::string, Store> stores_;   // by place
   CairoWriter documents_;
   std::unique_ptr<FileDrafts> drafts_;  // none for a script, which has its own if it wants
   QtHost host_;
-  std::string folder_;
+  std::string place_;  // of the company that is open
   std::optional<CompanyHost> company_;
   std::optional<Album> album_;
 };

@@ -14,6 +14,7 @@
 
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/stores/password.hpp"
 #include "apps/desk/desk.hpp"
 #include "apps/desk/start/icon.hpp"
 #include "component/componente.hpp"
@@ -86,10 +87,12 @@ int Main(int argc, char** argv) {
   DeskOptions options;
   CLI::App app("Zendara: el personal de una nómina, en ventanas", "zendara-desk");
   app.set_version_flag("--version", "zendara-desk " ZENDARA_VERSION, "Print the version and exit");
-  app.add_option(
-      "--dir", options.dir,
+  CLI::Option* dir = app.add_option(
+      "--dir", options.place,
       "the application's folder, its subfolder DATOS holds the files; otherwise the last one, or one that is "
       "chosen in the first window");
+  app.add_option("--store", options.place, "the server with the data in place of a folder: postgresql://HOST/DATABASE")
+      ->excludes(dir);
   app.add_option("--company", options.company, "company code, five digits")->check(Digits(5));
   app.add_option("--year", options.year, "working year, two digits")->check(Digits(2));
   app.add_option("--screen", options.screen, "screen to open at once")
@@ -102,6 +105,7 @@ int Main(int argc, char** argv) {
   std::string colours;
   app.add_option("--colours", colours, "colours of the windows; otherwise as the desktop")
       ->check(CLI::IsMember(palettes));
+  if (std::any_of(argv, argv + argc, WordHoldsPassword)) return Fail(kWrongUsage, kNoPasswords);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
@@ -116,7 +120,7 @@ int Main(int argc, char** argv) {
   if (!options.screen.empty() && (options.company.empty() || options.year.empty())) {
     return Fail(kWrongUsage, "--screen needs --company and --year");
   }
-  if (!options.script.empty() && options.dir.empty()) return Fail(kWrongUsage, "--run needs --dir");
+  if (!options.script.empty() && options.place.empty()) return Fail(kWrongUsage, "--run needs --dir or --store");
   QTemporaryFile screen;
   const Display display = DisplayAtHand();
   if (display == Display::kNone && options.script.empty()) {

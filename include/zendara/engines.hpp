@@ -1,6 +1,8 @@
 // Ready-made surroundings for a host on an ordinary file system.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,6 +33,12 @@ ZENDARA_EXPORT std::unique_ptr<Engine> MakeEngine(std::string_view place = {}, A
 // answers, 3051 it refuses the user or the database. With kRead the session is read-only on the server too, which a
 // standby takes.
 ZENDARA_EXPORT std::unique_ptr<Engine> MakePostgresEngine(std::string_view conninfo, Access access = Access::kWrite);
+
+// Makes the sort keys of a server's rows anew. They are made by ICU, and keys of another version of ICU are of another
+// order: until this is done a program with that version gets 3051 when it opens a file. Nobody else may be connected
+// (3045). When it is interrupted no program opens a file until it is done again. `progress` may be empty; it gets the
+// number of rows that are done.
+ZENDARA_EXPORT void MakeSortKeys(std::string_view conninfo, const std::function<void(std::int64_t rows)>& progress);
 
 // Where the data of an installation stand, as Platform takes it.
 struct Store {

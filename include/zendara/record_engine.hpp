@@ -124,6 +124,8 @@ class Recordset {
   virtual bool Eof() const = 0;
   // Table-type: exact. The others: 0 if empty, otherwise the rows reached so far, 1 after opening.
   virtual std::int64_t RecordCount() const = 0;
+  // RecordCount() == 0, at the price of a look-up: an engine on a server counts all rows each time.
+  bool IsEmpty() const { return Bof() && Eof(); }
 
   // On an empty set, or from no current record, error 3021. MoveNext past the last row makes Eof True; the next one is
   // 3021. MovePrevious likewise with Bof.

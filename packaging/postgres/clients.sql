@@ -14,6 +14,10 @@
 \if :{?schema} \else \set schema public \endif
 SELECT current_database() AS database, pg_get_userbyid(datdba) AS owner
 FROM pg_database WHERE datname = current_database() \gset
+SELECT to_regclass(quote_ident(:'schema') || '.zendara_files') IS NULL AS empty \gset
+\if :empty
+  DO $$ BEGIN RAISE EXCEPTION 'the first company has to be made before'; END $$;
+\endif
 
 BEGIN;
 SET LOCAL client_min_messages = warning;

@@ -7,7 +7,7 @@ namespace zendara {
 std::optional<std::string> Consulta(const Sesion& sesion, const Lista& lista,
                                     const std::vector<std::string>& parametros,
                                     const std::vector<std::string>& actuales) {
-  if (lista.guarda != kSinGuarda && sesion.Tabla(lista.guarda).RecordCount() < 1) return std::nullopt;
+  if (lista.guarda != kSinGuarda && sesion.Tabla(lista.guarda).IsEmpty()) return std::nullopt;
 
   const std::unique_ptr<PickList> lista_abierta = CreatePickList(sesion.platform.components);
   const std::string titulo(lista.titulo);

@@ -34,21 +34,21 @@ std::string Literal(const Value& valor) {
 
 bool Navegacion::AlInicio() {
   Recordset& tabla = sesion_.Tabla(ranura_);
-  if (tabla.RecordCount() == 0) return false;
+  if (tabla.IsEmpty()) return false;
   tabla.MoveFirst();
   return true;
 }
 
 bool Navegacion::AlFin() {
   Recordset& tabla = sesion_.Tabla(ranura_);
-  if (tabla.RecordCount() == 0) return false;
+  if (tabla.IsEmpty()) return false;
   tabla.MoveLast();
   return true;
 }
 
 bool Navegacion::Da(bool atras) {
   Recordset& tabla = sesion_.Tabla(ranura_);
-  if (tabla.RecordCount() == 0) return false;
+  if (tabla.IsEmpty()) return false;
   bool queda = false;
   if (!TieneRegistro()) {
     queda = VaAlVecino(atras);

@@ -47,7 +47,7 @@ void IncidenciasFechas::SalidaTrabajador() {
   const std::string numero = Texto(kTrabajador);
   if (Trim(CodigoAlEntrar) == Trim(numero)) return;
   CodigoAlEntrar = numero;
-  if (sesion_.Tabla(kTrabajadoresFijo).RecordCount() == 0) return;
+  if (sesion_.Tabla(kTrabajadoresFijo).IsEmpty()) return;
   if (LlamaTrabajador()) Poneregistro();
 }
 
@@ -61,7 +61,7 @@ void IncidenciasFechas::SalidaInicio() {
   Recordset& filas = Lee("select * from " + std::string(diseno_fechas_.nombre_tabla) + " where campo0 = '" +
                          SqlText(Texto(kTrabajador)) + "' and campo2 = '" + SqlText(Texto(kTipo)) + "' and campo3 = #" +
                          inicio + "# ");
-  if (filas.RecordCount() == 0) return AvisaSiExiste();
+  if (filas.IsEmpty()) return AvisaSiExiste();
   MuestraFila(filas, diseno_fechas_.al_salir);
 }
 
@@ -134,7 +134,7 @@ void IncidenciasFechas::EligeFecha() {
           const Date dia = CDate(cortes[0], sesion_.VentanaFechas);
           Recordset& fila = Lee("select * from " + std::string(diseno_fechas_.nombre_tabla) + " where campo0 = '" +
                                 SqlText(Texto(kTrabajador)) + "'  and campo3 = #" + FormatDate(dia, "mm/dd/yy") + "# ");
-          if (fila.RecordCount() == 0) return;
+          if (fila.IsEmpty()) return;
           MuestraFila(fila, diseno_fechas_.de_lista);
           // A field that refuses to be left has kept the focus.
           if (Text1(IndiceCampo(kInicio)).HasFocus()) ficha_.Edita(kInicio);

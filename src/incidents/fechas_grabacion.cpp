@@ -46,7 +46,7 @@ bool IncidenciasFechas::CompruebaSolape() {
   };
   const ConsultasSolape consultas =
       ConsultasDeSolape(diseno_fechas_.tabla, Texto(kTrabajador), fecha(kInicio), fecha(kFin));
-  const auto hay = [this](const std::string& consulta) { return Lee(consulta).RecordCount() > 0; };
+  const auto hay = [this](const std::string& consulta) { return !Lee(consulta).IsEmpty(); };
   if (hay(consultas.abierta)) {
     const YearWindow ventana = sesion_.VentanaFechas;
     if (CDate(sesion_.RsTrabajo->Fields(0).Get(), ventana) == CDate(Texto(kInicio), ventana)) return true;
@@ -108,7 +108,7 @@ bool IncidenciasFechas::GrabarRegistro() {
 void IncidenciasFechas::GeneraPendientes(int ranura) {
   MesaListado mesa(sesion_, "ICampo0_1");
   Recordset& origen = sesion_.Tabla(ranura);
-  if (origen.RecordCount() > 0) {
+  if (!origen.IsEmpty()) {
     for (origen.MoveFirst(); !origen.Eof(); origen.MoveNext()) {
       std::vector<Value> linea;
       for (const int columna : kCopiadas) linea.push_back(origen.Fields(columna).Get());

@@ -259,7 +259,7 @@ void MIncidenciasVAR::SalidaMes() {
 // Whoever stands there counts as another one, the same worker too.
 void MIncidenciasVAR::SalidaTrabajador() {
   Formatea(kTrabajador, kMascaraTrabajador);
-  if (Trim(Texto(kTrabajador)).empty() || sesion_.Tabla(kTrabajadoresFijo).RecordCount() == 0) return;
+  if (Trim(Texto(kTrabajador)).empty() || sesion_.Tabla(kTrabajadoresFijo).IsEmpty()) return;
   if (!LlamaTrabajador()) return;
   LimpiaCampos(kSituacion, kUnidades);
   ProponeSituacion();
@@ -271,7 +271,7 @@ void MIncidenciasVAR::ProponeSituacion() {
   const auto filas = sesion_.BDEmpresa->OpenRecordset(
       "SELECT campo0 ,campo1,Campo2,Campo3 FROM TRABAJADORESVAR WHERE Campo0='" + SqlText(Trim(Texto(kTrabajador))) +
       "' GROUP BY campo0,campo1,CAMPO2,CAMPO3 ORDER BY Campo3");
-  if (filas->RecordCount() == 0) return;
+  if (filas->IsEmpty()) return;
   filas->MoveLast();
   Pon(kSituacion, TextoNoNulo(filas->Fields(1).Get()));
 }
@@ -282,7 +282,7 @@ void MIncidenciasVAR::SalidaSituacion() {
   if (situacion == SituacionAnterior) return;
   SituacionAnterior = situacion;
   if (Val(situacion) == 0) return DejaVacio(kSituacion);
-  if (sesion_.Tabla(kTrabajadoresVar).RecordCount() == 0) return;
+  if (sesion_.Tabla(kTrabajadoresVar).IsEmpty()) return;
   if (!Busca(sesion_, kTrabajadoresVar, "Icampo0_1", {Texto(kTrabajador), situacion})) {
     return Rechaza(kSituacion, "No existe esa situación para ese trabajador");
   }
@@ -295,14 +295,14 @@ void MIncidenciasVAR::SalidaConcepto() {
   if (concepto == ConceptoAnterior) return;
   ConceptoAnterior = concepto;
   if (Val(concepto) == 0) return Pon(kConcepto, "");
-  if (sesion_.Tabla(kConTrabajadorConceptos).RecordCount() == 0) {
+  if (sesion_.Tabla(kConTrabajadorConceptos).IsEmpty()) {
     return Rechaza(kConcepto, "No hay ninguna convenio para esta situacion");
   }
   const std::vector<Value> clave = {Texto(kMes), Texto(kTrabajador), Texto(kSituacion), concepto};
   if (!Busca(sesion_, kConTrabajadorConceptos, "Icampo0_1_2_3", clave)) {
     return Rechaza(kConcepto, "No existe concepto para esa situación, de ese trabajador, en ese mes");
   }
-  if (Tabla().RecordCount() > 0 && Busca(sesion_, kTIncidenciasVar, "Icampo0_1_3_4", clave)) return MuestraRegistro();
+  if (!Tabla().IsEmpty() && Busca(sesion_, kTIncidenciasVar, "Icampo0_1_3_4", clave)) return MuestraRegistro();
   ProponeConcepto();
 }
 
@@ -314,7 +314,7 @@ void MIncidenciasVAR::ProponeConcepto() {
   Pon(kDescripcion, columna(kColumnaDescripcion));
   LimpiaCampos(kImporteConcepto, kUnidades);
   for (const IndiceCampo indice : kCamposClave) Settle(Text1(indice));
-  if (Tabla().RecordCount() == 0) return Text1(IndiceCampo(kImporteConcepto)).SetFocus();
+  if (Tabla().IsEmpty()) return Text1(IndiceCampo(kImporteConcepto)).SetFocus();
   Pon(kImporteConcepto, columna(kColumnaImporte));
   if (!Texto(kImporteConcepto).empty()) Text1(IndiceCampo(kUnidades)).SetFocus();
 }

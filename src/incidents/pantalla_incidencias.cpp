@@ -187,7 +187,7 @@ void PantallaIncidencias::GrabarRegistro() {
   Recordset& tabla = Tabla();
   const std::vector<Value> clave = Clave();
   tabla.SetIndex(diseno_.indice);
-  const bool existe = tabla.RecordCount() > 0 && Busca(sesion_, diseno_.ranura, diseno_.indice, clave);
+  const bool existe = !tabla.IsEmpty() && Busca(sesion_, diseno_.ranura, diseno_.indice, clave);
   previa_.reset();
   sustituidos_.clear();
   const std::shared_ptr<Database> base = AbreAparte(sesion_, diseno_.fichero);
@@ -254,7 +254,7 @@ void PantallaIncidencias::Recorre(bool (Navegacion::*paso)()) {
 
 void PantallaIncidencias::AbreListado() {
   SetPointer(MousePointer::kHourglass);
-  if (diseno_.lista_sin_filas || Tabla().RecordCount() > 0) {
+  if (diseno_.lista_sin_filas || !Tabla().IsEmpty()) {
     sesion_.FormActivo = this;
     Host().DoEvents();
     pantallas_.Muestra(kPantallaListado);

@@ -170,7 +170,7 @@ void Imprgast::SalidaCampo(int indice) {
 
 void Imprgast::PonExtremo(CampoRango campo) {
   Recordset& tabla = sesion_.Tabla(Modo().ranura);
-  if (tabla.RecordCount() == 0) return;
+  if (tabla.IsEmpty()) return;
   if (campo == kPrimero) {
     tabla.MoveFirst();
   } else if (campo == kSegundo) {
@@ -185,7 +185,7 @@ void Imprgast::PonExtremo(CampoRango campo) {
 void Imprgast::SalidaTrabajador(CampoRango campo) {
   const ModoListado& modo = Modo();
   Recordset& tabla = sesion_.Tabla(modo.ranura);
-  if (tabla.RecordCount() == 0) return;
+  if (tabla.IsEmpty()) return;
   const std::string numero = Texto(campo);
   if (Busca(sesion_, modo.ranura, kIndiceTrabajador, {FormatText(numero, "00000")})) {
     return Pon(campo, tabla.Fields(kTrabajador).Get(), tabla.Fields(kNombre).Get());
@@ -201,7 +201,7 @@ void Imprgast::SalidaMes() {
     return NombreMes(static_cast<std::int16_t>(ValorNumero(TextoNoNulo(mes))));
   };
   Recordset& tabla = sesion_.Tabla(Modo().ranura);
-  if (tabla.RecordCount() == 0) return;
+  if (tabla.IsEmpty()) return;
   if (Trim(Texto(kPrimero)).empty()) {
     tabla.MoveLast();
     const Value mes = tabla.Fields(kMes).Get();
@@ -222,12 +222,12 @@ void Imprgast::SalidaTrabajadorMes(CampoRango campo) {
   if (!Texto(campo).empty()) {
     tabla.SetIndex("Icampo0_1");
     sesion_.platform.engine->Idle(1);
-    if (tabla.RecordCount() == 0) return;
+    if (tabla.IsEmpty()) return;
     tabla.Seek({Texto(kPrimero), Texto(campo)});
     if (tabla.NoMatch()) return Mensaje(std::string(Modo().sin_trabajador), Caja(campo));
     return Caja(Detras(campo)).SetText(TextoNoNulo(tabla.Fields(kNombreMes).Get()));
   }
-  if (tabla.RecordCount() == 0) return;
+  if (tabla.IsEmpty()) return;
   const std::string extremo = campo == kSegundo ? "min" : "max";
   const auto filas =
       BDAnual->OpenRecordset("select " + extremo + "(campo1)," + extremo +

@@ -17,7 +17,7 @@ MesaListado::MesaListado(Sesion& sesion, std::string_view indice) : sesion_(sesi
   sesion_.TablaListados = base_->OpenRecordset(kTabla, RecordsetType::kTable);
   sesion_.TablaListados->SetIndex(indice);
   sesion_.platform.engine->Idle(1);
-  if (sesion_.TablaListados->RecordCount() > 0) base_->Execute("DELETE * FROM ListadosNom");
+  if (!sesion_.TablaListados->IsEmpty()) base_->Execute("DELETE * FROM ListadosNom");
 }
 
 MesaListado::~MesaListado() {

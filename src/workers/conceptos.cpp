@@ -89,7 +89,7 @@ class Transferencia {
   bool LeeAnterior() {
     Recordset& situaciones = sesion_.Tabla(kTrabajadoresVar);
     situaciones.SetIndex("ICampo0_1");
-    if (situaciones.RecordCount() == 0) return false;
+    if (situaciones.IsEmpty()) return false;
     situaciones.Seek({nueva_.trabajador, anterior_});
     if (situaciones.NoMatch()) return false;
     const std::string fin =

@@ -99,7 +99,7 @@ void Trabajadores::GrabarTrabajador() {
 void Trabajadores::GrabaFila(std::string_view indice, const std::vector<Value>& claves, bool mostrada) {
   const bool fijo = TablaActiva == kTrabajadoresFijo;
   Recordset& tabla = sesion_.Tabla(TablaActiva);
-  const bool existe = tabla.RecordCount() > 0 && Busca(sesion_, TablaActiva, indice, claves);
+  const bool existe = !tabla.IsEmpty() && Busca(sesion_, TablaActiva, indice, claves);
   if (existe) {
     tabla.Edit();
   } else {

@@ -81,7 +81,7 @@ void Trabajadores::CalculaTipo() {
   const std::optional<std::string> tipo = TipoAceptado(false);
   if (!tipo) return;
   Recordset& situaciones = sesion_.Tabla(kTrabajadoresVar);
-  if (situaciones.RecordCount() == 0) {
+  if (situaciones.IsEmpty()) {
     Mensaje("Para aplicar el tipo calculado antes debe registrar el trabajador", BoxIcon::kInformation);
     return;
   }

@@ -64,7 +64,7 @@ void Trabajadores::SalidaNumero() {
   // The children and ascendants of the worker shown before are not the new one's.
   PreparaGrids();
   ValoresIniciales();
-  if (sesion_.Tabla(kTrabajadoresFijo).RecordCount() == 0) return;
+  if (sesion_.Tabla(kTrabajadoresFijo).IsEmpty()) return;
   if (Busca(sesion_, kTrabajadoresFijo, "ICampo0", {numero})) MostrarTrabajador();
 }
 

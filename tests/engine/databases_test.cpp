@@ -45,6 +45,30 @@ TEST_P(DatabaseContract, ANewDatabaseHasItsTables) {
   EXPECT_THAT(Work()->OpenDatabase(Path("Nueva.MDB"))->Tables(), ElementsAre(People()));
 }
 
+TEST_P(DatabaseContract, NewFilesGetTheirNamesTogetherOrNotAtAll) {
+  const auto make = [&](const char* second, bool publish) {
+    const auto files = Work()->CreateFiles(folder);
+    const auto first = files->Create("Uno.MDB", {People()});
+    Add(*first->OpenRecordset("Gente", RecordsetType::kTable), {"00001"});
+    EXPECT_EQ(ErrorOf([&] { first->BeginTrans(); }), 3034);
+    files->Create(second, {});
+    files->Put("Nota.DAT", "bytes");
+    EXPECT_FALSE(AnotherEngine()->Workspaces(0)->Exists(Path("Uno.MDB")));
+    if (publish) files->Publish();
+  };
+  make("Dos.MDB", false);
+  EXPECT_EQ(ErrorOf([&] { make("prueba.mdb", true); }), 3012);
+  EXPECT_THAT(Work()->Databases(folder), ElementsAre("Prueba.MDB"));
+  const auto beside = [&] { return OpenStore(site->Place()).files->Exists(Path("NOTA.dat")); };
+  EXPECT_FALSE(beside());
+  make("Dos.MDB", true);
+  EXPECT_THAT(Work()->Databases(folder), ElementsAre("Dos.MDB", "Prueba.MDB", "Uno.MDB"));
+  EXPECT_EQ(Program(AnotherEngine(), Path("uno.mdb")).people->RecordCount(), 1);
+  EXPECT_TRUE(beside());
+  EXPECT_EQ(Work()->ReadFile(Path("nota.DAT")), "bytes");
+  EXPECT_EQ(ErrorOf([&] { Work()->ReadFile(Path("nada.DAT")); }), 3024);
+}
+
 TEST_P(DatabaseContract, ADatabaseIsRenamedWholeAndNeverOverAnother) {
   const auto rename = [&](const char* from, const char* to) {
     return ErrorOf([&] { Work()->Rename(Path(from), Path(to)); });

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <stdexcept>
+#include <utility>
 
 #include "runtime/text.hpp"
 
@@ -54,14 +55,17 @@ class PulseOfServer : public Pulse {
   }
 
   std::vector<std::string> Beats() override {
+    // As long as no transaction of the whole server has begun or ended, everybody sees what they saw.
+    const std::string moment = PQgetvalue(Ask("SELECT pg_current_snapshot()").get(), 0, 0);
+    if (moment == std::exchange(moment_, moment)) return beats_;
+    beats_.clear();
     const auto rows = Ask(statement_);
     std::map<std::string, std::string> beats;
     for (int row = 0; row < PQntuples(rows.get()); ++row) {
       beats[PQgetvalue(rows.get(), row, 0)] = PQgetvalue(rows.get(), row, 1);
     }
-    std::vector<std::string> in_order;
-    for (const std::string& name : names_) in_order.push_back(beats[name]);
-    return in_order;
+    for (const std::string& name : names_) beats_.push_back(beats[name]);
+    return beats_;
   }
 
  private:
@@ -74,6 +78,8 @@ class PulseOfServer : public Pulse {
   std::unique_ptr<PGconn, decltype(&PQfinish)> connection_;
   std::vector<std::string> names_;  // of the files, as the rows have them
   std::string statement_;
+  std::string moment_;
+  std::vector<std::string> beats_;
 };
 
 }  // namespace

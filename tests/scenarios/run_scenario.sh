@@ -4,8 +4,8 @@
 #   run_scenario.sh SCENARIO.zs COMPANY WORK COMMAND...
 #
 # COMPANY: the place of a company, copied: an application's folder, or a database of the test server. WORK: a folder for
-# what was printed, and the copy of a folder, emptied first. COMMAND gets the script and the place. A run that fails is a
-# scenario too: its error line and status end the transcript.
+# what was printed, and the copy of a folder, emptied first. COMMAND gets the script and the place. A run that fails is
+# a scenario too: its error line and status end the transcript.
 set -euo pipefail
 
 scenario=$1 company=$2 work=$3

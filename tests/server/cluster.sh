@@ -5,8 +5,8 @@
 #   cluster.sh place DIR                 the connection text of the server that belongs to this folder
 #   cluster.sh start DIR [SETTING...]    makes it with these settings (fsync=off) if there is none; starts it
 #   cluster.sh stop DIR                  its data stay
-#   cluster.sh kill DIR                  the same, at once: connections are cut, what was not written is written at start
-#   cluster.sh standby DIR OF            makes it as a standby of another one, which waits for it at each commit; starts it
+#   cluster.sh kill DIR                  the same at once: connections are cut, the log is written out at start
+#   cluster.sh standby DIR OF            makes it as a standby of another, which waits for it at commits; starts it
 #   cluster.sh promote DIR
 #   cluster.sh remove DIR                with its data, in whatever state it was left
 #

@@ -40,6 +40,8 @@ struct Act {
   std::string after;
 };
 
+void PrintTo(const Act& act, std::ostream* out) { *out << act.name; }
+
 const Act kActs[] = {
     {"AddNew",
      [](Tables& t, const std::string& key) {

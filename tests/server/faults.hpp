@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 
@@ -78,5 +79,14 @@ inline LostServer PromotedStandby() {
             standby->Do("promote");
           }};
 }
+
+// For tests of each of them.
+struct Fault {
+  const char* name;
+  LostServer (*server)();
+};
+inline void PrintTo(const Fault& fault, std::ostream* out) { *out << fault.name; }
+inline constexpr Fault kFaults[] = {
+    {"Connections", EndedConnections}, {"Restarted", RestartedServer}, {"Promoted", PromotedStandby}};
 
 }  // namespace zendara

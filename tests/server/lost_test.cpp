@@ -6,11 +6,6 @@
 namespace zendara {
 namespace {
 
-struct Fault {
-  std::string name;
-  LostServer (*server)();
-};
-
 class Lost : public testing::TestWithParam<Fault> {
  protected:
   void SetUp() override {
@@ -88,10 +83,8 @@ TEST_P(Lost, ATransactionIsUndone) {
   EXPECT_EQ(Stored(), "1 antes, 2 antes, 3 luego, 4 antes, 5 antes, 8 otra, ");
 }
 
-INSTANTIATE_TEST_SUITE_P(Servers, Lost,
-                         testing::Values(Fault{"Connections", EndedConnections}, Fault{"Restarted", RestartedServer},
-                                         Fault{"Promoted", PromotedStandby}),
-                         [](const auto& fault) { return fault.param.name; });
+INSTANTIATE_TEST_SUITE_P(Servers, Lost, testing::ValuesIn(kFaults),
+                         [](const auto& fault) { return std::string(fault.param.name); });
 
 }  // namespace
 }  // namespace zendara

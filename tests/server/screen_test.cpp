@@ -21,11 +21,11 @@ struct Clerk : ScreenUser {
   std::vector<std::string> boxes;
 };
 
-class AtTheScreen : public testing::TestWithParam<LostServer (*)()> {};
+class AtTheScreen : public testing::TestWithParam<Fault> {};
 
 TEST_P(AtTheScreen, AClerkSeesOneBoxAndSavesAtTheNextTry) {
   if (!TestServer()) GTEST_SKIP() << "ZENDARA_TEST_SERVER says of no server";
-  const LostServer server = GetParam()();
+  const LostServer server = GetParam().server();
   const Store store = OpenStore(server.place);
   WriteDemoCompany(*store.engine, {.folder = store.folder, .workers = 3});
   Clerk clerk;
@@ -57,7 +57,8 @@ TEST_P(AtTheScreen, AClerkSeesOneBoxAndSavesAtTheNextTry) {
   EXPECT_THAT(Ask(server.place, "SELECT campo1 FROM trabajadoresfijo WHERE campo0 = '00003'"), testing::EndsWith("ñ"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Servers, AtTheScreen, testing::Values(EndedConnections, RestartedServer, PromotedStandby));
+INSTANTIATE_TEST_SUITE_P(Servers, AtTheScreen, testing::ValuesIn(kFaults),
+                         [](const auto& fault) { return std::string(fault.param.name); });
 
 }  // namespace
 }  // namespace zendara

@@ -15,9 +15,9 @@
 
 namespace zendara {
 
-Chooser::Chooser(const QString& folder, std::vector<Company> companies, const std::vector<ScreenChoice>& screens,
+Chooser::Chooser(const QString& place, std::vector<Company> companies, const std::vector<ScreenChoice>& screens,
                  std::function<void(const Company&, const std::string&, const std::string&)> open,
-                 std::function<void()> other_folder, QWidget* parent)
+                 std::function<void()> other_folder, std::function<void()> server, QWidget* parent)
     : QWidget(parent), companies_(std::move(companies)), open_(std::move(open)) {
   list_ = new QListWidget(this);
   for (const Company& company : companies_) list_->addItem(ToQt(company.code + "  " + company.name));
@@ -54,17 +54,23 @@ Chooser::Chooser(const QString& folder, std::vector<Company> companies, const st
     buttons_.push_back(button);
   }
   column->addWidget(group);
-  auto* place = new QHBoxLayout;
-  auto* folder_label = new QLabel(folder, this);
-  folder_label->setTextFormat(Qt::PlainText);
-  folder_label->setWordWrap(true);
-  auto* other = new QPushButton(QStringLiteral("Otra &carpeta..."), this);
-  connect(other, &QPushButton::clicked, this, std::move(other_folder));
-  place->addWidget(folder_label, 1);
-  place->addWidget(other);
-  column->addLayout(place);
+  auto* place_label = new QLabel(place, this);
+  place_label->setTextFormat(Qt::PlainText);
+  place_label->setWordWrap(true);
+  column->addWidget(place_label);
+  auto* others = new QHBoxLayout;
+  others->addStretch();
+  const std::pair<QString, std::function<void()>> ways[] = {
+      {QStringLiteral("Otra &carpeta..."), std::move(other_folder)},
+      {QStringLiteral("Conectar con un servi&dor..."), std::move(server)}};
+  for (const auto& [words, way] : ways) {
+    auto* button = new QPushButton(words, this);
+    connect(button, &QPushButton::clicked, this, way);
+    others->addWidget(button);
+    buttons_.push_back(button);
+  }
+  column->addLayout(others);
   column->addWidget(new QLabel(QStringLiteral("Intro abre la pantalla marcada. F1 ayuda. Esc sale."), this));
-  buttons_.push_back(other);
 
   connect(list_, &QListWidget::currentRowChanged, this, [this] { ShowYears(); });
   Rescale();

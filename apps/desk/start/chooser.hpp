@@ -22,10 +22,10 @@ struct ScreenChoice {
 
 class Chooser : public QWidget {
  public:
-  // `open` shows a screen and returns when it was closed. `other_folder` is asked for by a button.
-  Chooser(const QString& folder, std::vector<Company> companies, const std::vector<ScreenChoice>& screens,
+  // `open` shows a screen and returns when it was closed. `other_folder` and `server` are asked for by a button.
+  Chooser(const QString& place, std::vector<Company> companies, const std::vector<ScreenChoice>& screens,
           std::function<void(const Company& company, const std::string& year, const std::string& screen)> open,
-          std::function<void()> other_folder, QWidget* parent);
+          std::function<void()> other_folder, std::function<void()> server, QWidget* parent);
 
   // What there is of it; a year of two digits.
   void Select(const std::string& company, const std::string& year);

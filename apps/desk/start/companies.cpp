@@ -1,13 +1,10 @@
 #include "apps/desk/start/companies.hpp"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <regex>
 #include <set>
-#include <system_error>
 
-#include "adapters/host/host_files.hpp"
 #include "frame/stored_tables.hpp"
 #include "runtime/date.hpp"
 #include "runtime/number.hpp"
@@ -17,10 +14,13 @@
 namespace zendara {
 namespace {
 
-std::map<std::string, std::string> Names(Engine& engine, const std::filesystem::path& data) {
+std::string DataFolder(const Store& store) { return store.folder + "/DATOS"; }
+
+std::map<std::string, std::string> Names(const Store& store) {
   std::map<std::string, std::string> names;
   try {
-    const auto general = engine.Workspaces(0)->OpenDatabase((data / FileName(FileKind::kEmpresas, {}, {})).string());
+    const auto general =
+        store.engine->Workspaces(0)->OpenDatabase(DataFolder(store) + "/" + FileName(FileKind::kEmpresas, {}, {}));
     const auto rows = general->OpenRecordset("SELECT Campo0, Campo1 FROM EmpresasNom ORDER BY Campo0");
     for (; !rows->Eof(); rows->MoveNext()) {
       const Value name = rows->Fields(1).Get();
@@ -32,23 +32,31 @@ std::map<std::string, std::string> Names(Engine& engine, const std::filesystem::
   return names;
 }
 
+std::vector<std::string> FileNames(const Store& store) try {
+  return store.engine->Workspaces(0)->Databases(DataFolder(store));
+} catch (const RuntimeError& error) {
+  if (error.number() != kFolderNotFound) throw;
+  return {};
+}
+
 }  // namespace
 
-std::vector<Company> FindCompanies(Engine& engine, const std::string& folder) {
-  const auto data = FindPath(folder + "/DATOS");
-  if (!data) return {};
+std::vector<Company> FindCompanies(const Store& store) {
   static const std::regex company(R"(nom(\d{5})\.mdb)", std::regex::icase);
   static const std::regex year(R"(n(\d{5})(\d{2})\.mdb)", std::regex::icase);
   std::map<std::string, std::set<std::string>> years;
   std::set<std::string> codes;
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry(*data, error), end; !error && entry != end; entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
+  for (const std::string& name : FileNames(store)) {
     std::smatch match;
     if (std::regex_match(name, match, company)) codes.insert(match[1]);
     if (std::regex_match(name, match, year)) years[match[1]].insert(match[2]);
   }
-  const auto names = Names(engine, *data);
+  // One whose own file is no database any more is shown too: opening it says so.
+  for (const auto& [code, files] : years) {
+    const std::string own = DataFolder(store) + "/" + FileName(FileKind::kCompany, code, {});
+    if (!codes.contains(code) && store.engine->Workspaces(0)->Exists(own)) codes.insert(code);
+  }
+  const auto names = Names(store);
   std::vector<Company> companies;
   for (const std::string& code : codes) {
     const auto name = names.find(code);

@@ -1,10 +1,10 @@
-// The companies of an application's folder, and the years that each has files of.
+// The companies of a place, and the years that each has files of.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "zendara/record_engine.hpp"
+#include "zendara/engines.hpp"
 
 namespace zendara {
 
@@ -14,8 +14,8 @@ struct Company {
   std::vector<std::string> years;  // two digits, the latest first
 };
 
-// In the order of their codes; none for a folder without company files. Names are read from the general tables where
-// these can be read.
-std::vector<Company> FindCompanies(Engine& engine, const std::string& folder);
+// In the order of their codes; none for a folder without company files, or that is missing. Names are read from the
+// general tables where these can be read. Errors of Workspace::Databases otherwise.
+std::vector<Company> FindCompanies(const Store& store);
 
 }  // namespace zendara

@@ -12,15 +12,15 @@ DemoMaker::~DemoMaker() {
   if (thread_.joinable()) thread_.join();
 }
 
-void DemoMaker::Start(const std::string& folder, std::function<void(int, int)> progress,
+void DemoMaker::Start(const std::string& place, std::function<void(int, int)> progress,
                       std::function<void(const std::string&)> ended) {
   const auto here = [this](std::function<void()> call) {
     QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
   };
-  thread_ = std::thread([this, here, folder, progress = std::move(progress), ended = std::move(ended)] {
+  thread_ = std::thread([this, here, place, progress = std::move(progress), ended = std::move(ended)] {
     std::string why_not;
     try {
-      write_(folder, [&](int done, int of) {
+      write_(place, [&](int done, int of) {
         if (stop_) throw std::runtime_error("stopped");
         here([progress, done, of] { progress(done, of); });
       });

@@ -25,26 +25,28 @@ QString ProposedFolder() {
 
 }  // namespace
 
-FolderPage::FolderPage(std::function<void(const QString&)> make, std::function<void()> choose, QWidget* parent)
+FolderPage::FolderPage(std::function<void(const QString&)> make, std::function<void()> choose,
+                       std::function<void()> server, QWidget* parent)
     : QWidget(parent) {
   words_ = new QLabel(this);
   words_->setTextFormat(Qt::PlainText);
   words_->setWordWrap(true);
-  folder_ = new QLineEdit(ProposedFolder(), this);
-  folder_->setMinimumWidth(TextWidth(fontMetrics(), 40));
-  auto* label = new QLabel(QStringLiteral("En la car&peta:"), this);
-  label->setBuddy(folder_);
+  place_ = new QLineEdit(ProposedFolder(), this);
+  place_->setMinimumWidth(TextWidth(fontMetrics(), 40));
+  auto* label = new QLabel(QStringLiteral("En la car&peta o el servidor:"), this);
+  label->setBuddy(place_);
   browse_ = new QPushButton(QStringLiteral("E&xaminar..."), this);
   make_ = new QPushButton(QStringLiteral("&Crear empresa de demostración"), this);
   progress_ = new QProgressBar(this);
   progress_->setAccessibleName(QStringLiteral("Creando la empresa de demostración"));
   choose_ = new QPushButton(QStringLiteral("&Elegir carpeta..."), this);
+  server_ = new QPushButton(QStringLiteral("Conectar con un servi&dor..."), this);
 
   auto* demo = new QGroupBox(QStringLiteral("Probar el programa"), this);
   auto* demo_column = new QVBoxLayout(demo);
   auto* row = new QHBoxLayout;
   row->addWidget(label);
-  row->addWidget(folder_, 1);
+  row->addWidget(place_, 1);
   row->addWidget(browse_);
   demo_column->addWidget(
       new QLabel(QStringLiteral("Crea una empresa inventada, con sus trabajadores, para probar sin riesgo."), demo));
@@ -53,9 +55,13 @@ FolderPage::FolderPage(std::function<void(const QString&)> make, std::function<v
   demo_column->addWidget(progress_);
   auto* own = new QGroupBox(QStringLiteral("Trabajar con las empresas que ya tiene"), this);
   auto* own_column = new QVBoxLayout(own);
-  own_column->addWidget(
-      new QLabel(QStringLiteral("Elija la carpeta del programa de nóminas, la que contiene DATOS."), own));
-  own_column->addWidget(choose_, 0, Qt::AlignLeft);
+  own_column->addWidget(new QLabel(
+      QStringLiteral("Elija la carpeta del programa de nóminas, la que contiene DATOS, o su servidor."), own));
+  auto* own_buttons = new QHBoxLayout;
+  own_buttons->addWidget(choose_);
+  own_buttons->addWidget(server_);
+  own_buttons->addStretch();
+  own_column->addLayout(own_buttons);
   auto* column = new QVBoxLayout(this);
   column->addWidget(words_);
   column->addWidget(demo);
@@ -64,26 +70,38 @@ FolderPage::FolderPage(std::function<void(const QString&)> make, std::function<v
   column->addWidget(new QLabel(QStringLiteral("F1 ayuda. Esc sale."), this));
 
   connect(browse_, &QPushButton::clicked, this, [this] {
-    const QString chosen = AskFolder(this, QStringLiteral("Carpeta para la demostración"), folder_->text());
-    if (!chosen.isEmpty()) folder_->setText(chosen);
+    const QString chosen = AskFolder(this, QStringLiteral("Carpeta para la demostración"), place_->text());
+    if (!chosen.isEmpty()) place_->setText(chosen);
   });
-  connect(make_, &QPushButton::clicked, this, [this, make = std::move(make)] { make(folder_->text().trimmed()); });
+  connect(make_, &QPushButton::clicked, this, [this, make = std::move(make)] { make(place_->text().trimmed()); });
   connect(choose_, &QPushButton::clicked, this, std::move(choose));
+  connect(server_, &QPushButton::clicked, this, std::move(server));
   ShowIdle();
   make_->setFocus();
 }
 
 void FolderPage::Tell(const QString& words) { words_->setText(words); }
 
+void FolderPage::Propose(const QString& place) {
+  place_->setText(place);
+  place_->setCursorPosition(0);
+}
+
+void FolderPage::Enable(bool enabled) {
+  for (QWidget* widget : std::initializer_list<QWidget*>{place_, browse_, make_, choose_, server_}) {
+    widget->setEnabled(enabled);
+  }
+}
+
 void FolderPage::ShowProgress(int done, int of) {
-  for (QWidget* widget : std::initializer_list<QWidget*>{folder_, browse_, make_, choose_}) widget->setEnabled(false);
+  Enable(false);
   progress_->setRange(0, of);
   progress_->setValue(done);
   progress_->show();
 }
 
 void FolderPage::ShowIdle() {
-  for (QWidget* widget : std::initializer_list<QWidget*>{folder_, browse_, make_, choose_}) widget->setEnabled(true);
+  Enable(true);
   QSizePolicy keeps = progress_->sizePolicy();
   keeps.setRetainSizeWhenHidden(true);
   progress_->setSizePolicy(keeps);

@@ -1,4 +1,4 @@
-// The page of the first window where there is no company: makes one to try things on, or asks for another folder.
+// The page of the first window where there is no company: makes one to try things on, or asks for another place.
 #pragma once
 
 #include <QWidget>
@@ -13,8 +13,13 @@ namespace zendara {
 
 class FolderPage : public QWidget {
  public:
-  // `make` is given the folder of a demonstration to write, `choose` asks for a folder with companies.
-  FolderPage(std::function<void(const QString& folder)> make, std::function<void()> choose, QWidget* parent);
+  // `make` is given the place of a demonstration to write, `choose` asks for a folder with companies, `server` for a
+  // server.
+  FolderPage(std::function<void(const QString& place)> make, std::function<void()> choose, std::function<void()> server,
+             QWidget* parent);
+
+  // Where the demonstration may go.
+  void Propose(const QString& place);
 
   // Why the page is shown, or what did not work.
   void Tell(const QString& words);
@@ -25,11 +30,14 @@ class FolderPage : public QWidget {
 
  private:
   QLabel* words_;
-  QLineEdit* folder_;
+  void Enable(bool enabled);
+
+  QLineEdit* place_;
   QProgressBar* progress_;
   QPushButton* browse_;
   QPushButton* make_;
   QPushButton* choose_;
+  QPushButton* server_;
 };
 
 // Asks for a folder in a window of its own; empty if the user leaves it.

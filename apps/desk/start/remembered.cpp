@@ -10,6 +10,7 @@
 
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
+#include "adapters/stores/password.hpp"
 
 namespace zendara {
 namespace {
@@ -64,7 +65,7 @@ bool WriteRemembered(const QString& file, const Remembered& remembered) {
   if (!made.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner)) return false;
   QSettings settings(file, QSettings::IniFormat);
   settings.clear();
-  settings.setValue(kFolder, ToQt(remembered.folder));
+  if (!HoldsPassword(remembered.folder)) settings.setValue(kFolder, ToQt(remembered.folder));
   settings.setValue(kCompany, ToQt(remembered.company));
   settings.setValue(kYear, ToQt(remembered.year));
   settings.setValue(kZoom, remembered.zoom);

@@ -1,16 +1,21 @@
 #include "apps/desk/start/start_window.hpp"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QStackedLayout>
+#include <algorithm>
 #include <utility>
 
 #include "adapters/qt/keys.hpp"
 #include "adapters/qt/look.hpp"
 #include "adapters/qt/text.hpp"
 #include "apps/desk/start/folder_page.hpp"
+#include "apps/desk/start/places.hpp"
+#include "apps/desk/start/server_dialog.hpp"
+#include "runtime/failure.hpp"
 
 namespace zendara {
 namespace {
@@ -31,34 +36,62 @@ StartWindow::StartWindow(StartActions actions, std::vector<ScreenChoice> screens
   zoom::Watch(this, [this] { Rescale(); });
 }
 
-void StartWindow::Begin(const std::string& folder) {
-  std::vector<Company> companies;
-  if (!folder.empty()) companies = actions_.companies(folder);
-  if (!companies.empty()) return ShowCompanies(folder, std::move(companies));
-  folder_page_ = new FolderPage([this](const QString& demo) { MakeDemo(demo); }, [this] { AskForFolder(); }, this);
-  folder_page_->Tell(folder.empty() ? QStringLiteral("Todavía no hay ninguna carpeta de trabajo elegida.")
-                                    : QStringLiteral("En la carpeta %1 no hay ninguna empresa.").arg(ToQt(folder)));
-  pages_->addWidget(folder_page_);
+std::optional<std::vector<Company>> StartWindow::Find(const std::string& place,
+                                                      const std::function<void(const std::string&)>& tell) try {
+  QApplication::setOverrideCursor(Qt::WaitCursor);  // a server may be long in answering
+  auto companies = actions_.companies(place);
+  QApplication::restoreOverrideCursor();
+  return companies;
+} catch (const RuntimeError& error) {
+  QApplication::restoreOverrideCursor();
+  std::string words = "No se puede abrir ";
+  words += IsServer(place) ? "el servidor: " : "la carpeta " + place + ": ";
+  words += OneLine(error);
+  std::ranges::replace(words, '\t', ' ');  // the server's own words are for a terminal
+  tell(words);
+  return std::nullopt;
+}
+
+void StartWindow::Begin(const std::string& place) {
+  if (place.empty()) return ShowOffer(place, QStringLiteral("Todavía no hay ninguna carpeta de trabajo elegida."));
+  QString why_not;
+  auto companies = Find(place, [&](const std::string& words) { why_not = ToQt(words); });
+  if (!companies) return ShowOffer(place, why_not);
+  if (!companies->empty()) return ShowCompanies(place, std::move(*companies));
+  ShowOffer(place, ToQt("En " + PlaceWords(place) + " no hay ninguna empresa."));
+}
+
+void StartWindow::ShowOffer(const std::string& place, const QString& words) {
+  asked_ = place;
+  if (!folder_page_) {
+    folder_page_ = new FolderPage([this](const QString& demo) { MakeDemo(demo); }, [this] { AskForFolder(); },
+                                  [this] { AskForServer(); }, this);
+    pages_->addWidget(folder_page_);
+  }
+  delete std::exchange(chooser_, nullptr);
+  if (IsServer(place)) folder_page_->Propose(ToQt(place));
+  folder_page_->Tell(words);
+  pages_->setCurrentWidget(folder_page_);
   Rescale();
 }
 
-void StartWindow::ShowCompanies(const std::string& folder, std::vector<Company> companies) {
-  folder_ = folder;
+void StartWindow::ShowCompanies(const std::string& place, std::vector<Company> companies) {
+  place_ = place;
   delete std::exchange(folder_page_, nullptr);
   delete std::exchange(chooser_, nullptr);
   chooser_ = new Chooser(
-      ToQt(folder), std::move(companies), screens_,
+      ToQt(PlaceName(place)), std::move(companies), screens_,
       [this](const Company& company, const std::string& year, const std::string& screen) {
-        actions_.open(folder_, company, year, screen);
+        actions_.open(place_, company, year, screen);
       },
-      [this] { AskForFolder(); }, this);
+      [this] { AskForFolder(); }, [this] { AskForServer(); }, this);
   pages_->addWidget(chooser_);
   pages_->setCurrentWidget(chooser_);
   Rescale();
 }
 
 void StartWindow::AskForFolder() {
-  const QString start = folder_.empty() ? QDir::homePath() : ToQt(folder_);
+  const QString start = place_.empty() || IsServer(place_) ? QDir::homePath() : ToQt(place_);
   const QString chosen = AskFolder(this, QStringLiteral("Carpeta del programa de nóminas"), start);
   // Later, when the page that asked may go.
   if (!chosen.isEmpty())
@@ -66,33 +99,60 @@ void StartWindow::AskForFolder() {
         this, [this, chosen] { Use(chosen); }, Qt::QueuedConnection);
 }
 
-void StartWindow::Use(const QString& folder) {
-  // Whoever goes into DATOS means the folder around it.
-  const QDir given(folder);
-  const QString name = given.dirName();
-  std::string used = FromQt(folder);
-  std::vector<Company> companies = actions_.companies(used);
-  if (companies.empty() && name.compare(QLatin1String("DATOS"), Qt::CaseInsensitive) == 0) {
-    used = FromQt(QFileInfo(given.absolutePath()).path());
-    companies = actions_.companies(used);
-  }
-  if (companies.empty()) {
-    return actions_.tell("En la carpeta " + FromQt(folder) + " no hay ninguna empresa.");
-  }
-  ShowCompanies(used, std::move(companies));
+void StartWindow::AskForServer() {
+  QString chosen;
+  const std::string known = IsServer(place_) ? place_ : asked_;
+  ServerDialog dialog(
+      IsServer(known) ? ToQt(known) : QString(),
+      [&](const QString& connection) {
+        if (!Connects(connection)) return false;
+        chosen = connection;
+        return true;
+      },
+      this);
+  if (dialog.exec() == QDialog::Accepted)
+    QMetaObject::invokeMethod(
+        this, [this, chosen] { Use(chosen); }, Qt::QueuedConnection);
 }
 
-void StartWindow::MakeDemo(const QString& folder) {
-  const std::string where = FromQt(folder);
-  if (folder.isEmpty()) return folder_page_->Tell(QStringLiteral("Escriba la carpeta de la demostración."));
-  if (!actions_.companies(where).empty()) {
-    return folder_page_->Tell(
-        QStringLiteral("En la carpeta %1 ya hay empresas. Puede elegirla con el botón de abajo.").arg(folder));
+bool StartWindow::Connects(const QString& connection) {
+  const std::string why_not = WhyNoConnection(FromQt(connection));
+  if (!why_not.empty()) return actions_.tell(why_not), false;
+  return Find(FromQt(connection), actions_.tell).has_value();
+}
+
+void StartWindow::Use(const QString& place) {
+  std::string used = FromQt(place);
+  auto companies = Find(used, actions_.tell);
+  // Whoever goes into DATOS means the folder around it.
+  const QDir given(place);
+  if (companies && companies->empty() && !IsServer(used) &&
+      given.dirName().compare(QLatin1String("DATOS"), Qt::CaseInsensitive) == 0) {
+    used = FromQt(QFileInfo(given.absolutePath()).path());
+    companies = Find(used, actions_.tell);
   }
-  if (!CanBeWritten(folder)) {
-    return folder_page_->Tell(QStringLiteral("En la carpeta %1 no se puede escribir.").arg(folder));
+  if (!companies) return;
+  if (!companies->empty()) return ShowCompanies(used, std::move(*companies));
+  const std::string words = "En " + PlaceWords(FromQt(place)) + " no hay ninguna empresa.";
+  if (IsServer(used)) return ShowOffer(used, ToQt(words));
+  actions_.tell(words);
+}
+
+void StartWindow::MakeDemo(const QString& place) {
+  const std::string where = FromQt(place);
+  const auto tell = [this](const std::string& words) { folder_page_->Tell(ToQt(words)); };
+  if (place.isEmpty()) return tell("Escriba la carpeta de la demostración.");
+  if (IsServer(where)) {
+    const std::string why_not = WhyNoConnection(where);
+    if (!why_not.empty()) return tell(why_not);
   }
-  folder_page_->Tell(QStringLiteral("Creando la empresa de demostración..."));
+  const auto companies = Find(where, tell);
+  if (!companies) return;
+  if (!companies->empty()) {
+    return tell("En " + PlaceWords(where) + " ya hay empresas. Puede abrirlas con los botones de abajo.");
+  }
+  if (!IsServer(where) && !CanBeWritten(place)) return tell("En la carpeta " + where + " no se puede escribir.");
+  tell("Creando la empresa de demostración...");
   folder_page_->ShowProgress(0, 0);
   maker_.Start(
       where, [this](int done, int of) { folder_page_->ShowProgress(done, of); },

@@ -98,6 +98,8 @@ struct CopyOptions {
 };
 // All years of a company. 1 when what was written is not what was read.
 int DataCopy(const CopyOptions& options, Console& console);
+// `server` as MakeSortKeys takes it.
+int DataRekey(const std::string& server, Console& console);
 
 struct RunOptions {
   std::string place;

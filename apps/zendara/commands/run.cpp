@@ -76,6 +76,7 @@ struct CommandLine {
   std::string csv;
   TableOptions dump;
   CopyOptions copy;
+  std::string rekeyed;  // a server
   RunOptions run;
   std::string library = "libzendara.so." + std::to_string(ZENDARA_VERSION_MAJOR);
   std::function<int(Console&)> chosen;
@@ -280,6 +281,12 @@ void AddData(CLI::App& app, CommandLine& line) {
       "they are there; the rows of the company in the general tables are added, and what differs is printed.");
   copy->callback([&line] { line.chosen = [&line](Console& console) { return DataCopy(line.copy, console); }; });
 
+  CLI::App* rekey =
+      data->add_subcommand("rekey", "Make the sort keys of a server's rows anew, after an upgrade of ICU");
+  rekey->add_option("--store", line.rekeyed, "The server: postgresql://HOST/DATABASE")->required()->type_name("PLACE");
+  rekey->footer("Nobody else may be connected. When it is interrupted no program opens a file until it is done again.");
+  rekey->callback([&line] { line.chosen = [&line](Console& console) { return DataRekey(line.rekeyed, console); }; });
+
   for (CLI::App* command : {load, dump}) {
     command->footer(
         "CSV as in RFC 4180: an unquoted empty field is Null, a quoted one the empty text,\n"
@@ -349,12 +356,6 @@ std::string UsageError(const CLI::App& app, const std::vector<std::string>& word
   return cause + " (see " + reached.name + " --help)";
 }
 
-// Of a word, or of the value that is a part of one: "--store=...".
-bool HasPassword(const std::string& word) {
-  const auto value = word.starts_with("--") ? word.find('=') : std::string::npos;
-  return HoldsPassword(value == std::string::npos ? word : word.substr(value + 1));
-}
-
 // What the failed command printed so far goes out before its error line.
 int Fail(Console& console, const std::string& cause) {
   try {
@@ -411,10 +412,8 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
   AddClasses(app, line);
 
   Console console(out, err, terminal);
-  if (std::ranges::any_of(arguments, HasPassword)) {
-    console.Error(
-        "a password is no part of a command, which every user of the machine can read: it goes into the variable "
-        "PGPASSWORD, the password file ~/.pgpass or a service file");
+  if (std::ranges::any_of(arguments, WordHoldsPassword)) {
+    console.Error(kNoPasswords);
     return kWrongUsage;
   }
   try {

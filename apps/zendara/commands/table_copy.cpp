@@ -26,7 +26,7 @@ void CopyRow(const std::string& place, const TableDef& table, std::int64_t numbe
   for (int i = 0; i < Columns(table); ++i) {
     const StoredCell cell = ReadCell(from, i);
     if (!cell.fault.empty()) {
-      throw CommandError(place + ": " + NameOfRow(from, table, number) + ": " + from.Columns().at(i).name + ": " +
+      throw CommandError(place + ": " + NameOfRow(from, table, number) + ": " + from.Fields(i).Column().name + ": " +
                          cell.fault + "; nothing was written");
     }
     if (!cell.value.IsNull()) to.Fields(i).Set(cell.value);
@@ -49,8 +49,8 @@ std::int64_t CompareTables(const std::string& place, const TableDef& table, Reco
   std::int64_t number = 1;
   for (; !from.Eof() && !to.Eof(); from.MoveNext(), to.MoveNext(), ++number) {
     if (const int other = FirstOtherColumn(table, from, to); other >= 0) {
-      throw CommandError(place + ": " + NameOfRow(from, table, number) + ": " + from.Columns().at(other).name + ": " +
-                         Shown(ReadCell(from, other).value) + " was read, " + Shown(ReadCell(to, other).value) +
+      throw CommandError(place + ": " + NameOfRow(from, table, number) + ": " + from.Fields(other).Column().name +
+                         ": " + Shown(ReadCell(from, other).value) + " was read, " + Shown(ReadCell(to, other).value) +
                          " was written");
     }
     console.Progress(place + ": rows compared", number);

@@ -28,6 +28,7 @@ std::string_view Symbol(Operator op) {
     case Operator::kNot:
     case Operator::kBetween:
     case Operator::kIsNull:
+    case Operator::kIn:
       break;
   }
   return {};
@@ -123,10 +124,18 @@ class Printer {
     }
   }
 
+  // Those behind the first.
+  std::string List(std::span<const Expression> operands, Form form) {
+    std::string list;
+    for (const Expression& operand : operands.subspan(1)) list += (list.empty() ? "" : ", ") + Text(operand, form);
+    return list;
+  }
+
   std::string Comparison(Operator op, const std::vector<Expression>& operands) {
     const Form form = FormOf(operands);
     const std::string left = Text(operands[0], form);
     if (op == Operator::kIsNull) return left + " IS NULL";
+    if (op == Operator::kIn) return left + " IN (" + List(operands, form) + ")";
     const std::string right = Text(operands[1], form);
     if (op != Operator::kBetween) return left + std::string(Symbol(op)) + right;
     const auto nullable = [](const Expression& end) { return !std::holds_alternative<Parameter>(end.node); };

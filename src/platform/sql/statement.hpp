@@ -38,7 +38,8 @@ enum class Operator {
   kGreater,
   kGreaterEqual,
   kBetween,
-  kIsNull
+  kIsNull,
+  kIn  // one of the operands behind the first, which are literals; of no text, see alternatives.hpp
 };
 enum class Aggregate { kMin, kMax, kCount, kSum };
 

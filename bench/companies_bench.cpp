@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -109,23 +108,11 @@ void CompareOpening(const std::string& few, const std::string& many, int compani
   Report("one program, one after the other", of_few, of_many, companies);
 }
 
-// Of the processes that serve a desk, what no other one shares: in megabytes.
 void ReportMemory(const std::string& place) {
   const Store store = OpenStore(place);
   const Opened opened(store, 1);
-  PlainServer server(place);
-  const std::string pid = server.Run(
-      "SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'zendara %' AND datname = current_database() "
-      "ORDER BY backend_start DESC LIMIT 1");
-  std::ifstream map("/proc/" + pid + "/smaps_rollup");
-  double kilobytes = 0;
-  for (std::string word; map >> word;) {
-    if (!word.starts_with("Private_")) continue;
-    double value = 0;
-    map >> value;
-    kilobytes += value;
-  }
-  std::cout << "a desk with a company open: " << kilobytes / 1024 << " MB of its server process alone\n";
+  std::cout << "a desk that has opened a company: " << PlainServer(place).PrivateMegabytes()
+            << " MB of its server process alone\n";
 }
 
 void ReportSizes(PlainServer& server) {

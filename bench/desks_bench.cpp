@@ -319,6 +319,8 @@ bool Run(const std::string& place, int desks, int seconds, int companies) {
       _exit(1);
     }
   }
+  std::this_thread::sleep_until(begin + (end - begin) * 3 / 4);
+  const double memory = PlainServer(place).PrivateMegabytes();
   for (int status = 0; wait(&status) > 0;) failed += status != 0;
   std::vector<Deed> all;
   int lost = 0;
@@ -330,7 +332,8 @@ bool Run(const std::string& place, int desks, int seconds, int companies) {
     std::ranges::copy(deeds, std::back_inserter(all));
   }
   std::cout << desks << " desks on " << companies << (companies == 1 ? " company" : " companies") << ", " << seconds
-            << " s: " << failed << " failed, " << lost << " acknowledged saves lost\n";
+            << " s: " << failed << " failed, " << lost << " acknowledged saves lost; " << memory
+            << " MB of a desk's server process alone\n";
   Report(all, seconds);
   std::cout.flush();
   const std::string changed = RuntimeError(kRowChanged).what();

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -31,9 +30,9 @@ namespace {
 using Stopwatch = std::chrono::steady_clock;
 
 constexpr int kFew = 10;
-constexpr int kAtOnce = 500;   // companies made in one transaction
-constexpr int kPrograms = 60;  // of each kind
-constexpr int kInOne = 200;
+constexpr int kAtOnce = 500;    // companies made in one transaction
+constexpr int kPrograms = 100;  // of each kind
+constexpr int kInOne = 1000;
 
 double SecondsSince(Stopwatch::time_point begin) {
   return std::chrono::duration<double>(Stopwatch::now() - begin).count();
@@ -109,23 +108,11 @@ void CompareOpening(const std::string& few, const std::string& many, int compani
   Report("one program, one after the other", of_few, of_many, companies);
 }
 
-// Of the processes that serve a desk, what no other one shares: in megabytes.
 void ReportMemory(const std::string& place) {
   const Store store = OpenStore(place);
   const Opened opened(store, 1);
-  PlainServer server(place);
-  const std::string pid = server.Run(
-      "SELECT pid FROM pg_stat_activity WHERE application_name LIKE 'zendara %' AND datname = current_database() "
-      "ORDER BY backend_start DESC LIMIT 1");
-  std::ifstream map("/proc/" + pid + "/smaps_rollup");
-  double kilobytes = 0;
-  for (std::string word; map >> word;) {
-    if (!word.starts_with("Private_")) continue;
-    double value = 0;
-    map >> value;
-    kilobytes += value;
-  }
-  std::cout << "a desk with a company open: " << kilobytes / 1024 << " MB of its server process alone\n";
+  std::cout << "a desk that has opened a company: " << PlainServer(place).PrivateMegabytes()
+            << " MB of its server process alone\n";
 }
 
 void ReportSizes(PlainServer& server) {
@@ -134,8 +121,9 @@ void ReportSizes(PlainServer& server) {
             << ", indexes "
             << server.Run("SELECT pg_size_pretty(sum(pg_indexes_size(oid))) FROM pg_class WHERE relkind = 'r'")
             << "; rows "
-            << server.Run("SELECT sum(reltuples)::bigint FROM pg_class WHERE relkind = 'r' AND relnamespace = "
-                          "current_schema()::regnamespace")
+            << server.Run(
+                   "SELECT sum(reltuples)::bigint FROM pg_class WHERE relkind = 'r' AND relnamespace = "
+                   "current_schema()::regnamespace")
             << '\n';
 }
 
@@ -147,8 +135,8 @@ void ReportVacuum(PlainServer& server) {
       "SELECT zendara_file, campo0, campo1, campo2, campo3, campo0_key, convert_to(campo1, 'UTF8') "
       "FROM trabajadoresfijo");
   const std::string rows = server.Run("SELECT count(*) FROM listadosnom");
-  std::cout << "staging tables filled with " << rows << " rows in " << SecondsSince(begin) << " s: "
-            << server.Run(size) << '\n';
+  std::cout << "staging tables filled with " << rows << " rows in " << SecondsSince(begin) << " s: " << server.Run(size)
+            << '\n';
   begin = Stopwatch::now();
   server.Run("DELETE FROM listadosnom");
   std::cout << "emptied in " << SecondsSince(begin) << " s: " << server.Run(size) << '\n';

@@ -49,9 +49,9 @@ class CompanyCopies {
     std::string list = server_.Run(relations) + ",";
     for (std::size_t end = list.find(','); end != std::string::npos; list.erase(0, end + 1), end = list.find(',')) {
       const std::string relation = list.substr(0, end);
-      const std::string columns = server_.Run(
-          "SELECT string_agg(attname, ', ' ORDER BY attnum) FROM pg_attribute WHERE attrelid = '" + relation +
-          "'::regclass AND attnum > 0 AND attname NOT IN ('zendara_file', 'zendara_row')");
+      const std::string columns =
+          server_.Run("SELECT string_agg(attname, ', ' ORDER BY attnum) FROM pg_attribute WHERE attrelid = '" +
+                      relation + "'::regclass AND attnum > 0 AND attname NOT IN ('zendara_file', 'zendara_row')");
       server_.Run("INSERT INTO " + relation + " (zendara_file, " + columns + ") SELECT upper(" + new_name + "), " +
                   columns + " FROM " + numbers + ", (SELECT * FROM " + relation + " WHERE zendara_file = upper('" +
                   name + "')" + OfMonth(relation, month) + " ORDER BY zendara_row OFFSET 0) r");

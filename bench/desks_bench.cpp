@@ -38,13 +38,13 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int kWorkers = 100;           // of the demonstration
-constexpr int kFirstAdded = 1000;       // numbers of workers that desks add
-constexpr int kAddedByDesk = 900;       // at most
-constexpr int kAddEvery = 10;           // rounds
-constexpr int kAbsentEvery = 20;        // rounds
+constexpr int kWorkers = 100;                       // of the demonstration
+constexpr int kFirstAdded = 1000;                   // numbers of workers that desks add
+constexpr int kAddedByDesk = 900;                   // at most
+constexpr int kAddEvery = 10;                       // rounds
+constexpr int kAbsentEvery = 20;                    // rounds
 constexpr int kColumns[] = {1, 3, 10, 15, 16, 18};  // texts of a worker that are changed, one by each desk
-constexpr auto kOpening = std::chrono::seconds(8);   // all desks begin together
+constexpr auto kOpening = std::chrono::seconds(8);  // all desks begin together
 
 std::string Digits(int number, std::size_t width) {
   const std::string digits = std::to_string(number);
@@ -246,8 +246,7 @@ int CountLost(const std::string& place, const std::string& company, const std::v
     lost += last == put.end() ? any_done : std::ranges::any_of(put, follows);
   }
   for (const auto& [worker, count] : absences) {
-    const auto rows =
-        database->OpenRecordset("SELECT Campo3 FROM TincidenciasIT WHERE Campo0 = '" + worker + "'");
+    const auto rows = database->OpenRecordset("SELECT Campo3 FROM TincidenciasIT WHERE Campo0 = '" + worker + "'");
     if (!rows->Eof()) rows->MoveLast();
     lost += std::max(0, count - static_cast<int>(rows->RecordCount()));
   }
@@ -255,7 +254,9 @@ int CountLost(const std::string& place, const std::string& company, const std::v
 }
 
 double Part(const std::vector<double>& sorted, double part) {
-  return sorted.empty() ? 0 : sorted[std::min(sorted.size() - 1, static_cast<std::size_t>(part * static_cast<double>(sorted.size())))];
+  return sorted.empty()
+             ? 0
+             : sorted[std::min(sorted.size() - 1, static_cast<std::size_t>(part * static_cast<double>(sorted.size())))];
 }
 
 std::string Milliseconds(double value) {
@@ -272,8 +273,8 @@ void Report(const std::vector<Deed>& deeds, int seconds) {
     std::ranges::sort(times);
     std::cout << "  " << what << ": " << times.size() << ", " << times.size() / static_cast<std::size_t>(seconds)
               << " a second, half within " << Milliseconds(Part(times, 0.5)) << ", 99 of 100 within "
-              << Milliseconds(Part(times, 0.99)) << ", longest "
-              << Milliseconds(times.empty() ? 0 : times.back()) << '\n';
+              << Milliseconds(Part(times, 0.99)) << ", longest " << Milliseconds(times.empty() ? 0 : times.back())
+              << '\n';
   };
   print("saves", [](const Deed& deed) { return deed.kind != "show" && deed.kind != "box" && deed.done; });
   print("workers added, of these", [](const Deed& deed) { return deed.kind == "add" && deed.done; });
@@ -318,22 +319,26 @@ bool Run(const std::string& place, int desks, int seconds, int companies) {
       _exit(1);
     }
   }
+  std::this_thread::sleep_until(begin + (end - begin) * 3 / 4);
+  const double memory = PlainServer(place).PrivateMegabytes();
   for (int status = 0; wait(&status) > 0;) failed += status != 0;
   std::vector<Deed> all;
   int lost = 0;
   for (int company = 0; company < companies; ++company) {
     std::vector<Deed> deeds;
-    for (int desk = company; desk < desks; desk += companies) std::ranges::copy(ReadLedger(ledger(desk)), std::back_inserter(deeds));
+    for (int desk = company; desk < desks; desk += companies)
+      std::ranges::copy(ReadLedger(ledger(desk)), std::back_inserter(deeds));
     lost += CountLost(place, CompanyCode(1 + company), deeds);
     std::ranges::copy(deeds, std::back_inserter(all));
   }
   std::cout << desks << " desks on " << companies << (companies == 1 ? " company" : " companies") << ", " << seconds
-            << " s: " << failed << " failed, " << lost << " acknowledged saves lost\n";
+            << " s: " << failed << " failed, " << lost << " acknowledged saves lost; " << memory
+            << " MB of a desk's server process alone\n";
   Report(all, seconds);
   std::cout.flush();
   const std::string changed = RuntimeError(kRowChanged).what();
-  const bool refused = std::ranges::any_of(
-      all, [&](const Deed& deed) { return deed.kind == "box" && !changed.starts_with(deed.text); });
+  const bool refused =
+      std::ranges::any_of(all, [&](const Deed& deed) { return deed.kind == "box" && !changed.starts_with(deed.text); });
   return failed == 0 && lost == 0 && !refused;
 }
 

@@ -3,7 +3,9 @@
 
 #include <libpq-fe.h>
 
+#include <fstream>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -24,6 +26,26 @@ class PlainServer {
     return PQntuples(result.get()) > 0 ? PQgetvalue(result.get(), 0, 0) : "";
   }
   double Number(const std::string& sql) { return std::stod(Run(sql)); }
+
+  // What the server's processes for the engine's connections to this database share with no other, in megabytes, on
+  // the average; the benchmarks run on the server's machine.
+  double PrivateMegabytes() {
+    std::istringstream pids(
+        Run("SELECT string_agg(pid::text, ' ') FROM pg_stat_activity WHERE application_name LIKE 'zendara %' AND "
+            "datname = current_database()"));
+    double kilobytes = 0;
+    int processes = 0;
+    for (std::string pid; pids >> pid; ++processes) {
+      std::ifstream map("/proc/" + pid + "/smaps_rollup");
+      for (std::string word; map >> word;) {
+        if (!word.starts_with("Private_")) continue;
+        double value = 0;
+        map >> value;
+        kilobytes += value;
+      }
+    }
+    return processes == 0 ? 0 : kilobytes / 1024 / processes;
+  }
 
   // "COPY ... TO STDOUT"; how many rows came.
   int CopyOut(const std::string& sql) {

@@ -22,7 +22,7 @@ namespace {
 using Stopwatch = std::chrono::steady_clock;
 
 constexpr int kRatings = 9;
-constexpr int kStagings = 5;
+constexpr int kStagings = 3;
 
 // What the calculation reads of a worker, and his number.
 constexpr int kSingleColumns[] = {0, 19, 20, 21, 22, 24, 48, 75, 76, 77, 80, 81, 82};

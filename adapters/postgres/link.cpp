@@ -22,6 +22,8 @@ constexpr std::size_t kLongestKept = 16384;
 constexpr int kBinary = 1;
 // Who waits for so long is about to be told for whom. In milliseconds.
 constexpr int kLongWait = 2000;
+// What is left of a statement that nobody wants any more is taken for so long before it is cancelled.
+constexpr auto kQuickEnd = 20ms;
 // A commit that was under way when the connection was lost comes to its end within this.
 constexpr auto kEndOfCommit = 2000ms;
 constexpr auto kAskAgain = 50ms;
@@ -233,6 +235,21 @@ void Link::Allow(Plans plans) {
   plans_ = plans;
 }
 
+// Whether that was the end of the statement.
+bool Link::DrainFor(std::chrono::milliseconds time) {
+  const auto until = std::chrono::steady_clock::now() + time;
+  for (;;) {
+    while (PQisBusy(connection_) == 0) {
+      if (!Answer(PQgetResult(connection_))) return true;
+    }
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(until - std::chrono::steady_clock::now());
+    if (left.count() <= 0) return false;
+    pollfd socket = {PQsocket(connection_), POLLIN, 0};
+    const int ready = poll(&socket, 1, static_cast<int>(left.count()));
+    if (ready > 0 && PQconsumeInput(connection_) == 0) FailLost(true);
+  }
+}
+
 // Readers.
 
 void Link::Start(std::string_view sql, const Parameters& parameters, Reader& reader, Rows rows) {
@@ -279,8 +296,8 @@ void Link::Leave(const Reader& reader) {
   if (reader_ != &reader) return;
   reader_ = nullptr;
   try {
-    // In a transaction that would end the transaction.
-    if (!in_transaction_) {
+    // To cancel takes a connection of its own, and in a transaction would end the transaction.
+    if (!in_transaction_ && !DrainFor(kQuickEnd)) {
       const std::unique_ptr<PGcancel, decltype(&PQfreeCancel)> cancel(PQgetCancel(connection_), PQfreeCancel);
       char refusal[256];
       PQcancel(cancel.get(), refusal, sizeof refusal);

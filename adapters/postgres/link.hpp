@@ -1,6 +1,7 @@
 // One connection to the server. Statements are prepared at their first use and known by their text.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <exception>
 #include <functional>
@@ -99,6 +100,7 @@ class Link {
   Answer Receive();
   Answer Wait();
   void Drain();
+  bool DrainFor(std::chrono::milliseconds time);
   void Check(const PGresult* result);
   [[noreturn]] void FailLost(bool sent);
   void FindBlocker();

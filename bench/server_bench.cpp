@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kRows = 100000;
 constexpr int kColumns = 91;
-constexpr const char* kBatch = "1024";  // as the engine reads at most
+constexpr const char* kBatch = "512";  // as the engine reads at most
 
 std::string place;
 

@@ -46,21 +46,21 @@ class Clerk : public zendara::ScreenUser {
   }
 };
 
-void Run(const std::string& folder) {
+// A folder of the machine, or "postgresql://host/database".
+void Run(const std::string& place) {
   // Once, at the start: what the component stands on. All of it outlives the last call.
-  const auto engine = zendara::MakeEngine();
-  const auto files = zendara::MakeHostFiles();
+  const zendara::Store store = zendara::OpenStore(place);
   Clerk clerk;
   const auto screens = zendara::MakeAutomation(clerk);
   zendara::Platform platform;
-  platform.engine = engine.get();
-  platform.files = files.get();
-  platform.application_folder = folder;
+  platform.engine = store.engine.get();
+  platform.files = store.files.get();
+  platform.application_folder = store.folder;
   screens->Install(platform);
   zendara::InstallPlatform(platform);
 
   // Once a company and year: its files, and the recordsets that the screens work on.
-  const zendara::OpenedCompany company = zendara::OpenCompany(*engine, folder, "00001", "01");
+  const zendara::OpenedCompany company = zendara::OpenCompany(*store.engine, store.folder, "00001", "01");
 
   // Once a screen.
   Session session("00001", "2001");
@@ -76,7 +76,7 @@ void Run(const std::string& folder) {
 }  // namespace
 
 int main(int argc, char** argv) try {
-  if (argc != 2) throw std::runtime_error("usage: console_host FOLDER");
+  if (argc != 2) throw std::runtime_error("usage: console_host PLACE");
   Run(argv[1]);
   return 0;
 } catch (const std::exception& error) {

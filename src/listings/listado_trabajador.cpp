@@ -306,10 +306,11 @@ void ListadoTrabajador::GeneraListado() {
   const bool fijos = Elegida(kFijos);
   MesaListado mesa(sesion_);
   sesion_.SqlTexto = std::string(fijos ? kConsultaFijos : kConsultaVariables) + TextoCondicion;
+  ultimas_.clear();
+  if (fijos) LeeUltimas();
   const auto filas = sesion_.BDEmpresa->OpenRecordset(sesion_.SqlTexto, RecordsetType::kForward);
   std::size_t leidas = 0;
   std::string anterior;
-  ultimas_.clear();
   for (; !filas->Eof(); filas->MoveNext()) {
     fijos ? AnadeFija(mesa, *filas) : AnadeVariable(mesa, *filas, anterior);
     Avanza(++leidas);
@@ -351,6 +352,15 @@ void ListadoTrabajador::AnadeVariable(MesaListado& mesa, Recordset& fila, std::s
   anterior = trabajador;
   for (int columna = kAlta; columna <= kUltimaVariable; ++columna) linea.emplace_back(TextoDe(fila, columna));
   mesa.Anade(linea);
+}
+
+// Together, since each question of its own is a way to the server and back.
+void ListadoTrabajador::LeeUltimas() {
+  const auto filas = sesion_.BDEmpresa->OpenRecordset("SELECT Campo0, Max(Campo3) FROM TRABAJADORESVAR GROUP BY Campo0",
+                                                      RecordsetType::kForward);
+  for (; !filas->Eof(); filas->MoveNext()) {
+    ultimas_.emplace(TextoNoNulo(filas->Fields(0).Get()), filas->Fields(1).Get());
+  }
 }
 
 bool ListadoTrabajador::EsSituacionActual(const std::string& trabajador, const Value& fecha) {

@@ -46,6 +46,7 @@ class ListadoTrabajador : public PantallaBase {
   void AnadeFija(MesaListado& mesa, Recordset& fila);
   void AnadeVariable(MesaListado& mesa, Recordset& fila, std::string& anterior);
   void Avanza(std::size_t leidas);
+  void LeeUltimas();
   // Whether the worker's last situación begins on that day. REQUIRES: BDEmpresa is the company's file.
   bool EsSituacionActual(const std::string& trabajador, const Value& fecha);
   // Column `campo` of the slot's row with that key, or the worker's name; empty when there is none.

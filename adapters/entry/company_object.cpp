@@ -50,8 +50,8 @@ zendara_result zendara_company_open(zendara_engine* engine, const char* folder, 
                                     zendara_company** company) {
   return AnswerInThread([&] {
     Needed(company) = nullptr;
-    GiveObject(company,
-               MakeCompanyObject(Handle<zendara_engine>(engine), TakeText(folder), TakeText(code), TakeText(year)));
+    auto& opened = Handle<zendara_engine>(engine);
+    GiveObject(company, MakeCompanyObject(opened, opened.FolderOf(folder), TakeText(code), TakeText(year)));
   });
 }
 

@@ -28,8 +28,7 @@ class Surroundings {
   explicit Surroundings(const zendara_platform& given) {
     engine_ =
         given.engine ? Counted<zendara_engine>::OneMore(Handle<zendara_engine>(given.engine)) : MakeEngineObject();
-    const bool own_folder = given.application_folder || engine_->folder.empty();
-    platform.application_folder = own_folder ? TakeText(given.application_folder) : engine_->folder;
+    platform.application_folder = engine_->FolderOf(given.application_folder);
     platform.engine = engine_->engine.get();
     if (given.screens) {
       screens = Counted<zendara_screens>::OneMore(Handle<zendara_screens>(given.screens));

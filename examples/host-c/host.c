@@ -125,7 +125,9 @@ static zendara_result OnBox(void *self, const zendara_box *box, uint32_t *answer
 
 int main(int argc, char **argv) {
   const int windows = argc == 3 && strcmp(argv[1], "--windows") == 0;
-  const char *folder = argv[argc - 1];
+  const char *place = argv[argc - 1]; /* a folder of the machine, or "postgresql://host/database" */
+  const int server = strstr(place, "://") != NULL;
+  const char *folder = server ? NULL : place;
   zendara_engine *engine = NULL;
   zendara_screens *screens = NULL;
   zendara_company *company = NULL;
@@ -136,13 +138,13 @@ int main(int argc, char **argv) {
   zendara_session session = {0}; /* what is null leaves the value of the call before */
 
   if (argc != 2 && !windows) {
-    fprintf(stderr, "usage: host [--windows] FOLDER\n");
+    fprintf(stderr, "usage: host [--windows] PLACE\n");
     return 2;
   }
   printf("zendara %s\n", zendara_version());
 
   /* Once, at the start: what the component stands on. */
-  Check(zendara_engine_open(NULL, ZENDARA_WRITE, &engine), "the engine");
+  Check(zendara_engine_open(server ? place : NULL, ZENDARA_WRITE, &engine), "the engine");
   if (windows) {
 #ifdef WITH_WINDOWS
     Check(zendara_windows(ZENDARA_LOOK_ZENDARA, &screens), "the windows");

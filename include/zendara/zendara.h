@@ -338,7 +338,8 @@ ZENDARA_EXPORT zendara_result zendara_recordset_open(zendara_database *database,
                                                      zendara_recordset **recordset);
 ZENDARA_EXPORT zendara_result zendara_recordset_set_index(zendara_recordset *recordset, const char *index);
 
-/* A company's files and every slot of the catalogue: OpenCompany of zendara/company.hpp. */
+/* A company's files and every slot of the catalogue: OpenCompany of zendara/company.hpp. `folder` may be null with an
+ * engine on a server. */
 ZENDARA_EXPORT zendara_result zendara_company_open(zendara_engine *engine, const char *folder, const char *code,
                                                    const char *year, zendara_company **company);
 /* Borrowed from the company, which keeps them open for as long as it lives. Each may be null, who does not want it. */

@@ -20,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 
 // Moves that follow each other read ahead, each time more.
 constexpr int kFirstBatch = 1;
-constexpr int kMostRows = 512;  // of 60 columns about what a socket holds, so that the server goes on meanwhile
+constexpr int kMostRows = 256;  // of 60 columns half of what a socket holds, so that the server goes on meanwhile
 constexpr int kGrowth = 4;
 // From so many on, rows are read with those columns alone that were asked for on the way, and the next ones are under
 // way while these are used.

@@ -48,6 +48,11 @@ class MadeTogether final : public NewFiles {
     for (const auto& file : files_) file->Reach();  // the last rows
     for (const auto& file : files_) file->Detach();
     link_->Commit();
+    try {
+      for (const auto& file : files_) file->RefreshFigures(*link_);
+    } catch (const RuntimeError&) {
+      // The files are there all the same.
+    }
     server_->GiveBack(std::move(link_));
   }
 

@@ -1,9 +1,13 @@
 #include "adapters/postgres/new_rows.hpp"
 
+#include <utility>
+
 #include "adapters/postgres/sort_key.hpp"
 
 namespace zendara::postgres {
 namespace {
+
+constexpr std::int64_t kManyRows = 1000;
 
 constexpr Parameters::Kind KindOf(ColumnType type) {
   return type == ColumnType::kText     ? Parameters::Kind::kText
@@ -58,12 +62,22 @@ void NewRows::Send(Link& link, const std::string& file, const SpanishOrder& orde
       for (const auto& row : rows) BindKey(row[i], order, parameters);
     }
     link.Run(InsertText(*relation), parameters);
+    sent_[relation] += static_cast<std::int64_t>(rows.size());
   }
 }
 
 void NewRows::Clear() {
   rows_.clear();
   count_ = 0;
+}
+
+void NewRows::RefreshFigures(Link& link) {
+  for (const auto& [relation, rows] : std::exchange(sent_, {})) {
+    if (rows < kManyRows) continue;
+    const Answer known = link.Run("SELECT reltuples < $2 FROM pg_class WHERE oid = $1::regclass",
+                                  Parameters().Text(relation->name).Integer(2 * rows));
+    if (known.Rows() > 0 && known.Integer(0, 0) != 0) link.RunOnce("ANALYZE " + relation->name);
+  }
 }
 
 }  // namespace zendara::postgres

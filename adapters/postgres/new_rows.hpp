@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
@@ -27,11 +28,15 @@ class NewRows {
   // In the order of writing within a table.
   void Send(Link& link, const std::string& file, const SpanishOrder& order);
   void Clear();
+  // When they are committed: has the server count what it knows too little of by now. It plans by such figures, and
+  // counts by itself only a minute later.
+  void RefreshFigures(Link& link);
 
  private:
   static constexpr std::size_t kMost = 1000;
 
   std::map<const Relation*, std::vector<std::vector<Value>>> rows_;
+  std::map<const Relation*, std::int64_t> sent_;  // rows of each since the last commit
   std::size_t count_ = 0;
 };
 

@@ -93,6 +93,11 @@ void OpenFile::Commit() {
     EndTransaction();
     throw;
   }
+  try {
+    RefreshFigures(*transaction_);
+  } catch (const RuntimeError&) {
+    // The rows are there all the same.
+  }
   EndTransaction();
 }
 

@@ -33,6 +33,8 @@ class OpenFile {
   void AddTable(int table) { tables_.push_back(table); }
   // Whoever made the file is done with it: whatever is still open on it is 3420.
   void Detach() { detached_ = true; }
+  // What was written in the last transaction is committed.
+  void RefreshFigures(Link& link) { waiting_.RefreshFigures(link); }
 
   // Where a statement goes to, once all rows that wait were sent.
   Link& Reach();

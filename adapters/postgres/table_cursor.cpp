@@ -263,8 +263,9 @@ class Cursor final : public TableCursor, private Reader {
       DropAhead();
       Ahead fresh = Asked(size);
       Link& link = file_->Reach();
-      if (size >= kLongWalk) link.Allow(Link::Plans::kInIndexOrder);
+      link.Allow(Link::Plans::kInIndexOrder);
       fresh.block = MakeBlock(link.Run(MoveText(size), Behind(from)));
+      fresh.read = Clock::now();
       ahead_ = std::move(fresh);
     }
     if (ahead_.Rows() == 0) return false;

@@ -9,27 +9,13 @@
 
 #include "adapters/icu/spanish_order.hpp"
 #include "bench/ratio_reporter.hpp"
+#include "bench/worker_rows.hpp"
 #include "frame/stored_tables.hpp"
 #include "tests/support/temp_folder.hpp"
 #include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
-
-constexpr int kRows = 100000;
-
-std::string Key(int worker) {
-  std::string key = std::to_string(worker);
-  return std::string(5 - key.size(), '0') + key;
-}
-
-void Fill(Recordset& rs, int worker) {
-  rs.AddNew();
-  rs.Fields(0).Set(Key(worker));
-  for (int i = 1; i < 19; ++i) rs.Fields(i).Set(i < 4 ? "Nombre" : "7");
-  rs.Fields(19).Set(Date{20000.0 + worker % 9000});
-  for (int i = 20; i < 91; ++i) rs.Fields(i).Set(i == 75 ? "2500000" : "0");
-}
 
 // A company file with a worker table of that many rows, open through the engine and directly.
 class Fixture {

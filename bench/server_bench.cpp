@@ -12,33 +12,16 @@
 
 #include "adapters/icu/spanish_order.hpp"
 #include "bench/ratio_reporter.hpp"
+#include "bench/worker_rows.hpp"
 #include "frame/stored_tables.hpp"
 #include "zendara/engines.hpp"
 
 namespace zendara {
 namespace {
 
-constexpr int kRows = 100000;
-constexpr int kColumns = 91;
-constexpr const char* kBatch = "512";  // as the engine reads at most
+constexpr const char* kBatch = "256";  // as the engine reads at most
 
 std::string place;
-
-std::string Key(int worker) {
-  std::string key = std::to_string(worker);
-  return std::string(5 - key.size(), '0') + key;
-}
-
-std::string TextOf(int column) { return column < 4 ? "Nombre" : column == 75 ? "2500000" : column < 20 ? "7" : "0"; }
-
-void Fill(Recordset& rs, int worker) {
-  rs.AddNew();
-  rs.Fields(0).Set(Key(worker));
-  for (int i = 1; i < kColumns; ++i) {
-    if (i != 19) rs.Fields(i).Set(TextOf(i));
-  }
-  rs.Fields(19).Set(Date{20000});
-}
 
 class Raw {
  public:
@@ -126,7 +109,7 @@ const std::vector<std::string>& SortKeys() {
 
 std::string Columns() {
   std::string columns = "campo0";
-  for (int i = 1; i < kColumns; ++i) columns += ", campo" + std::to_string(i);
+  for (int i = 1; i < kWorkerColumns; ++i) columns += ", campo" + std::to_string(i);
   return columns;
 }
 
@@ -213,7 +196,7 @@ BENCHMARK(AddNewZendara)->Name("AddNew/zendara")->Iterations(1000);
 void AddNewRaw(benchmark::State& state) {
   Fixture fixture("EMPTY.MDB", 0);
   std::string places = "$1";
-  for (int i = 0; i <= kColumns; ++i) places += ", $" + std::to_string(i + 2);
+  for (int i = 0; i <= kWorkerColumns; ++i) places += ", $" + std::to_string(i + 2);
   fixture.raw.Prepare(
       "add", "INSERT INTO trabajadoresfijo (zendara_file, campo0_key, " + Columns() + ") VALUES (" + places + ")");
   const auto& keys = SortKeys();
@@ -221,10 +204,11 @@ void AddNewRaw(benchmark::State& state) {
   int worker = 0;
   for (auto _ : state) {
     std::vector<std::string> texts;
-    for (int i = 1; i < kColumns; ++i) texts.push_back(TextOf(i));
+    for (int i = 1; i < kWorkerColumns; ++i) texts.push_back(TextOf(i));
     const std::string key = Key(worker);
     std::vector<std::string_view> values = {fixture.file, keys[static_cast<std::size_t>(worker++)], key};
-    for (int i = 1; i < kColumns; ++i) values.push_back(i == 19 ? date : texts[static_cast<std::size_t>(i) - 1]);
+    for (int i = 1; i < kWorkerColumns; ++i)
+      values.push_back(i == kBirth ? date : texts[static_cast<std::size_t>(i) - 1]);
     PQclear(fixture.raw.Run("add", values));
   }
 }

@@ -49,6 +49,8 @@ class Link {
   // Of the last statement that failed: it was sent, and nobody knows what became of it.
   bool AnswerWasLost() const { return answer_lost_; }
   bool IsConnected() const { return connection_ != nullptr; }
+  // 150018 is version 15.18. REQUIRES: it is connected.
+  int ServerVersion() const { return PQserverVersion(connection_); }
 
   // Which plans the server may make from here on for statements that it has not planned yet. Without figures of a new
   // relation it takes its companies for small and would sort all of one for each batch of a walk.

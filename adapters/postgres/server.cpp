@@ -7,6 +7,11 @@
 #include "zendara/runtime_error.hpp"
 
 namespace zendara::postgres {
+namespace {
+
+constexpr int kLooksForClients = 140000;  // from this version of the server on
+
+}  // namespace
 
 Server::Server(std::string_view conninfo, Access access)
     : place_(conninfo, access), greeting_([this](Link& link) { Greet(link); }), main_(place_, greeting_) {}
@@ -15,9 +20,8 @@ void Server::Greet(Link& link) {
   // What the server compiles of a statement is never worth it here.
   link.RunOnce("SET jit = off");
   link.RunOnce("SET lock_timeout = '5s'");
-  // A program that was ended leaves no long query behind; servers before version 14 do not look.
-  link.RunOnce(
-      "SELECT set_config(name, '10s', false) FROM pg_settings WHERE name = 'client_connection_check_interval'");
+  // A program that was ended leaves no long query behind.
+  if (link.ServerVersion() >= kLooksForClients) link.RunOnce("SET client_connection_check_interval = '10s'");
   if (access() == Access::kRead) link.RunOnce("SET default_transaction_read_only = on");
   if (&link != &main_) return;
   link.RunOnce("SELECT pg_advisory_lock_shared(" + LockOfStore() + ")");

@@ -78,7 +78,7 @@ class Cursor final : public TableCursor, private Reader {
 
   Value Column(int ordinal) const override {
     const auto i = static_cast<std::size_t>(ordinal);
-    asked_[i] = true;
+    if (!asked_[i]) asked_[i] = true;
     if (!row_.Has(ordinal)) ReadRest();
     return row_.Column(ordinal, relation_.definition.columns[i].type);
   }

@@ -65,7 +65,10 @@ class Answer {
   int Rows() const { return PQntuples(get()); }
   // Rows that a write changed.
   std::int64_t Affected() const;
-  bool IsNull(int row, int column) const { return PQgetisnull(get(), row, column) != 0; }
+  // Most values have a length, and are not asked for twice.
+  bool IsNull(int row, int column) const {
+    return PQgetlength(get(), row, column) == 0 && PQgetisnull(get(), row, column) != 0;
+  }
   // As they came: of texts that hold a zero character not those of the value.
   std::string_view Bytes(int row, int column) const {
     return {PQgetvalue(get(), row, column), static_cast<std::size_t>(PQgetlength(get(), row, column))};

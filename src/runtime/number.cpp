@@ -187,6 +187,18 @@ bool TakeExponent(Reader& reader, Decimal& decimal) {
   return true;
 }
 
+// Most texts of the stored tables are these: nothing, or a few digits.
+std::optional<double> PlainDigits(std::string_view text) {
+  constexpr std::size_t kExact = 15;  // every whole number of so many digits is a double
+  if (text.size() > kExact) return std::nullopt;
+  std::int64_t number = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return std::nullopt;
+    number = number * 10 + (c - '0');
+  }
+  return static_cast<double>(number);
+}
+
 // &H and &O: up to 16 bits read as a 16-bit integer, up to 32 as one of 32 bits. 0 and `number` set, or 6; nothing if
 // no such number stands here.
 std::optional<int> TakeRadix(Reader& reader, double& number) {
@@ -292,6 +304,7 @@ std::string CStr(const Value& value) {
 }
 
 double Val(std::string_view text) {
+  if (const auto plain = PlainDigits(text)) return *plain;
   Reader reader(text, true);
   double number = 0;
   if (const std::optional<int> error = TakeRadix(reader, number)) {

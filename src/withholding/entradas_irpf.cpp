@@ -1,7 +1,5 @@
 #include "withholding/entradas_irpf.hpp"
 
-#include <functional>
-
 #include "values/valor_numero.hpp"
 
 namespace zendara {
@@ -26,8 +24,9 @@ enum ColumnaTrabajador {
   kRetencionAcumulada = 82,
 };
 
-// What both ways have in common.
-EntradasIRPF Lee(const std::function<std::string(int ordinal)>& campo, std::string_view ano) {
+// What both ways have in common. `campo` gives the text of a column by its ordinal.
+template <typename Campo>
+EntradasIRPF Lee(const Campo& campo, std::string_view ano) {
   EntradasIRPF entradas;
   entradas.SituacionPerceptor = campo(kSituacionPerceptor);
   entradas.TipoContrato = campo(kTipoContrato);

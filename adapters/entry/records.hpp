@@ -20,9 +20,7 @@ struct zendara_engine final : zendara::Named<zendara_engine> {
   const std::string folder;  // of a server, which is the folder; empty: it is the host's
 
   // What a host gives as the folder; of a server it may be null.
-  std::string FolderOf(const char* given) const {
-    return given || folder.empty() ? zendara::TakeText(given) : folder;
-  }
+  std::string FolderOf(const char* given) const { return given || folder.empty() ? zendara::TakeText(given) : folder; }
 };
 
 struct zendara_database final : zendara::Named<zendara_database> {

@@ -14,7 +14,11 @@ OpenFile::OpenFile(std::shared_ptr<Server> server, std::string file, std::vector
 }
 
 OpenFile::~OpenFile() {
-  if (transaction_) Rollback();
+  try {
+    if (transaction_) Rollback();
+  } catch (...) {
+    // The server undoes it with the connection.
+  }
   if (!maker_) server_->Closed(file_);
 }
 

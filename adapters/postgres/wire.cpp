@@ -203,7 +203,7 @@ void Parameters::Add(Oid type, const void* bytes, std::size_t size) {
 void Parameters::AddNull(Oid type) {
   if (rows_left_ > 0) {
     --rows_left_;
-    const std::int32_t null = BigEndian<std::int32_t>(-1);
+    const auto null = BigEndian<std::int32_t>(-1);
     bytes_.append(reinterpret_cast<const char*>(&null), sizeof null);
     lengths_.back() += static_cast<int>(sizeof null);
     return;

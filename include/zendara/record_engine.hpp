@@ -255,8 +255,8 @@ class NewFiles {
   virtual std::shared_ptr<Database> Create(std::string_view name, const std::vector<TableDef>& tables) = 0;
   // A file beside the databases, with these bytes.
   virtual void Put(std::string_view name, std::string_view bytes) = 0;
-  // Names them in the order in which they were made. Whatever fails, none has its name. REQUIRES: no recordset of theirs
-  // is open.
+  // Names them in the order in which they were made. Whatever fails, none has its name. REQUIRES: no recordset of
+  // theirs is open.
   virtual void Publish() = 0;
 };
 

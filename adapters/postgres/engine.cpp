@@ -34,7 +34,9 @@ class OpenDatabase final : public Database {
   void Execute(std::string_view sql) override { RunDelete(*Shared(), sql, Years()); }
 
   std::shared_ptr<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql) override {
-    Shared()->server().RequireWrites();
+    // Looked for first, so that who may only read learns of one that is there.
+    if (FindQuery(name)) throw RuntimeError(kObjectExists, {std::string(name)});
+    file_->server().RequireWrites();
     const Answer added = file_->Reach().Run(
         "INSERT INTO zendara_queries (zendara_file, folded, name, sql) VALUES ($1, $2, $3, $4) "
         "ON CONFLICT DO NOTHING",

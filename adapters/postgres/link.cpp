@@ -191,8 +191,8 @@ void Link::Check(const PGresult* result) {
   const std::string state = given ? given : "";
   const std::string words = WordsOf(result);
   const int number = NumberOf(state);
-  // Without a state of the server the fault is the connection's. That of a server which is going down says that the
-  // statement was not done.
+  // Without a state of the server the fault is the connection's. A server that is going down says so, but not what it
+  // has done before.
   if (state.empty()) FailLost(true);
   if (number == kDiskOrNetwork) {
     Drop();

@@ -119,8 +119,7 @@ class Cursor final : public TableCursor, private Reader {
 
   // Statements.
 
-  static Parameters OfName(const std::string& name) { return Parameters().Text(name); }
-  Parameters OfFile() const { return OfName(file_->name()); }
+  Parameters OfFile() const { return Parameters().Text(file_->name()); }
 
   // Texts of statements are made once for a cursor; `kind` and `number` tell them apart.
   const std::string& Text(int kind, int number, const std::function<std::string()>& make) const {
@@ -319,9 +318,14 @@ class Cursor final : public TableCursor, private Reader {
     const int size = std::min(ahead_.size * kGrowth, kMostRows);
     const postgres::Row last = {ahead_.block, ahead_.Rows() - 1};
     coming_ = Asked(size);
-    Link& link = file_->Reach();
-    link.Start(MoveText(size), Behind(last), *this, Link::Rows::kTogether);
-    reading_ = &link;
+    try {
+      Link& link = file_->Reach();
+      link.Start(MoveText(size), Behind(last), *this, Link::Rows::kTogether);
+      reading_ = &link;
+    } catch (const RuntimeError&) {
+      // The cursor has moved already: the fault belongs to the move that needs these rows, which asks again.
+      coming_ = {};
+    }
   }
 
   // They have come and are those behind the current row.

@@ -95,6 +95,8 @@ TEST_P(DatabaseContract, AnEngineForReadingSeesWhatOthersWriteAndWritesNothing) 
   const Program reader(std::move(reading), Path("Prueba.MDB"));
   Change(*Open("Gente"), 1, "nueva");
   EXPECT_EQ(reader.people->Fields(1).Get(), Value("nueva"));
+  db->CreateQueryDef("Consulta");
+  EXPECT_EQ(ErrorOf([&] { reader.db->CreateQueryDef("Consulta"); }), 3012) << "who only reads opens what is there";
   EXPECT_EQ(ErrorOf([&] { Change(*reader.people, 1, "otra"); }), 3027);
   EXPECT_EQ(ErrorOf([&] { Add(*reader.people, {"00002"}); }), 3027);
   EXPECT_EQ(ErrorOf([&] { reader.db->Execute("DELETE * FROM Gente"); }), 3027);

@@ -39,6 +39,13 @@ class FolderSite : public Site {
 // The connection text of the server that is started for the tests, "postgresql:///postgres?..."; nullptr without one.
 inline const char* TestServer() { return getenv("ZENDARA_TEST_SERVER"); }
 
+// A statement of the server's own, past the engine.
+inline void RunSql(const std::string& place, const std::string& sql) {
+  const std::unique_ptr<PGconn, decltype(&PQfinish)> connection(PQconnectdb(place.c_str()), PQfinish);
+  const std::unique_ptr<PGresult, decltype(&PQclear)> result(PQexec(connection.get(), sql.c_str()), PQclear);
+  if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) throw std::runtime_error(PQerrorMessage(connection.get()));
+}
+
 // REQUIRES: there is a test server.
 class ServerSite : public Site {
  public:
@@ -62,11 +69,7 @@ class ServerSite : public Site {
   std::unique_ptr<Site> Copy() const override { return std::make_unique<ServerSite>(name_); }
 
  private:
-  static void Run(const std::string& sql) {
-    const std::unique_ptr<PGconn, decltype(&PQfinish)> connection(PQconnectdb(TestServer()), PQfinish);
-    const std::unique_ptr<PGresult, decltype(&PQclear)> result(PQexec(connection.get(), sql.c_str()), PQclear);
-    if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) throw std::runtime_error(PQerrorMessage(connection.get()));
-  }
+  static void Run(const std::string& sql) { RunSql(TestServer(), sql); }
 
   const std::string name_ = "test_" + std::to_string(std::random_device()());
 };
